@@ -1,0 +1,18 @@
+# The one table of instruction sets: file suffix and compiler flags. core::isAvailable tests the same features.
+
+set(ORLIX_INSTRUCTION_SET_SUFFIXES sse2 avx avx2 avx512)
+set(ORLIX_FLAGS_sse2 -msse2)
+set(ORLIX_FLAGS_avx -mavx)
+set(ORLIX_FLAGS_avx2 -mavx2)
+set(ORLIX_FLAGS_avx512 -mavx512f -mavx512bw -mavx512dq -mavx512vl -mprefer-vector-width=512)
+
+# Gives every file named <name>_<set>.cpp the flags of its set.
+function(orlix_set_kernel_flags)
+    foreach(source IN LISTS ARGN)
+        foreach(suffix IN LISTS ORLIX_INSTRUCTION_SET_SUFFIXES)
+            if(source MATCHES "_${suffix}\\.cpp$")
+                set_source_files_properties("${source}" PROPERTIES COMPILE_OPTIONS "${ORLIX_FLAGS_${suffix}}")
+            endif()
+        endforeach()
+    endforeach()
+endfunction()

@@ -1,0 +1,26 @@
+# Test programs: one a library, built from every file of tests/<library>.
+
+find_package(GTest REQUIRED)
+find_package(rapidcheck REQUIRED)
+
+# orlix_add_tests(<library> [PER_SET] [LIBS <further targets>])
+# PER_SET runs the program once more for every instruction set, with that set forced.
+function(orlix_add_tests library)
+    cmake_parse_arguments(ARG "PER_SET" "" "LIBS" ${ARGN})
+    set(program "${library}Tests")
+    file(GLOB_RECURSE sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/${library}/*.cpp")
+    add_executable(${program} ${sources})
+    target_include_directories(${program} PRIVATE
+        "${PROJECT_BINARY_DIR}/layers/${library}/include/private" "${PROJECT_SOURCE_DIR}/tests")
+    target_compile_definitions(${program} PRIVATE
+        ORLIX_TEST_DATA_DIR="${PROJECT_SOURCE_DIR}/../shared/data"
+        ORLIX_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
+    target_link_libraries(${program} PRIVATE ORLIX::${library} ${ARG_LIBS} GTest::gtest_main rapidcheck)
+    add_test(NAME ${library} COMMAND ${program})
+    if(ARG_PER_SET)
+        foreach(set plain sse2 avx avx2 avx512)
+            add_test(NAME ${library}.${set} COMMAND ${program})
+            set_tests_properties(${library}.${set} PROPERTIES ENVIRONMENT "ORLIX_TEST_INSTRUCTION_SET=${set}")
+        endforeach()
+    endif()
+endfunction()

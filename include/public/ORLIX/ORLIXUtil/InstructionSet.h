@@ -1,0 +1,15 @@
+// Instruction sets that a kernel can be written for.
+#pragma once
+
+#include "ORLIX/ORLIXUtil/Enumeration.h"
+
+namespace orlix {
+
+/// `eAVX512` stands for F, BW, DQ and VL together. The value is also the kernel's figure of merit.
+struct eInstructionSet
+{
+    enum domain { eNone = 0, eSSE2 = 1, eAVX = 5, eAVX2 = 7, eAVX512 = 8 };
+    ORLIX_ENUMERATION(eInstructionSet, eNone);
+};
+
+} // namespace orlix

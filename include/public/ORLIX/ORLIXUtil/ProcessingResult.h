@@ -1,0 +1,50 @@
+// Result of a step that may fail in an expected way: a value and, on failure, the reason.
+#pragma once
+
+#include <string>
+#include <utility>
+
+namespace orlix {
+
+/// What a step gives back. Success carries an empty message; a failure carries T() and the reason, which travels up
+/// the levels unchanged. A result may not be dropped silently.
+template <class T>
+class [[nodiscard]] ProcessingResult
+{
+public:
+    ProcessingResult() = default;
+    ProcessingResult(T value) : m_value(std::move(value)) {} // NOLINT: a plain value is a result
+    ProcessingResult(T value, std::string message) : m_value(std::move(value)), m_message(std::move(message)) {}
+
+    const T& getValue() const { return m_value; }
+    const std::string& getMessage() const { return m_message; }
+
+private:
+    T m_value{};
+    std::string m_message;
+};
+
+/// The result of nearly every step: did it work, and if not, why.
+template <>
+class [[nodiscard]] ProcessingResult<bool>
+{
+public:
+    ProcessingResult() = default;
+    ProcessingResult(bool value) : m_bValue(value) {} // NOLINT: a plain value is a result
+    ProcessingResult(bool value, std::string message) : m_bValue(value), m_message(std::move(message)) {}
+
+    bool getValue() const { return m_bValue; }
+    const std::string& getMessage() const { return m_message; }
+    explicit operator bool() const { return m_bValue; }
+
+    [[nodiscard]] static ProcessingResult success() { return {true}; }
+    [[nodiscard]] static ProcessingResult failure(std::string message) { return {false, std::move(message)}; }
+
+private:
+    bool m_bValue = false;
+    std::string m_message;
+};
+
+using BoolResult = ProcessingResult<bool>;
+
+} // namespace orlix

@@ -1,0 +1,4 @@
+// ORLIXIPLATTRIBUTES_API marks what ORLIXIPLAttributes exports; everything else stays hidden.
+#pragma once
+
+#define ORLIXIPLATTRIBUTES_API __attribute__((visibility("default")))

@@ -1,0 +1,96 @@
+// An image of up to five axes, and how its pixels are reached.
+#pragma once
+
+#include "ORLIXIPL/ORLIXImage/Export.h"
+#include "ORLIXIPL/ORLIXImage/GeometricCalibration.h"
+#include "ORLIXIPL/ORLIXImage/ImageGeometry.h"
+
+#include <boost/shared_ptr.hpp>
+
+#include <cstddef>
+
+namespace orlix::image {
+
+/// Distances in elements from a row, plan, channel or time step to the next; a row's elements lie side by side.
+struct BufferStrides
+{
+    unsigned long y, z, c, t;
+};
+
+/// What an image knows of the memory under it. Plans are addressed by byte distances; where time steps differ in type,
+/// each step has a distance of its own.
+struct PixelLayout
+{
+    std::byte* first = nullptr;      ///< element (0, 0, 0, 0, 0); null for an image without host pixels
+    unsigned long rowBytes = 0;      ///< from a row to the next
+    unsigned long planBytes = 0;     ///< from a plan to the next
+    unsigned long channelBytes = 0;  ///< from a channel to the next
+    unsigned long stepBytes = 0;     ///< from a time step to the next
+    boost::shared_ptr<const std::vector<unsigned long>> stepOffsets; ///< bytes from `first`, where types differ by step
+    bool bDense = true;              ///< rows touch
+    bool bRoomBehindPlans = false;   ///< 64 elements behind each plan may be read and written
+    bool bStreamingPays = false;     ///< the whole buffer is at least half the last-level cache
+    boost::shared_ptr<void> owner;   ///< keeps the memory alive
+};
+
+/// An image: geometry, optional calibration, pixels. Reading from several threads is safe; writing is the affair of
+/// whoever holds a non-const image, on bytes that no other thread touches. A host image unless `isGpuImage()`.
+class ORLIXIMAGE_API BaseImage
+{
+public:
+    virtual ~BaseImage();
+    BaseImage(const BaseImage&) = delete;
+    BaseImage& operator=(const BaseImage&) = delete;
+
+    eImageBufferType getBufferType() const { return m_geometry.getBufferType(); } ///< type of time step 0
+    eImageBufferType getBufferType(unsigned long t) const { return m_geometry.getBufferType(t); }
+    unsigned long getSizeX() const { return m_geometry.getSizeX(); }
+    unsigned long getSizeY() const { return m_geometry.getSizeY(); }
+    unsigned long getSizeZ() const { return m_geometry.getSizeZ(); }
+    unsigned long getSizeC() const { return m_geometry.getSizeC(); }
+    unsigned long getSizeT() const { return m_geometry.getSizeT(); }
+    const BaseImageGeometry& getGeometry() const { return m_geometry; }
+
+    bool hasGeometricCalibration() const { return m_calibration != nullptr; }
+    /// Null where there is none.
+    const boost::shared_ptr<const GeometricCalibration>& getGeometricCalibration() const { return m_calibration; }
+    void setGeometricCalibration(const boost::shared_ptr<const GeometricCalibration>& calibration)
+    {
+        m_calibration = calibration;
+    }
+
+    virtual bool isGpuImage() const { return false; }
+    /// Asked of an output: must the input's place in memory be left out when elements are given to threads?
+    virtual bool needsUnlocalizedInput() const { return false; }
+
+    const PixelLayout& getPixelLayout() const { return m_layout; }
+    /// First element of row y of plan (z, c, t). No bounds are checked. Null for an image without host pixels.
+    std::byte* accessRow(unsigned long y, unsigned long z, unsigned long c, unsigned long t) const
+    {
+        const unsigned long step = m_layout.stepOffsets ? (*m_layout.stepOffsets)[t] : t * m_layout.stepBytes;
+        return m_layout.first + y * m_layout.rowBytes + z * m_layout.planBytes + c * m_layout.channelBytes + step;
+    }
+    /// True where both are views of exactly the same pixels: same memory, same layout, same sizes. Two sub-image
+    /// objects over one plan are.
+    bool sharesPixelsWith(const BaseImage& other) const;
+
+protected:
+    BaseImage(const BaseImageGeometry& geometry, const PixelLayout& layout) : m_geometry(geometry), m_layout(layout) {}
+    /// View of part of `parent`: plans [z, z + sizeZ), channels [c, c + sizeC), steps [t, t + sizeT), whole in x and y.
+    BaseImage(const BaseImage& parent, const BaseImageGeometry& geometry, unsigned long z, unsigned long c, unsigned long t);
+
+private:
+    BaseImageGeometry m_geometry;
+    PixelLayout m_layout;
+    boost::shared_ptr<const GeometricCalibration> m_calibration;
+};
+
+using ImagePtr = boost::shared_ptr<BaseImage>;
+using ImageConstPtr = boost::shared_ptr<const BaseImage>;
+
+} // namespace orlix::image
+
+namespace orlix {
+using image::ImageConstPtr;
+using image::ImagePtr;
+} // namespace orlix
