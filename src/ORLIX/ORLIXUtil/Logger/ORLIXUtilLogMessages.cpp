@@ -23,7 +23,7 @@ const std::vector<MessageText>& MessageCatalogue<eORLIXUtilErrors>::texts()
         {eORLIXUtilErrors::eUnknownMessage,
          "Message %d of catalogue %s is unknown to message manager %s: add it to the catalogue's texts"},
         {eORLIXUtilErrors::eWrongArguments,
-         "Message %d of catalogue %s, \"%s\", can't be built from %d arguments: give as many as its text asks for (%s)"},
+         "Message %d of catalogue %s, \"%s\", can't be built from %d arguments: give as many as it has places (%s)"},
         {eORLIXUtilErrors::eMessageConflict,
          "Message %d of catalogue %s in message manager %s is \"%s\" already: give \"%s\" an id of its own"},
         {eORLIXUtilErrors::eNoCopySupport, "Objects of class %s can't be copied: make a new one instead"},
