@@ -30,7 +30,9 @@ const std::vector<MessageText>& MessageCatalogue<eORLIXUtilErrors>::texts()
         {eORLIXUtilErrors::eUnknownClass,
          "Class %s is unknown to the object factory: check the name and load the library that the class is in"},
         {eORLIXUtilErrors::eClassAlreadyRegistered,
-         "Class %s is registered with the object factory already: give each class a name of its own"}};
+         "Class %s is registered with the object factory already: give each class a name of its own"},
+        {eORLIXUtilErrors::eUnwritableFile,
+         "File %s can't be written: %s. It is as it was before: check its folder, its permissions and the free space"}};
     return g_texts;
 }
 
