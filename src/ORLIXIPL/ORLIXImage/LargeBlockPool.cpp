@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <bit>
-#include <cerrno>
 #include <cstdint>
 #include <type_traits>
 
@@ -44,9 +43,7 @@ std::byte* mapBlock(unsigned long capacity) noexcept
     unmapPages(pages, before);
     unmapPages(pages + before + capacity, g_hugePage - g_page - before);
     if (capacity >= g_hugePage) {
-        const int savedErrno = errno;
         madvise(pages + before, capacity, MADV_HUGEPAGE); // a wish: a system without huge pages refuses it
-        errno = savedErrno;
     }
     return pages + before;
 }
