@@ -4,7 +4,7 @@
 #include "ORLIXIPL/ORLIXImage/DenseLayout.h"
 #include "ORLIXIPL/ORLIXImage/HostImage.h"
 #include "ORLIXIPL/ORLIXImage/ImageFactory.h"
-#include "ORLIXIPL/ORLIXImage/LastLevelCache.h"
+#include "ORLIXIPL/ORLIXImage/StreamingStores.h"
 #include "ORLIXIPL/ORLIXImage/Logger/ORLIXImageLogMessages.h"
 
 #include <boost/make_shared.hpp>

@@ -87,10 +87,11 @@ public:
     bool sharesPixelsWith(const BaseImage& other) const;
 
 protected:
-    BaseImage(const BaseImageGeometry& geometry, PixelLayout layout) : m_geometry(geometry), m_layout(std::move(layout))
+    BaseImage(BaseImageGeometry geometry, PixelLayout layout)
+        : m_geometry(std::move(geometry)), m_layout(std::move(layout))
     {}
     /// View of part of `parent`: plans [z, z + sizeZ), channels [c, c + sizeC), steps [t, t + sizeT), whole in x and y.
-    BaseImage(const BaseImage& parent, const BaseImageGeometry& geometry, unsigned long z, unsigned long c, unsigned long t);
+    BaseImage(const BaseImage& parent, BaseImageGeometry geometry, unsigned long z, unsigned long c, unsigned long t);
 
 private:
     std::byte* accessRowOfStep(unsigned long y, unsigned long z, unsigned long c, unsigned long t) const;
