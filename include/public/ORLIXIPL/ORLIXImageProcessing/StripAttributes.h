@@ -23,7 +23,7 @@ public:
     bool isNull() const override { return isSet() && m_baseStrip == nullptr; }
     image::eImageBufferType getImageBufferType() const override
     {
-        return m_baseStrip == nullptr ? image::eImageBufferType::eNoBuffer : m_baseStrip->getImageBufferType();
+        return m_baseStrip == nullptr ? image::eImageBufferType() : m_baseStrip->getImageBufferType();
     }
     /// For attributes that hold a strip.
     const image::BaseImageYStrip2d& getBaseImageYStrip2d() const { return *m_baseStrip; }
