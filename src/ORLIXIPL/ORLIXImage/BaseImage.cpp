@@ -25,6 +25,7 @@ BaseImage::BaseImage(const BaseImage& parent, BaseImageGeometry geometry, unsign
                      unsigned long t)
     : m_geometry(std::move(geometry)), m_layout(parent.m_layout), m_calibration(parent.m_calibration)
 {
+    m_layout.imageType = eImageType::eSubImage;
     if (m_layout.first) {
         m_layout.first = parent.accessRow(0, z, c, t);
     }

@@ -86,6 +86,7 @@ ImagePtr wrapImage(const BaseImageGeometry& geometry, void* data, const BufferSt
         raise<eORLIXImageMessage>(ORLIX_HERE, eORLIXImageMessage::eNoBufferType, geometry.toString());
     }
     PixelLayout layout;
+    layout.imageType = eImageType::eWrappedImage;
     layout.rowBytes = geometry.getSizeX() * size;
     layout.owner = std::move(owner);
     if (hasElements(geometry)) {

@@ -4,6 +4,7 @@
 #include "ORLIXIPL/ORLIXImage/Export.h"
 #include "ORLIXIPL/ORLIXImage/GeometricCalibration.h"
 #include "ORLIXIPL/ORLIXImage/ImageGeometry.h"
+#include "ORLIXIPL/ORLIXImage/ImageKind.h"
 
 #include <boost/shared_ptr.hpp>
 
@@ -29,10 +30,12 @@ struct PixelLayout
     unsigned long planBytes = 0;    ///< from a plan to the next
     unsigned long channelBytes = 0; ///< from a channel to the next
     unsigned long stepBytes = 0;    ///< from a time step to the next
-    boost::shared_ptr<const std::vector<unsigned long>> stepOffsets; ///< bytes from `first`, where types differ by step
-    bool bDense = true;                                              ///< rows touch
+    /// Bytes from `first` to each time step, where types differ by step; else null.
+    boost::shared_ptr<const std::vector<unsigned long>> stepOffsets;
+    bool bDense = true;            ///< rows touch
     bool bRoomBehindPlans = false; ///< 64 elements behind each plan may be read and written
     bool bStreamingPays = false;   ///< the whole buffer is at least half the last-level cache
+    eImageType imageType;          ///< whose memory it is
     boost::shared_ptr<void> owner; ///< keeps the memory alive
 };
 
@@ -62,6 +65,11 @@ public:
         m_calibration = calibration;
     }
 
+    eImageType getImageType() const { return m_layout.imageType; }
+    eImageBaseType getImageBaseType() const
+    {
+        return isGpuImage() ? eImageBaseType::eGpuImage : eImageBaseType::eHostImage;
+    }
     virtual bool isGpuImage() const { return false; }
     /// Asked of an output: must the input's place in memory be left out when elements are given to threads?
     virtual bool needsUnlocalizedInput() const { return false; }
