@@ -3,6 +3,7 @@
 #include "ORLIXIPL/ORLIXImage/ImageFactory.h"
 
 #include <boost/make_shared.hpp>
+#include <boost/weak_ptr.hpp>
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 

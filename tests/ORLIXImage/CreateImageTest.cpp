@@ -73,6 +73,7 @@ TEST(CreateImage, PlansAreAlignedDenseAndHaveRoomInEveryType)
             EXPECT_TRUE(image->getPixelLayout().bDense);
             EXPECT_TRUE(image->getPixelLayout().bRoomBehindPlans);
             EXPECT_FALSE(image->isGpuImage());
+            EXPECT_EQ(image->getImageType(), eImageType::eOwnedImage);
             EXPECT_FALSE(image->needsUnlocalizedInput());
             expectPlansApart(*image);
         }

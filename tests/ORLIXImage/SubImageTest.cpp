@@ -3,6 +3,7 @@
 #include "ORLIXIPL/ORLIXImage/ImageFactory.h"
 
 #include <boost/make_shared.hpp>
+#include <boost/weak_ptr.hpp>
 #include <gtest/gtest.h>
 
 namespace orlix::image {
@@ -36,6 +37,7 @@ TEST(SubImage, PlanIsA2dSingleImageOfItsStep)
     EXPECT_FALSE(plan->getGeometry().getVolumeGeometry().is3d());
     EXPECT_FALSE(plan->getGeometry().getTemporalGeometry().isSequence());
     EXPECT_EQ(plan->accessRow(3, 0, 0, 0), image->accessRow(3, 2, 1, 1));
+    EXPECT_EQ(plan->getImageType(), eImageType::eSubImage);
     EXPECT_TRUE(plan->getPixelLayout().bRoomBehindPlans);
     EXPECT_TRUE(plan->getPixelLayout().bDense);
 }

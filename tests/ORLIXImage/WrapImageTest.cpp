@@ -5,6 +5,7 @@
 #include "support/GuardedMemory.h"
 
 #include <boost/make_shared.hpp>
+#include <boost/weak_ptr.hpp>
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 
@@ -53,6 +54,8 @@ TEST(WrapImage, ReachesTheElementsByTheGivenStrides)
     const BufferStrides strides{7, 41, 130, 500}; // gaps on every axis
     const ImagePtr image = wrapImage(*geometry5d(g_uint16, 5, 4, 3, 2, 3), memory.data(), strides, nullptr);
     EXPECT_EQ(rowPitch(*image), 7u);
+    EXPECT_EQ(image->getImageType(), eImageType::eWrappedImage);
+    EXPECT_EQ(image->getImageBaseType(), eImageBaseType::eHostImage);
     EXPECT_FALSE(image->getPixelLayout().bDense);
     EXPECT_FALSE(image->getPixelLayout().bRoomBehindPlans);
     forEachRow(*image, [&](unsigned long y, unsigned long z, unsigned long c, unsigned long t) {
