@@ -58,13 +58,14 @@ private:
 };
 
 /// Five sizes (x, y, z, c, t), any of which may be 0, and one element type per time step, which is the same for all
-/// steps unless the geometry was made from a vector that differs. A value: copied freely, no thread shares it in writing.
+/// steps unless the geometry was made from a vector that differs. A value: copied freely, no thread shares it in
+/// writing.
 class ORLIXIMAGE_API BaseImageGeometry
 {
 public:
     BaseImageGeometry() = default;
-    BaseImageGeometry(const eImageBufferType& type, unsigned long sizeX, unsigned long sizeY, const VolumeGeometry& volume,
-                      const ColorGeometry& color, const TemporalGeometry& temporal)
+    BaseImageGeometry(const eImageBufferType& type, unsigned long sizeX, unsigned long sizeY,
+                      const VolumeGeometry& volume, const ColorGeometry& color, const TemporalGeometry& temporal)
         : m_type(type), m_sizeX(sizeX), m_sizeY(sizeY), m_volume(volume), m_color(color), m_temporal(temporal)
     {}
     /// `types` has one entry per time step. Throws ORLIXImageException where their number is not the size of t.
