@@ -1,0 +1,23 @@
+// The whole public face of ORLIXUtil.
+#pragma once
+
+#include "ORLIX/ORLIXUtil/BaseDynamicObject.h"
+#include "ORLIX/ORLIXUtil/BaseException.h"
+#include "ORLIX/ORLIXUtil/DynamicObjectFactory.h"
+#include "ORLIX/ORLIXUtil/DynamicRegistrator.h"
+#include "ORLIX/ORLIXUtil/Enumeration.h"
+#include "ORLIX/ORLIXUtil/Export.h"
+#include "ORLIX/ORLIXUtil/InstructionSet.h"
+#include "ORLIX/ORLIXUtil/LogMessageFormater.h"
+#include "ORLIX/ORLIXUtil/LogMessageManager.h"
+#include "ORLIX/ORLIXUtil/Logger/BaseLogger.h"
+#include "ORLIX/ORLIXUtil/Logger/ORLIXUtilLog.h"
+#include "ORLIX/ORLIXUtil/Logger/ORLIXUtilLogMessages.h"
+#include "ORLIX/ORLIXUtil/MessageCatalogue.h"
+#include "ORLIX/ORLIXUtil/MessageMapRegistrator.h"
+#include "ORLIX/ORLIXUtil/NumericLimits.h"
+#include "ORLIX/ORLIXUtil/ORLIXUtilException.h"
+#include "ORLIX/ORLIXUtil/ProcessingResult.h"
+#include "ORLIX/ORLIXUtil/Raise.h"
+#include "ORLIX/ORLIXUtil/RelativePath.h"
+#include "ORLIX/ORLIXUtil/SourcePlace.h"

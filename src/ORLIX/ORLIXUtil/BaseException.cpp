@@ -1,0 +1,92 @@
+// Root of every exception of the family.
+#include "ORLIX/ORLIXUtil/BaseException.h"
+
+#include <boost/make_shared.hpp>
+
+namespace orlix {
+
+struct BaseException::Record
+{
+    std::string message;
+    std::string function;
+    std::string file;
+    int line;
+    bool bHasCause;
+    std::string cause;
+};
+
+namespace {
+
+std::string describeCauses(const BaseException& cause)
+{
+    return cause.getCause().empty() ? cause.getMessage() : cause.getMessage() + "\n" + cause.getCause();
+}
+
+std::string describeCauses(const std::exception& cause)
+{
+    const auto* base = dynamic_cast<const BaseException*>(&cause);
+    return base != nullptr ? describeCauses(*base) : std::string(cause.what());
+}
+
+} // namespace
+
+BaseException::BaseException(const std::string& message, const std::string& function, const std::string& file, int line)
+    : m_record(boost::make_shared<Record>(Record{message, function, file, line, false, {}}))
+{}
+
+BaseException::BaseException(const std::string& message, const std::string& function, const std::string& file, int line,
+                             const BaseException& cause)
+    : m_record(boost::make_shared<Record>(Record{message, function, file, line, true, describeCauses(cause)}))
+{}
+
+BaseException::BaseException(const std::string& message, const std::string& function, const std::string& file, int line,
+                             const std::exception& cause)
+    : m_record(boost::make_shared<Record>(Record{message, function, file, line, true, describeCauses(cause)}))
+{}
+
+BaseException::BaseException(const std::string& message, const SourcePlace& place)
+    : BaseException(message, place.function, place.file, place.line)
+{}
+
+BaseException::~BaseException() = default;
+
+const char* BaseException::what() const noexcept
+{
+    return m_record->message.c_str();
+}
+
+const std::string& BaseException::getMessage() const noexcept
+{
+    return m_record->message;
+}
+
+const std::string& BaseException::getFunction() const noexcept
+{
+    return m_record->function;
+}
+
+const std::string& BaseException::getFile() const noexcept
+{
+    return m_record->file;
+}
+
+int BaseException::getLine() const noexcept
+{
+    return m_record->line;
+}
+
+bool BaseException::hasCause() const noexcept
+{
+    return m_record->bHasCause;
+}
+
+const std::string& BaseException::getCause() const noexcept
+{
+    return m_record->cause;
+}
+
+UnHandleException::UnHandleException() : BaseException({}, {}, {}, 0) {}
+
+UnHandleException::~UnHandleException() = default;
+
+} // namespace orlix

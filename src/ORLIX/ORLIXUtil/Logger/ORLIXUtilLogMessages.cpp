@@ -1,0 +1,37 @@
+// Messages of ORLIXUtil.
+#include "ORLIX/ORLIXUtil/Logger/ORLIXUtilLogMessages.h"
+
+#include "ORLIX/ORLIXUtil/Logger/ORLIXUtilLog.h"
+
+#include <log4cplus/logger.h>
+
+namespace orlix {
+
+LogMessageManager& MessageCatalogue<eORLIXUtilErrors>::manager()
+{
+    return getORLIXUtilLogMessageManager();
+}
+
+log4cplus::Logger MessageCatalogue<eORLIXUtilErrors>::logger()
+{
+    return getORLIXUtilLogger();
+}
+
+const std::vector<MessageText>& MessageCatalogue<eORLIXUtilErrors>::texts()
+{
+    static const std::vector<MessageText> g_texts = {
+        {eORLIXUtilErrors::eUnknownMessage,
+         "Message %d of catalogue %s is unknown to message manager %s: add it to the catalogue's texts"},
+        {eORLIXUtilErrors::eWrongArguments,
+         "Message %d of catalogue %s, \"%s\", can't be built from %d arguments: give as many as its text asks for (%s)"},
+        {eORLIXUtilErrors::eMessageConflict,
+         "Message %d of catalogue %s in message manager %s is \"%s\" already: give \"%s\" an id of its own"},
+        {eORLIXUtilErrors::eNoCopySupport, "Objects of class %s can't be copied: make a new one instead"},
+        {eORLIXUtilErrors::eUnknownClass,
+         "Class %s is unknown to the object factory: check the name and load the library that the class is in"},
+        {eORLIXUtilErrors::eClassAlreadyRegistered,
+         "Class %s is registered with the object factory already: give each class a name of its own"}};
+    return g_texts;
+}
+
+} // namespace orlix

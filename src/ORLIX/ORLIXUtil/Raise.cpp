@@ -1,0 +1,61 @@
+// Raising an error, and what happens when that itself fails.
+#include "ORLIX/ORLIXUtil/Raise.h"
+
+#include "ORLIX/ORLIXUtil/BaseException.h"
+#include "ORLIX/ORLIXUtil/Logger/BaseLogger.h"
+
+#include <log4cplus/logger.h>
+
+namespace orlix::details {
+
+namespace {
+
+constexpr const char* g_failedMessage = "Exception thrown while processing message";
+
+void logFailedMessage(const SourcePlace& place) noexcept
+{
+    try {
+        log4cplus::Logger logger = getBaseLogger();
+        if (logger.isEnabledFor(log4cplus::ERROR_LOG_LEVEL)) {
+            logMessage(logger, log4cplus::ERROR_LOG_LEVEL, std::string(g_failedMessage) + " in " + place.function,
+                       place.file, place.line);
+        }
+    } catch (...) {
+        // The exception that follows tells of the failure; a broken appender must not hide it.
+    }
+}
+
+/// Formats and logs the message and makes the exception; all that may go wrong goes wrong in here.
+std::exception_ptr prepare(const SourcePlace& place, const CatalogueAccess& catalogue, int id,
+                           ExceptionMaker makeException, std::initializer_list<MessageArgument> arguments)
+{
+    const std::string message = formatMessage(catalogue, id, arguments);
+    log4cplus::Logger logger = catalogue.logger();
+    if (logger.isEnabledFor(log4cplus::ERROR_LOG_LEVEL)) {
+        logMessage(logger, log4cplus::ERROR_LOG_LEVEL, message, place.file, place.line);
+    }
+    return makeException(message, place);
+}
+
+} // namespace
+
+void raise(const SourcePlace& place, const CatalogueAccess& catalogue, int id, ExceptionMaker makeException,
+           std::initializer_list<MessageArgument> arguments)
+{
+    std::exception_ptr exception;
+    try {
+        exception = prepare(place, catalogue, id, makeException, arguments);
+    } catch (const BaseException& cause) {
+        logFailedMessage(place);
+        throw BaseException(g_failedMessage, place.function, place.file, place.line, cause);
+    } catch (const std::exception& cause) {
+        logFailedMessage(place);
+        throw BaseException(g_failedMessage, place.function, place.file, place.line, cause);
+    } catch (...) {
+        logFailedMessage(place);
+        throw BaseException(g_failedMessage, place.function, place.file, place.line, UnHandleException());
+    }
+    std::rethrow_exception(exception);
+}
+
+} // namespace orlix::details
