@@ -4,46 +4,46 @@
 include(OrlixInstructionSets)
 
 # orlix_add_library(<name> FAMILY <ORLIX|ORLIXIPL> [DEPENDS <libraries of the family>] [PUBLIC <targets>] [PRIVATE <targets>])
+# A layer without sources is one of headers alone.
 function(orlix_add_library name)
     cmake_parse_arguments(ARG "" "FAMILY" "DEPENDS;PUBLIC;PRIVATE" ${ARGN})
     set(home "${ARG_FAMILY}/${name}")
+    set(layer "${PROJECT_BINARY_DIR}/layers/${name}")
+    list(TRANSFORM ARG_DEPENDS PREPEND "ORLIX::" OUTPUT_VARIABLE lower_layers)
     file(GLOB_RECURSE sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/src/${home}/*.cpp")
-    if(NOT sources)
-        message(STATUS "${name}: no sources")
-        return()
-    endif()
-    orlix_set_kernel_flags(${sources})
-
-    add_library(${name} SHARED ${sources})
-    add_library(ORLIX::${name} ALIAS ${name})
-    list(TRANSFORM ARG_DEPENDS PREPEND "ORLIX::")
-    target_link_libraries(${name} PUBLIC ${ARG_DEPENDS} ${ARG_PUBLIC} PRIVATE ${ARG_PRIVATE})
-    if(NOT ORLIX_SANITIZE OR CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-        target_link_options(${name} PRIVATE -Wl,--no-undefined)
-    endif()
-    if(ORLIX_PLAIN_ALLOCATION)
-        target_compile_definitions(${name} PRIVATE ORLIX_PLAIN_ALLOCATION)
-    endif()
-
     foreach(face public private)
-        set(tree "${PROJECT_BINARY_DIR}/layers/${name}/include/${face}")
+        set(tree "${layer}/include/${face}")
+        file(MAKE_DIRECTORY "${tree}/${ARG_FAMILY}")
         if(IS_DIRECTORY "${PROJECT_SOURCE_DIR}/include/${face}/${home}")
-            file(MAKE_DIRECTORY "${tree}/${ARG_FAMILY}")
             file(CREATE_LINK "${PROJECT_SOURCE_DIR}/include/${face}/${home}" "${tree}/${home}" SYMBOLIC)
         endif()
     endforeach()
-    file(MAKE_DIRECTORY "${PROJECT_BINARY_DIR}/layers/${name}/include/private")
-    target_include_directories(${name}
-        PUBLIC "$<BUILD_INTERFACE:${PROJECT_BINARY_DIR}/layers/${name}/include/public>"
-               "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>"
-        PRIVATE "${PROJECT_BINARY_DIR}/layers/${name}/include/private")
 
-    set_target_properties(${name} PROPERTIES
-        VERSION ${PROJECT_VERSION}
-        SOVERSION ${PROJECT_VERSION_MAJOR}
-        INSTALL_RPATH "$ORIGIN")
+    if(sources)
+        add_library(${name} SHARED ${sources})
+        set(usage PUBLIC)
+        orlix_set_kernel_flags(${sources})
+        target_include_directories(${name} PRIVATE "${layer}/include/private")
+        target_link_libraries(${name} PRIVATE ${ARG_PRIVATE})
+        if(NOT ORLIX_SANITIZE OR CMAKE_CXX_COMPILER_ID STREQUAL "GNU") # Clang's sanitizers are linked to programs alone
+            target_link_options(${name} PRIVATE -Wl,--no-undefined)
+        endif()
+        if(ORLIX_PLAIN_ALLOCATION)
+            target_compile_definitions(${name} PRIVATE ORLIX_PLAIN_ALLOCATION)
+        endif()
+        set_target_properties(${name} PROPERTIES
+            VERSION ${PROJECT_VERSION}
+            SOVERSION ${PROJECT_VERSION_MAJOR}
+            INSTALL_RPATH "$ORIGIN")
+    else()
+        add_library(${name} INTERFACE)
+        set(usage INTERFACE)
+    endif()
+    add_library(ORLIX::${name} ALIAS ${name})
+    target_link_libraries(${name} ${usage} ${lower_layers} ${ARG_PUBLIC})
+    target_include_directories(${name} ${usage}
+        "$<BUILD_INTERFACE:${layer}/include/public>" "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>")
+
     set_property(GLOBAL APPEND PROPERTY ORLIX_LIBRARIES ${name})
-    install(TARGETS ${name} EXPORT ORLIXTargets LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
-    install(DIRECTORY "${PROJECT_SOURCE_DIR}/include/public/${home}"
-        DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/${ARG_FAMILY}" FILES_MATCHING PATTERN "*.h")
+    set_target_properties(${name} PROPERTIES ORLIX_HOME "${home}" ORLIX_DEPENDS "${ARG_DEPENDS}" ORLIX_PUBLIC "${ARG_PUBLIC}")
 endfunction()

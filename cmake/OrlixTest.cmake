@@ -3,24 +3,36 @@
 find_package(GTest REQUIRED)
 find_package(rapidcheck REQUIRED)
 
+set(ORLIX_TEST_SKIPPED 77) # exit status of a test program that can't run here
+
 # orlix_add_tests(<library> [PER_SET] [LIBS <further targets>])
-# PER_SET runs the program once more for every instruction set, with that set forced.
+# PER_SET runs the program once more for every instruction set, with that set forced. A library whose folder holds no
+# tests has no program.
 function(orlix_add_tests library)
     cmake_parse_arguments(ARG "PER_SET" "" "LIBS" ${ARGN})
     set(program "${library}Tests")
     file(GLOB_RECURSE sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/${library}/*.cpp")
+    if(NOT sources)
+        message(STATUS "${library}: no tests")
+        return()
+    endif()
+    orlix_set_kernel_flags(${sources})
     add_executable(${program} ${sources})
     target_include_directories(${program} PRIVATE
         "${PROJECT_BINARY_DIR}/layers/${library}/include/private" "${PROJECT_SOURCE_DIR}/tests")
     target_compile_definitions(${program} PRIVATE
         ORLIX_TEST_DATA_DIR="${PROJECT_SOURCE_DIR}/../shared/data"
-        ORLIX_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
+        ORLIX_SOURCE_DIR="${PROJECT_SOURCE_DIR}"
+        ORLIX_TEST_SKIPPED=${ORLIX_TEST_SKIPPED})
     target_link_libraries(${program} PRIVATE ORLIX::${library} ${ARG_LIBS} GTest::gtest_main rapidcheck)
     add_test(NAME ${library} COMMAND ${program})
+    set(tests ${library})
     if(ARG_PER_SET)
-        foreach(set plain sse2 avx avx2 avx512)
+        foreach(set plain ${ORLIX_INSTRUCTION_SET_SUFFIXES})
             add_test(NAME ${library}.${set} COMMAND ${program})
             set_tests_properties(${library}.${set} PROPERTIES ENVIRONMENT "ORLIX_TEST_INSTRUCTION_SET=${set}")
+            list(APPEND tests ${library}.${set})
         endforeach()
     endif()
+    set_tests_properties(${tests} PROPERTIES SKIP_RETURN_CODE ${ORLIX_TEST_SKIPPED} TIMEOUT 300)
 endfunction()

@@ -8,6 +8,8 @@
 #include <boost/shared_ptr.hpp>
 
 #include <cstddef>
+#include <utility>
+#include <vector>
 
 namespace orlix::image {
 
@@ -17,8 +19,8 @@ struct BufferStrides
     unsigned long y, z, c, t;
 };
 
-/// What an image knows of the memory under it. Plans are addressed by byte distances; where time steps differ in type,
-/// each step has a distance of its own.
+/// What an image knows of the memory under it. Plans are addressed by byte distances. Where time steps differ in type,
+/// the distances are those of step 0: another step has the same ones in elements, so its bytes go with its element size.
 struct PixelLayout
 {
     std::byte* first = nullptr;      ///< element (0, 0, 0, 0, 0); null for an image without host pixels
@@ -67,19 +69,26 @@ public:
     /// First element of row y of plan (z, c, t). No bounds are checked. Null for an image without host pixels.
     std::byte* accessRow(unsigned long y, unsigned long z, unsigned long c, unsigned long t) const
     {
-        const unsigned long step = m_layout.stepOffsets ? (*m_layout.stepOffsets)[t] : t * m_layout.stepBytes;
-        return m_layout.first + y * m_layout.rowBytes + z * m_layout.planBytes + c * m_layout.channelBytes + step;
+        if (m_layout.stepOffsets) {
+            return accessRowOfStep(y, z, c, t);
+        }
+        return m_layout.first + y * m_layout.rowBytes + z * m_layout.planBytes + c * m_layout.channelBytes +
+               t * m_layout.stepBytes;
     }
-    /// True where both are views of exactly the same pixels: same memory, same layout, same sizes. Two sub-image
-    /// objects over one plan are.
+    /// True where both are views of exactly the same pixels: same first element, same distances along axes longer than
+    /// 1, same sizes and types. Two sub-image objects over one plan are.
     bool sharesPixelsWith(const BaseImage& other) const;
 
 protected:
-    BaseImage(const BaseImageGeometry& geometry, const PixelLayout& layout) : m_geometry(geometry), m_layout(layout) {}
+    BaseImage(const BaseImageGeometry& geometry, PixelLayout layout) : m_geometry(geometry), m_layout(std::move(layout))
+    {}
     /// View of part of `parent`: plans [z, z + sizeZ), channels [c, c + sizeC), steps [t, t + sizeT), whole in x and y.
     BaseImage(const BaseImage& parent, const BaseImageGeometry& geometry, unsigned long z, unsigned long c, unsigned long t);
 
 private:
+    std::byte* accessRowOfStep(unsigned long y, unsigned long z, unsigned long c, unsigned long t) const;
+    void viewSteps(const PixelLayout& parent, unsigned long parentElementSize, unsigned long t);
+
     BaseImageGeometry m_geometry;
     PixelLayout m_layout;
     boost::shared_ptr<const GeometricCalibration> m_calibration;

@@ -6,14 +6,16 @@
 namespace orlix::image {
 
 /// A new image of undefined elements. Every plan is dense, starts on a 64-byte boundary and has room for 64 elements
-/// behind its last. Memory comes from a pool. Throws ORLIXImageException, naming sizes and bytes, where the product of
-/// the sizes overflows, the type is none, or the memory cannot be had; nothing is left half made.
+/// behind its last. Memory comes from a pool (see PixelMemoryPool.h). Throws ORLIXImageException, naming sizes and bytes,
+/// where the size in bytes overflows, a step's type is none, or the memory cannot be had; nothing is left half made.
 ORLIXIMAGE_API ImagePtr createImage(const BaseImageGeometry& geometry);
 
 /// An image over memory of the caller's: `data` is element (0, 0, 0, 0, 0), `strides` are in elements, and `owner`
 /// (may be null) is kept for as long as the image or a view of it lives. Nothing outside the elements is read or
-/// written. Throws ORLIXImageException for several element types, a null pointer, or strides under which elements
-/// would overlap or the extent would overflow; a stride of an axis of size 0 or 1 is not looked at.
+/// written. Axes may lie in memory in any order and with gaps, but must nest: each stride spans all that the axes of
+/// smaller strides reach. A stride of an axis of size 0 or 1 is not looked at. Throws ORLIXImageException for several
+/// element types or none, strides that do not nest (elements would overlap), an extent that overflows, a pointer that
+/// is null or not aligned to the element; an image without elements is not checked beyond its type.
 ORLIXIMAGE_API ImagePtr wrapImage(const BaseImageGeometry& geometry, void* data, const BufferStrides& strides,
                                   boost::shared_ptr<void> owner);
 

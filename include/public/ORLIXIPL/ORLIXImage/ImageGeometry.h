@@ -90,7 +90,7 @@ public:
 
     bool hasSameSizes(const BaseImageGeometry& other) const;
     bool hasSameBufferTypes(const BaseImageGeometry& other) const;
-    std::string toString() const; ///< "512x256x1x1x1 UInt8"; several types are joined by "/"
+    std::string toString() const; ///< "512x256x1x1x1 UInt8"; types that change between steps are joined by "/"
 
 private:
     friend class BaseImage;

@@ -1,0 +1,92 @@
+// A named input or output of a processor.
+#pragma once
+
+#include "ORLIX/ORLIXBaseProcessing/Export.h"
+#include "ORLIX/ORLIXUtil/Enumeration.h"
+
+#include <boost/shared_ptr.hpp>
+#include <boost/weak_ptr.hpp>
+
+#include <string>
+
+namespace orlix::processor {
+
+struct eAttributeType
+{
+    enum domain { eValueAttribute = 0, eDataItemAttribute = 1, eImageProcessingAttribute = 2 };
+    ORLIX_ENUMERATION(eAttributeType, eValueAttribute);
+};
+
+/// Belongs to one processor; set before the run, read by one thread at a time.
+class ORLIXBASEPROCESSING_API BaseAttribute
+{
+public:
+    BaseAttribute() = default;
+    virtual ~BaseAttribute();
+    BaseAttribute(const BaseAttribute&) = delete;
+    BaseAttribute& operator=(const BaseAttribute&) = delete;
+
+    virtual const std::string& getObjectName() const = 0;
+    virtual const std::string& getToolTip() const = 0;
+    virtual bool isOptional() const { return false; }
+    virtual bool isOutput() const = 0;
+    virtual eAttributeType getAttributeType() const = 0;
+
+    /// True once somebody has given it a value, also where that value is a null pointer.
+    bool isSet() const { return m_bSet; }
+    /// True for an attribute that was set to a null pointer.
+    virtual bool isNull() const { return false; }
+    /// Makes it as it was when new: unset, with the default of its class.
+    virtual void clear() = 0;
+
+protected:
+    void markSet(bool bSet = true) { m_bSet = bSet; }
+
+private:
+    bool m_bSet = false;
+};
+
+/// Gives an attribute class its names. `TDerived` has `static constexpr const char* g_name` and `g_toolTip`.
+template <class TDerived, class TBase>
+class NamedAttribute : public TBase
+{
+public:
+    using TBase::TBase;
+
+    static const std::string& getObjectNameStr()
+    {
+        static const std::string g_string(TDerived::g_name);
+        return g_string;
+    }
+    static const std::string& getToolTipStr()
+    {
+        static const std::string g_string(TDerived::g_toolTip);
+        return g_string;
+    }
+    const std::string& getObjectName() const override { return getObjectNameStr(); }
+    const std::string& getToolTip() const override { return getToolTipStr(); }
+};
+
+/// What rules and initializers hold of an attribute: a reference that neither keeps it alive nor dangles.
+template <class TAttribute>
+class AttributeRef
+{
+public:
+    AttributeRef() = default;
+    template <class TOther>
+    AttributeRef(const boost::weak_ptr<TOther>& attribute) : m_alive(attribute), m_attribute(attribute.lock().get())
+    {}
+    template <class TOther>
+    AttributeRef(const boost::shared_ptr<TOther>& attribute) : m_alive(attribute), m_attribute(attribute.get())
+    {}
+
+    /// The attribute, or null where it is gone. Rules are checked by the processor that owns the attribute, which
+    /// therefore cannot go while the pointer is in use.
+    TAttribute* access() const { return m_alive.expired() ? nullptr : m_attribute; }
+
+private:
+    boost::weak_ptr<TAttribute> m_alive;
+    TAttribute* m_attribute = nullptr;
+};
+
+} // namespace orlix::processor

@@ -1,0 +1,36 @@
+// Gives out the actions of one level, element by element, and the loop that runs them.
+#pragma once
+
+#include "ORLIX/ORLIXCore/BaseAction.h"
+
+namespace orlix::core {
+
+class RunContext;
+
+/// A fixed number of elements, each of which becomes one action. The run loop calls the virtual operations from one
+/// thread at a time.
+class ORLIXCORE_API BaseActionProvider
+{
+public:
+    virtual ~BaseActionProvider();
+
+    virtual unsigned long getNbElements() const = 0;
+    /// Bytes that all elements together touch: decides whether threads pay.
+    virtual unsigned long getCost() const = 0;
+
+    /// Makes the action of the element that `origin` names, ready to run.
+    virtual ProcessingResult<bool> queryNextAction(const BaseRequestOrigin& origin,
+                                                   boost::shared_ptr<BaseAction>& action) = 0;
+    virtual bool hasPendingAction() const = 0;
+    /// The action has ended; the provider may take it back.
+    virtual void notifyDerived(boost::shared_ptr<BaseAction>& action, bool bSuccess) = 0;
+    /// Lets go of everything that belongs to this run.
+    virtual void clearDerived() = 0;
+    virtual void requestCancellationDerived() = 0;
+};
+
+/// Runs all elements of `provider` and clears it. The first failing element by index decides the result, and an
+/// exception of an element is thrown again here, unchanged; no element starts after a failure or a cancellation.
+ORLIXCORE_API ProcessingResult<bool> runElements(BaseActionProvider& provider, RunContext& context);
+
+} // namespace orlix::core

@@ -1,0 +1,142 @@
+#include "ORLIX/ORLIXCore/BaseActionProvider.h"
+
+#include "ORLIX/ORLIXCore/CoreMessages.h"
+#include "ORLIX/ORLIXCore/RunContext.h"
+
+#include <exception>
+#include <mutex>
+
+namespace orlix::core {
+
+namespace {
+
+/// What came of the elements so far: the failure of the lowest element, and whether to go on.
+class Outcome
+{
+public:
+    bool isBroken() const { return m_bBroken.load(std::memory_order_relaxed); }
+
+    void fail(unsigned long element, ProcessingResult<bool> result, std::exception_ptr error)
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        if (!isBroken() || element < m_element) {
+            m_element = element;
+            m_result = std::move(result);
+            m_error = std::move(error);
+        }
+        m_bBroken.store(true, std::memory_order_relaxed);
+    }
+
+    ProcessingResult<bool> take()
+    {
+        if (m_error) {
+            std::rethrow_exception(m_error);
+        }
+        return std::move(m_result);
+    }
+
+private:
+    std::atomic<bool> m_bBroken{false};
+    std::mutex m_mutex;
+    unsigned long m_element = 0;
+    ProcessingResult<bool> m_result = true;
+    std::exception_ptr m_error;
+};
+
+ProcessingResult<bool> cancelled()
+{
+    return ProcessingResult<bool>::failure(formatMessage<eORLIXCoreMessage>(eORLIXCoreMessage::eCancelled));
+}
+
+/// Without a lock: for elements that one thread runs alone.
+ProcessingResult<bool> runElement(BaseActionProvider& provider, RunContext& context, unsigned long element)
+{
+    if (context.isCancelled()) {
+        return cancelled();
+    }
+    boost::shared_ptr<BaseAction> action;
+    if (ProcessingResult<bool> made = provider.queryNextAction(BaseRequestOrigin(element), action); !made) {
+        return made;
+    }
+    ProcessingResult<bool> result = action->runWithin(context);
+    provider.notifyDerived(action, result.getValue());
+    context.addDone(1);
+    return result;
+}
+
+class SharedLoop
+{
+public:
+    SharedLoop(BaseActionProvider& provider, RunContext& context) : m_provider(provider), m_context(context) {}
+
+    void operator()(unsigned long element)
+    {
+        if (m_outcome.isBroken()) {
+            return;
+        }
+        try {
+            if (ProcessingResult<bool> result = runOne(element); !result) {
+                m_outcome.fail(element, std::move(result), nullptr);
+            }
+        } catch (...) {
+            m_outcome.fail(element, {}, std::current_exception());
+        }
+    }
+
+    ProcessingResult<bool> take() { return m_outcome.take(); }
+
+private:
+    ProcessingResult<bool> runOne(unsigned long element)
+    {
+        if (m_context.isCancelled()) {
+            return cancelled();
+        }
+        boost::shared_ptr<BaseAction> action;
+        {
+            const std::lock_guard<std::mutex> lock(m_mutex);
+            if (ProcessingResult<bool> made = m_provider.queryNextAction(BaseRequestOrigin(element), action); !made) {
+                return made;
+            }
+        }
+        ProcessingResult<bool> result = action->runWithin(m_context);
+        {
+            const std::lock_guard<std::mutex> lock(m_mutex);
+            m_provider.notifyDerived(action, result.getValue());
+        }
+        m_context.addDone(1);
+        return result;
+    }
+
+    BaseActionProvider& m_provider;
+    RunContext& m_context;
+    std::mutex m_mutex;
+    Outcome m_outcome;
+};
+
+struct ProviderCleaner
+{
+    BaseActionProvider& provider;
+    ~ProviderCleaner() { provider.clearDerived(); }
+};
+
+} // namespace
+
+BaseActionProvider::~BaseActionProvider() = default;
+
+ProcessingResult<bool> runElements(BaseActionProvider& provider, RunContext& context)
+{
+    const ProviderCleaner cleaner{provider};
+    const unsigned long nbElements = provider.getNbElements();
+    context.addKnown(nbElements);
+    if (nbElements == 0) {
+        return true;
+    }
+    if (nbElements == 1) {
+        return runElement(provider, context, 0);
+    }
+    SharedLoop loop(provider, context);
+    context.accessExecutor().forEach(nbElements, provider.getCost(), ElementBody(loop));
+    return loop.take();
+}
+
+} // namespace orlix::core

@@ -1,0 +1,100 @@
+// Distances and block size of a new image, all products checked.
+#include "ORLIXIPL/ORLIXImage/DenseLayout.h"
+
+#include "ORLIX/ORLIXUtil/Raise.h"
+#include "ORLIXIPL/ORLIXImage/CheckedArithmetic.h"
+#include "ORLIXIPL/ORLIXImage/LastLevelCache.h"
+#include "ORLIXIPL/ORLIXImage/Logger/ORLIXImageLogMessages.h"
+
+#include <boost/make_shared.hpp>
+
+namespace orlix::image {
+
+namespace {
+
+bool isEmpty(const BaseImageGeometry& geometry)
+{
+    return geometry.getSizeX() == 0 || geometry.getSizeY() == 0 || geometry.getSizeZ() == 0 ||
+           geometry.getSizeC() == 0 || geometry.getSizeT() == 0;
+}
+
+// Bytes of an element of step t.
+unsigned long checkedElementSize(const BaseImageGeometry& geometry, unsigned long t)
+{
+    const unsigned long size = elementSize(geometry.getBufferType(t));
+    if (size == 0) {
+        raise<eORLIXImageMessage>(ORLIX_HERE, eORLIXImageMessage::eNoBufferType, geometry.toString());
+    }
+    return size;
+}
+
+// Elements from a plan to the next, a multiple of 64 so that a plan of any element type starts on its boundary.
+CheckedSize planDistance(CheckedSize planElements)
+{
+    return roundedUp(planElements, g_planAlignment) + g_roomElements;
+}
+
+unsigned long checkedBytes(CheckedSize bytes, const BaseImageGeometry& geometry)
+{
+    if (!bytes.isValid()) {
+        raise<eORLIXImageMessage>(ORLIX_HERE, eORLIXImageMessage::eSizeOverflow, geometry.toString());
+    }
+    return bytes.getValue();
+}
+
+// No element exists, so every plan may start at the block's first byte, and the sizes need not be multiplied.
+DenseLayout makeEmptyLayout(const BaseImageGeometry& geometry)
+{
+    for (unsigned long t = 0; t < (geometry.hasUniformBufferType() ? 1 : geometry.getSizeT()); ++t) {
+        if (geometry.getSizeT() > 0) {
+            checkedElementSize(geometry, t);
+        }
+    }
+    const unsigned long size = elementSize(geometry.getBufferType());
+    DenseLayout result;
+    result.layout.rowBytes = geometry.getSizeX() * size;
+    result.layout.bRoomBehindPlans = true;
+    result.bytes = g_roomElements * sizeof(float);
+    return result;
+}
+
+} // namespace
+
+DenseLayout makeDenseLayout(const BaseImageGeometry& geometry)
+{
+    if (isEmpty(geometry)) {
+        return makeEmptyLayout(geometry);
+    }
+    const unsigned long firstSize = checkedElementSize(geometry, 0);
+    const CheckedSize planElements = CheckedSize(geometry.getSizeX()) * geometry.getSizeY();
+    const CheckedSize distance = planDistance(planElements);
+    const CheckedSize channel = distance * geometry.getSizeZ();
+    const CheckedSize step = channel * geometry.getSizeC();
+
+    CheckedSize bytes = step * geometry.getSizeT() * firstSize;
+    unsigned long lastSize = firstSize;
+    DenseLayout result;
+    if (!geometry.hasUniformBufferType()) {
+        auto offsets = boost::make_shared<std::vector<unsigned long>>();
+        offsets->reserve(geometry.getSizeT());
+        bytes = 0;
+        for (unsigned long t = 0; t < geometry.getSizeT(); ++t) {
+            offsets->push_back(bytes.getValue());
+            lastSize = checkedElementSize(geometry, t);
+            bytes = bytes + step * lastSize;
+        }
+        result.layout.stepOffsets = offsets;
+    }
+    result.bytes = checkedBytes(bytes, geometry);
+    // Behind the last plan nothing is rounded, so that tools which watch the block's end see the first byte too many.
+    result.bytes -= (distance.getValue() - planElements.getValue() - g_roomElements) * lastSize;
+    result.layout.rowBytes = geometry.getSizeX() * firstSize;
+    result.layout.planBytes = distance.getValue() * firstSize;
+    result.layout.channelBytes = channel.getValue() * firstSize;
+    result.layout.stepBytes = step.getValue() * firstSize;
+    result.layout.bRoomBehindPlans = true;
+    result.layout.bStreamingPays = isStreamingPaying(result.bytes);
+    return result;
+}
+
+} // namespace orlix::image

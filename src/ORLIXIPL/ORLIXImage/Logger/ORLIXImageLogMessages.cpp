@@ -1,0 +1,53 @@
+// Messages of ORLIXImage and ORLIXBaseImageTools.
+#include "ORLIXIPL/ORLIXImage/Logger/ORLIXImageLogMessages.h"
+
+#include "ORLIXIPL/ORLIXImage/Logger/ORLIXImageLog.h"
+
+#include <log4cplus/logger.h>
+
+namespace orlix {
+
+using image::eORLIXImageMessage;
+
+LogMessageManager& MessageCatalogue<eORLIXImageMessage>::manager()
+{
+    return image::getORLIXImageLogMessageManager();
+}
+
+log4cplus::Logger MessageCatalogue<eORLIXImageMessage>::logger()
+{
+    return image::getORLIXImageLogger();
+}
+
+const std::vector<MessageText>& MessageCatalogue<eORLIXImageMessage>::texts()
+{
+    static const std::vector<MessageText> g_texts = {
+        {eORLIXImageMessage::eUnknownBufferType, "Buffer type %d has no range of values: give one from 1 to 11"},
+        {eORLIXImageMessage::eTypeCountMismatch,
+         "A geometry of %d time steps needs one buffer type per step, but %d were given: give as many as steps"},
+        {eORLIXImageMessage::eSizeOverflow,
+         "The size of an image of %s does not fit in 63 bits: make one of its five sizes smaller"},
+        {eORLIXImageMessage::eNoBufferType,
+         "An image of %s can't be made, since it has no element type: give a buffer type from 1 to 11"},
+        {eORLIXImageMessage::eOutOfMemory,
+         "An image of %s needs %d bytes, which can't be had: make it smaller or free some memory"},
+        {eORLIXImageMessage::eWrapSeveralTypes,
+         "An image of %s can't lie over given memory, since its steps differ in type: wrap one type at a time"},
+        {eORLIXImageMessage::eWrapNullPointer,
+         "An image of %s can't lie over a null pointer: give the address of its first element"},
+        {eORLIXImageMessage::eWrapMisaligned,
+         "An image of %s can't start at address %s: give one that is a multiple of its element size, %d"},
+        {eORLIXImageMessage::eWrapOverlap,
+         "Elements of an image of %s would overlap: the %s stride is %d elements, but must be %d or more"},
+        {eORLIXImageMessage::eWrapOverflow,
+         "An image of %s with the given strides reaches beyond the address space: check sizes and strides"},
+        {eORLIXImageMessage::ePlanOutOfRange,
+         "There is no plan (z=%d, c=%d, t=%d) in an image of %s: give indices below its sizes"},
+        {eORLIXImageMessage::eStorageTypeMismatch,
+         "Elements of time step %d are of type %s, in an image of %s: ask for them by the C++ type that stores it"},
+        {eORLIXImageMessage::eNoHostPixels,
+         "The pixels of an image of %s are not in host memory: copy it to a host image first"}};
+    return g_texts;
+}
+
+} // namespace orlix
