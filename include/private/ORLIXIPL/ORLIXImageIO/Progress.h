@@ -1,7 +1,7 @@
 // Counts plans for a caller's progress function and remembers that it asked to stop.
 #pragma once
 
-#include "ORLIXIPL/ORLIXImageIO/ORLIXImageIOMessage.h"
+#include "ORLIXIPL/ORLIXImageIO/Logger/ORLIXImageIOLogMessages.h"
 #include "ORLIXIPL/ORLIXImageIO/ProgressFunction.h"
 
 #include <exception>

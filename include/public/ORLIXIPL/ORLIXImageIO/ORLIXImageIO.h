@@ -3,7 +3,7 @@
 
 #include "ORLIXIPL/ORLIXImageIO/ImageFileInfo.h"
 #include "ORLIXIPL/ORLIXImageIO/ORLIXImageIOException.h"
-#include "ORLIXIPL/ORLIXImageIO/ORLIXImageIOMessage.h"
+#include "ORLIXIPL/ORLIXImageIO/Logger/ORLIXImageIOLogMessages.h"
 #include "ORLIXIPL/ORLIXImageIO/ReadImage.h"
 #include "ORLIXIPL/ORLIXImageIO/ReadOptions.h"
 #include "ORLIXIPL/ORLIXImageIO/WriteImage.h"

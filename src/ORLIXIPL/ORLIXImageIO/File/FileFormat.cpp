@@ -2,7 +2,7 @@
 #include "ORLIXIPL/ORLIXImageIO/File/FileFormat.h"
 
 #include "ORLIX/ORLIXUtil/Raise.h"
-#include "ORLIXIPL/ORLIXImageIO/ORLIXImageIOMessage.h"
+#include "ORLIXIPL/ORLIXImageIO/Logger/ORLIXImageIOLogMessages.h"
 
 #include <boost/algorithm/string/case_conv.hpp>
 

@@ -2,7 +2,7 @@
 #include "ORLIXIPL/ORLIXImageIO/File/TemporaryFile.h"
 
 #include "ORLIX/ORLIXUtil/Raise.h"
-#include "ORLIXIPL/ORLIXImageIO/ORLIXImageIOMessage.h"
+#include "ORLIXIPL/ORLIXImageIO/Logger/ORLIXImageIOLogMessages.h"
 
 #include <boost/filesystem/operations.hpp>
 
@@ -99,6 +99,9 @@ std::string TemporaryFile::getError() const
 
 void TemporaryFile::replaceTarget()
 {
+    if (m_error != 0) {
+        raise<eORLIXImageIOMessage>(ORLIX_HERE, eORLIXImageIOMessage::eWriteFailed, m_name, getError());
+    }
     struct stat status = {};
     if (::stat(m_target.c_str(), &status) == 0) {
         // A file system without permissions refuses; the new file's own are as good there.

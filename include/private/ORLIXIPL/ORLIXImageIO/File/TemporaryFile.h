@@ -26,7 +26,7 @@ public:
     unsigned long getSize() const noexcept { return m_size; }
     std::string getError() const; ///< why writing failed; empty where it did not
 
-    /// Gives the file the target's permissions and name. Throws ORLIXImageIOException where that fails.
+    /// Gives the file the target's permissions and name. Throws ORLIXImageIOException where that or any write failed.
     void replaceTarget();
 
 private:

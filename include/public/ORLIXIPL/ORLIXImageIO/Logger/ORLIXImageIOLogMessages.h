@@ -1,4 +1,4 @@
-// The numbered texts of ORLIXImageIO.
+// Messages of ORLIXImageIO.
 #pragma once
 
 #include "ORLIX/ORLIXUtil/Enumeration.h"
@@ -8,7 +8,7 @@
 
 namespace orlix::image::io {
 
-/// The first argument of each is the file.
+/// The first argument of each is the file; the further ones stand behind it.
 struct eORLIXImageIOMessage
 {
     enum domain {
@@ -28,9 +28,9 @@ struct eORLIXImageIOMessage
         eMissingPlan = 13,        ///< z, c, t
         eDamagedPng = 14,         ///< reason of libpng
         eNoMemory = 15,           ///< reason
-        eReadingStopped = 16,     ///< -
-        eWritingStopped = 17,     ///< -
-        eNullImage = 18,          ///< -
+        eReadingStopped = 16,
+        eWritingStopped = 17,
+        eNullImage = 18,
         eEmptyImage = 19,         ///< geometry
         eSeveralTypes = 20,       ///< geometry
         eNoHostPixels = 21,       ///< geometry
@@ -39,21 +39,24 @@ struct eORLIXImageIOMessage
         eNoCompression = 24,      ///< compression
         eBadTileSize = 25,        ///< tile size
         eTooLongForTiff = 26,     ///< geometry
-        eTooLargeForClassic = 27, ///< geometry, bytes
-        eCannotCreate = 28,       ///< folder, reason of the system
-        eWriteFailed = 29,        ///< reason
-        eCannotReplace = 30       ///< reason of the system
+        eCannotCreate = 27,       ///< folder, reason of the system
+        eWriteFailed = 28,        ///< reason
+        eCannotReplace = 29       ///< reason of the system
     };
     ORLIX_ENUMERATION(eORLIXImageIOMessage, eCannotOpen);
 };
 
 } // namespace orlix::image::io
 
+namespace orlix {
+
 template <>
-struct orlix::MessageCatalogue<orlix::image::io::eORLIXImageIOMessage>
+struct ORLIXIMAGEIO_API MessageCatalogue<image::io::eORLIXImageIOMessage>
 {
     using Exception = image::io::ORLIXImageIOException;
-    ORLIXIMAGEIO_API static LogMessageManager& manager();
-    ORLIXIMAGEIO_API static log4cplus::Logger logger();
-    ORLIXIMAGEIO_API static const std::vector<MessageText>& texts();
+    static LogMessageManager& manager();
+    static log4cplus::Logger logger();
+    static const std::vector<MessageText>& texts();
 };
+
+} // namespace orlix
