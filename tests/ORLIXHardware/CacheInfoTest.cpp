@@ -18,8 +18,7 @@ namespace fs = std::filesystem;
 class KernelCacheFolder : public testing::Test
 {
 protected:
-    KernelCacheFolder()
-        : m_directory(fs::temp_directory_path() / ("orlix-caches-" + std::to_string(getpid())))
+    KernelCacheFolder() : m_directory(fs::temp_directory_path() / ("orlix-caches-" + std::to_string(getpid())))
     {
         fs::remove_all(m_directory);
     }

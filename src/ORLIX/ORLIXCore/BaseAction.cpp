@@ -1,7 +1,7 @@
 #include "ORLIX/ORLIXCore/BaseAction.h"
 
 #include "ORLIX/ORLIXCore/BaseExecutor.h"
-#include "ORLIX/ORLIXCore/CoreMessages.h"
+#include "ORLIX/ORLIXCore/Logger/ORLIXCoreLogMessages.h"
 #include "ORLIX/ORLIXCore/RunContext.h"
 
 namespace orlix::core {

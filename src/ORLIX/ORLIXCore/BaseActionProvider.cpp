@@ -1,6 +1,6 @@
 #include "ORLIX/ORLIXCore/BaseActionProvider.h"
 
-#include "ORLIX/ORLIXCore/CoreMessages.h"
+#include "ORLIX/ORLIXCore/Logger/ORLIXCoreLogMessages.h"
 #include "ORLIX/ORLIXCore/RunContext.h"
 
 #include <exception>

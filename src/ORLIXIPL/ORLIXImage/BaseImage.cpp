@@ -21,10 +21,11 @@ boost::shared_ptr<const std::vector<unsigned long>> shiftedOffsets(const std::ve
 
 } // namespace
 
-BaseImage::BaseImage(const BaseImage& parent, const BaseImageGeometry& geometry, unsigned long z, unsigned long c,
+BaseImage::BaseImage(const BaseImage& parent, BaseImageGeometry geometry, unsigned long z, unsigned long c,
                      unsigned long t)
-    : m_geometry(geometry), m_layout(parent.m_layout), m_calibration(parent.m_calibration)
+    : m_geometry(std::move(geometry)), m_layout(parent.m_layout), m_calibration(parent.m_calibration)
 {
+    m_layout.imageType = eImageType::eSubImage;
     if (m_layout.first) {
         m_layout.first = parent.accessRow(0, z, c, t);
     }

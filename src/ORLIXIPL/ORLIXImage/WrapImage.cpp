@@ -4,7 +4,7 @@
 #include "ORLIXIPL/ORLIXImage/DenseLayout.h"
 #include "ORLIXIPL/ORLIXImage/HostImage.h"
 #include "ORLIXIPL/ORLIXImage/ImageFactory.h"
-#include "ORLIXIPL/ORLIXImage/LastLevelCache.h"
+#include "ORLIXIPL/ORLIXImage/StreamingStores.h"
 #include "ORLIXIPL/ORLIXImage/Logger/ORLIXImageLogMessages.h"
 
 #include <boost/make_shared.hpp>
@@ -86,6 +86,7 @@ ImagePtr wrapImage(const BaseImageGeometry& geometry, void* data, const BufferSt
         raise<eORLIXImageMessage>(ORLIX_HERE, eORLIXImageMessage::eNoBufferType, geometry.toString());
     }
     PixelLayout layout;
+    layout.imageType = eImageType::eWrappedImage;
     layout.rowBytes = geometry.getSizeX() * size;
     layout.owner = std::move(owner);
     if (hasElements(geometry)) {

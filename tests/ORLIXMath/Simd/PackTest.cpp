@@ -1,4 +1,5 @@
-// Packs and registers move exactly their own bytes, whatever the address, under every instruction set of this processor.
+// Packs and registers move exactly their own bytes, whatever the address, under every instruction set of this
+// processor.
 #include "ORLIXMath/Simd/PackCopy.h"
 
 #include <gtest/gtest.h>

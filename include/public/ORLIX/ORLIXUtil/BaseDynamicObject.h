@@ -31,7 +31,8 @@ public:
     /// An independent copy. Raises ORLIXUtilException for a class without copy support.
     virtual std::unique_ptr<BaseDynamicObject> duplicate() const;
     virtual boost::shared_ptr<BaseDynamicObject> duplicateShared() const;
-    /// Called on a copy that was just constructed from `source`, for what a copy constructor can't do. Does nothing here.
+    /// Called on a copy that was just constructed from `source`, for what a copy constructor can't do. Does nothing
+    /// here.
     virtual void initCtorCopy(const BaseDynamicObject& source);
     /// Takes over the state of `source`, an object of the same class. Raises ORLIXUtilException for a class without
     /// copy support.

@@ -20,7 +20,8 @@ template <class T>
 class DynamicRegistrator
 {
 public:
-    DynamicRegistrator() : m_bRegistered(details::registerDynamicClass(T::getTypeName(), newCreatorFcn, sharedCreatorFcn))
+    DynamicRegistrator()
+        : m_bRegistered(details::registerDynamicClass(T::getTypeName(), newCreatorFcn, sharedCreatorFcn))
     {}
     DynamicRegistrator(const DynamicRegistrator&) = delete;
     DynamicRegistrator& operator=(const DynamicRegistrator&) = delete;

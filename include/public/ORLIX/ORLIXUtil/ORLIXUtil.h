@@ -7,6 +7,7 @@
 #include "ORLIX/ORLIXUtil/DynamicRegistrator.h"
 #include "ORLIX/ORLIXUtil/Enumeration.h"
 #include "ORLIX/ORLIXUtil/Export.h"
+#include "ORLIX/ORLIXUtil/FileReplacement.h"
 #include "ORLIX/ORLIXUtil/InstructionSet.h"
 #include "ORLIX/ORLIXUtil/LogMessageFormater.h"
 #include "ORLIX/ORLIXUtil/LogMessageManager.h"

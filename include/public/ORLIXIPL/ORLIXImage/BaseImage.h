@@ -4,6 +4,7 @@
 #include "ORLIXIPL/ORLIXImage/Export.h"
 #include "ORLIXIPL/ORLIXImage/GeometricCalibration.h"
 #include "ORLIXIPL/ORLIXImage/ImageGeometry.h"
+#include "ORLIXIPL/ORLIXImage/ImageKind.h"
 
 #include <boost/shared_ptr.hpp>
 
@@ -32,6 +33,7 @@ struct PixelLayout
     bool bDense = true;              ///< rows touch
     bool bRoomBehindPlans = false;   ///< 64 elements behind each plan may be read and written
     bool bStreamingPays = false;     ///< the whole buffer is at least half the last-level cache
+    eImageType imageType;            ///< whose memory it is
     boost::shared_ptr<void> owner;   ///< keeps the memory alive
 };
 
@@ -61,6 +63,11 @@ public:
         m_calibration = calibration;
     }
 
+    eImageType getImageType() const { return m_layout.imageType; }
+    eImageBaseType getImageBaseType() const
+    {
+        return isGpuImage() ? eImageBaseType::eGpuImage : eImageBaseType::eHostImage;
+    }
     virtual bool isGpuImage() const { return false; }
     /// Asked of an output: must the input's place in memory be left out when elements are given to threads?
     virtual bool needsUnlocalizedInput() const { return false; }
@@ -80,10 +87,11 @@ public:
     bool sharesPixelsWith(const BaseImage& other) const;
 
 protected:
-    BaseImage(const BaseImageGeometry& geometry, PixelLayout layout) : m_geometry(geometry), m_layout(std::move(layout))
+    BaseImage(BaseImageGeometry geometry, PixelLayout layout)
+        : m_geometry(std::move(geometry)), m_layout(std::move(layout))
     {}
     /// View of part of `parent`: plans [z, z + sizeZ), channels [c, c + sizeC), steps [t, t + sizeT), whole in x and y.
-    BaseImage(const BaseImage& parent, const BaseImageGeometry& geometry, unsigned long z, unsigned long c, unsigned long t);
+    BaseImage(const BaseImage& parent, BaseImageGeometry geometry, unsigned long z, unsigned long c, unsigned long t);
 
 private:
     std::byte* accessRowOfStep(unsigned long y, unsigned long z, unsigned long c, unsigned long t) const;

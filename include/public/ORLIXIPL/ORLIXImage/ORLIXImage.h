@@ -10,4 +10,5 @@
 #include "ORLIXIPL/ORLIXImage/Logger/ORLIXImageLog.h"
 #include "ORLIXIPL/ORLIXImage/Logger/ORLIXImageLogMessages.h"
 #include "ORLIXIPL/ORLIXImage/ORLIXImageException.h"
+#include "ORLIXIPL/ORLIXImage/PixelMemoryPool.h"
 #include "ORLIXIPL/ORLIXImage/SubImage.h"

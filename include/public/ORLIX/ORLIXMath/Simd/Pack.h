@@ -22,7 +22,7 @@ inline constexpr bool g_bHasPack = g_bElementType<T> && (I != eInstructionSet::e
 /// packs of different types hold the same number. `load` and `store` take any address of elements; `stream` is
 /// `Register::stream`, to a multiple of the register's bytes.
 template <eInstructionSet::domain I, class T>
-    requires g_bHasPack<I, T>
+requires g_bHasPack<I, T>
 struct Pack
 {
     static constexpr unsigned long s_nbElements = Register<I>::s_nbBytes;
@@ -54,7 +54,7 @@ struct Pack
 
 /// Plain code works element by element; `stream` is an ordinary store.
 template <class T>
-    requires g_bElementType<T>
+requires g_bElementType<T>
 struct Pack<eInstructionSet::eNone, T>
 {
     static constexpr unsigned long s_nbElements = 1;

@@ -35,7 +35,10 @@ struct Register<eInstructionSet::eAVX>
     static constexpr unsigned long s_nbBytes = 32;
     __m256 m_bits; // AVX computes with floats alone
 
-    static ORLIX_SIMD_INLINE Register load(const void* from) { return {_mm256_loadu_ps(static_cast<const float*>(from))}; }
+    static ORLIX_SIMD_INLINE Register load(const void* from)
+    {
+        return {_mm256_loadu_ps(static_cast<const float*>(from))};
+    }
     ORLIX_SIMD_INLINE void store(void* to) const { _mm256_storeu_ps(static_cast<float*>(to), m_bits); }
     ORLIX_SIMD_INLINE void stream(void* to) const { _mm256_stream_ps(static_cast<float*>(to), m_bits); }
 };

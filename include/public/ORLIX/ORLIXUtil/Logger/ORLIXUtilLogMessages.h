@@ -15,7 +15,8 @@ struct eORLIXUtilErrors
         eMessageConflict = 2,
         eNoCopySupport = 3, ///< argument: name of the class
         eUnknownClass = 4,
-        eClassAlreadyRegistered = 5
+        eClassAlreadyRegistered = 5,
+        eUnwritableFile = 6
     };
     ORLIX_ENUMERATION(eORLIXUtilErrors, eUnknownMessage);
 };

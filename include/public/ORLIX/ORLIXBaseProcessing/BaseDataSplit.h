@@ -1,0 +1,103 @@
+// Splits: each feeds one attribute of the processors that a dispatcher makes.
+#pragma once
+
+#include "ORLIX/ORLIXBaseProcessing/BaseProcessor.h"
+#include "ORLIX/ORLIXCore/ActionTypes.h"
+
+#include <typeinfo>
+
+namespace orlix::processor {
+
+struct eSplitBaseType
+{
+    enum domain { eStaticSplit = 0, eDynamicSplit = 1 };
+    ORLIX_ENUMERATION(eSplitBaseType, eStaticSplit);
+};
+struct eSplitStaticType
+{
+    enum domain { eStaticNoSplit = 0, eSubImageSplit = 1 };
+    ORLIX_ENUMERATION(eSplitStaticType, eStaticNoSplit);
+};
+struct eSplitDynamicType
+{
+    enum domain { eDynamicNoSplit = 0, eImageStripSplit = 1 };
+    ORLIX_ENUMERATION(eSplitDynamicType, eDynamicNoSplit);
+};
+
+/// `processAttribute` of the splits of one dispatcher is called by one thread at a time, so that a split may keep
+/// books without a lock.
+class ORLIXBASEPROCESSING_API BaseDataSplit
+{
+public:
+    virtual ~BaseDataSplit();
+
+    virtual eSplitBaseType getSplitBaseType() const = 0;
+    virtual const std::string& getAttributeName() const = 0;
+    virtual const std::string& getAttributeToolTip() const = 0;
+    /// Is `processor` of the class that this split feeds?
+    virtual bool checkProcessorType(const BaseProcessor& processor) const = 0;
+
+    /// This split no longer counts when the dispatcher chooses where elements run.
+    void disableDataLocalization() { m_bLocalized = false; }
+    void enableDataLocalization() { m_bLocalized = true; }
+    bool isDataLocalized() const { return m_bLocalized; }
+
+    /// Lets go of the data of the run that has ended.
+    virtual void clear() = 0;
+
+private:
+    bool m_bLocalized = true;
+};
+
+/// The number of elements is known as soon as the split is initialised.
+class ORLIXBASEPROCESSING_API BaseStaticSplit : public BaseDataSplit
+{
+public:
+    eSplitBaseType getSplitBaseType() const override { return eSplitBaseType::eStaticSplit; }
+    virtual eSplitStaticType getSplitStaticType() const = 0;
+    /// Gives element `index` to `lower`.
+    virtual ProcessingResult<bool> processAttribute(BaseProcessor& lower, unsigned int index,
+                                                    const core::BaseRequestOrigin& origin) = 0;
+
+    /// False for a split that gives every element the same and so has no count of its own.
+    virtual bool hasElements() const { return true; }
+    virtual unsigned long getNbElements() const = 0;
+    /// Bytes that all elements of this split touch.
+    virtual unsigned long getCost() const = 0;
+};
+
+/// What a dynamic split asks of the ranges that it is given.
+struct RangeDemand
+{
+    unsigned long nbLines;      ///< lines to be given out in all
+    unsigned long lineBytes;    ///< of one line
+    unsigned long lineMultiple; ///< every range but the last holds a multiple of so many lines; at least 1
+};
+
+/// Gives out ranges of lines that the dispatcher decides, the same for all of its splits.
+class ORLIXBASEPROCESSING_API BaseDynamicSplit : public BaseDataSplit
+{
+public:
+    eSplitBaseType getSplitBaseType() const override { return eSplitBaseType::eDynamicSplit; }
+    virtual eSplitDynamicType getSplitDynamicType() const = 0;
+    /// Gives lines [start, start + size) to `lower`.
+    virtual ProcessingResult<bool> processAttribute(BaseProcessor& lower, unsigned long start, unsigned long size,
+                                                    const core::BaseRequestOrigin& origin) = 0;
+
+    /// False for a split that gives every range the same and asks for nothing.
+    virtual bool hasLines() const { return true; }
+    virtual RangeDemand getRangeDemand() const = 0;
+};
+
+namespace details {
+
+/// Cheap where the class is the very one, as it nearly always is.
+template <class TProcessor>
+bool isProcessor(const BaseProcessor& processor)
+{
+    return typeid(processor) == typeid(TProcessor) || dynamic_cast<const TProcessor*>(&processor) != nullptr;
+}
+
+} // namespace details
+
+} // namespace orlix::processor

@@ -1,0 +1,80 @@
+// Dispatchers: make one lower processor per element, give it its attributes, and hand it to the run loop.
+#pragma once
+
+#include "ORLIX/ORLIXBaseProcessing/BaseDataSplit.h"
+#include "ORLIX/ORLIXCore/BaseActionProvider.h"
+
+#include <vector>
+
+namespace orlix::processor {
+
+class ORLIXBASEPROCESSING_API BaseProcessorDispatcher : public core::BaseActionProvider
+{
+public:
+    ProcessingResult<bool> queryNextAction(const core::BaseRequestOrigin& origin,
+                                           boost::shared_ptr<core::BaseAction>& action) override;
+    bool hasPendingAction() const override { return m_nbQueried < getNbElements(); }
+    void notifyDerived(boost::shared_ptr<core::BaseAction>& action, bool bSuccess) override;
+    void requestCancellationDerived() override { m_nbQueried = getNbElements(); }
+
+    virtual const std::string& getProcessorName() const = 0;
+    virtual const std::string& getProcessorToolTip() const = 0;
+    virtual boost::shared_ptr<BaseProcessor> createProcessor() const = 0;
+    virtual ProcessingResult<bool> initAttributes(BaseProcessor& lower, const core::BaseRequestOrigin& origin) = 0;
+
+protected:
+    /// An idle processor of the class, or null; see ProcessorPool.
+    virtual boost::shared_ptr<BaseProcessor> takeIdle() const = 0;
+    virtual void giveBackIdle(boost::shared_ptr<BaseProcessor> processor) const = 0;
+
+    void startQueries() { m_nbQueried = 0; }
+
+private:
+    unsigned long m_nbQueried = 0;
+};
+
+/// One lower processor per element of its splits.
+class ORLIXBASEPROCESSING_API BaseStaticProcessorDispatcher : public BaseProcessorDispatcher
+{
+public:
+    /// Fails where there is no split with elements, or where the splits differ in their number of elements.
+    ProcessingResult<bool> initBase(const core::BasePriority& priority,
+                                    const std::vector<boost::shared_ptr<BaseStaticSplit>>& splits);
+
+    unsigned long getNbElements() const override { return m_nbElements; }
+    unsigned long getCost() const override { return m_cost; }
+    ProcessingResult<bool> initAttributes(BaseProcessor& lower, const core::BaseRequestOrigin& origin) override;
+    void clearDerived() override;
+
+private:
+    std::vector<boost::shared_ptr<BaseStaticSplit>> m_splits;
+    unsigned long m_nbElements = 0;
+    unsigned long m_cost = 0;
+};
+
+/// One lower processor per range of lines, the same ranges for all splits.
+class ORLIXBASEPROCESSING_API BaseDynamicProcessorDispatcher : public BaseProcessorDispatcher
+{
+public:
+    /// How many bytes a range should hold; the default is the default policy's.
+    void setDispatchPolicy(const ProcessorDispatchPolicy& policy) { m_policy = policy; }
+    /// Fails where there is no split with lines, or where the splits differ in their number of lines.
+    ProcessingResult<bool> initBase(const core::BasePriority& priority,
+                                    const std::vector<boost::shared_ptr<BaseDynamicSplit>>& splits);
+
+    unsigned long getNbElements() const override { return m_nbElements; }
+    unsigned long getCost() const override { return m_cost; }
+    unsigned long getLinesPerElement() const { return m_linesPerElement; }
+    ProcessingResult<bool> initAttributes(BaseProcessor& lower, const core::BaseRequestOrigin& origin) override;
+    void clearDerived() override;
+
+private:
+    ProcessorDispatchPolicy m_policy;
+    std::vector<boost::shared_ptr<BaseDynamicSplit>> m_splits;
+    unsigned long m_nbElements = 0;
+    unsigned long m_nbLines = 0;
+    unsigned long m_linesPerElement = 0;
+    unsigned long m_cost = 0;
+};
+
+} // namespace orlix::processor

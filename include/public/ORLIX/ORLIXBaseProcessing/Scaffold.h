@@ -1,0 +1,174 @@
+// Everything that processor classes have in common, written once: names, version, dispatch policy, creation, archives,
+// attribute storage, `set` and `getStorage`.
+#pragma once
+
+#include "ORLIX/ORLIXBaseProcessing/BaseProcessor.h"
+#include "ORLIX/ORLIXSerialization/ClassVersion.h"
+#include "ORLIX/ORLIXUtil/DynamicRegistrator.h"
+
+#include <boost/make_shared.hpp>
+
+#include <mutex>
+#include <tuple>
+
+namespace orlix::processor {
+
+namespace details {
+
+/// A static of a class, made on first use and read under the mutex that guards it.
+template <class TValue, class TMake>
+const TValue& guardedStatic(std::mutex& mutex, TMake&& make)
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    static const TValue g_value = make();
+    return g_value;
+}
+
+} // namespace details
+
+/// `TDerived` says `static constexpr const char* g_name`, `static constexpr <catalogue>::domain g_toolTip`,
+/// `static constexpr const char* g_header = __FILE__`, and, where it has them, `RulePtr createRule() const` and
+/// `void initOutputInitializers(OutputInitializerMap&) const`. `TBase` is the kind of processor. `TLibrary` says
+/// `g_name`, `g_namespace` and `toolTip(id)`. `TAttributes` are the attribute classes in order of creation.
+template <class TDerived, class TBase, class TLibrary, class... TAttributes>
+class Scaffold : public TBase
+{
+public:
+    static const std::string& getTypeName()
+    {
+        return details::guardedStatic<std::string>(
+            TypeNameMutex(), [] { return std::string(TLibrary::g_namespace) + "::" + TDerived::g_name; });
+    }
+    /// Shares the mutex of the tool tip.
+    static const std::string& getObjectNameStr()
+    {
+        return details::guardedStatic<std::string>(ToolTipMutex(), [] { return std::string(TDerived::g_name); });
+    }
+    static const std::string& getToolTipStr()
+    {
+        return details::guardedStatic<std::string>(ToolTipMutex(), [] { return TLibrary::toolTip(TDerived::g_toolTip); });
+    }
+    static unsigned int getVersion()
+    {
+        return details::guardedStatic<unsigned int>(VersionMutex(), [] { return 1U; });
+    }
+    /// Valid until the process ends; copy it at once.
+    static const ProcessorDispatchPolicy& getDefaultDispatchPolicy()
+    {
+        return details::guardedStatic<ProcessorDispatchPolicy>(DispatchPolicyMutex(), [] {
+            ProcessorDispatchPolicy policy;
+            policy.initDefault();
+            return policy;
+        });
+    }
+    static const char* getLibraryName() { return TLibrary::g_name; }
+
+    static std::unique_ptr<BaseDynamicObject> createNewObject() { return std::make_unique<TDerived>(); }
+    static boost::shared_ptr<BaseDynamicObject> createSharedObject() { return boost::make_shared<TDerived>(); }
+    static boost::shared_ptr<TDerived> createProcessor() { return boost::make_shared<TDerived>(); }
+    static boost::shared_ptr<BaseProcessor> createBaseProcessor() { return boost::make_shared<TDerived>(); }
+
+    /// The mutexes of the class's statics exist from load on.
+    static void createMutexes() { TypeNameMutex(), ToolTipMutex(), VersionMutex(), DispatchPolicyMutex(); }
+
+    const std::string& getClassName() const override { return getTypeName(); }
+    std::unique_ptr<BaseDynamicObject> createNew() const override { return createNewObject(); }
+    boost::shared_ptr<BaseDynamicObject> createShared() const override { return createSharedObject(); }
+    const std::string& getObjectName() const override { return getObjectNameStr(); }
+    const std::string& getToolTip() const override { return getToolTipStr(); }
+
+    /// The base's part, then the version of the class, once an archive.
+    ProcessingResult<bool> write(BaseOArchive& archive) const override
+    {
+        ProcessingResult<bool> result = TBase::write(archive);
+        return result ? writeClassVersion(archive, getTypeName(), getVersion()) : result;
+    }
+    /// Throws ORLIXSerializationException for a version newer than `getVersion`.
+    ProcessingResult<bool> read(BaseIArchive& archive) override
+    {
+        ProcessingResult<bool> result = TBase::read(archive);
+        return result ? readClassVersion(archive, getTypeName(), getVersion()) : result;
+    }
+
+    /// Gives an attribute its value. Throws where `init` has not been called.
+    template <class TAttribute>
+    void set(const typename TAttribute::StorageType& value)
+    {
+        this->checkInitialised();
+        accessAttribute<TAttribute>()->init(value);
+    }
+    template <class TAttribute>
+    void set(typename TAttribute::StorageType&& value)
+    {
+        this->checkInitialised();
+        accessAttribute<TAttribute>()->init(std::move(value));
+    }
+    /// What an output attribute holds. Throws where `init` has not been called.
+    template <class TAttribute>
+        requires(TAttribute::g_bOutput)
+    typename TAttribute::StorageType getStorage() const
+    {
+        this->checkInitialised();
+        return accessAttribute<TAttribute>()->getStorage();
+    }
+
+protected:
+    /// Null until `init`.
+    template <class TAttribute>
+    const boost::shared_ptr<TAttribute>& accessAttribute() const
+    {
+        return std::get<boost::shared_ptr<TAttribute>>(m_ownAttributes);
+    }
+
+    ProcessingResult<bool> initDerived(AttributeVector& attributes, OutputInitializerMap& outputInitializers,
+                                       ProcessorDispatchPolicy& dispatchPolicy, RulePtr& rule,
+                                       const eProcessorRulePolicy& rulePolicy) override
+    {
+        attributes.clear();
+        attributes.reserve(sizeof...(TAttributes));
+        (attributes.push_back(std::get<boost::shared_ptr<TAttributes>>(m_ownAttributes) =
+                                  boost::make_shared<TAttributes>()),
+         ...);
+        const TDerived& derived = static_cast<const TDerived&>(*this);
+        outputInitializers.clear();
+        if constexpr (requires { derived.initOutputInitializers(outputInitializers); }) {
+            derived.initOutputInitializers(outputInitializers);
+        }
+        dispatchPolicy = getDefaultDispatchPolicy();
+        rule.reset();
+        if (rulePolicy != eProcessorRulePolicy::eRulePolicySkip) {
+            if constexpr (requires { derived.createRule(); }) {
+                rule = derived.createRule();
+            } else {
+                rule = none();
+            }
+        }
+        return true;
+    }
+
+private:
+    static std::mutex& TypeNameMutex()
+    {
+        static std::mutex g_mutex;
+        return g_mutex;
+    }
+    static std::mutex& ToolTipMutex()
+    {
+        static std::mutex g_mutex;
+        return g_mutex;
+    }
+    static std::mutex& VersionMutex()
+    {
+        static std::mutex g_mutex;
+        return g_mutex;
+    }
+    static std::mutex& DispatchPolicyMutex()
+    {
+        static std::mutex g_mutex;
+        return g_mutex;
+    }
+
+    std::tuple<boost::shared_ptr<TAttributes>...> m_ownAttributes;
+};
+
+} // namespace orlix::processor

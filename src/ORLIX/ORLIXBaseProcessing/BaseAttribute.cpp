@@ -1,0 +1,7 @@
+#include "ORLIX/ORLIXBaseProcessing/BaseAttribute.h"
+
+namespace orlix::processor {
+
+BaseAttribute::~BaseAttribute() = default;
+
+} // namespace orlix::processor

@@ -1,0 +1,55 @@
+#include "ORLIX/ORLIXBaseProcessing/KernelTable.h"
+
+#include "ORLIX/ORLIXBaseProcessing/Logger/ORLIXBaseProcessingLogMessages.h"
+#include "ORLIX/ORLIXBaseProcessing/Logger/ORLIXBaseProcessingLog.h"
+#include "ORLIX/ORLIXUtil/Logger/BaseLogger.h"
+
+#include <log4cplus/logger.h>
+
+namespace orlix::processor {
+
+namespace {
+
+class RowTypeIdentifier final : public BaseDataTypeIdentifier
+{
+public:
+    explicit RowTypeIdentifier(unsigned id) { initBase(id); }
+};
+
+DataTypeIdentifierColl typesOf(const KernelRow& row)
+{
+    DataTypeIdentifierColl types;
+    if (row.type2 != 0) {
+        types.init(RowTypeIdentifier(row.type1), RowTypeIdentifier(row.type2));
+    } else if (row.type1 != 0) {
+        types.init(RowTypeIdentifier(row.type1));
+    }
+    return types;
+}
+
+} // namespace
+
+void registerKernels(AlgorithmFunctionSelector& selector, const KernelTable& table)
+{
+    InstructionSetsIdentifier sets;
+    sets.init(table.set);
+    if (!AlgorithmFunctionSelector::isSupported(sets)) {
+        return;
+    }
+    std::string errors;
+    for (const KernelRow* row = table.rows; row != table.rows + table.nbRows; ++row) {
+        AlgorithmFunctionIdentifier function;
+        function.init(typesOf(*row), sets, static_cast<unsigned int>(table.set), row->function);
+        if (const ProcessingResult<bool> result = selector.registerFunction(function); !result) {
+            errors += result.getMessage() + "\n";
+        }
+    }
+    log4cplus::Logger logger = getORLIXBaseProcessingLogger();
+    if (!errors.empty() && logger.isEnabledFor(log4cplus::TRACE_LOG_LEVEL)) {
+        logMessage(logger, log4cplus::TRACE_LOG_LEVEL,
+                   formatMessage<eAlgorithmFunctionMessage>(eAlgorithmFunctionMessage::eRegistrationFailed, errors),
+                   __FILE__, __LINE__);
+    }
+}
+
+} // namespace orlix::processor

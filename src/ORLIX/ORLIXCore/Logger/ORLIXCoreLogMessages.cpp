@@ -1,0 +1,31 @@
+// Messages of ORLIXCore.
+#include "ORLIX/ORLIXCore/Logger/ORLIXCoreLogMessages.h"
+
+#include "ORLIX/ORLIXCore/Logger/ORLIXCoreLog.h"
+
+#include <log4cplus/logger.h>
+
+namespace orlix {
+
+LogMessageManager& MessageCatalogue<core::eORLIXCoreMessage>::manager()
+{
+    return core::getORLIXCoreLogMessageManager();
+}
+
+log4cplus::Logger MessageCatalogue<core::eORLIXCoreMessage>::logger()
+{
+    return core::getORLIXCoreLogger();
+}
+
+const std::vector<MessageText>& MessageCatalogue<core::eORLIXCoreMessage>::texts()
+{
+    using Message = core::eORLIXCoreMessage;
+    static const std::vector<MessageText> g_texts = {
+        {Message::eCancelled, "The run was cancelled before all of its work was done: run it again for a whole result"},
+        {Message::eNeverRun, "There is nothing to wait for: start the action with run first"},
+        {Message::eAlreadyRunning, "The action is running already: wait for its end, or run another one"},
+        {Message::eUnknownException, "An exception of unknown type ended the run"}};
+    return g_texts;
+}
+
+} // namespace orlix
