@@ -13,10 +13,18 @@ if(NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
     set(CMAKE_BUILD_TYPE Release CACHE STRING "Build type" FORCE)
 endif()
 
+# Paths in objects are relative to the source folder, so that builds of two clones are the same and share a cache.
+file(RELATIVE_PATH source_from_build "${PROJECT_BINARY_DIR}" "${PROJECT_SOURCE_DIR}")
+add_compile_options(-ffile-prefix-map=${source_from_build}= -ffile-prefix-map=${PROJECT_SOURCE_DIR}/=
+    -ffile-prefix-map=${PROJECT_BINARY_DIR}/=)
 find_program(ORLIX_CCACHE ccache)
 if(ORLIX_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
-    set(CMAKE_CXX_COMPILER_LAUNCHER "${ORLIX_CCACHE}")
+    set(CMAKE_CXX_COMPILER_LAUNCHER env "CCACHE_BASEDIR=${PROJECT_SOURCE_DIR}" "${ORLIX_CCACHE}")
 endif()
+
+# Calls within a library go straight to their target.
+add_compile_options(-fno-semantic-interposition)
+add_link_options(-Wl,-Bsymbolic-functions)
 
 # Stated results exclude fused multiply-add and reassociation, in every file.
 add_compile_options(-Wall -Wextra -Wpedantic -ffp-contract=off)

@@ -1,1 +1,37 @@
-# install rules
+# Install rules: libraries, headers, the program, and what find_package and pkg-config need to find them.
+
+include(CMakePackageConfigHelpers)
+
+set(package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/ORLIX")
+get_property(libraries GLOBAL PROPERTY ORLIX_LIBRARIES)
+set(ORLIX_COMPONENTS "")
+set(ORLIX_LINK_FLAGS "")
+foreach(library IN LISTS libraries)
+    install(TARGETS ${library} EXPORT ${library}Targets
+        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+        FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+    install(EXPORT ${library}Targets NAMESPACE ORLIX:: DESTINATION "${package_dir}")
+
+    get_target_property(depends ${library} ORLIX_DEPENDS)
+    string(APPEND ORLIX_COMPONENTS "set(_ORLIX_${library}_DEPENDS ${depends})\n")
+    get_target_property(type ${library} TYPE)
+    if(type STREQUAL "SHARED_LIBRARY")
+        string(PREPEND ORLIX_LINK_FLAGS "-l${library} ")
+    endif()
+endforeach()
+
+configure_package_config_file(cmake/ORLIXConfig.cmake.in "${PROJECT_BINARY_DIR}/ORLIXConfig.cmake"
+    INSTALL_DESTINATION "${package_dir}")
+write_basic_package_version_file("${PROJECT_BINARY_DIR}/ORLIXConfigVersion.cmake" COMPATIBILITY SameMajorVersion)
+install(FILES "${PROJECT_BINARY_DIR}/ORLIXConfig.cmake" "${PROJECT_BINARY_DIR}/ORLIXConfigVersion.cmake"
+    DESTINATION "${package_dir}")
+
+file(RELATIVE_PATH ORLIX_PREFIX_FROM_PC "/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/")
+configure_file(cmake/ORLIX.pc.in "${PROJECT_BINARY_DIR}/ORLIX.pc" @ONLY)
+install(FILES "${PROJECT_BINARY_DIR}/ORLIX.pc" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
+
+if(TARGET orlix)
+    file(RELATIVE_PATH lib_from_bin "/${CMAKE_INSTALL_BINDIR}" "/${CMAKE_INSTALL_LIBDIR}")
+    set_target_properties(orlix PROPERTIES INSTALL_RPATH "$ORIGIN/${lib_from_bin}")
+    install(TARGETS orlix RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+endif()

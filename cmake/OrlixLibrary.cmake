@@ -41,9 +41,12 @@ function(orlix_add_library name)
     endif()
     add_library(ORLIX::${name} ALIAS ${name})
     target_link_libraries(${name} ${usage} ${lower_layers} ${ARG_PUBLIC})
-    target_include_directories(${name} ${usage}
-        "$<BUILD_INTERFACE:${layer}/include/public>" "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>")
+    target_compile_features(${name} ${usage} cxx_std_20)
+    file(GLOB_RECURSE headers CONFIGURE_DEPENDS RELATIVE "${PROJECT_SOURCE_DIR}/include/public"
+        "${PROJECT_SOURCE_DIR}/include/public/${home}/*.h")
+    list(TRANSFORM headers PREPEND "${layer}/include/public/")
+    target_sources(${name} ${usage} FILE_SET HEADERS BASE_DIRS "${layer}/include/public" FILES ${headers})
 
     set_property(GLOBAL APPEND PROPERTY ORLIX_LIBRARIES ${name})
-    set_target_properties(${name} PROPERTIES ORLIX_HOME "${home}" ORLIX_DEPENDS "${ARG_DEPENDS}" ORLIX_PUBLIC "${ARG_PUBLIC}")
+    set_target_properties(${name} PROPERTIES ORLIX_DEPENDS "${ARG_DEPENDS}")
 endfunction()

@@ -25,6 +25,7 @@ function(orlix_add_tests library)
         ORLIX_SOURCE_DIR="${PROJECT_SOURCE_DIR}"
         ORLIX_TEST_SKIPPED=${ORLIX_TEST_SKIPPED})
     target_link_libraries(${program} PRIVATE ORLIX::${library} ${ARG_LIBS} GTest::gtest_main rapidcheck)
+    set_property(GLOBAL APPEND PROPERTY ORLIX_TEST_PROGRAMS ${program})
     add_test(NAME ${library} COMMAND ${program})
     set(tests ${library})
     if(ARG_PER_SET)
