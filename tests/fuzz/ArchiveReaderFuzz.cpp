@@ -4,6 +4,7 @@
 #include "ORLIX/ORLIXBaseData/PlanIndexedColl.h"
 #include "ORLIX/ORLIXSerialization/TextIArchive.h"
 #include "ORLIX/ORLIXSerialization/TextOArchive.h"
+#include "ORLIX/ORLIXUtil/BaseException.h"
 
 #include <cstddef>
 #include <cstdint>
