@@ -30,9 +30,54 @@ constexpr bool g_bPooled = false;
 constexpr bool g_bPooled = true;
 #endif
 
-boost::shared_ptr<void> owned(void* block, void (*release)(void*))
+// Puts the record of a small block's owners on the boundary before its pixels, so that both are one allocation.
+template <class T>
+struct RecordBeforePixels
 {
-    return block ? boost::shared_ptr<void>(block, release) : nullptr;
+    using value_type = T;
+
+    explicit RecordBeforePixels(void* allocation) : m_allocation(allocation) {}
+    template <class TOther>
+    RecordBeforePixels(const RecordBeforePixels<TOther>& other) : m_allocation(other.m_allocation)
+    {}
+
+    T* allocate(std::size_t) const noexcept
+    {
+        static_assert(sizeof(T) <= g_planAlignment);
+        return static_cast<T*>(m_allocation);
+    }
+    void deallocate(T*, std::size_t) const noexcept { scalable_aligned_free(m_allocation); }
+
+    void* m_allocation;
+};
+
+struct NothingToRelease
+{
+    void operator()(void*) const noexcept {}
+};
+
+boost::shared_ptr<void> allocateSmall(unsigned long bytes)
+{
+    void* const allocation = scalable_aligned_malloc(g_planAlignment + bytes, g_planAlignment);
+    if (!allocation) {
+        return nullptr;
+    }
+    void* const pixels = static_cast<std::byte*>(allocation) + g_planAlignment;
+    return {pixels, NothingToRelease(), RecordBeforePixels<void*>(allocation)};
+}
+
+boost::shared_ptr<void> allocateLarge(unsigned long bytes)
+{
+    std::byte* const block = bytes <= getAllMemoryBytes() ? largeBlockPool().take(bytes) : nullptr;
+    return block ? boost::shared_ptr<void>(block, GiveBack{bytes}) : nullptr;
+}
+
+// Ends with the last byte asked for, which tools that watch borders rely on.
+boost::shared_ptr<void> allocatePlainly(unsigned long bytes)
+{
+    void* block = nullptr;
+    const bool bMade = bytes <= getAllMemoryBytes() && posix_memalign(&block, g_planAlignment, bytes) == 0;
+    return bMade ? boost::shared_ptr<void>(block, &std::free) : nullptr;
 }
 
 } // namespace
@@ -40,15 +85,9 @@ boost::shared_ptr<void> owned(void* block, void (*release)(void*))
 boost::shared_ptr<void> allocatePixels(unsigned long bytes)
 {
     if constexpr (!g_bPooled) {
-        void* block = nullptr;
-        const bool bMade = bytes <= getAllMemoryBytes() && posix_memalign(&block, g_planAlignment, bytes) == 0;
-        return owned(bMade ? block : nullptr, &std::free);
+        return allocatePlainly(bytes);
     }
-    if (bytes < g_largeBlock) {
-        return owned(scalable_aligned_malloc(bytes, g_planAlignment), &scalable_aligned_free);
-    }
-    std::byte* const block = bytes <= getAllMemoryBytes() ? largeBlockPool().take(bytes) : nullptr;
-    return block ? boost::shared_ptr<void>(block, GiveBack{bytes}) : nullptr;
+    return bytes < g_largeBlock ? allocateSmall(bytes) : allocateLarge(bytes);
 }
 
 unsigned long releasePooledMemory()
