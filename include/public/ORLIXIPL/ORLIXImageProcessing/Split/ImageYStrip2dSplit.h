@@ -20,7 +20,7 @@ struct eImageStripSplitType
 
 /// `TImage` is image::BaseImage or const image::BaseImage.
 template <class TImage>
-class BaseImageStripSplit : public processor::BaseDynamicSplit
+class ORLIXIMAGEPROCESSING_API BaseImageStripSplit : public processor::BaseDynamicSplit
 {
 public:
     processor::eSplitDynamicType getSplitDynamicType() const override

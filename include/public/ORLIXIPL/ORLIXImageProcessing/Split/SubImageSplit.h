@@ -32,8 +32,8 @@ private:
     unsigned long m_cost = 0;
 };
 
-extern template class BaseSubImageSplit<ImagePtr>;
-extern template class BaseSubImageSplit<ImageConstPtr>;
+extern template class ORLIXIMAGEPROCESSING_API BaseSubImageSplit<ImagePtr>;
+extern template class ORLIXIMAGEPROCESSING_API BaseSubImageSplit<ImageConstPtr>;
 
 /// Feeds attribute `TAttribute` of processors of class `TProcessor`.
 template <class TProcessor, class TAttribute>
