@@ -1,4 +1,6 @@
-// Which allocator serves which size of pixel memory.
+// Pixel memory: which allocator serves which size.
+#ifndef ORLIX_PLAIN_ALLOCATION
+
 #include "ORLIXIPL/ORLIXImage/PixelMemory.h"
 
 #include "ORLIXIPL/ORLIXImage/DenseLayout.h"
@@ -6,29 +8,14 @@
 #include "ORLIXIPL/ORLIXImage/PixelMemoryPool.h"
 #include "ORLIXIPL/ORLIXImage/UsableMemory.h"
 
-#include <cstdlib>
-
 #include <oneapi/tbb/scalable_allocator.h>
 
 namespace orlix::image {
 
 namespace {
 
-// Below, a block is served from memory that the allocator holds in larger pieces anyway.
+// Below, oneTBB's allocator serves a block from memory that it holds anyway, without a lock up to 8 KiB.
 constexpr unsigned long g_largeBlock = 1ul << 20;
-
-struct GiveBack
-{
-    unsigned long bytes;
-
-    void operator()(void* block) const noexcept { largeBlockPool().give(static_cast<std::byte*>(block), bytes); }
-};
-
-#ifdef ORLIX_PLAIN_ALLOCATION
-constexpr bool g_bPooled = false;
-#else
-constexpr bool g_bPooled = true;
-#endif
 
 // Puts the record of a small block's owners on the boundary before its pixels, so that both are one allocation.
 template <class T>
@@ -56,6 +43,13 @@ struct NothingToRelease
     void operator()(void*) const noexcept {}
 };
 
+struct GiveBack
+{
+    unsigned long bytes;
+
+    void operator()(void* block) const noexcept { largeBlockPool().give(static_cast<std::byte*>(block), bytes); }
+};
+
 boost::shared_ptr<void> allocateSmall(unsigned long bytes)
 {
     void* const allocation = scalable_aligned_malloc(g_planAlignment + bytes, g_planAlignment);
@@ -72,35 +66,23 @@ boost::shared_ptr<void> allocateLarge(unsigned long bytes)
     return block ? boost::shared_ptr<void>(block, GiveBack{bytes}) : nullptr;
 }
 
-// Ends with the last byte asked for, which tools that watch borders rely on.
-boost::shared_ptr<void> allocatePlainly(unsigned long bytes)
-{
-    void* block = nullptr;
-    const bool bMade = bytes <= getAllMemoryBytes() && posix_memalign(&block, g_planAlignment, bytes) == 0;
-    return bMade ? boost::shared_ptr<void>(block, &std::free) : nullptr;
-}
-
 } // namespace
 
 boost::shared_ptr<void> allocatePixels(unsigned long bytes)
 {
-    if constexpr (!g_bPooled) {
-        return allocatePlainly(bytes);
-    }
     return bytes < g_largeBlock ? allocateSmall(bytes) : allocateLarge(bytes);
 }
 
 unsigned long releasePooledMemory()
 {
-    if constexpr (g_bPooled) {
-        scalable_allocation_command(TBBMALLOC_CLEAN_ALL_BUFFERS, nullptr);
-    }
+    scalable_free(scalable_malloc(1)); // cleaning an allocator that was never used reads what it has not set up
+    scalable_allocation_command(TBBMALLOC_CLEAN_ALL_BUFFERS, nullptr);
     return largeBlockPool().releaseAll();
 }
 
 unsigned long getPooledMemoryLimit()
 {
-    return g_bPooled ? largeBlockPool().getLimit() : 0;
+    return largeBlockPool().getLimit();
 }
 
 void setPooledMemoryLimit(unsigned long bytes)
@@ -109,3 +91,5 @@ void setPooledMemoryLimit(unsigned long bytes)
 }
 
 } // namespace orlix::image
+
+#endif
