@@ -147,6 +147,7 @@ std::vector<TiffPage> describePages(TiffHandle& tiff)
 {
     std::vector<TiffPage> pages;
     for (;;) {
+        tiff.checkDirectory(pages.size());
         prepareDecoders(tiff);
         pages.push_back(describePage(tiff, pages.size()));
         if (TIFFLastDirectory(tiff)) {
