@@ -57,6 +57,7 @@ void BaseProcessor::clearForReuse()
     }
     clearIntermediateData();
     setProgressObserver({});
+    forgetRun();
 }
 
 void BaseProcessor::clearInputData()

@@ -140,7 +140,7 @@ BaseDynamicProcessorDispatcher::initBase(const core::BasePriority&,
             return true;
         },
         m_nbLines);
-    const unsigned long wanted = std::max(1UL, m_policy.getStripBytes() / widest);
+    const unsigned long wanted = std::max(1UL, std::min(m_nbLines, m_policy.getStripBytes() / widest));
     m_linesPerElement = (wanted + multiple - 1) / multiple * multiple;
     m_nbElements = m_nbLines / m_linesPerElement + (m_nbLines % m_linesPerElement != 0);
     m_cost = lineCost * m_nbLines;
