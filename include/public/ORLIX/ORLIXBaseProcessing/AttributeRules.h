@@ -113,10 +113,10 @@ public:
         if (left == nullptr || right == nullptr) {
             return details::attributeGone();
         }
-        if (!left->isSet() || left->isNull()) {
+        if (!left->isHeld()) {
             return details::attributeEmpty(*left);
         }
-        if (!right->isSet() || right->isNull()) {
+        if (!right->isHeld()) {
             return details::attributeEmpty(*right);
         }
         constexpr auto g_type = static_cast<eValueComparisonRuleType::domain>(type);
