@@ -153,7 +153,7 @@ BaseDynamicProcessorDispatcher::initBase(const core::BasePriority&,
             return true;
         },
         m_nbLines);
-    const unsigned long wanted = std::max(1UL, m_policy.getStripBytes() / widest);
+    const unsigned long wanted = std::max(1UL, std::min(m_nbLines, m_policy.getStripBytes() / widest));
     m_linesPerElement = (wanted + multiple - 1) / multiple * multiple;
     const unsigned long nbElements = m_nbLines / m_linesPerElement + (m_nbLines % m_linesPerElement != 0);
     setSize(nbElements, lineCost * m_nbLines);
