@@ -15,6 +15,7 @@
 #include <cerrno>
 #include <cstring>
 #include <iostream>
+#include <sstream>
 #include <vector>
 
 namespace orlix::cli {
@@ -87,7 +88,9 @@ public:
     bool answers(const CLI::ParseError& error) const
     {
         if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success)) {
-            m_app.exit(error, std::cout, std::cerr);
+            std::ostringstream answer; // the parser ends it with a flush, which would lose the reason of a failure
+            m_app.exit(error, answer, answer);
+            std::cout << answer.str();
             return true;
         }
         std::string command = "orlix";
@@ -112,7 +115,7 @@ void flushOutput()
     std::cout.flush();
     if (!std::cout) {
         raise<eCommandMessage>(ORLIX_HERE, eCommandMessage::eOutputClosed,
-                               errno != 0 ? std::strerror(errno) : "write error");
+                               errno != 0 ? std::strerror(errno) : "the disk is full or the reader has gone");
     }
 }
 

@@ -46,6 +46,7 @@ void handleSignals(const std::string& line)
         action.sa_flags = SA_RESTART;
         ::sigaction(signal, &action, nullptr);
     }
+    std::signal(SIGXFSZ, SIG_IGN);
 }
 
 bool isInterrupted() noexcept

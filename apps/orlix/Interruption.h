@@ -11,7 +11,8 @@ struct Interrupted
 
 /// From now on SIGINT, SIGTERM and SIGHUP end the program with `line` on the standard error stream and exit code 130:
 /// at once, or, while an InterruptibleWork lives, once that work has seen it and tidied up. A signal that this process
-/// was told to ignore stays ignored. For one call, before threads start.
+/// was told to ignore stays ignored. Passing a limit of file sizes becomes an error of the write instead of the end of
+/// the program, so that it can tidy up. For one call, before threads start.
 void handleSignals(const std::string& line);
 
 /// Has a signal come that nobody has obeyed yet? From any thread.
