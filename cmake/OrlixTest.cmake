@@ -5,7 +5,7 @@ find_package(rapidcheck REQUIRED)
 
 set(ORLIX_TEST_SKIPPED 77) # exit status of a test program that can't run here
 
-# orlix_add_tests(<library> [FRAME] [PER_SET] [LIBS <further targets>])
+# orlix_add_tests(<library or program> [FRAME] [PER_SET] [LIBS <further targets>])
 # FRAME gives the program the main of tests/support, which takes the instruction set and the executor from the
 # environment; it is for layers from ORLIXBaseProcessing on. PER_SET, which needs FRAME, runs the program once more for
 # every instruction set, with that set forced. A library whose folder holds no tests has no program.
@@ -30,7 +30,10 @@ function(orlix_add_tests library)
         ORLIX_TEST_DATA_DIR="${PROJECT_SOURCE_DIR}/../shared/data"
         ORLIX_SOURCE_DIR="${PROJECT_SOURCE_DIR}"
         ORLIX_TEST_SKIPPED=${ORLIX_TEST_SKIPPED})
-    target_link_libraries(${program} PRIVATE ORLIX::${library} ${ARG_LIBS} ${main} rapidcheck)
+    target_link_libraries(${program} PRIVATE ${ARG_LIBS} ${main} rapidcheck)
+    if(TARGET ORLIX::${library})
+        target_link_libraries(${program} PRIVATE ORLIX::${library})
+    endif()
     set_property(GLOBAL APPEND PROPERTY ORLIX_TEST_PROGRAMS ${program})
     add_test(NAME ${library} COMMAND ${program})
     set(tests ${library})
