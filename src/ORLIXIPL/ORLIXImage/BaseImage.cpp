@@ -11,8 +11,8 @@ namespace {
 boost::shared_ptr<const std::vector<unsigned long>> shiftedOffsets(const std::vector<unsigned long>& offsets,
                                                                    unsigned long t, unsigned long sizeT)
 {
-    auto shifted = boost::make_shared<std::vector<unsigned long>>(
-        offsets.begin() + static_cast<long>(t), offsets.begin() + static_cast<long>(t + sizeT));
+    auto shifted = boost::make_shared<std::vector<unsigned long>>(offsets.begin() + static_cast<long>(t),
+                                                                  offsets.begin() + static_cast<long>(t + sizeT));
     for (unsigned long& offset : *shifted) {
         offset -= offsets[t];
     }
@@ -21,9 +21,9 @@ boost::shared_ptr<const std::vector<unsigned long>> shiftedOffsets(const std::ve
 
 } // namespace
 
-BaseImage::BaseImage(const BaseImage& parent, const BaseImageGeometry& geometry, unsigned long z, unsigned long c,
+BaseImage::BaseImage(const BaseImage& parent, BaseImageGeometry geometry, unsigned long z, unsigned long c,
                      unsigned long t)
-    : m_geometry(geometry), m_layout(parent.m_layout), m_calibration(parent.m_calibration)
+    : m_geometry(std::move(geometry)), m_layout(parent.m_layout), m_calibration(parent.m_calibration)
 {
     m_layout.imageType = eImageType::eSubImage;
     if (m_layout.first) {

@@ -1,4 +1,4 @@
-// The exception of ORLIXImage and ORLIXBaseImageTools.
+// The exception of ORLIXImage.
 #include "ORLIXIPL/ORLIXImage/ORLIXImageException.h"
 
 namespace orlix::image {

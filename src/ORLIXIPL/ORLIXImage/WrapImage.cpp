@@ -4,8 +4,8 @@
 #include "ORLIXIPL/ORLIXImage/DenseLayout.h"
 #include "ORLIXIPL/ORLIXImage/HostImage.h"
 #include "ORLIXIPL/ORLIXImage/ImageFactory.h"
-#include "ORLIXIPL/ORLIXImage/LastLevelCache.h"
 #include "ORLIXIPL/ORLIXImage/Logger/ORLIXImageLogMessages.h"
+#include "ORLIXIPL/ORLIXImage/StreamingStores.h"
 
 #include <boost/make_shared.hpp>
 

@@ -30,11 +30,17 @@ struct eImageBufferType
 };
 
 /// All types in the order of every table of the family: 11 stands before 9 and 10.
-inline constexpr std::array<eImageBufferType::domain, 11> g_allBufferTypes = {
-    eImageBufferType::Int8,          eImageBufferType::UInt8,           eImageBufferType::Int16,
-    eImageBufferType::UInt16,        eImageBufferType::Int32,           eImageBufferType::UInt32,
-    eImageBufferType::Real32,        eImageBufferType::eBufferBinary,   eImageBufferType::eBufferUInt8Like,
-    eImageBufferType::eBufferUInt16Like, eImageBufferType::eBufferUInt32Like};
+inline constexpr std::array<eImageBufferType::domain, 11> g_allBufferTypes = {eImageBufferType::Int8,
+                                                                              eImageBufferType::UInt8,
+                                                                              eImageBufferType::Int16,
+                                                                              eImageBufferType::UInt16,
+                                                                              eImageBufferType::Int32,
+                                                                              eImageBufferType::UInt32,
+                                                                              eImageBufferType::Real32,
+                                                                              eImageBufferType::eBufferBinary,
+                                                                              eImageBufferType::eBufferUInt8Like,
+                                                                              eImageBufferType::eBufferUInt16Like,
+                                                                              eImageBufferType::eBufferUInt32Like};
 
 /// Bytes of one element; 0 for a value outside 1 to 11.
 constexpr unsigned long elementSize(const eImageBufferType& type)

@@ -1,4 +1,4 @@
-// The exception of ORLIXImage and ORLIXBaseImageTools.
+// The exception of ORLIXImage.
 #pragma once
 
 #include "ORLIX/ORLIXUtil/BaseException.h"

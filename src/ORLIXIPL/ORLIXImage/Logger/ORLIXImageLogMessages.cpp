@@ -1,4 +1,4 @@
-// Messages of ORLIXImage and ORLIXBaseImageTools.
+// Messages of ORLIXImage.
 #include "ORLIXIPL/ORLIXImage/Logger/ORLIXImageLogMessages.h"
 
 #include "ORLIXIPL/ORLIXImage/Logger/ORLIXImageLog.h"

@@ -1,4 +1,4 @@
-// Messages of ORLIXImage and ORLIXBaseImageTools.
+// Messages of ORLIXImage.
 #pragma once
 
 #include "ORLIX/ORLIXUtil/Enumeration.h"

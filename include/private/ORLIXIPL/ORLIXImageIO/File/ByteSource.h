@@ -1,0 +1,58 @@
+// Where the bytes of an image file come from: a file or memory.
+#pragma once
+
+#include <boost/filesystem/path.hpp>
+
+#include <cstddef>
+#include <span>
+#include <string>
+
+namespace orlix::image::io {
+
+/// Bytes that can be read at any place. One thread at a time.
+class ByteSource
+{
+public:
+    virtual ~ByteSource();
+    ByteSource(const ByteSource&) = delete;
+    ByteSource& operator=(const ByteSource&) = delete;
+
+    /// Copies `bytes` bytes from `offset` on and returns how many were copied: fewer at the end or on an error. Called
+    /// from inside C libraries, hence noexcept.
+    virtual unsigned long read(unsigned long offset, void* target, unsigned long bytes) noexcept = 0;
+
+    unsigned long getSize() const { return m_size; }
+    const std::string& getName() const { return m_name; } ///< as messages call it
+
+protected:
+    ByteSource(std::string name, unsigned long size) : m_name(std::move(name)), m_size(size) {}
+
+    std::string m_name;
+    unsigned long m_size;
+};
+
+/// A regular file. Throws ORLIXImageIOException where it can't be opened or is something else.
+class FileSource final : public ByteSource
+{
+public:
+    explicit FileSource(const boost::filesystem::path& file);
+    ~FileSource() override;
+    unsigned long read(unsigned long offset, void* target, unsigned long bytes) noexcept override;
+
+private:
+    int m_descriptor;
+};
+
+/// Memory of the caller's, which must outlive the source.
+class MemorySource final : public ByteSource
+{
+public:
+    explicit MemorySource(std::span<const std::byte> bytes);
+    ~MemorySource() override;
+    unsigned long read(unsigned long offset, void* target, unsigned long bytes) noexcept override;
+
+private:
+    std::span<const std::byte> m_bytes;
+};
+
+} // namespace orlix::image::io

@@ -1,0 +1,58 @@
+// Reading a PNG file: header first, then pixels.
+#pragma once
+
+#include "ORLIXIPL/ORLIXImage/BaseImage.h"
+#include "ORLIXIPL/ORLIXImageIO/File/ByteSource.h"
+#include "ORLIXIPL/ORLIXImageIO/ImageFileInfo.h"
+#include "ORLIXIPL/ORLIXImageIO/Metadata/Calibration.h"
+#include "ORLIXIPL/ORLIXImageIO/Png/PngHandle.h"
+#include "ORLIXIPL/ORLIXImageIO/Progress.h"
+#include "ORLIXIPL/ORLIXImageIO/ReadOptions.h"
+
+#include <vector>
+
+namespace orlix::image::io {
+
+/// What libpng's read callback works on.
+struct PngInput
+{
+    ByteSource& source;
+    unsigned long position = 0;
+};
+
+/// One file, used by one thread. The constructor reads and checks everything before the pixels; it throws
+/// ORLIXImageIOException where the file is damaged or passes a limit.
+class PngReader
+{
+public:
+    PngReader(ByteSource& source, const ReadLimits& limits);
+
+    ImageFileInfo getInfo() const;
+    /// Throws ORLIXImageIOException where pixels are damaged or reading was stopped. To be called once.
+    ImagePtr read(const ProgressFunction& function);
+
+private:
+    void readHeader();
+    void chooseTransformations();
+    void readMetadata();
+    unsigned long bufferRows() const;
+    void readStraight(BaseImage& image, Progress& progress);
+    void readInterleaved(BaseImage& image, Progress& progress);
+    void readRows(png_bytep* rows, unsigned long count, Progress& progress);
+    [[noreturn]] void raiseDamaged() const;
+
+    PngInput m_input;
+    PngReadHandle m_handle;
+    png_uint_32 m_width = 0;
+    png_uint_32 m_height = 0;
+    int m_bits = 0; ///< of a sample in the file
+    int m_colorType = 0;
+    int m_interlacing = 0;
+    bool m_bGreyPalette = false;
+    unsigned long m_samples = 1; ///< of a decoded pixel
+    std::vector<unsigned long> m_channelSamples; ///< the sample that each channel comes from
+    ImageMetadata m_metadata;
+    BaseImageGeometry m_geometry;
+};
+
+} // namespace orlix::image::io

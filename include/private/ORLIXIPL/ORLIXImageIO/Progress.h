@@ -1,0 +1,40 @@
+// Counts plans for a caller's progress function and remembers that it asked to stop.
+#pragma once
+
+#include "ORLIXIPL/ORLIXImageIO/Logger/ORLIXImageIOLogMessages.h"
+#include "ORLIXIPL/ORLIXImageIO/ProgressFunction.h"
+
+#include <exception>
+#include <string>
+
+namespace orlix::image::io {
+
+/// Bytes after which the progress function is asked again.
+inline constexpr unsigned long g_progressBytes = 16ul << 20;
+
+/// One read or write. The progress function may throw, and is called from inside C libraries: what it throws is kept
+/// until `throwIfStopped`.
+class Progress
+{
+public:
+    Progress(const ProgressFunction& function, unsigned long plansKnown) : m_function(function), m_known(plansKnown) {}
+
+    /// Asks the progress function; false where the work has to stop.
+    bool goesOn() noexcept;
+    /// As `goesOn`, but asks only once `g_progressBytes` have gathered.
+    bool goesOnAfter(unsigned long bytes) noexcept;
+    void addPlans(unsigned long plans) { m_done += plans; }
+
+    /// Throws what the progress function threw, or message `id` about `file`, where the work had to stop.
+    void throwIfStopped(eORLIXImageIOMessage::domain id, const std::string& file) const;
+
+private:
+    const ProgressFunction& m_function;
+    unsigned long m_known;
+    unsigned long m_done = 0;
+    unsigned long m_bytes = 0;
+    bool m_bStopped = false;
+    std::exception_ptr m_exception;
+};
+
+} // namespace orlix::image::io

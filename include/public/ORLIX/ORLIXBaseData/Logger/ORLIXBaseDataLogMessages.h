@@ -1,0 +1,33 @@
+// Messages of ORLIXBaseData.
+#pragma once
+
+#include "ORLIX/ORLIXBaseData/Export.h"
+#include "ORLIX/ORLIXBaseData/ORLIXBaseDataException.h"
+#include "ORLIX/ORLIXUtil/Enumeration.h"
+#include "ORLIX/ORLIXUtil/MessageCatalogue.h"
+
+namespace orlix {
+
+struct eORLIXBaseDataMessage
+{
+    enum domain {
+        eOtherClass = 0,
+        eDuplicatePlanIndex = 1,
+        ePlanIndexTooLarge = 2,
+        eTooManyPlans = 3,
+        eNoEntry = 4,
+        eOtherCount = 5
+    };
+    ORLIX_ENUMERATION(eORLIXBaseDataMessage, eOtherClass);
+};
+
+template <>
+struct ORLIXBASEDATA_API MessageCatalogue<eORLIXBaseDataMessage>
+{
+    using Exception = ORLIXBaseDataException;
+    static LogMessageManager& manager();
+    static log4cplus::Logger logger();
+    static const std::vector<MessageText>& texts();
+};
+
+} // namespace orlix

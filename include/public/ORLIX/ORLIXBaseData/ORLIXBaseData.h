@@ -1,0 +1,20 @@
+// The whole public face of ORLIXBaseData.
+#pragma once
+
+#include "ORLIX/ORLIXBaseData/BaseDataItem.h"
+#include "ORLIX/ORLIXBaseData/BaseDataItemNode.h"
+#include "ORLIX/ORLIXBaseData/BasePlanIndexedColl.h"
+#include "ORLIX/ORLIXBaseData/DataItemArchive.h"
+#include "ORLIX/ORLIXBaseData/DataItemComparison.h"
+#include "ORLIX/ORLIXBaseData/DataItemLeaf.h"
+#include "ORLIX/ORLIXBaseData/DataItemLeaves.h"
+#include "ORLIX/ORLIXBaseData/DataItemNode.h"
+#include "ORLIX/ORLIXBaseData/DataItemPrinting.h"
+#include "ORLIX/ORLIXBaseData/DataValue.h"
+#include "ORLIX/ORLIXBaseData/ElementsRange.h"
+#include "ORLIX/ORLIXBaseData/Export.h"
+#include "ORLIX/ORLIXBaseData/Logger/ORLIXBaseDataLog.h"
+#include "ORLIX/ORLIXBaseData/Logger/ORLIXBaseDataLogMessages.h"
+#include "ORLIX/ORLIXBaseData/ORLIXBaseDataException.h"
+#include "ORLIX/ORLIXBaseData/PlanIndex.h"
+#include "ORLIX/ORLIXBaseData/PlanIndexedColl.h"

@@ -1,0 +1,30 @@
+// Messages of ORLIXBaseImageTools.
+#pragma once
+
+#include "ORLIX/ORLIXUtil/Enumeration.h"
+#include "ORLIX/ORLIXUtil/MessageCatalogue.h"
+#include "ORLIXIPL/ORLIXBaseImageTools/Export.h"
+#include "ORLIXIPL/ORLIXBaseImageTools/ORLIXBaseImageToolsException.h"
+
+namespace orlix::image::tools {
+
+struct eORLIXBaseImageToolsMessage
+{
+    enum domain { ePlanOutOfRange = 0, eVolumeOutOfRange = 1, eStepsOutOfRange = 2 };
+    ORLIX_ENUMERATION(eORLIXBaseImageToolsMessage, ePlanOutOfRange);
+};
+
+} // namespace orlix::image::tools
+
+namespace orlix {
+
+template <>
+struct ORLIXBASEIMAGETOOLS_API MessageCatalogue<image::tools::eORLIXBaseImageToolsMessage>
+{
+    using Exception = image::tools::ORLIXBaseImageToolsException;
+    static LogMessageManager& manager();
+    static log4cplus::Logger logger();
+    static const std::vector<MessageText>& texts();
+};
+
+} // namespace orlix

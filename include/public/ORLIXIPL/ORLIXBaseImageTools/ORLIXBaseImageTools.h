@@ -1,0 +1,7 @@
+// The public face of ORLIXBaseImageTools: parts of images.
+#pragma once
+
+#include "ORLIXIPL/ORLIXBaseImageTools/Logger/ORLIXBaseImageToolsLog.h"
+#include "ORLIXIPL/ORLIXBaseImageTools/Logger/ORLIXBaseImageToolsLogMessages.h"
+#include "ORLIXIPL/ORLIXBaseImageTools/ORLIXBaseImageToolsException.h"
+#include "ORLIXIPL/ORLIXBaseImageTools/SubImageExtractor.h"

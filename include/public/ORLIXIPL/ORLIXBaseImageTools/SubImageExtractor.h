@@ -1,0 +1,65 @@
+// Parts of an image as images of their own that share its pixels.
+#pragma once
+
+#include "ORLIX/ORLIXUtil/ProcessingResult.h"
+#include "ORLIXIPL/ORLIXBaseImageTools/Export.h"
+#include "ORLIXIPL/ORLIXImage/SubImage.h"
+
+#include <boost/shared_ptr.hpp>
+
+namespace orlix::image {
+
+/// Makes sub-images: views that keep the pixels alive, not the image, and have its calibration. TImage is `BaseImage`
+/// or `const BaseImage`. Indices beyond the image's sizes are a failure that names both; the result pointer then stays
+/// as it was. May be called from any thread.
+class ORLIXBASEIMAGETOOLS_API SubImageExtractor
+{
+public:
+    /// (X, Y, Z, C, T) -> (X, Y, 1, 1, 1), a 2d single image: the plan at z, c, t.
+    template <class TImage>
+    static ProcessingResult<bool> extractPlan(unsigned long z, unsigned long c, unsigned long t, TImage& image,
+                                              boost::shared_ptr<TImage>& plan)
+    {
+        boost::shared_ptr<SubImage> view;
+        return handOver(viewPlan(z, c, t, image, view), view, plan);
+    }
+
+    /// (X, Y, Z, C, T) -> (X, Y, Z, 1, 1), of the image's volume geometry: all plans of channel c at step t.
+    template <class TImage>
+    static ProcessingResult<bool> extractVolume(unsigned long c, unsigned long t, TImage& image,
+                                                boost::shared_ptr<TImage>& volume)
+    {
+        boost::shared_ptr<SubImage> view;
+        return handOver(viewVolume(c, t, image, view), view, volume);
+    }
+
+    /// (X, Y, Z, C, T) -> (X, Y, Z, C, nbSteps): the steps [firstStep, firstStep + nbSteps). One step of a single image
+    /// is a single image; everything else is a sequence, one of a single step or none too.
+    template <class TImage>
+    static ProcessingResult<bool> extractSubSequence(unsigned long firstStep, unsigned long nbSteps, TImage& image,
+                                                     boost::shared_ptr<TImage>& sequence)
+    {
+        boost::shared_ptr<SubImage> view;
+        return handOver(viewSteps(firstStep, nbSteps, image, view), view, sequence);
+    }
+
+private:
+    static ProcessingResult<bool> viewPlan(unsigned long z, unsigned long c, unsigned long t, const BaseImage& image,
+                                           boost::shared_ptr<SubImage>& view);
+    static ProcessingResult<bool> viewVolume(unsigned long c, unsigned long t, const BaseImage& image,
+                                             boost::shared_ptr<SubImage>& view);
+    static ProcessingResult<bool> viewSteps(unsigned long firstStep, unsigned long nbSteps, const BaseImage& image,
+                                            boost::shared_ptr<SubImage>& view);
+
+    template <class TImage>
+    static ProcessingResult<bool> handOver(ProcessingResult<bool> result, boost::shared_ptr<SubImage>& view,
+                                           boost::shared_ptr<TImage>& part)
+    {
+        if (result) {
+            part = std::move(view);
+        }
+        return result;
+    }
+};
+
+} // namespace orlix::image

@@ -1,0 +1,5 @@
+// The whole public face of ORLIXIPLAttributes.
+#pragma once
+
+#include "ORLIXIPL/ORLIXIPLAttributes/ImageAttributes.h"
+#include "ORLIXIPL/ORLIXIPLAttributes/StripAttributes.h"

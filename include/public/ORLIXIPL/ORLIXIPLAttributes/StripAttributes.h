@@ -1,0 +1,24 @@
+// The strip attributes of the operators.
+#pragma once
+
+#include "ORLIXIPL/ORLIXIPLAttributes/Export.h"
+#include "ORLIXIPL/ORLIXImageProcessing/StripAttributes.h"
+
+namespace orlix::imaproc::attr {
+
+class ORLIXIPLATTRIBUTES_API InYStrip2d final : public processor::NamedAttribute<InYStrip2d, BaseInputYStrip2dAttribute>
+{
+public:
+    static constexpr const char* g_name = "InYStrip2d";
+    static constexpr const char* g_toolTip = "Input strip: a range of lines of a plan";
+};
+
+class ORLIXIPLATTRIBUTES_API OutYStrip2d final
+    : public processor::NamedAttribute<OutYStrip2d, BaseOutputYStrip2dAttribute>
+{
+public:
+    static constexpr const char* g_name = "OutYStrip2d";
+    static constexpr const char* g_toolTip = "Output strip: a range of lines of a plan";
+};
+
+} // namespace orlix::imaproc::attr

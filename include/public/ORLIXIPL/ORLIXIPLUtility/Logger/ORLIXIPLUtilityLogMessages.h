@@ -1,0 +1,32 @@
+// Messages of the module as a whole.
+#pragma once
+
+#include "ORLIXIPL/ORLIXIPLUtility/Export.h"
+#include "ORLIXIPL/ORLIXIPLUtility/ORLIXIPLUtilityException.h"
+#include "ORLIX/ORLIXUtil/Enumeration.h"
+#include "ORLIX/ORLIXUtil/MessageCatalogue.h"
+
+namespace orlix::imaproc::util {
+
+struct eORLIXIPLUtilityMessage
+{
+    enum domain {
+        eOutputImageNotInitialized = 0
+    };
+    ORLIX_ENUMERATION(eORLIXIPLUtilityMessage, eOutputImageNotInitialized);
+};
+
+} // namespace orlix::imaproc::util
+
+namespace orlix {
+
+template <>
+struct ORLIXIPLUTILITY_API MessageCatalogue<imaproc::util::eORLIXIPLUtilityMessage>
+{
+    using Exception = imaproc::util::ORLIXIPLUtilityException;
+    static LogMessageManager& manager();
+    static log4cplus::Logger logger();
+    static const std::vector<MessageText>& texts();
+};
+
+} // namespace orlix

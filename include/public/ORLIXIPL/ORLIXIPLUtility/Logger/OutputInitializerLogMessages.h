@@ -1,0 +1,32 @@
+// Messages of output initializers.
+#pragma once
+
+#include "ORLIXIPL/ORLIXIPLUtility/Export.h"
+#include "ORLIXIPL/ORLIXIPLUtility/ORLIXIPLUtilityException.h"
+#include "ORLIX/ORLIXUtil/Enumeration.h"
+#include "ORLIX/ORLIXUtil/MessageCatalogue.h"
+
+namespace orlix::imaproc::util {
+
+struct eOutputInitializerMessage
+{
+    enum domain {
+        eInputAttributeNull = 0
+    };
+    ORLIX_ENUMERATION(eOutputInitializerMessage, eInputAttributeNull);
+};
+
+} // namespace orlix::imaproc::util
+
+namespace orlix {
+
+template <>
+struct ORLIXIPLUTILITY_API MessageCatalogue<imaproc::util::eOutputInitializerMessage>
+{
+    using Exception = imaproc::util::ORLIXIPLUtilityException;
+    static LogMessageManager& manager();
+    static log4cplus::Logger logger();
+    static const std::vector<MessageText>& texts();
+};
+
+} // namespace orlix

@@ -1,0 +1,33 @@
+// Messages of rules.
+#pragma once
+
+#include "ORLIXIPL/ORLIXIPLUtility/Export.h"
+#include "ORLIXIPL/ORLIXIPLUtility/ORLIXIPLUtilityException.h"
+#include "ORLIX/ORLIXUtil/Enumeration.h"
+#include "ORLIX/ORLIXUtil/MessageCatalogue.h"
+
+namespace orlix::imaproc::util {
+
+struct eRuleMessage
+{
+    enum domain {
+        eAttributeExpired = 0,
+        eInputAttributeNull = 1
+    };
+    ORLIX_ENUMERATION(eRuleMessage, eAttributeExpired);
+};
+
+} // namespace orlix::imaproc::util
+
+namespace orlix {
+
+template <>
+struct ORLIXIPLUTILITY_API MessageCatalogue<imaproc::util::eRuleMessage>
+{
+    using Exception = imaproc::util::ORLIXIPLUtilityException;
+    static LogMessageManager& manager();
+    static log4cplus::Logger logger();
+    static const std::vector<MessageText>& texts();
+};
+
+} // namespace orlix

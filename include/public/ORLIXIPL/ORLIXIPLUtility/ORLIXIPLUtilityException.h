@@ -1,0 +1,17 @@
+// Exception of ORLIXIPLUtility.
+#pragma once
+
+#include "ORLIXIPL/ORLIXIPLUtility/Export.h"
+#include "ORLIX/ORLIXUtil/BaseException.h"
+
+namespace orlix::imaproc::util {
+
+/// Thrown by everything that raises a message of ORLIXIPLUtility, whatever library it stands in.
+class ORLIXIPLUTILITY_API ORLIXIPLUtilityException : public BaseException
+{
+public:
+    using BaseException::BaseException;
+    ~ORLIXIPLUtilityException() override;
+};
+
+} // namespace orlix::imaproc::util

@@ -1,0 +1,34 @@
+// Plan to plan: hands its strips to CopyImgLvl3.
+#pragma once
+
+#include "ORLIX/ORLIXBaseProcessing/BaseAsyncProcessor.h"
+#include "ORLIXIPL/ORLIXIPLAttributes/ImageAttributes.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Processor/CopyImg/CopyImgLvl3.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Processor/UtilityProcessor.h"
+#include "ORLIXIPL/ORLIXImageProcessing/Split/LevelDispatch.h"
+
+namespace orlix::imaproc::util {
+
+class ORLIXIPLUTILITY_API CopyImgLvl2 final
+    : public UtilityProcessor<CopyImgLvl2, processor::BaseAsync1Processor, attr::InSubImg2d, attr::OutImg>
+{
+public:
+    static constexpr const char* g_name = "CopyImgLvl2";
+    static constexpr auto g_toolTip = eProcessorMessage::eCopyImgLvl2;
+    static constexpr const char* g_header = __FILE__;
+
+    /// Same sizes, same element type.
+    processor::RulePtr createRule() const;
+
+protected:
+    using BaseAsync1Processor::retrieveProvider;
+    processor::ProviderResult retrieveProvider(const core::BasePriority& priority,
+                                               boost::shared_ptr<core::BaseActionProvider>& provider) override;
+
+private:
+    DynamicDispatch<CopyImgLvl3, ImageYStrip2dSplit<CopyImgLvl3, const image::BaseImage, attr::InYStrip2d>,
+                    ImageYStrip2dSplit<CopyImgLvl3, image::BaseImage, attr::OutYStrip2d>>
+        m_lower;
+};
+
+} // namespace orlix::imaproc::util

@@ -1,0 +1,10 @@
+// The whole public face of ORLIXImageIO.
+#pragma once
+
+#include "ORLIXIPL/ORLIXImageIO/ImageFileInfo.h"
+#include "ORLIXIPL/ORLIXImageIO/ORLIXImageIOException.h"
+#include "ORLIXIPL/ORLIXImageIO/Logger/ORLIXImageIOLogMessages.h"
+#include "ORLIXIPL/ORLIXImageIO/ReadImage.h"
+#include "ORLIXIPL/ORLIXImageIO/ReadOptions.h"
+#include "ORLIXIPL/ORLIXImageIO/WriteImage.h"
+#include "ORLIXIPL/ORLIXImageIO/WriteOptions.h"

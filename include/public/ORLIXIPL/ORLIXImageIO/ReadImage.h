@@ -1,0 +1,38 @@
+// Reading images and their headers from files and from memory.
+#pragma once
+
+#include "ORLIXIPL/ORLIXImage/BaseImage.h"
+#include "ORLIXIPL/ORLIXImageIO/Export.h"
+#include "ORLIXIPL/ORLIXImageIO/ImageFileInfo.h"
+#include "ORLIXIPL/ORLIXImageIO/ReadOptions.h"
+
+#include <boost/filesystem/path.hpp>
+
+#include <cstddef>
+#include <span>
+
+namespace orlix::image::io {
+
+/// Reads a TIFF or PNG file, told apart by content, into a new image.
+/// axes        OME-XML and ImageJ descriptions place the pages of a TIFF file on z, c and t; without them pages are z.
+///             Samples of a pixel (red, green, blue, alpha) are channels. Reduced pages and masks are left out.
+/// types       TIFF: integers of 8, 16 and 32 bits and floats of 32 keep their type; 1 bit gives Binary; 2 and 4 bits
+///             are spread over UInt8. PNG: 8 and 16 bits, 1 bit of grey gives Binary. Palettes become three channels
+///             of UInt8, or one where every entry is grey. "Min is white" is turned round. Like types come back where
+///             this library wrote them.
+/// calibration OME-XML, ImageJ, the resolution tags of TIFF or the pHYs chunk of PNG, in the unit that the file names.
+/// errors      ORLIXImageIOException: unreadable, damaged or truncated file, a form that is not supported (64 bits,
+///             complex, half floats, CMYK, CIELab, pages of different size), limits passed, stopped by `progress`.
+/// threads     any number of files may be read at once.
+ORLIXIMAGEIO_API ImagePtr readImage(const boost::filesystem::path& file);
+ORLIXIMAGEIO_API ImagePtr readImage(const boost::filesystem::path& file, const ReadOptions& options);
+
+/// The same from headers alone; no pixel is read.
+ORLIXIMAGEIO_API ImageFileInfo readImageInfo(const boost::filesystem::path& file);
+
+/// As `readImage`, for the bytes of a whole TIFF or PNG file in memory. The bytes are only read, and no longer needed
+/// afterwards; messages call them "memory".
+ORLIXIMAGEIO_API ImagePtr readTiff(std::span<const std::byte> bytes, const ReadOptions& options = {});
+ORLIXIMAGEIO_API ImagePtr readPng(std::span<const std::byte> bytes, const ReadOptions& options = {});
+
+} // namespace orlix::image::io

@@ -1,0 +1,26 @@
+// Writing images to files.
+#pragma once
+
+#include "ORLIXIPL/ORLIXImage/BaseImage.h"
+#include "ORLIXIPL/ORLIXImageIO/Export.h"
+#include "ORLIXIPL/ORLIXImageIO/WriteOptions.h"
+
+#include <boost/filesystem/path.hpp>
+
+namespace orlix::image::io {
+
+/// Writes a TIFF (.tif, .tiff) or PNG (.png) file. The pixels go to a temporary file in the same folder that replaces
+/// `file` once it is complete: on any failure `file` is what it was before, and the temporary file is gone.
+/// shapes   TIFF: any sizes above 0. PNG: one plan, one time step, 1 to 4 channels (grey, grey and alpha, RGB, RGB and
+///          alpha) of UInt8, UInt16 or Binary, Binary with 1 channel only.
+/// keeps    axes, element type (Like types and Binary too) and calibration, as OME-XML; Binary takes one bit a pixel
+///          and counts every value but 0 as 1.
+/// errors   ORLIXImageIOException: null image, an axis of size 0, several element types, pixels that are not in host
+///          memory, an unknown ending, a shape that the format can't hold, the folder not writable, the disk full,
+///          stopped by `progress`.
+/// threads  the image is only read.
+ORLIXIMAGEIO_API void writeImage(const boost::filesystem::path& file, const ImageConstPtr& image);
+ORLIXIMAGEIO_API void writeImage(const boost::filesystem::path& file, const ImageConstPtr& image,
+                                 const WriteOptions& options);
+
+} // namespace orlix::image::io

@@ -1,0 +1,94 @@
+// Attributes that carry whole images or sub-images.
+#pragma once
+
+#include "ORLIX/ORLIXBaseProcessing/BaseAttribute.h"
+#include "ORLIXIPL/ORLIXImage/BaseImage.h"
+#include "ORLIXIPL/ORLIXImageProcessing/Export.h"
+
+namespace orlix::imaproc {
+
+struct eImageProcessingAttributeType
+{
+    enum domain { eImageAttribute = 4, eStripAttribute = 5 };
+    ORLIX_ENUMERATION(eImageProcessingAttributeType, eImageAttribute);
+};
+
+class ORLIXIMAGEPROCESSING_API BaseImageProcessingAttribute : public processor::BaseAttribute
+{
+public:
+    processor::eAttributeType getAttributeType() const override
+    {
+        return processor::eAttributeType::eImageProcessingAttribute;
+    }
+    virtual eImageProcessingAttributeType getImageProcessingAttributeType() const = 0;
+};
+
+/// `getImage` and `getImageBufferType` are for attributes that hold an image: see `isSet` and `isNull`.
+class ORLIXIMAGEPROCESSING_API BaseImageAttribute : public BaseImageProcessingAttribute
+{
+public:
+    eImageProcessingAttributeType getImageProcessingAttributeType() const override
+    {
+        return eImageProcessingAttributeType::eImageAttribute;
+    }
+    bool isNull() const override { return isSet() && m_constImage == nullptr; }
+
+    const image::BaseImage& getImage() const { return *m_constImage; }
+    /// Null where no image is held.
+    virtual ImageConstPtr getImagePtr() const = 0;
+    image::eImageBufferType getImageBufferType() const { return m_constImage->getBufferType(); }
+
+protected:
+    void hold(const image::BaseImage* image, bool bSet)
+    {
+        m_constImage = image;
+        markSet(bSet);
+    }
+
+private:
+    const image::BaseImage* m_constImage = nullptr; ///< the image that the derived class keeps alive
+};
+
+class ORLIXIMAGEPROCESSING_API BaseInputImageAttribute : public BaseImageAttribute
+{
+public:
+    using StorageType = ImageConstPtr;
+    static constexpr bool g_bOutput = false;
+
+    bool isOutput() const override { return false; }
+    void clear() override { m_image.reset(), hold(nullptr, false); }
+
+    void init(const ImageConstPtr& image) { m_image = image, hold(m_image.get(), true); }
+    void init(ImageConstPtr&& image) { m_image = std::move(image), hold(m_image.get(), true); }
+    const ImageConstPtr& getStorage() const { return m_image; }
+    ImageConstPtr getImagePtr() const override { return m_image; }
+
+private:
+    ImageConstPtr m_image;
+};
+
+class ORLIXIMAGEPROCESSING_API BaseOutputImageAttribute : public BaseImageAttribute
+{
+public:
+    using StorageType = ImagePtr;
+    static constexpr bool g_bOutput = true;
+
+    bool isOutput() const override { return true; }
+    void clear() override { m_image.reset(), hold(nullptr, false); }
+    /// The one element type that images of this attribute have; none where any type will do.
+    virtual image::eImageBufferType getFixedBufferType() const { return image::eImageBufferType::eNoBuffer; }
+
+    void init(const ImagePtr& image) { m_image = image, hold(m_image.get(), true); }
+    void init(ImagePtr&& image) { m_image = std::move(image), hold(m_image.get(), true); }
+    const ImagePtr& getStorage() const { return m_image; }
+    image::BaseImage& getImage() const { return *m_image; }
+    ImageConstPtr getImagePtr() const override { return m_image; }
+
+private:
+    ImagePtr m_image;
+};
+
+/// True when both hold the very same pixels, through whatever objects. False where one holds no image.
+ORLIXIMAGEPROCESSING_API bool isInSitu(const BaseImageAttribute& input, const BaseImageAttribute& output);
+
+} // namespace orlix::imaproc

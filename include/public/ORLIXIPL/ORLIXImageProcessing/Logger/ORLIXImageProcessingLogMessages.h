@@ -1,0 +1,62 @@
+// Messages of ORLIXImageProcessing.
+#pragma once
+
+#include "ORLIXIPL/ORLIXImageProcessing/Export.h"
+#include "ORLIXIPL/ORLIXImageProcessing/ORLIXImageProcessingException.h"
+#include "ORLIX/ORLIXUtil/Enumeration.h"
+#include "ORLIX/ORLIXUtil/MessageCatalogue.h"
+
+namespace orlix::imaproc {
+
+/// Rules about images that failed.
+struct eImageRuleMessage
+{
+    enum domain {
+        eSizeOrTypeDiffers = 0, ///< attribute, geometry, attribute, geometry
+        eStripSizeOrTypeDiffers = 1, ///< attribute, lines, type, attribute, lines, type
+        eNotInSitu = 2, ///< attribute, attribute
+        eInSitu = 3, ///< attribute, attribute
+        eWrongBufferType = 4, ///< attribute, geometry, type, attribute
+        eWrongImageType = 5, ///< attribute, kind, kind
+        eOutOfRange = 6, ///< attribute, value, type, attribute, smallest, largest
+        eNothingHeld = 7 ///< attribute
+    };
+    ORLIX_ENUMERATION(eImageRuleMessage, eSizeOrTypeDiffers);
+};
+
+/// Splits and initializers.
+struct eImageSplitMessage
+{
+    enum domain {
+        eNullImage = 0,
+        eSeveralPlans = 1, ///< geometry
+        eBadCut = 2,
+        eNoSuchElement = 3, ///< index, count
+        eInputMissing = 4
+    };
+    ORLIX_ENUMERATION(eImageSplitMessage, eNullImage);
+};
+
+} // namespace orlix::imaproc
+
+namespace orlix {
+
+template <>
+struct ORLIXIMAGEPROCESSING_API MessageCatalogue<imaproc::eImageRuleMessage>
+{
+    using Exception = imaproc::ORLIXImageProcessingException;
+    static LogMessageManager& manager();
+    static log4cplus::Logger logger();
+    static const std::vector<MessageText>& texts();
+};
+
+template <>
+struct ORLIXIMAGEPROCESSING_API MessageCatalogue<imaproc::eImageSplitMessage>
+{
+    using Exception = imaproc::ORLIXImageProcessingException;
+    static LogMessageManager& manager();
+    static log4cplus::Logger logger();
+    static const std::vector<MessageText>& texts();
+};
+
+} // namespace orlix

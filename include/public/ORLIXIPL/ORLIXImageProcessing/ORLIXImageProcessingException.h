@@ -1,0 +1,17 @@
+// Exception of ORLIXImageProcessing.
+#pragma once
+
+#include "ORLIXIPL/ORLIXImageProcessing/Export.h"
+#include "ORLIX/ORLIXUtil/BaseException.h"
+
+namespace orlix::imaproc {
+
+/// Thrown by everything that raises a message of ORLIXImageProcessing, whatever library it stands in.
+class ORLIXIMAGEPROCESSING_API ORLIXImageProcessingException : public BaseException
+{
+public:
+    using BaseException::BaseException;
+    ~ORLIXImageProcessingException() override;
+};
+
+} // namespace orlix::imaproc

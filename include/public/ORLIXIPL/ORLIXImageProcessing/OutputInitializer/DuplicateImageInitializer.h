@@ -1,0 +1,60 @@
+// Makes a missing output image as a duplicate of the input's geometry.
+#pragma once
+
+#include "ORLIX/ORLIXBaseProcessing/BaseOutputInitializer.h"
+#include "ORLIXIPL/ORLIXImage/ImageGeometry.h"
+#include "ORLIXIPL/ORLIXImageProcessing/ImageAttributes.h"
+
+#include <boost/make_shared.hpp>
+
+namespace orlix::imaproc {
+
+/// How the pixels of a made output are stored.
+struct eImageStoragePolicy
+{
+    enum domain { eDefaultStorage = 0 };
+    ORLIX_ENUMERATION(eImageStoragePolicy, eDefaultStorage);
+};
+
+/// The output takes the input's sizes, calibration and, where its attribute has no fixed type, element types.
+template <class TInputAttribute, class TOutputAttribute>
+class ORLIXIMAGEPROCESSING_API DuplicateImageInitializer final : public processor::BaseOutputInitializer
+{
+public:
+    DuplicateImageInitializer(const processor::AttributeRef<TOutputAttribute>& output,
+                              const processor::AttributeRef<const TInputAttribute>& input,
+                              const eImageStoragePolicy& storage)
+        : m_output(output), m_input(input), m_storage(storage)
+    {}
+
+    /// Axes of the output that differ from the input's; a default-constructed geometry stands for the input's own.
+    void init(const image::TemporalGeometry& temporal, const image::ColorGeometry& color,
+              const image::VolumeGeometry& volume);
+
+    bool isOutputInitNeeded() const override;
+    ProcessingResult<bool> initOutput() override;
+
+private:
+    processor::AttributeRef<TOutputAttribute> m_output;
+    processor::AttributeRef<const TInputAttribute> m_input;
+    eImageStoragePolicy m_storage;
+    image::TemporalGeometry m_temporal;
+    image::ColorGeometry m_color;
+    image::VolumeGeometry m_volume;
+};
+
+extern template class DuplicateImageInitializer<BaseInputImageAttribute, BaseOutputImageAttribute>;
+
+/// The initializer of an output image that looks like its input.
+template <class TInput, class TOutput>
+boost::shared_ptr<processor::BaseOutputInitializer> duplicateInOut(const boost::weak_ptr<TOutput>& output,
+                                                                   const boost::weak_ptr<TInput>& input,
+                                                                   const eImageStoragePolicy& storage)
+{
+    using Initializer = DuplicateImageInitializer<BaseInputImageAttribute, BaseOutputImageAttribute>;
+    const boost::shared_ptr<Initializer> initializer = boost::make_shared<Initializer>(output, input, storage);
+    initializer->init({}, {}, {});
+    return initializer;
+}
+
+} // namespace orlix::imaproc

@@ -1,0 +1,97 @@
+// Cuts a plan into strips: ranges of lines that a dynamic dispatcher decides.
+#pragma once
+
+#include "ORLIX/ORLIXBaseProcessing/BaseDataSplit.h"
+#include "ORLIXIPL/ORLIXImage/ImageYStrip2d.h"
+#include "ORLIXIPL/ORLIXImageProcessing/Export.h"
+#include "ORLIXIPL/ORLIXImageProcessing/Split/SplitTypes.h"
+
+#include <boost/make_shared.hpp>
+
+#include <type_traits>
+
+namespace orlix::imaproc {
+
+struct eImageStripSplitType
+{
+    enum domain { eYStrip2d = 0 };
+    ORLIX_ENUMERATION(eImageStripSplitType, eYStrip2d);
+};
+
+/// `TImage` is image::BaseImage or const image::BaseImage.
+template <class TImage>
+class ORLIXIMAGEPROCESSING_API BaseImageStripSplit : public processor::BaseDynamicSplit
+{
+public:
+    processor::eSplitDynamicType getSplitDynamicType() const override
+    {
+        return processor::eSplitDynamicType::eImageStripSplit;
+    }
+    virtual eImageStripSplitType getImageStripSplitType() const = 0;
+
+    processor::RangeDemand getRangeDemand() const override;
+    void clear() override { m_image.reset(); }
+
+protected:
+    /// Fails for a null image and for one of several plans.
+    ProcessingResult<bool> initImage(const boost::shared_ptr<TImage>& image);
+    TImage& accessImage() const { return *m_image; }
+
+private:
+    boost::shared_ptr<TImage> m_image;
+};
+
+extern template class BaseImageStripSplit<image::BaseImage>;
+extern template class BaseImageStripSplit<const image::BaseImage>;
+
+/// A strip refers to the split's image and is used up within the run that the split was initialised for.
+template <class TImage, class TStrip>
+class BaseImageYStrip2dSplit : public BaseImageStripSplit<TImage>
+{
+public:
+    ProcessingResult<bool> initBase(const boost::shared_ptr<TImage>& image, const image::eStripAllocationType&,
+                                    const image::eStripParsingDirection&, const image::eStripParsingDirection&)
+    {
+        return this->initImage(image);
+    }
+
+    eImageStripSplitType getImageStripSplitType() const override { return eImageStripSplitType::eYStrip2d; }
+
+    /// Makes the strip of lines [start, start + size) and hands it on.
+    ProcessingResult<bool> processAttribute(processor::BaseProcessor& lower, unsigned long start, unsigned long size,
+                                            const core::BaseRequestOrigin&) override
+    {
+        return processAttribute(lower, boost::make_shared<TStrip>(this->accessImage(), start, size));
+    }
+    virtual ProcessingResult<bool> processAttribute(processor::BaseProcessor& lower,
+                                                    const boost::shared_ptr<TStrip>& strip) = 0;
+};
+
+/// The strip that goes with an image: input for a const image, output for another.
+template <class TImage>
+using YStrip2dOf = std::conditional_t<std::is_const_v<TImage>, image::InputImageYStrip2d, image::OutputImageYStrip2d>;
+
+/// Feeds attribute `TAttribute` of processors of class `TProcessor`.
+template <class TProcessor, class TImage, class TAttribute>
+class ImageYStrip2dSplit final : public BaseImageYStrip2dSplit<TImage, YStrip2dOf<TImage>>
+{
+    using Base = BaseImageYStrip2dSplit<TImage, YStrip2dOf<TImage>>;
+
+public:
+    const std::string& getAttributeName() const override { return TAttribute::getObjectNameStr(); }
+    const std::string& getAttributeToolTip() const override { return TAttribute::getToolTipStr(); }
+    bool checkProcessorType(const processor::BaseProcessor& lower) const override
+    {
+        return processor::details::isProcessor<TProcessor>(lower);
+    }
+
+    using Base::processAttribute;
+    ProcessingResult<bool> processAttribute(processor::BaseProcessor& lower,
+                                            const boost::shared_ptr<YStrip2dOf<TImage>>& strip) override
+    {
+        static_cast<TProcessor&>(lower).template set<TAttribute>(strip);
+        return true;
+    }
+};
+
+} // namespace orlix::imaproc

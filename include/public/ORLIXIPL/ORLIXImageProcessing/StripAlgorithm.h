@@ -1,0 +1,99 @@
+// The frame of level-3 processors that walk strips: one parser per strip attribute, kernels by element type.
+#pragma once
+
+#include "ORLIX/ORLIXBaseProcessing/KernelScaffold.h"
+#include "ORLIXIPL/ORLIXImageProcessing/ImageBufferTypeIdentifier.h"
+#include "ORLIXIPL/ORLIXImageProcessing/Parser/StripParserInfo.h"
+
+namespace orlix::imaproc {
+
+/// The strip attributes, one or two, whose element types choose the kernel.
+template <class... TAttributes>
+struct TypedBy
+{};
+
+namespace details {
+
+template <class TAttribute>
+using StripBaseOf =
+    std::conditional_t<TAttribute::g_bOutput, BaseOutputYStrip2dAttribute, BaseInputYStrip2dAttribute>;
+
+/// The place for the parser of one attribute; empty for an attribute that is no strip.
+template <class TMode, class TAttribute, bool bStrip = std::is_base_of_v<BaseYStrip2dAttribute, TAttribute>>
+struct ParserSlot
+{
+    static constexpr bool g_bStrip = false;
+};
+template <class TMode, class TAttribute>
+struct ParserSlot<TMode, TAttribute, true>
+{
+    static constexpr bool g_bStrip = true;
+    using Base = StripBaseOf<TAttribute>;
+    boost::shared_ptr<typename TMode::template BaseParser<Base>> parser;
+};
+
+} // namespace details
+
+/// `TMode` is how strips are handed to kernels; parsers come in the order of the attributes. A strip attribute that is
+/// not set has no parser.
+template <class TDerived, class TLibrary, class TMode, class TTypedBy, class... TAttributes>
+class StripAlgorithm;
+
+template <class TDerived, class TLibrary, class TMode, class... TTyped, class... TAttributes>
+class StripAlgorithm<TDerived, TLibrary, TMode, TypedBy<TTyped...>, TAttributes...>
+    : public processor::KernelScaffold<TDerived, TLibrary, TAttributes...>
+{
+protected:
+    /// First element of the current block of a strip attribute's parser; const for an input.
+    template <class TAttribute>
+    auto accessBlock() const
+    {
+        return std::get<details::ParserSlot<TMode, TAttribute>>(m_slots).parser->accessBuffer();
+    }
+
+    ProcessingResult<bool> getDataTypeIdColl(processor::DataTypeIdentifierColl& types) const override
+    {
+        types.init(ImageBufferTypeIdentifier(this->template accessAttribute<TTyped>()->getImageBufferType())...);
+        return true;
+    }
+
+    ProcessingResult<bool> initDataParserColl(processor::DataParserVector& parsers) override
+    {
+        parsers.clear();
+        (createParser<TAttributes>(parsers), ...);
+        return true;
+    }
+    void clearDataParserColl() override { (clearParser<TAttributes>(), ...); }
+
+private:
+    template <class TAttribute>
+    void createParser(processor::DataParserVector& parsers)
+    {
+        using Slot = details::ParserSlot<TMode, TAttribute>;
+        if constexpr (Slot::g_bStrip) {
+            const TAttribute& attribute = *this->template accessAttribute<TAttribute>();
+            if (attribute.isSet()) {
+                auto& parser = std::get<Slot>(m_slots).parser;
+                parser = StripParserInfo<TMode, typename Slot::Base, typename Slot::Base>::createParser(attribute);
+                if (parser) {
+                    parsers.push_back(parser);
+                }
+            }
+        }
+    }
+    template <class TAttribute>
+    void clearParser()
+    {
+        if constexpr (details::ParserSlot<TMode, TAttribute>::g_bStrip) {
+            auto& parser = std::get<details::ParserSlot<TMode, TAttribute>>(m_slots).parser;
+            if (parser) {
+                parser->clear();
+                parser.reset();
+            }
+        }
+    }
+
+    std::tuple<details::ParserSlot<TMode, TAttributes>...> m_slots;
+};
+
+} // namespace orlix::imaproc

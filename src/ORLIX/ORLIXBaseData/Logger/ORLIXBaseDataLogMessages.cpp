@@ -1,0 +1,33 @@
+// Messages of ORLIXBaseData.
+#include "ORLIX/ORLIXBaseData/Logger/ORLIXBaseDataLogMessages.h"
+
+#include "ORLIX/ORLIXBaseData/Logger/ORLIXBaseDataLog.h"
+
+#include <log4cplus/logger.h>
+
+namespace orlix {
+
+LogMessageManager& MessageCatalogue<eORLIXBaseDataMessage>::manager()
+{
+    return getORLIXBaseDataLogMessageManager();
+}
+
+log4cplus::Logger MessageCatalogue<eORLIXBaseDataMessage>::logger()
+{
+    return getORLIXBaseDataLogger();
+}
+
+const std::vector<MessageText>& MessageCatalogue<eORLIXBaseDataMessage>::texts()
+{
+    using e = eORLIXBaseDataMessage;
+    static const std::vector<MessageText> g_texts = {
+        {e::eOtherClass, "A %s can't take over the content of a %s: copy from an object of the same class"},
+        {e::eDuplicatePlanIndex, "The collection has an entry at plan %s already: insert each plan once"},
+        {e::ePlanIndexTooLarge, "Plan %s can't be counted in 64 bits: use smaller indices"},
+        {e::eTooManyPlans, "%d x %d x %d plans (z, c, t) are more than a collection can hold: use smaller sizes"},
+        {e::eNoEntry, "The collection has no entry %d, only %d: ask for one below its size"},
+        {e::eOtherCount, "The archive has %d plans for %d items: it was changed by hand, write it anew"}};
+    return g_texts;
+}
+
+} // namespace orlix

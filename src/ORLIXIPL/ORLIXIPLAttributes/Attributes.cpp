@@ -1,0 +1,12 @@
+// Emits the attribute classes' virtual tables here, once for all libraries that use them.
+#include "ORLIXIPL/ORLIXIPLAttributes/ORLIXIPLAttributes.h"
+
+namespace orlix::processor {
+
+template class NamedAttribute<imaproc::attr::InImg, imaproc::BaseInputImageAttribute>;
+template class NamedAttribute<imaproc::attr::OutImg, imaproc::BaseOutputImageAttribute>;
+template class NamedAttribute<imaproc::attr::InSubImg2d, imaproc::BaseInputImageAttribute>;
+template class NamedAttribute<imaproc::attr::InYStrip2d, imaproc::BaseInputYStrip2dAttribute>;
+template class NamedAttribute<imaproc::attr::OutYStrip2d, imaproc::BaseOutputYStrip2dAttribute>;
+
+} // namespace orlix::processor

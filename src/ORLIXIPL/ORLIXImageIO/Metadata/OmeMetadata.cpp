@@ -1,0 +1,131 @@
+// Reading axes and calibration out of OME-XML.
+#include "ORLIXIPL/ORLIXImageIO/Metadata/OmeMetadata.h"
+
+#include "ORLIX/ORLIXUtil/Raise.h"
+#include "ORLIXIPL/ORLIXImageIO/Logger/ORLIXImageIOLogMessages.h"
+#include "ORLIXIPL/ORLIXImageIO/Metadata/Calibration.h"
+#include "ORLIXIPL/ORLIXImageIO/Metadata/LengthUnit.h"
+#include "ORLIXIPL/ORLIXImageIO/Metadata/OmeAnnotation.h"
+#include "ORLIXIPL/ORLIXImageIO/Metadata/OmePlanes.h"
+#include "ORLIXIPL/ORLIXImageIO/Metadata/TextNumber.h"
+#include "ORLIXIPL/ORLIXImageIO/Metadata/XmlNames.h"
+
+#include <algorithm>
+
+namespace orlix::image::io {
+
+namespace {
+
+OmeAxes axesOf(pugi::xml_node pixels, const PageFacts& facts)
+{
+    OmeAxes axes;
+    axes.order = pixels.attribute("DimensionOrder").as_string("XYZCT");
+    std::string letters = axes.order;
+    std::ranges::sort(letters);
+    if (letters != "CTXYZ" || !axes.order.starts_with("XY")) {
+        refuseOme(facts, "DimensionOrder must be XY and then Z, C and T in some order, but is \"" + axes.order + "\"");
+    }
+    axes.sizeZ = numberAttribute(pixels, "SizeZ", 1, facts);
+    axes.sizeT = numberAttribute(pixels, "SizeT", 1, facts);
+    const unsigned long channels = numberAttribute(pixels, "SizeC", facts.samples, facts);
+    if (channels % facts.samples != 0) {
+        refuseOme(facts, "SizeC is " + std::to_string(channels) + ", but each page has " +
+                             std::to_string(facts.samples) + " channels");
+    }
+    axes.sizeC = channels / facts.samples;
+
+    unsigned long plans = 0;
+    if (__builtin_mul_overflow(axes.sizeZ, axes.sizeC, &plans) || __builtin_mul_overflow(plans, axes.sizeT, &plans) ||
+        plans == 0 || plans > facts.pages) {
+        refuseOme(facts, "it tells of " + std::to_string(axes.sizeZ) + " plans, " + std::to_string(channels) +
+                             " channels and " + std::to_string(axes.sizeT) + " time steps, but the file has " +
+                             std::to_string(facts.pages) + " pages");
+    }
+    return axes;
+}
+
+void checkSize(pugi::xml_node pixels, const char* name, unsigned long found, const PageFacts& facts)
+{
+    const unsigned long told = numberAttribute(pixels, name, found, facts);
+    if (told != found) {
+        refuseOme(facts, std::string(name) + " is " + std::to_string(told) + ", but in the pages it is " +
+                             std::to_string(found));
+    }
+}
+
+// The pixel size along an axis, in `unit`, where it is told in a unit that converts.
+std::optional<float> pixelSize(pugi::xml_node pixels, const std::string& axis, const std::string& unit)
+{
+    const char* const text = pixels.attribute(("PhysicalSize" + axis).c_str()).value();
+    const std::string own = pixels.attribute(("PhysicalSize" + axis + "Unit").c_str()).as_string("\u00b5m");
+    if (own == unit) {
+        return numberFrom<float>(text);
+    }
+    const auto value = numberFrom<double>(text);
+    const auto from = metresIn(own), to = metresIn(unit);
+    if (!value || !from || !to) {
+        return std::nullopt;
+    }
+    return static_cast<float>(*value * (*from / *to));
+}
+
+CalibrationPtr calibrationFrom(pugi::xml_node pixels)
+{
+    const std::string unit = pixels.attribute("PhysicalSizeXUnit").as_string("\u00b5m");
+    const auto sizeX = pixelSize(pixels, "X", unit);
+    const auto sizeY = pixels.attribute("PhysicalSizeY") ? pixelSize(pixels, "Y", unit) : sizeX;
+    const bool b3d = pixels.attribute("PhysicalSizeZ");
+    const auto sizeZ = b3d ? pixelSize(pixels, "Z", unit) : std::nullopt;
+    if (!sizeX || !sizeY || (b3d && !sizeZ)) {
+        return nullptr;
+    }
+    return calibrationOf(unit == "pixel" ? "px" : unit, *sizeX, *sizeY, sizeZ);
+}
+
+} // namespace
+
+bool isOmeDescription(std::string_view text)
+{
+    const auto root = text.find_first_not_of("\xef\xbb\xbf \t\r\n");
+    return root != text.npos && text[root] == '<' &&
+           (text.find("<OME") != text.npos || text.find(":OME") != text.npos);
+}
+
+ImageMetadata metadataOfOme(std::string_view text, const PageFacts& facts)
+{
+    pugi::xml_document document;
+    const pugi::xml_parse_result result = document.load_buffer(text.data(), text.size());
+    if (!result) {
+        refuseOme(facts, std::string("it is no XML, at character ") + std::to_string(result.offset) + ": " +
+                             result.description());
+    }
+    const pugi::xml_node ome = childNamed(document, "OME");
+    if (const pugi::xml_node binaryOnly = childNamed(ome, "BinaryOnly")) {
+        raise<eORLIXImageIOMessage>(ORLIX_HERE, eORLIXImageIOMessage::eOutsideFile, facts.file,
+                                    binaryOnly.attribute("MetadataFile").value());
+    }
+    const pugi::xml_node pixels = childNamed(childNamed(ome, "Image"), "Pixels");
+    if (!pixels) {
+        refuseOme(facts, "it tells of no image");
+    }
+    checkSize(pixels, "SizeX", facts.sizeX, facts);
+    checkSize(pixels, "SizeY", facts.sizeY, facts);
+
+    const OmeAxes axes = axesOf(pixels, facts);
+    ImageMetadata metadata;
+    metadata.kind = "OME-XML";
+    metadata.type = facts.type;
+    metadata.sizeC = axes.sizeC * facts.channels;
+    if (axes.sizeZ > 1) {
+        metadata.volume.init3d(axes.sizeZ);
+    }
+    if (axes.sizeT > 1) {
+        metadata.temporal.initSequence(axes.sizeT);
+    }
+    metadata.calibration = calibrationFrom(pixels);
+    metadata.places = placesOfPlanes(ome, pixels, axes, facts);
+    followAnnotation(ome, metadata);
+    return metadata;
+}
+
+} // namespace orlix::image::io

@@ -1,0 +1,235 @@
+// From libpng's rows to planes.
+#include "ORLIXIPL/ORLIXImageIO/Png/PngReader.h"
+
+#include "ORLIX/ORLIXUtil/Raise.h"
+#include "ORLIXIPL/ORLIXImage/ImageFactory.h"
+#include "ORLIXIPL/ORLIXImageIO/ClaimCheck.h"
+#include "ORLIXIPL/ORLIXImageIO/Metadata/OmeMetadata.h"
+#include "ORLIXIPL/ORLIXImageIO/Png/PngText.h"
+
+#include <algorithm>
+#include <bit>
+#include <cstring>
+
+namespace orlix::image::io {
+
+namespace {
+
+constexpr unsigned long g_rowsAtOnce = 64;
+constexpr unsigned long g_deflateRatio = 1040;
+
+void readBytes(png_structp png, png_bytep target, std::size_t bytes)
+{
+    auto& input = *static_cast<PngInput*>(png_get_io_ptr(png));
+    const unsigned long got = input.source.read(input.position, target, bytes);
+    input.position += got;
+    if (got != bytes) {
+        png_error(png, "it ends early");
+    }
+}
+
+template <class T>
+void takeChannel(const std::byte* from, unsigned long step, unsigned long count, std::byte* to)
+{
+    for (unsigned long x = 0; x < count; ++x) {
+        std::memcpy(to + x * sizeof(T), from + x * step * sizeof(T), sizeof(T));
+    }
+}
+
+} // namespace
+
+PngReader::PngReader(ByteSource& source, const ReadLimits& limits) : m_input{source}, m_handle(&m_input, readBytes)
+{
+    readHeader();
+    const WideSize rowBytes = (WideSize(m_width) * png_get_channels(m_handle.png(), m_handle.info()) * m_bits + 7) / 8;
+    if (limits.bMustBePlausible) {
+        checkPlausibility(0, rowBytes * m_height, source.getSize(), g_deflateRatio, source.getName());
+    }
+    chooseTransformations();
+    readMetadata();
+    const WideSize scratchRow = WideSize(m_width) * m_samples * elementSize(m_metadata.type);
+    checkLimits(m_geometry, m_channelSamples.size() == 1 && m_samples == 1 ? 0 : scratchRow * bufferRows(), limits,
+                source.getName());
+}
+
+void PngReader::readHeader()
+{
+    const png_structp png = m_handle.png();
+    const png_infop info = m_handle.info();
+    const bool bRead = guarded(png, [&] {
+        png_set_user_limits(png, 0x7fffffff, 0x7fffffff); // our own limits follow
+        png_read_info(png, info);
+        png_get_IHDR(png, info, &m_width, &m_height, &m_bits, &m_colorType, &m_interlacing, nullptr, nullptr);
+    });
+    if (!bRead) {
+        raiseDamaged();
+    }
+    png_colorp palette = nullptr;
+    int size = 0;
+    if (m_colorType == PNG_COLOR_TYPE_PALETTE && png_get_PLTE(png, info, &palette, &size) != 0) {
+        m_bGreyPalette = std::all_of(palette, palette + size, [](const png_color& color) {
+            return color.red == color.green && color.red == color.blue;
+        });
+    }
+}
+
+void PngReader::chooseTransformations()
+{
+    const png_structp png = m_handle.png();
+    const png_infop info = m_handle.info();
+    const bool bTransparency = png_get_valid(png, info, PNG_INFO_tRNS) != 0;
+    const bool bBinary = m_colorType == PNG_COLOR_TYPE_GRAY && m_bits == 1 && !bTransparency;
+    const bool bChosen = guarded(png, [&] {
+        if (bBinary) {
+            png_set_packing(png);
+        } else if (m_colorType == PNG_COLOR_TYPE_PALETTE) {
+            png_set_palette_to_rgb(png);
+        } else if (m_bits < 8) {
+            png_set_expand_gray_1_2_4_to_8(png);
+        }
+        if (bTransparency) {
+            png_set_tRNS_to_alpha(png);
+        }
+        if (m_bits == 16 && std::endian::native == std::endian::little) {
+            png_set_swap(png);
+        }
+        png_set_interlace_handling(png);
+        png_read_update_info(png, info);
+    });
+    if (!bChosen) {
+        raiseDamaged();
+    }
+    m_samples = png_get_channels(png, info);
+    for (unsigned long sample = 0; sample < m_samples; ++sample) {
+        if (!m_bGreyPalette || sample == 0 || sample == 3) { // grey, or red for all three, and alpha
+            m_channelSamples.push_back(sample);
+        }
+    }
+    m_metadata.type = bBinary        ? eImageBufferType::eBufferBinary
+                      : m_bits == 16 ? eImageBufferType::UInt16
+                                     : eImageBufferType::UInt8;
+}
+
+void PngReader::readMetadata()
+{
+    PageFacts facts;
+    facts.file = m_input.source.getName();
+    facts.sizeX = m_width;
+    facts.sizeY = m_height;
+    facts.samples = facts.channels = m_channelSamples.size();
+    facts.type = m_metadata.type;
+    const std::string description = omeTextOf(m_handle.png(), m_handle.info());
+    if (isOmeDescription(description)) {
+        m_metadata = metadataOfOme(description, facts);
+    } else {
+        m_metadata = metadataOfPages(facts);
+        m_metadata.calibration = calibrationOf(resolutionOf(m_handle.png(), m_handle.info()));
+    }
+    ColorGeometry color;
+    color.initChannels(m_metadata.sizeC);
+    m_geometry = {m_metadata.type, m_width, m_height, m_metadata.volume, color, m_metadata.temporal};
+}
+
+ImageFileInfo PngReader::getInfo() const
+{
+    ImageFileInfo info;
+    info.geometry = m_geometry;
+    info.calibration = m_metadata.calibration;
+    info.format = eImageFileFormat::ePng;
+    info.compression = "Deflate";
+    info.metadata = m_metadata.kind;
+    info.bitsPerSample = static_cast<unsigned long>(m_bits);
+    info.fileBytes = m_input.source.getSize();
+    info.bBigEndian = true;
+    return info;
+}
+
+ImagePtr PngReader::read(const ProgressFunction& function)
+{
+    Progress progress(function, m_geometry.getNbPlans());
+    const ImagePtr image = createImage(m_geometry);
+    image->setGeometricCalibration(m_metadata.calibration);
+    if (m_samples == 1) {
+        readStraight(*image, progress);
+    } else {
+        readInterleaved(*image, progress);
+    }
+    // The end carries the check sums of the last pixels.
+    if (!guarded(m_handle.png(), [&] { png_read_end(m_handle.png(), nullptr); })) {
+        raiseDamaged();
+    }
+    progress.addPlans(m_geometry.getNbPlans());
+    progress.goesOn();
+    progress.throwIfStopped(eORLIXImageIOMessage::eReadingStopped, m_input.source.getName());
+    return image;
+}
+
+unsigned long PngReader::bufferRows() const
+{
+    return m_interlacing == PNG_INTERLACE_NONE ? std::min<unsigned long>(g_rowsAtOnce, m_height) : m_height;
+}
+
+void PngReader::readStraight(BaseImage& image, Progress& progress)
+{
+    std::vector<png_bytep> rows(m_height);
+    for (unsigned long y = 0; y < m_height; ++y) {
+        rows[y] = reinterpret_cast<png_bytep>(image.accessRow(y, 0, 0, 0));
+    }
+    const int passes = m_interlacing == PNG_INTERLACE_NONE ? 1 : PNG_INTERLACE_ADAM7_PASSES;
+    for (int pass = 0; pass < passes; ++pass) {
+        for (unsigned long y = 0; y < m_height; y += g_rowsAtOnce) {
+            readRows(rows.data() + y, std::min(g_rowsAtOnce, m_height - y), progress);
+        }
+    }
+}
+
+void PngReader::readInterleaved(BaseImage& image, Progress& progress)
+{
+    const unsigned long elementBytes = elementSize(m_metadata.type);
+    const unsigned long rowBytes = m_width * m_samples * elementBytes;
+    const unsigned long held = bufferRows();
+    std::vector<std::byte> buffer(held * rowBytes);
+    std::vector<png_bytep> rows(held);
+    for (unsigned long row = 0; row < held; ++row) {
+        rows[row] = reinterpret_cast<png_bytep>(buffer.data() + row * rowBytes);
+    }
+    const int passes = m_interlacing == PNG_INTERLACE_NONE ? 1 : PNG_INTERLACE_ADAM7_PASSES;
+    for (unsigned long y = 0; y < m_height; y += held) {
+        const unsigned long count = std::min(held, m_height - y);
+        for (int pass = 0; pass < passes; ++pass) {
+            for (unsigned long row = 0; row < count; row += g_rowsAtOnce) {
+                readRows(rows.data() + row, std::min(g_rowsAtOnce, count - row), progress);
+            }
+        }
+        for (unsigned long row = 0; row < count; ++row) {
+            for (unsigned long c = 0; c < m_channelSamples.size(); ++c) {
+                const std::byte* const from = buffer.data() + row * rowBytes + m_channelSamples[c] * elementBytes;
+                std::byte* const to = image.accessRow(y + row, 0, c, 0);
+                if (elementBytes == 1) {
+                    takeChannel<png_byte>(from, m_samples, m_width, to);
+                } else {
+                    takeChannel<png_uint_16>(from, m_samples, m_width, to);
+                }
+            }
+        }
+    }
+}
+
+void PngReader::readRows(png_bytep* rows, unsigned long count, Progress& progress)
+{
+    const png_structp png = m_handle.png();
+    if (!guarded(png, [&] { png_read_rows(png, rows, nullptr, static_cast<png_uint_32>(count)); })) {
+        raiseDamaged();
+    }
+    if (!progress.goesOnAfter(count * m_width * m_samples * elementSize(m_metadata.type))) {
+        progress.throwIfStopped(eORLIXImageIOMessage::eReadingStopped, m_input.source.getName());
+    }
+}
+
+void PngReader::raiseDamaged() const
+{
+    raise<eORLIXImageIOMessage>(ORLIX_HERE, eORLIXImageIOMessage::eDamagedPng, m_input.source.getName(),
+                                m_handle.getError());
+}
+
+} // namespace orlix::image::io

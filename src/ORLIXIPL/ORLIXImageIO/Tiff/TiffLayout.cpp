@@ -1,0 +1,133 @@
+// Choosing the layout of a TIFF file.
+#include "ORLIXIPL/ORLIXImageIO/Tiff/TiffLayout.h"
+
+#include "ORLIX/ORLIXUtil/Raise.h"
+#include "ORLIXIPL/ORLIXImageIO/ClaimCheck.h"
+#include "ORLIXIPL/ORLIXImageIO/Logger/ORLIXImageIOLogMessages.h"
+#include "ORLIXIPL/ORLIXImageIO/SamplePacking.h"
+#include "ORLIXIPL/ORLIXImageIO/Tiff/TiffPage.h"
+
+#include <algorithm>
+#include <bit>
+
+namespace orlix::image::io {
+
+namespace {
+
+constexpr unsigned long g_stripBytes = 1ul << 20;
+constexpr unsigned long g_largestSide = 0x7fffffff;
+
+std::uint16_t schemeOf(const eTiffCompression& compression)
+{
+    switch (static_cast<eTiffCompression::domain>(compression)) {
+    case eTiffCompression::ePackBits: return COMPRESSION_PACKBITS;
+    case eTiffCompression::eLzw: return COMPRESSION_LZW;
+    case eTiffCompression::eDeflate: return COMPRESSION_ADOBE_DEFLATE;
+    case eTiffCompression::eZstd: return COMPRESSION_ZSTD;
+    case eTiffCompression::eLzma: return COMPRESSION_LZMA;
+    default: return COMPRESSION_NONE;
+    }
+}
+
+std::uint16_t sampleFormatOf(const eImageBufferType& type)
+{
+    if (type == eImageBufferType::Real32) {
+        return SAMPLEFORMAT_IEEEFP;
+    }
+    return getMinValue(type) < 0 ? SAMPLEFORMAT_INT : SAMPLEFORMAT_UINT;
+}
+
+// Differences of bits would mean nothing.
+std::uint16_t predictorOf(const WriteOptions& options, const eImageBufferType& type)
+{
+    const bool bOffered = options.compression == eTiffCompression::eLzw ||
+                          options.compression == eTiffCompression::eDeflate ||
+                          options.compression == eTiffCompression::eZstd;
+    if (!bOffered || !options.bPredictor || type == eImageBufferType::eBufferBinary) {
+        return PREDICTOR_NONE;
+    }
+    return type == eImageBufferType::Real32 ? PREDICTOR_FLOATINGPOINT : PREDICTOR_HORIZONTAL;
+}
+
+unsigned long samplesOf(const BaseImage& image, const eChannelLayout& layout, const std::string& file)
+{
+    const unsigned long channels = image.getSizeC();
+    const bool bColour = channels == 3 || channels == 4;
+    if (layout == eChannelLayout::eAuto) {
+        return bColour && image.getBufferType() == eImageBufferType::UInt8 ? channels : 1;
+    }
+    if (layout == eChannelLayout::ePages) {
+        return 1;
+    }
+    if (!bColour || image.getBufferType() == eImageBufferType::eBufferBinary) {
+        raise<eORLIXImageIOMessage>(ORLIX_HERE, eORLIXImageIOMessage::eUnsuitableForRgb, file,
+                                    image.getGeometry().toString());
+    }
+    return channels;
+}
+
+unsigned long blocksAlong(unsigned long size, unsigned long block)
+{
+    return (size + block - 1) / block;
+}
+
+// The pixels, at the worst that a compression makes of them, and the directories against 32-bit offsets.
+bool needsBigTiff(const BaseImage& image, const TiffLayout& layout)
+{
+    const WideSize pages = WideSize(image.getSizeZ()) * image.getSizeT() * (image.getSizeC() / layout.samples);
+    const WideSize blocks = WideSize(blocksAlong(image.getSizeX(), layout.blockWidth)) *
+                            blocksAlong(image.getSizeY(), layout.blockHeight);
+    const WideSize blockBytes =
+        WideSize(packedRowBytes(image.getBufferType(), layout.blockWidth, layout.samples)) * layout.blockHeight;
+    const WideSize worst = layout.compression == COMPRESSION_NONE ? blockBytes : blockBytes + blockBytes / 2;
+    return pages * (blocks * (worst + 16) + 1024) + (1ul << 20) > 0xffffffffu;
+}
+
+void chooseBlocks(const BaseImage& image, const WriteOptions& options, TiffLayout& layout)
+{
+    layout.bTiled = options.bTiled;
+    if (layout.bTiled) {
+        layout.blockWidth = layout.blockHeight = options.tileSize;
+        return;
+    }
+    const unsigned long rowBytes = packedRowBytes(image.getBufferType(), image.getSizeX(), layout.samples);
+    layout.blockWidth = image.getSizeX();
+    layout.blockHeight = std::clamp(g_stripBytes / rowBytes, 1ul, image.getSizeY());
+}
+
+void checkSizes(const BaseImage& image, const WriteOptions& options, const std::string& file)
+{
+    const BaseImageGeometry& geometry = image.getGeometry();
+    if (geometry.getSizeX() > g_largestSide || geometry.getSizeY() > g_largestSide ||
+        geometry.getNbPlans() > g_largestSide) {
+        raise<eORLIXImageIOMessage>(ORLIX_HERE, eORLIXImageIOMessage::eTooLongForTiff, file, geometry.toString());
+    }
+    if (options.bTiled && (options.tileSize % 16 != 0 || options.tileSize == 0 || options.tileSize > 65520)) {
+        raise<eORLIXImageIOMessage>(ORLIX_HERE, eORLIXImageIOMessage::eBadTileSize, file, options.tileSize);
+    }
+}
+
+} // namespace
+
+TiffLayout tiffLayoutOf(const BaseImage& image, const WriteOptions& options, const std::string& file)
+{
+    checkSizes(image, options, file);
+    const eImageBufferType type = image.getBufferType();
+    TiffLayout layout;
+    layout.compression = schemeOf(options.compression);
+    if (!TIFFIsCODECConfigured(layout.compression)) {
+        raise<eORLIXImageIOMessage>(ORLIX_HERE, eORLIXImageIOMessage::eNoCompression, file,
+                                    compressionName(layout.compression));
+    }
+    layout.samples = samplesOf(image, options.channelLayout, file);
+    layout.predictor = predictorOf(options, type);
+    layout.sampleFormat = sampleFormatOf(type);
+    layout.bits = static_cast<std::uint16_t>(type == eImageBufferType::eBufferBinary ? 1 : 8 * elementSize(type));
+    layout.bBigEndian = options.byteOrder == eByteOrder::eBigEndian;
+    layout.bForeignOrder = layout.bBigEndian != (std::endian::native == std::endian::big);
+    chooseBlocks(image, options, layout);
+    layout.bBigTiff = options.bigTiff == eBigTiff::eAlways || needsBigTiff(image, layout);
+    return layout;
+}
+
+} // namespace orlix::image::io

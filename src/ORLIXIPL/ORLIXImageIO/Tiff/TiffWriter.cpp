@@ -1,0 +1,148 @@
+// Pages, strips and tiles through libtiff.
+#include "ORLIXIPL/ORLIXImageIO/Tiff/TiffWriter.h"
+
+#include "ORLIX/ORLIXUtil/Raise.h"
+#include "ORLIXIPL/ORLIXImageIO/Metadata/LengthUnit.h"
+#include "ORLIXIPL/ORLIXImageIO/Metadata/OmeWriter.h"
+
+#include <algorithm>
+
+namespace orlix::image::io {
+
+namespace {
+
+std::string modeOf(const TiffLayout& layout)
+{
+    return std::string("w") + (layout.bBigEndian ? "b" : "l") + (layout.bBigTiff ? "8" : "4");
+}
+
+} // namespace
+
+TiffWriter::TiffWriter(TemporaryFile& file, const BaseImage& image, const TiffLayout& layout,
+                       const ProgressFunction& function)
+    : m_file(file), m_image(image), m_layout(layout), m_progress(function, image.getGeometry().getNbPlans()),
+      m_tiff(file, modeOf(layout).c_str(), m_progress)
+{}
+
+void TiffWriter::write()
+{
+    if (!goesStraight()) {
+        m_scratch.resize(packedRowBytes(m_image.getBufferType(), m_layout.blockWidth, m_layout.samples) *
+                         m_layout.blockHeight);
+    }
+    for (unsigned long t = 0; t < m_image.getSizeT(); ++t) {
+        for (unsigned long c = 0; c < m_image.getSizeC(); c += m_layout.samples) {
+            for (unsigned long z = 0; z < m_image.getSizeZ(); ++z) {
+                setFields(z == 0 && c == 0 && t == 0);
+                writePage(z, c, t);
+                check(TIFFWriteDirectory(m_tiff) == 1);
+                m_progress.addPlans(m_layout.samples);
+                check(m_progress.goesOn());
+            }
+        }
+    }
+    check(TIFFFlush(m_tiff) == 1);
+}
+
+void TiffWriter::setFields(bool bFirst)
+{
+    const auto set = [&](std::uint32_t tag, auto... values) { check(TIFFSetField(m_tiff, tag, values...) == 1); };
+    set(TIFFTAG_IMAGEWIDTH, static_cast<std::uint32_t>(m_image.getSizeX()));
+    set(TIFFTAG_IMAGELENGTH, static_cast<std::uint32_t>(m_image.getSizeY()));
+    set(TIFFTAG_BITSPERSAMPLE, m_layout.bits);
+    set(TIFFTAG_SAMPLESPERPIXEL, static_cast<std::uint16_t>(m_layout.samples));
+    set(TIFFTAG_SAMPLEFORMAT, m_layout.sampleFormat);
+    set(TIFFTAG_PLANARCONFIG, PLANARCONFIG_CONTIG);
+    set(TIFFTAG_COMPRESSION, m_layout.compression);
+    set(TIFFTAG_PHOTOMETRIC, m_layout.samples == 1 ? PHOTOMETRIC_MINISBLACK : PHOTOMETRIC_RGB);
+    if (m_layout.samples == 4) {
+        const std::uint16_t alpha = EXTRASAMPLE_UNASSALPHA;
+        set(TIFFTAG_EXTRASAMPLES, 1, &alpha);
+    }
+    if (m_layout.predictor != PREDICTOR_NONE) {
+        set(TIFFTAG_PREDICTOR, m_layout.predictor);
+    }
+    if (m_layout.bTiled) {
+        set(TIFFTAG_TILEWIDTH, static_cast<std::uint32_t>(m_layout.blockWidth));
+        set(TIFFTAG_TILELENGTH, static_cast<std::uint32_t>(m_layout.blockHeight));
+    } else {
+        set(TIFFTAG_ROWSPERSTRIP, static_cast<std::uint32_t>(m_layout.blockHeight));
+    }
+    setResolution();
+    if (bFirst) {
+        set(TIFFTAG_IMAGEDESCRIPTION, omeXmlOf(m_image, m_layout.samples, m_layout.bBigEndian).c_str());
+        set(TIFFTAG_SOFTWARE, "ORLIX");
+    }
+}
+
+// For programs that know no OME-XML.
+void TiffWriter::setResolution()
+{
+    const auto& calibration = m_image.getGeometricCalibration();
+    const auto metres = calibration ? metresIn(calibration->getUnit()) : std::nullopt;
+    if (!metres) {
+        return;
+    }
+    const double perCentimetreX = 0.01 / (calibration->getPixelSizeX() * *metres);
+    const double perCentimetreY = 0.01 / (calibration->getPixelSizeY() * *metres);
+    const auto fits = [](double value) { return value >= 1e-6 && value <= 4e9; };
+    if (fits(perCentimetreX) && fits(perCentimetreY)) {
+        check(TIFFSetField(m_tiff, TIFFTAG_XRESOLUTION, perCentimetreX) == 1 &&
+              TIFFSetField(m_tiff, TIFFTAG_YRESOLUTION, perCentimetreY) == 1 &&
+              TIFFSetField(m_tiff, TIFFTAG_RESOLUTIONUNIT, RESUNIT_CENTIMETER) == 1);
+    }
+}
+
+void TiffWriter::writePage(unsigned long z, unsigned long c, unsigned long t)
+{
+    for (unsigned long y = 0; y < m_image.getSizeY(); y += m_layout.blockHeight) {
+        for (unsigned long x = 0; x < m_image.getSizeX(); x += m_layout.blockWidth) {
+            writeBlock({x, y, std::min(m_layout.blockWidth, m_image.getSizeX() - x),
+                        std::min(m_layout.blockHeight, m_image.getSizeY() - y), z, c, t, m_layout.samples});
+        }
+    }
+}
+
+void TiffWriter::writeBlock(const PageBlock& block)
+{
+    const unsigned long rowBytes = packedRowBytes(m_image.getBufferType(), m_layout.blockWidth, m_layout.samples);
+    const unsigned long rows = m_layout.bTiled ? m_layout.blockHeight : block.height;
+    std::byte* source = m_scratch.data();
+    if (goesStraight()) {
+        source = m_image.accessRow(block.y, block.z, block.c, block.t); // only read, see goesStraight
+    } else {
+        if (m_layout.bTiled && (block.width < m_layout.blockWidth || block.height < m_layout.blockHeight)) {
+            std::ranges::fill(m_scratch, std::byte(0));
+        }
+        packBlock(m_image, block, source, rowBytes);
+    }
+    const auto x = static_cast<std::uint32_t>(block.x), y = static_cast<std::uint32_t>(block.y);
+    const auto bytes = static_cast<tmsize_t>(rowBytes * rows);
+    const tmsize_t put = m_layout.bTiled
+                             ? TIFFWriteEncodedTile(m_tiff, TIFFComputeTile(m_tiff, x, y, 0, 0), source, bytes)
+                             : TIFFWriteEncodedStrip(m_tiff, TIFFComputeStrip(m_tiff, y, 0), source, bytes);
+    check(put >= 0);
+    check(m_progress.goesOnAfter(static_cast<unsigned long>(bytes)));
+}
+
+// libtiff swaps bytes and takes differences in the caller's memory, so only what it leaves alone may come from the
+// image itself.
+bool TiffWriter::goesStraight() const
+{
+    return !m_layout.bTiled && m_layout.samples == 1 && m_layout.bits != 1 && !m_layout.bForeignOrder &&
+           m_layout.predictor == PREDICTOR_NONE &&
+           m_image.getPixelLayout().rowBytes == m_image.getSizeX() * elementSize(m_image.getBufferType());
+}
+
+void TiffWriter::check(bool bDone)
+{
+    if (bDone) {
+        return;
+    }
+    m_progress.throwIfStopped(eORLIXImageIOMessage::eWritingStopped, m_file.getTargetName());
+    const std::string system = m_file.getError();
+    raise<eORLIXImageIOMessage>(ORLIX_HERE, eORLIXImageIOMessage::eWriteFailed, m_file.getTargetName(),
+                                system.empty() ? m_tiff.messages().first() : system);
+}
+
+} // namespace orlix::image::io

@@ -1,0 +1,57 @@
+// Messages of ORLIXImageProcessing.
+#include "ORLIXIPL/ORLIXImageProcessing/Logger/ORLIXImageProcessingLogMessages.h"
+
+#include "ORLIXIPL/ORLIXImageProcessing/Logger/ORLIXImageProcessingLog.h"
+
+#include <log4cplus/logger.h>
+
+namespace orlix {
+
+LogMessageManager& MessageCatalogue<imaproc::eImageRuleMessage>::manager()
+{
+    return imaproc::getORLIXImageProcessingLogMessageManager();
+}
+
+log4cplus::Logger MessageCatalogue<imaproc::eImageRuleMessage>::logger()
+{
+    return imaproc::getORLIXImageProcessingLogger();
+}
+
+const std::vector<MessageText>& MessageCatalogue<imaproc::eImageRuleMessage>::texts()
+{
+    using Message = imaproc::eImageRuleMessage;
+    static const std::vector<MessageText> g_texts = {
+        {Message::eSizeOrTypeDiffers, "%s is %s, %s is %s: sizes and element types have to be the same"},
+        {Message::eStripSizeOrTypeDiffers, "The strip of %s is %s %s, that of %s is %s %s: sizes and element types have to be the same"},
+        {Message::eNotInSitu, "%s and %s have to hold the same image"},
+        {Message::eInSitu, "%s and %s must not hold the same image: give two"},
+        {Message::eWrongBufferType, "%s is %s, but has to be of element type %s, as %s tells"},
+        {Message::eWrongImageType, "%s holds %s, but %s is required"},
+        {Message::eOutOfRange, "%s is %s, but has to lie within the range of %s, the element type of %s: %s to %s"},
+        {Message::eNothingHeld, "%s holds no image: set it before the run"}};
+    return g_texts;
+}
+
+LogMessageManager& MessageCatalogue<imaproc::eImageSplitMessage>::manager()
+{
+    return imaproc::getORLIXImageProcessingLogMessageManager();
+}
+
+log4cplus::Logger MessageCatalogue<imaproc::eImageSplitMessage>::logger()
+{
+    return imaproc::getORLIXImageProcessingLogger();
+}
+
+const std::vector<MessageText>& MessageCatalogue<imaproc::eImageSplitMessage>::texts()
+{
+    using Message = imaproc::eImageSplitMessage;
+    static const std::vector<MessageText> g_texts = {
+        {Message::eNullImage, "There is no image to cut: set the attribute that holds it"},
+        {Message::eSeveralPlans, "Strips are cut from one plan, but the image is %s: cut it into plans first"},
+        {Message::eBadCut, "An element is either a plan of a volume cut plan by plan or a whole volume: ask for one of the two"},
+        {Message::eNoSuchElement, "There is no element %d in a list of %d"},
+        {Message::eInputMissing, "The output image can't be made, since the input is not there: set the input before the run"}};
+    return g_texts;
+}
+
+} // namespace orlix

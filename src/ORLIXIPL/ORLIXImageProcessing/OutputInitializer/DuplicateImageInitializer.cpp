@@ -1,0 +1,63 @@
+#include "ORLIXIPL/ORLIXImageProcessing/OutputInitializer/DuplicateImageInitializer.h"
+
+#include "ORLIXIPL/ORLIXImage/ImageFactory.h"
+#include "ORLIXIPL/ORLIXImageProcessing/Logger/ORLIXImageProcessingLogMessages.h"
+
+namespace orlix::imaproc {
+
+namespace {
+
+/// The axis that was asked for, or the input's where none was.
+template <class TAxis>
+const TAxis& choose(const TAxis& asked, const TAxis& own)
+{
+    return asked == TAxis() ? own : asked;
+}
+
+} // namespace
+
+template <class TInputAttribute, class TOutputAttribute>
+void DuplicateImageInitializer<TInputAttribute, TOutputAttribute>::init(const image::TemporalGeometry& temporal,
+                                                                        const image::ColorGeometry& color,
+                                                                        const image::VolumeGeometry& volume)
+{
+    m_temporal = temporal;
+    m_color = color;
+    m_volume = volume;
+}
+
+template <class TInputAttribute, class TOutputAttribute>
+bool DuplicateImageInitializer<TInputAttribute, TOutputAttribute>::isOutputInitNeeded() const
+{
+    const TOutputAttribute* output = m_output.access();
+    return output != nullptr && !output->isSet();
+}
+
+template <class TInputAttribute, class TOutputAttribute>
+ProcessingResult<bool> DuplicateImageInitializer<TInputAttribute, TOutputAttribute>::initOutput()
+{
+    const TInputAttribute* input = m_input.access();
+    TOutputAttribute* output = m_output.access();
+    if (input == nullptr || output == nullptr || !input->isSet() || input->isNull()) {
+        return ProcessingResult<bool>::failure(formatMessage<eImageSplitMessage>(eImageSplitMessage::eInputMissing));
+    }
+    const image::BaseImage& source = input->getImage();
+    const image::BaseImageGeometry& own = source.getGeometry();
+    const image::eImageBufferType fixed = output->getFixedBufferType();
+    const image::TemporalGeometry& temporal = choose(m_temporal, own.getTemporalGeometry());
+    const image::ColorGeometry& color = choose(m_color, own.getColorGeometry());
+    const image::VolumeGeometry& volume = choose(m_volume, own.getVolumeGeometry());
+    const bool bSameTypes = fixed == image::eImageBufferType::eNoBuffer;
+    const ImagePtr made =
+        bSameTypes && !own.hasUniformBufferType()
+            ? image::createImage({own.getBufferTypeVector(), own.getSizeX(), own.getSizeY(), volume, color, temporal})
+            : image::createImage({bSameTypes ? own.getBufferType() : fixed, own.getSizeX(), own.getSizeY(), volume,
+                                  color, temporal});
+    made->setGeometricCalibration(source.getGeometricCalibration());
+    output->init(made);
+    return true;
+}
+
+template class DuplicateImageInitializer<BaseInputImageAttribute, BaseOutputImageAttribute>;
+
+} // namespace orlix::imaproc

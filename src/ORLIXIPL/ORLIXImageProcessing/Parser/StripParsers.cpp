@@ -1,0 +1,69 @@
+#include "ORLIXIPL/ORLIXImageProcessing/Parser/StripParsers.h"
+
+namespace orlix::imaproc {
+
+namespace {
+
+unsigned long rowBytes(const image::BaseImageYStrip2d& strip)
+{
+    return strip.getSizeX() * image::elementSize(strip.getImageBufferType());
+}
+
+} // namespace
+
+template <class TAttribute>
+bool BaseRawYStrip2dParser<TAttribute>::needsScratch() const
+{
+    const image::BaseImageYStrip2d& strip = *this->m_strip;
+    const bool bWholeBlocks = strip.getSizeX() * strip.getStripSizeY() % g_kernelOverrun == 0;
+    return !strip.isDense() || (!strip.hasRoomBehind() && !bWholeBlocks);
+}
+
+template <class TAttribute>
+unsigned long BaseRawYStrip2dParser<TAttribute>::getNbBlocks() const
+{
+    return this->m_strip->getSizeX() == 0 || this->m_strip->getStripSizeY() == 0 ? 0 : 1;
+}
+
+template <class TAttribute>
+void BaseRawYStrip2dParser<TAttribute>::startBlock(unsigned long, processor::ProcessingInfo& info)
+{
+    const image::BaseImageYStrip2d& strip = *this->m_strip;
+    m_bScratch = needsScratch();
+    this->m_block = m_bScratch ? m_scratch.fill(this->firstElement(), strip.getStripSizeY(), rowBytes(strip),
+                                                strip.getLineBytes())
+                               : this->firstElement();
+    info = {strip.getSizeX() * strip.getStripSizeY(), 1, 0, 0};
+}
+
+template <class TAttribute>
+void BaseRawYStrip2dParser<TAttribute>::endBlock()
+{
+    if constexpr (TAttribute::g_bOutput) {
+        if (m_bScratch) {
+            const image::BaseImageYStrip2d& strip = *this->m_strip;
+            m_scratch.writeBack(this->firstElement(), strip.getStripSizeY(), rowBytes(strip), strip.getLineBytes());
+        }
+    }
+}
+
+template <class TAttribute>
+unsigned long BaseLineYStrip2dParser<TAttribute>::getNbBlocks() const
+{
+    return this->m_strip->getSizeX() == 0 ? 0 : this->m_strip->getStripSizeY();
+}
+
+template <class TAttribute>
+void BaseLineYStrip2dParser<TAttribute>::startBlock(unsigned long block, processor::ProcessingInfo& info)
+{
+    const image::BaseImageYStrip2d& strip = *this->m_strip;
+    this->m_block = this->firstElement() + block * strip.getLineBytes();
+    info = {strip.getSizeX(), strip.getStripSizeY(), block, 0};
+}
+
+template class BaseRawYStrip2dParser<BaseInputYStrip2dAttribute>;
+template class BaseRawYStrip2dParser<BaseOutputYStrip2dAttribute>;
+template class BaseLineYStrip2dParser<BaseInputYStrip2dAttribute>;
+template class BaseLineYStrip2dParser<BaseOutputYStrip2dAttribute>;
+
+} // namespace orlix::imaproc

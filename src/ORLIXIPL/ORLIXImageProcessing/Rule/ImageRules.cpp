@@ -1,0 +1,199 @@
+#include "ORLIXIPL/ORLIXImageProcessing/Rule/ImageRules.h"
+
+#include "ORLIX/ORLIXBaseProcessing/AttributeRules.h"
+#include "ORLIXIPL/ORLIXImageProcessing/Logger/ORLIXImageProcessingLogMessages.h"
+
+#include <cmath>
+
+namespace orlix::imaproc {
+
+namespace {
+
+template <class... TArgs>
+ProcessingResult<bool> failure(eImageRuleMessage::domain id, const TArgs&... args)
+{
+    return ProcessingResult<bool>::failure(formatMessage<eImageRuleMessage>(id, args...));
+}
+
+/// Success where the attribute is there and holds something.
+ProcessingResult<bool> checkHeld(const processor::BaseAttribute* attribute)
+{
+    if (attribute == nullptr) {
+        return processor::details::attributeGone();
+    }
+    const bool bHeld = attribute->isSet() && !attribute->isNull();
+    return bHeld ? true : failure(eImageRuleMessage::eNothingHeld, attribute->getObjectName());
+}
+
+/// A rule about one or two attributes of a kind; `check` is only asked where both hold something.
+template <class TRef, class TCheck>
+class PairRule final : public processor::BaseRule
+{
+public:
+    PairRule(const TRef& first, const TRef& second, TCheck check) : m_first(first), m_second(second), m_check(check) {}
+
+    ProcessingResult<bool> check() const override
+    {
+        const auto* first = m_first.access();
+        const auto* second = m_second.access();
+        ProcessingResult<bool> result = checkHeld(first);
+        if (result) {
+            result = checkHeld(second);
+        }
+        return result ? m_check(*first, *second) : result;
+    }
+
+private:
+    TRef m_first;
+    TRef m_second;
+    TCheck m_check;
+};
+
+template <class TRef, class TCheck>
+processor::RulePtr makePairRule(const TRef& first, const TRef& second, TCheck check)
+{
+    return boost::make_shared<PairRule<TRef, TCheck>>(first, second, check);
+}
+
+std::string stripSize(const image::BaseImageYStrip2d& strip)
+{
+    return std::to_string(strip.getSizeX()) + "x" + std::to_string(strip.getStripSizeY());
+}
+
+const char* kindName(const image::eImageType& type)
+{
+    static constexpr const char* g_names[] = {"an image that owns its pixels", "an image over a caller's pixels",
+                                              "part of another image"};
+    return g_names[static_cast<image::eImageType::domain>(type)];
+}
+
+const char* baseKindName(const image::eImageBaseType& type)
+{
+    return type == image::eImageBaseType::eHostImage ? "an image in main memory" : "an image on a GPU";
+}
+
+class BufferTypeRule final : public processor::BaseRule
+{
+public:
+    BufferTypeRule(const ImageAttributeRef& image, const processor::AttributeRef<const BufferTypeAttribute>& type)
+        : m_image(image), m_type(type)
+    {}
+
+    ProcessingResult<bool> check() const override
+    {
+        const BaseImageAttribute* attribute = m_image.access();
+        const BufferTypeAttribute* type = m_type.access();
+        if (ProcessingResult<bool> result = checkHeld(attribute); !result) {
+            return result;
+        }
+        if (type == nullptr) {
+            return processor::details::attributeGone();
+        }
+        const image::BaseImageGeometry& geometry = attribute->getImage().getGeometry();
+        bool bSame = geometry.getBufferType() == type->getValue();
+        for (unsigned long t = 1; t < geometry.getSizeT() && !geometry.hasUniformBufferType(); ++t) {
+            bSame = bSame && geometry.getBufferType(t) == type->getValue();
+        }
+        return bSame ? true
+                     : failure(eImageRuleMessage::eWrongBufferType, attribute->getObjectName(), geometry.toString(),
+                               image::getBufferTypeName(type->getValue()), type->getObjectName());
+    }
+
+private:
+    ImageAttributeRef m_image;
+    processor::AttributeRef<const BufferTypeAttribute> m_type;
+};
+
+} // namespace
+
+namespace details {
+
+processor::RulePtr matchImageSizeAndType(const ImageAttributeRef& first, const ImageAttributeRef& second)
+{
+    return makePairRule(first, second, [](const BaseImageAttribute& one, const BaseImageAttribute& other) {
+        const image::BaseImageGeometry& left = one.getImage().getGeometry();
+        const image::BaseImageGeometry& right = other.getImage().getGeometry();
+        return left.hasSameSizes(right) && left.hasSameBufferTypes(right)
+                   ? ProcessingResult<bool>(true)
+                   : failure(eImageRuleMessage::eSizeOrTypeDiffers, other.getObjectName(), right.toString(),
+                             one.getObjectName(), left.toString());
+    });
+}
+
+processor::RulePtr matchStripSizeAndType(const StripAttributeRef& first, const StripAttributeRef& second)
+{
+    return makePairRule(first, second, [](const BaseYStrip2dAttribute& one, const BaseYStrip2dAttribute& other) {
+        const image::BaseImageYStrip2d& left = one.getBaseImageYStrip2d();
+        const image::BaseImageYStrip2d& right = other.getBaseImageYStrip2d();
+        const bool bSame = left.getSizeX() == right.getSizeX() && left.getStripSizeY() == right.getStripSizeY() &&
+                           left.getImageBufferType() == right.getImageBufferType();
+        return bSame ? ProcessingResult<bool>(true)
+                     : failure(eImageRuleMessage::eStripSizeOrTypeDiffers, other.getObjectName(), stripSize(right),
+                               image::getBufferTypeName(right.getImageBufferType()), one.getObjectName(),
+                               stripSize(left), image::getBufferTypeName(left.getImageBufferType()));
+    });
+}
+
+ProcessingResult<bool> checkRange(const processor::BaseAttribute* data, const image::eImageBufferType& type,
+                                  const processor::BaseAttribute* valueAttribute, double value)
+{
+    if (ProcessingResult<bool> result = checkHeld(data); !result) {
+        return result;
+    }
+    if (valueAttribute == nullptr) {
+        return processor::details::attributeGone();
+    }
+    const double smallest = image::getMinValue(type);
+    const double largest = image::getMaxValue(type);
+    return value >= smallest && value <= largest
+               ? ProcessingResult<bool>(true)
+               : failure(eImageRuleMessage::eOutOfRange, valueAttribute->getObjectName(), value,
+                         image::getBufferTypeName(type), data->getObjectName(), smallest, largest);
+}
+
+} // namespace details
+
+processor::RulePtr isInSitu(const ImageAttributeRef& first, const ImageAttributeRef& second)
+{
+    return makePairRule(first, second, [](const BaseImageAttribute& one, const BaseImageAttribute& other) {
+        return one.getImage().sharesPixelsWith(other.getImage())
+                   ? ProcessingResult<bool>(true)
+                   : failure(eImageRuleMessage::eNotInSitu, one.getObjectName(), other.getObjectName());
+    });
+}
+
+processor::RulePtr noInSitu(const ImageAttributeRef& first, const ImageAttributeRef& second)
+{
+    return makePairRule(first, second, [](const BaseImageAttribute& one, const BaseImageAttribute& other) {
+        return !one.getImage().sharesPixelsWith(other.getImage())
+                   ? ProcessingResult<bool>(true)
+                   : failure(eImageRuleMessage::eInSitu, one.getObjectName(), other.getObjectName());
+    });
+}
+
+processor::RulePtr bufferType(const ImageAttributeRef& image, const processor::AttributeRef<const BufferTypeAttribute>& type)
+{
+    return boost::make_shared<BufferTypeRule>(image, type);
+}
+
+processor::RulePtr imageType(const ImageAttributeRef& image, const image::eImageType& type)
+{
+    return makePairRule(image, image, [type](const BaseImageAttribute& one, const BaseImageAttribute&) {
+        const image::eImageType found = one.getImage().getImageType();
+        return found == type ? ProcessingResult<bool>(true)
+                             : failure(eImageRuleMessage::eWrongImageType, one.getObjectName(), kindName(found),
+                                       kindName(type));
+    });
+}
+
+processor::RulePtr imageBaseType(const ImageAttributeRef& image, const image::eImageBaseType& type)
+{
+    return makePairRule(image, image, [type](const BaseImageAttribute& one, const BaseImageAttribute&) {
+        const image::eImageBaseType found = one.getImage().getImageBaseType();
+        return found == type ? ProcessingResult<bool>(true)
+                             : failure(eImageRuleMessage::eWrongImageType, one.getObjectName(), baseKindName(found),
+                                       baseKindName(type));
+    });
+}
+
+} // namespace orlix::imaproc
