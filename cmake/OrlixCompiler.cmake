@@ -28,6 +28,8 @@ add_link_options(-Wl,-Bsymbolic-functions)
 
 # Stated results exclude fused multiply-add and reassociation, in every file.
 add_compile_options(-Wall -Wextra -Wpedantic -ffp-contract=off)
+# Idle processors are kept per thread, and every level of every call looks there: no call to find a thread's own data.
+add_compile_options(-ftls-model=initial-exec -fno-plt)
 if(ORLIX_WARNINGS_AS_ERRORS)
     add_compile_options(-Werror)
 endif()

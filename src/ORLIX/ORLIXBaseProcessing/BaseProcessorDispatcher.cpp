@@ -19,7 +19,7 @@ ProcessingResult<bool> failure(eProcessorMessage::domain id, const TArgs&... arg
 
 /// Reads one count from every split that has one; they must agree.  gives -1UL for a split without a count.
 template <class TSplit, class TRead>
-ProcessingResult<bool> readCommonCount(const std::string& dispatcher,
+ProcessingResult<bool> readCommonCount(const BaseProcessorDispatcher& dispatcher,
                                        const std::vector<boost::shared_ptr<TSplit>>& splits, const TRead& read,
                                        unsigned long& count)
 {
@@ -33,19 +33,16 @@ ProcessingResult<bool> readCommonCount(const std::string& dispatcher,
             first = split.get();
             count = own;
         } else if (own != count) {
-            return failure(eProcessorMessage::eSplitCountsDiffer, dispatcher, first->getAttributeName(), count,
+            return failure(eProcessorMessage::eSplitCountsDiffer, dispatcher.getProcessorName(), first->getAttributeName(), count,
                            split->getAttributeName(), own);
         }
     }
-    return first != nullptr ? true : failure(eProcessorMessage::eNoSplits, dispatcher);
+    return first != nullptr ? true : failure(eProcessorMessage::eNoSplits, dispatcher.getProcessorName());
 }
 
-template <class TSplit>
-ProcessingResult<bool> checkSplit(const TSplit& split, const BaseProcessor& lower)
+ProcessingResult<bool> wrongProcessor(const BaseDataSplit& split, const BaseProcessor& lower)
 {
-    return split.checkProcessorType(lower)
-               ? true
-               : failure(eProcessorMessage::eWrongProcessor, split.getAttributeName(), lower.getObjectName());
+    return failure(eProcessorMessage::eWrongProcessor, split.getAttributeName(), lower.getObjectName());
 }
 
 } // namespace
@@ -84,7 +81,7 @@ BaseStaticProcessorDispatcher::initBase(const core::BasePriority&,
     }
     m_cost = 0;
     return readCommonCount(
-        getProcessorName(), m_splits,
+        *this, m_splits,
         [this](const BaseStaticSplit& split, unsigned long& count) {
             count = split.getNbElements();
             m_cost += split.hasElements() ? split.getCost() : 0;
@@ -97,10 +94,11 @@ ProcessingResult<bool> BaseStaticProcessorDispatcher::initAttributes(BaseProcess
                                                                      const core::BaseRequestOrigin& origin)
 {
     for (const boost::shared_ptr<BaseStaticSplit>& split : m_splits) {
-        ProcessingResult<bool> result = checkSplit(*split, lower);
-        if (result) {
-            result = split->processAttribute(lower, static_cast<unsigned int>(origin.getElement()), origin);
+        if (!split->checkProcessorType(lower)) {
+            return wrongProcessor(*split, lower);
         }
+        ProcessingResult<bool> result =
+            split->processAttribute(lower, static_cast<unsigned int>(origin.getElement()), origin);
         if (!result) {
             return result;
         }
@@ -127,7 +125,7 @@ BaseDynamicProcessorDispatcher::initBase(const core::BasePriority&,
     unsigned long multiple = 1;
     unsigned long lineCost = 0;
     ProcessingResult<bool> result = readCommonCount(
-        getProcessorName(), m_splits,
+        *this, m_splits,
         [&](const BaseDynamicSplit& split, unsigned long& count) {
             if (!split.hasLines()) {
                 return false;
@@ -135,7 +133,7 @@ BaseDynamicProcessorDispatcher::initBase(const core::BasePriority&,
             const RangeDemand demand = split.getRangeDemand();
             count = demand.nbLines;
             widest = std::max(widest, demand.lineBytes);
-            multiple = std::lcm(multiple, demand.lineMultiple);
+            multiple = demand.lineMultiple == multiple ? multiple : std::lcm(multiple, demand.lineMultiple);
             lineCost += demand.lineBytes;
             return true;
         },
@@ -153,11 +151,10 @@ ProcessingResult<bool> BaseDynamicProcessorDispatcher::initAttributes(BaseProces
     const unsigned long start = origin.getElement() * m_linesPerElement;
     const unsigned long size = std::min(m_linesPerElement, m_nbLines - start);
     for (const boost::shared_ptr<BaseDynamicSplit>& split : m_splits) {
-        ProcessingResult<bool> result = checkSplit(*split, lower);
-        if (result) {
-            result = split->processAttribute(lower, start, size, origin);
+        if (!split->checkProcessorType(lower)) {
+            return wrongProcessor(*split, lower);
         }
-        if (!result) {
+        if (ProcessingResult<bool> result = split->processAttribute(lower, start, size, origin); !result) {
             return result;
         }
     }

@@ -33,6 +33,12 @@ public:
     void requestCancellation();
     /// For the runs that start from now on. Empty: nobody watches.
     void setProgressObserver(const ProgressObserver& observer) { m_observer = observer; }
+    void clearProgressObserver()
+    {
+        if (m_observer) {
+            m_observer.clear();
+        }
+    }
 
     /// True for an action that hands out other actions.
     virtual bool isComplexAction() const = 0;
