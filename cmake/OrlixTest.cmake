@@ -3,6 +3,8 @@
 find_package(GTest REQUIRED)
 find_package(rapidcheck REQUIRED)
 
+orlix_add_precompiled(orlix_precompiled_tests PROGRAMS HEADERS <gtest/gtest.h> LIBS GTest::gtest)
+
 set(ORLIX_TEST_SKIPPED 77) # exit status of a test program that can't run here
 
 # orlix_add_tests(<library> [PER_SET] [LIBS <further targets>])
@@ -18,6 +20,7 @@ function(orlix_add_tests library)
     endif()
     orlix_set_kernel_flags(${sources})
     add_executable(${program} ${sources})
+    orlix_use_precompiled(${program} orlix_precompiled_tests)
     target_include_directories(${program} PRIVATE
         "${PROJECT_BINARY_DIR}/layers/${library}/include/private" "${PROJECT_SOURCE_DIR}/tests")
     target_compile_definitions(${program} PRIVATE
