@@ -3,7 +3,7 @@
 find_package(GTest REQUIRED)
 find_package(rapidcheck REQUIRED)
 
-orlix_add_precompiled(orlix_precompiled_tests HEADERS <gtest/gtest.h> LIBS GTest::gtest)
+orlix_add_precompiled(orlix_precompiled_tests PROGRAMS HEADERS <gtest/gtest.h> LIBS GTest::gtest)
 
 set(ORLIX_TEST_SKIPPED 77) # exit status of a test program that can't run here
 
