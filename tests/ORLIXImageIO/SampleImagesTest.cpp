@@ -4,6 +4,11 @@
 #include "ORLIXImageIO/TestImages.h"
 #include "ORLIXImageIO/TinyPng.h"
 
+#include <boost/filesystem/operations.hpp>
+
+#include <algorithm>
+#include <cctype>
+
 using namespace orlix;
 using namespace orlix::image;
 using namespace orlix::image::io;
