@@ -19,7 +19,14 @@ add_compile_options(-ffile-prefix-map=${source_from_build}= -ffile-prefix-map=${
     -ffile-prefix-map=${PROJECT_BINARY_DIR}/=)
 find_program(ORLIX_CCACHE ccache)
 if(ORLIX_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
-    set(CMAKE_CXX_COMPILER_LAUNCHER env "CCACHE_BASEDIR=${PROJECT_SOURCE_DIR}" "${ORLIX_CCACHE}")
+    set(CMAKE_CXX_COMPILER_LAUNCHER env "CCACHE_BASEDIR=${PROJECT_SOURCE_DIR}"
+        CCACHE_SLOPPINESS=pch_defines,time_macros "${ORLIX_CCACHE}")
+    # Precompiled headers can be cached only so.
+    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+        add_compile_options(-fpch-preprocess)
+    else()
+        add_compile_options("SHELL:-Xclang -fno-pch-timestamp")
+    endif()
 endif()
 
 # Calls within a library go straight to their target.
@@ -28,6 +35,8 @@ add_link_options(-Wl,-Bsymbolic-functions)
 
 # Stated results exclude fused multiply-add and reassociation, in every file.
 add_compile_options(-Wall -Wextra -Wpedantic -ffp-contract=off)
+# Idle processors are kept per thread, and every level of every call looks there: no call to find a thread's own data.
+add_compile_options(-ftls-model=initial-exec -fno-plt)
 if(ORLIX_WARNINGS_AS_ERRORS)
     add_compile_options(-Werror)
 endif()

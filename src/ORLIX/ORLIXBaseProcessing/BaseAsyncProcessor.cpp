@@ -7,7 +7,7 @@ namespace orlix::processor {
 ProcessingResult<bool> BaseAsyncProcessor::process()
 {
     if (StepResult step = preProcess(); step.status != eStepStatus::eStepSuccess) {
-        return ProcessingResult<bool>::failure(std::move(step.message));
+        return ProcessingResult<bool>::failure(step.message);
     }
     unsigned int nbStages = 0;
     retrieveSequenceInfo(nbStages);
@@ -15,7 +15,7 @@ ProcessingResult<bool> BaseAsyncProcessor::process()
         boost::shared_ptr<core::BaseActionProvider> provider;
         ProviderResult retrieved = retrieveProvider(core::BasePriority(), stage, nbStages, provider);
         if (retrieved.status == eProviderStatus::eProviderFailed) {
-            return ProcessingResult<bool>::failure(std::move(retrieved.message));
+            return ProcessingResult<bool>::failure(retrieved.message);
         }
         if (retrieved.status == eProviderStatus::eProviderReady) {
             if (ProcessingResult<bool> result = core::runElements(*provider, accessContext()); !result) {
@@ -24,7 +24,7 @@ ProcessingResult<bool> BaseAsyncProcessor::process()
         }
     }
     if (StepResult step = postProcess(); step.status != eStepStatus::eStepSuccess) {
-        return ProcessingResult<bool>::failure(std::move(step.message));
+        return ProcessingResult<bool>::failure(step.message);
     }
     return true;
 }

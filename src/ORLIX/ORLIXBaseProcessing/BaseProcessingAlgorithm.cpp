@@ -22,11 +22,7 @@ ProcessingResult<bool> BaseProcessingAlgorithm::mainProcess()
     struct ParserCleaner
     {
         BaseProcessingAlgorithm& algorithm;
-        ~ParserCleaner()
-        {
-            algorithm.clearDataParserColl();
-            algorithm.m_parsers.clear();
-        }
+        ~ParserCleaner() { algorithm.clearDataParserColl(); }
     } cleaner{*this};
     if (ProcessingResult<bool> result = initDataParserColl(m_parsers); !result) {
         return result;

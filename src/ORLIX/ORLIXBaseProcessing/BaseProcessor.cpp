@@ -12,7 +12,7 @@ ProcessingResult<bool> toResult(StepResult step)
     if (step.status == eStepStatus::eStepSuccess) {
         return true;
     }
-    return ProcessingResult<bool>::failure(std::move(step.message));
+    return ProcessingResult<bool>::failure(step.message);
 }
 
 } // namespace
@@ -56,7 +56,8 @@ void BaseProcessor::clearForReuse()
         attribute->clear();
     }
     clearIntermediateData();
-    setProgressObserver({});
+    clearProgressObserver();
+    forgetRun();
 }
 
 void BaseProcessor::clearInputData()
@@ -108,7 +109,7 @@ ProcessingResult<bool> BaseProcessor::initProcess()
 {
     checkInitialised();
     for (const boost::shared_ptr<BaseAttribute>& attribute : m_attributes) {
-        if (!attribute->isSet() || attribute->isNull()) {
+        if (!attribute->isHeld()) {
             if (ProcessingResult<bool> result = checkAttribute(*attribute); !result) {
                 return result;
             }

@@ -45,12 +45,15 @@ FileReplacement::~FileReplacement()
 ProcessingResult<bool> FileReplacement::open()
 {
     discard();
+    if (m_target.empty()) {
+        return fail(ENOENT);
+    }
     struct stat status = {};
     const bool bExists = stat(m_target.c_str(), &status) == 0;
     if (bExists && !S_ISREG(status.st_mode)) {
         return fail(S_ISDIR(status.st_mode) ? EISDIR : EINVAL);
     }
-    if (bExists && access(m_target.c_str(), W_OK) != 0) {
+    if (bExists && faccessat(AT_FDCWD, m_target.c_str(), W_OK, AT_EACCESS) != 0) {
         return fail(errno);
     }
     std::string temporary;

@@ -18,7 +18,7 @@ BaseImageGeometry sequenceGeometry(const BaseImageGeometry& geometry, unsigned l
         temporal.initSequence(nbSteps);
     }
     if (geometry.hasUniformBufferType() || nbSteps == 0) {
-        return {geometry.getBufferType(), geometry.getSizeX(),         geometry.getSizeY(),
+        return {geometry.getBufferType(),     geometry.getSizeX(),         geometry.getSizeY(),
                 geometry.getVolumeGeometry(), geometry.getColorGeometry(), temporal};
     }
     std::vector<eImageBufferType> types;
@@ -26,8 +26,9 @@ BaseImageGeometry sequenceGeometry(const BaseImageGeometry& geometry, unsigned l
     for (unsigned long t = firstStep; t < firstStep + nbSteps; ++t) {
         types.push_back(geometry.getBufferType(t));
     }
-    return {types, geometry.getSizeX(), geometry.getSizeY(), geometry.getVolumeGeometry(), geometry.getColorGeometry(),
-            temporal};
+    return {
+        types,   geometry.getSizeX(), geometry.getSizeY(), geometry.getVolumeGeometry(), geometry.getColorGeometry(),
+        temporal};
 }
 
 } // namespace

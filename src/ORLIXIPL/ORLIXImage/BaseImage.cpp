@@ -11,8 +11,8 @@ namespace {
 boost::shared_ptr<const std::vector<unsigned long>> shiftedOffsets(const std::vector<unsigned long>& offsets,
                                                                    unsigned long t, unsigned long sizeT)
 {
-    auto shifted = boost::make_shared<std::vector<unsigned long>>(
-        offsets.begin() + static_cast<long>(t), offsets.begin() + static_cast<long>(t + sizeT));
+    auto shifted = boost::make_shared<std::vector<unsigned long>>(offsets.begin() + static_cast<long>(t),
+                                                                  offsets.begin() + static_cast<long>(t + sizeT));
     for (unsigned long& offset : *shifted) {
         offset -= offsets[t];
     }

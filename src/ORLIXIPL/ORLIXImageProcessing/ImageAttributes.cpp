@@ -4,8 +4,7 @@ namespace orlix::imaproc {
 
 bool isInSitu(const BaseImageAttribute& input, const BaseImageAttribute& output)
 {
-    const bool bBoth = input.isSet() && output.isSet() && !input.isNull() && !output.isNull();
-    return bBoth && input.getImage().sharesPixelsWith(output.getImage());
+    return input.isHeld() && output.isHeld() && input.getImage().sharesPixelsWith(output.getImage());
 }
 
 } // namespace orlix::imaproc

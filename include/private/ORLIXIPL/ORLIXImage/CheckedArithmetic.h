@@ -9,7 +9,8 @@ namespace orlix::image {
 class CheckedSize
 {
 public:
-    constexpr CheckedSize(unsigned long value) : m_value(value), m_bValid(value <= g_max) {} // NOLINT: reads as a number
+    constexpr CheckedSize(unsigned long value)
+        : m_value(value), m_bValid(value <= g_max) {} // NOLINT: reads as a number
 
     constexpr bool isValid() const { return m_bValid; }
     constexpr unsigned long getValue() const { return m_value; } ///< meaningless where not valid

@@ -11,8 +11,8 @@ namespace orlix::image {
 /// and handed out again newest first. Thread-safe. Needs no constructor and no destructor to run, so images may be made
 /// and end while static objects do.
 ///
-/// Why not oneTBB's allocator, which serves the small blocks: it gives blocks of 64 MiB and more back to the system when
-/// they are freed, whatever its huge-size threshold, and asks for huge pages only where the system's setting is
+/// Why not oneTBB's allocator, which serves the small blocks: it gives blocks of 64 MiB and more back to the system
+/// when they are freed, whatever its huge-size threshold, and asks for huge pages only where the system's setting is
 /// "always". A new image and its filling by memcpy reach these parts of the rate into a given image (2 cores, Linux
 /// 6.18, huge pages on "madvise", median):
 ///
@@ -24,8 +24,8 @@ namespace orlix::image {
 class LargeBlockPool
 {
 public:
-    /// Bytes that a block for `bytes` really has: an eighth more at most, so that similar sizes share blocks. `bytes` is
-    /// 1 MiB or more and below 2^62.
+    /// Bytes that a block for `bytes` really has: an eighth more at most, so that similar sizes share blocks. `bytes`
+    /// is 1 MiB or more and below 2^62.
     static unsigned long capacityFor(unsigned long bytes);
 
     /// A block of `capacityFor(bytes)` bytes, its contents undefined; null where it cannot be had.

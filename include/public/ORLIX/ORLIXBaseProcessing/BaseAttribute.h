@@ -35,15 +35,19 @@ public:
     /// True once somebody has given it a value, also where that value is a null pointer.
     bool isSet() const { return m_bSet; }
     /// True for an attribute that was set to a null pointer.
-    virtual bool isNull() const { return false; }
+    bool isNull() const { return m_bNull; }
+    /// Set, and not to a null pointer.
+    bool isHeld() const { return m_bSet && !m_bNull; }
     /// Makes it as it was when new: unset, with the default of its class.
     virtual void clear() = 0;
 
 protected:
-    void markSet(bool bSet = true) { m_bSet = bSet; }
+    void markSet(bool bNull = false) { m_bSet = true, m_bNull = bNull; }
+    void markUnset() { m_bSet = false, m_bNull = false; }
 
 private:
     bool m_bSet = false;
+    bool m_bNull = false;
 };
 
 /// Gives an attribute class its names. `TDerived` has `static constexpr const char* g_name` and `g_toolTip`.

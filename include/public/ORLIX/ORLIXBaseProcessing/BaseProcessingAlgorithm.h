@@ -22,6 +22,7 @@ protected:
     ProcessingResult<bool> mainProcess() override;
 
     virtual ProcessingResult<bool> getDataTypeIdColl(DataTypeIdentifierColl& types) const = 0;
+    /// Makes `parsers` hold the parsers of this run, in order; it comes as the last run left it.
     virtual ProcessingResult<bool> initDataParserColl(DataParserVector& parsers) = 0;
     virtual void clearDataParserColl() = 0;
     /// Elements, current line and first element of the one call of a class without parsers.

@@ -15,10 +15,9 @@ public:
 
     bool isOutput() const override { return false; }
     eAttributeType getAttributeType() const override { return eAttributeType::eDataItemAttribute; }
-    bool isNull() const override { return isSet() && !m_node; }
-    void clear() override { m_node.reset(), markSet(false); }
+    void clear() override { m_node.reset(), markUnset(); }
 
-    void init(const StorageType& node) { m_node = node, markSet(); }
+    void init(const StorageType& node) { m_node = node, markSet(!m_node); }
     const StorageType& getStorage() const { return m_node; }
     const TNode& getDataItemNode() const { return *m_node; }
 
@@ -36,10 +35,9 @@ public:
 
     bool isOutput() const override { return true; }
     eAttributeType getAttributeType() const override { return eAttributeType::eDataItemAttribute; }
-    bool isNull() const override { return isSet() && !m_node; }
-    void clear() override { m_node.reset(), markSet(false); }
+    void clear() override { m_node.reset(), markUnset(); }
 
-    void init(const StorageType& node) { m_node = node, markSet(); }
+    void init(const StorageType& node) { m_node = node, markSet(!m_node); }
     const StorageType& getStorage() const { return m_node; }
     TNode& getDataItemNode() const { return *m_node; }
 

@@ -28,7 +28,12 @@ public:
         return g_forced;
     }
     static InstructionSetsIdentifier& accessForcedInstructionSets() { return retrieveForcedInstructionSets(); }
-    const InstructionSetsIdentifier& getForcedInstructionSets() const override { return retrieveForcedInstructionSets(); }
+    /// Every strip asks, so the lock is taken the first time alone.
+    const InstructionSetsIdentifier& getForcedInstructionSets() const override
+    {
+        static const InstructionSetsIdentifier& g_forced = retrieveForcedInstructionSets();
+        return g_forced;
+    }
     static void forceInstructionSets(const InstructionSetsIdentifier& sets) { retrieveForcedInstructionSets() = sets; }
     static void releaseForcedInstructionSets() { retrieveForcedInstructionSets().clear(); }
 

@@ -19,7 +19,7 @@ struct eProviderStatus
 struct [[nodiscard]] ProviderResult
 {
     eProviderStatus status;
-    std::string message;
+    ResultMessage message;
 
     static ProviderResult ready() { return {eProviderStatus::eProviderReady, {}}; }
     static ProviderResult none() { return {eProviderStatus::eProviderNone, {}}; }
@@ -36,7 +36,7 @@ struct eStepStatus
 struct [[nodiscard]] StepResult
 {
     eStepStatus status;
-    std::string message;
+    ResultMessage message;
 
     static StepResult success() { return {eStepStatus::eStepSuccess, {}}; }
     static StepResult failed(std::string message) { return {eStepStatus::eStepFailed, std::move(message)}; }

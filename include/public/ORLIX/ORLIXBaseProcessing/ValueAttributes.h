@@ -17,7 +17,7 @@ public:
 
     bool isOutput() const override { return false; }
     eAttributeType getAttributeType() const override { return eAttributeType::eValueAttribute; }
-    void clear() override { m_value = m_default, markSet(false); }
+    void clear() override { m_value = m_default, markUnset(); }
 
     void init(const TValue& value) { m_value = value, markSet(); }
     const TValue& accessValue() const { return m_value; }

@@ -33,6 +33,12 @@ public:
     void requestCancellation();
     /// For the runs that start from now on. Empty: nobody watches.
     void setProgressObserver(const ProgressObserver& observer) { m_observer = observer; }
+    void clearProgressObserver()
+    {
+        if (m_observer) {
+            m_observer.clear();
+        }
+    }
 
     /// True for an action that hands out other actions.
     virtual bool isComplexAction() const = 0;
@@ -47,6 +53,9 @@ protected:
     virtual void cleanOnErrorDerived() {}    ///< after a failed run, before globalCleanDerived
     virtual ProcessingResult<bool> runDerived() = 0;
     virtual void requestCancellationdDerived() {}
+
+    /// Makes the action as if it had never been run; not while it runs.
+    void forgetRun();
 
     /// The run that this action is part of; valid within `runDerived` only.
     RunContext& accessContext() const { return *m_pContext; }

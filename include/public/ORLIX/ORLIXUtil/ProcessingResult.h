@@ -1,6 +1,8 @@
 // Result of a step that may fail in an expected way: a value and, on failure, the reason.
 #pragma once
 
+#include "ORLIX/ORLIXUtil/ResultMessage.h"
+
 #include <string>
 #include <utility>
 
@@ -34,7 +36,7 @@ public:
     ProcessingResult(bool value, std::string message) : m_bValue(value), m_message(std::move(message)) {}
 
     bool getValue() const { return m_bValue; }
-    const std::string& getMessage() const { return m_message; }
+    const std::string& getMessage() const { return m_message.get(); }
     explicit operator bool() const { return m_bValue; }
 
     [[nodiscard]] static ProcessingResult success() { return {true}; }
@@ -42,7 +44,7 @@ public:
 
 private:
     bool m_bValue = false;
-    std::string m_message;
+    ResultMessage m_message;
 };
 
 using BoolResult = ProcessingResult<bool>;

@@ -21,20 +21,22 @@ struct BufferStrides
 };
 
 /// What an image knows of the memory under it. Plans are addressed by byte distances. Where time steps differ in type,
-/// the distances are those of step 0: another step has the same ones in elements, so its bytes go with its element size.
+/// the distances are those of step 0: another step has the same ones in elements, so its bytes go with its element
+/// size.
 struct PixelLayout
 {
-    std::byte* first = nullptr;      ///< element (0, 0, 0, 0, 0); null for an image without host pixels
-    unsigned long rowBytes = 0;      ///< from a row to the next
-    unsigned long planBytes = 0;     ///< from a plan to the next
-    unsigned long channelBytes = 0;  ///< from a channel to the next
-    unsigned long stepBytes = 0;     ///< from a time step to the next
-    boost::shared_ptr<const std::vector<unsigned long>> stepOffsets; ///< bytes from `first`, where types differ by step
-    bool bDense = true;              ///< rows touch
-    bool bRoomBehindPlans = false;   ///< 64 elements behind each plan may be read and written
-    bool bStreamingPays = false;     ///< the whole buffer is at least half the last-level cache
-    eImageType imageType;            ///< whose memory it is
-    boost::shared_ptr<void> owner;   ///< keeps the memory alive
+    std::byte* first = nullptr;     ///< element (0, 0, 0, 0, 0); null for an image without host pixels
+    unsigned long rowBytes = 0;     ///< from a row to the next
+    unsigned long planBytes = 0;    ///< from a plan to the next
+    unsigned long channelBytes = 0; ///< from a channel to the next
+    unsigned long stepBytes = 0;    ///< from a time step to the next
+    /// Bytes from `first` to each time step, where types differ by step; else null.
+    boost::shared_ptr<const std::vector<unsigned long>> stepOffsets;
+    bool bDense = true;            ///< rows touch
+    bool bRoomBehindPlans = false; ///< 64 elements behind each plan may be read and written
+    bool bStreamingPays = false;   ///< the whole buffer is at least half the last-level cache
+    eImageType imageType;          ///< whose memory it is
+    boost::shared_ptr<void> owner; ///< keeps the memory alive
 };
 
 /// An image: geometry, optional calibration, pixels. Reading from several threads is safe; writing is the affair of

@@ -6,8 +6,9 @@
 namespace orlix::image {
 
 /// A new image of undefined elements. Every plan is dense, starts on a 64-byte boundary and has room for 64 elements
-/// behind its last. Memory comes from a pool (see PixelMemoryPool.h). Throws ORLIXImageException, naming sizes and bytes,
-/// where the size in bytes overflows, a step's type is none, or the memory cannot be had; nothing is left half made.
+/// behind its last. Memory comes from a pool (see PixelMemoryPool.h). Throws ORLIXImageException, naming sizes and
+/// bytes, where the size in bytes overflows, a step's type is none, or the memory cannot be had; nothing is left half
+/// made.
 ORLIXIMAGE_API ImagePtr createImage(const BaseImageGeometry& geometry);
 
 /// An image over memory of the caller's: `data` is element (0, 0, 0, 0, 0), `strides` are in elements, and `owner`

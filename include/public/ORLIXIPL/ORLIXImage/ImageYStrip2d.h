@@ -11,30 +11,30 @@ class BaseImageYStrip2d
 public:
     /// Lines [startOffsetY, startOffsetY + stripSizeY) of `image`, which has one plan. No bounds are checked.
     BaseImageYStrip2d(const BaseImage& image, unsigned long startOffsetY, unsigned long stripSizeY)
-        : m_image(image), m_startOffsetY(startOffsetY), m_stripSizeY(stripSizeY),
+        : m_image(&image), m_startOffsetY(startOffsetY), m_stripSizeY(stripSizeY),
           m_first(image.accessRow(startOffsetY, 0, 0, 0))
     {}
 
-    unsigned long getSizeX() const { return m_image.getSizeX(); }
+    unsigned long getSizeX() const { return m_image->getSizeX(); }
     unsigned long getStripSizeY() const { return m_stripSizeY; }
     unsigned long getStripStartOffsetY() const { return m_startOffsetY; }
-    unsigned long getImageSizeY() const { return m_image.getSizeY(); }
-    eImageBufferType getImageBufferType() const { return m_image.getBufferType(); }
-    const BaseImage& getBaseImage() const { return m_image; }
+    unsigned long getImageSizeY() const { return m_image->getSizeY(); }
+    eImageBufferType getImageBufferType() const { return m_image->getBufferType(); }
+    const BaseImage& getBaseImage() const { return *m_image; }
 
-    unsigned long getLineBytes() const { return m_image.getPixelLayout().rowBytes; } ///< from a line to the next
-    bool isDense() const { return m_image.getPixelLayout().bDense; }
+    unsigned long getLineBytes() const { return m_image->getPixelLayout().rowBytes; } ///< from a line to the next
+    bool isDense() const { return m_image->getPixelLayout().bDense; }
     /// May up to 64 elements behind the strip's last be read and, by a writer, overwritten with anything? True where
     /// they are padding of the plan or lines of a later strip of it that the cutter keeps out of reach.
-    bool hasRoomBehind() const { return m_image.getPixelLayout().bRoomBehindPlans; }
+    bool hasRoomBehind() const { return m_image->getPixelLayout().bRoomBehindPlans; }
     /// Do stores past the cache pay on this output?
-    bool isStreamingPaying() const { return m_image.getPixelLayout().bStreamingPays; }
+    bool isStreamingPaying() const { return m_image->getPixelLayout().bStreamingPays; }
 
 protected:
     std::byte* getFirst() const { return m_first; }
 
 private:
-    const BaseImage& m_image;
+    const BaseImage* m_image;
     unsigned long m_startOffsetY;
     unsigned long m_stripSizeY;
     std::byte* m_first;

@@ -6,6 +6,7 @@
 #include "ORLIXIPL/ORLIXImage/ImageBufferType.h"
 #include "ORLIXIPL/ORLIXImage/ImageFactory.h"
 #include "ORLIXIPL/ORLIXImage/ImageGeometry.h"
+#include "ORLIXIPL/ORLIXImage/ImageKind.h"
 #include "ORLIXIPL/ORLIXImage/ImageYStrip2d.h"
 #include "ORLIXIPL/ORLIXImage/Logger/ORLIXImageLog.h"
 #include "ORLIXIPL/ORLIXImage/Logger/ORLIXImageLogMessages.h"

@@ -31,18 +31,21 @@ public:
     {
         return eImageProcessingAttributeType::eImageAttribute;
     }
-    bool isNull() const override { return isSet() && m_constImage == nullptr; }
-
     const image::BaseImage& getImage() const { return *m_constImage; }
     /// Null where no image is held.
     virtual ImageConstPtr getImagePtr() const = 0;
     image::eImageBufferType getImageBufferType() const { return m_constImage->getBufferType(); }
 
 protected:
-    void hold(const image::BaseImage* image, bool bSet)
+    void hold(const image::BaseImage* image)
     {
         m_constImage = image;
-        markSet(bSet);
+        markSet(image == nullptr);
+    }
+    void letGo()
+    {
+        m_constImage = nullptr;
+        markUnset();
     }
 
 private:
@@ -56,10 +59,10 @@ public:
     static constexpr bool g_bOutput = false;
 
     bool isOutput() const override { return false; }
-    void clear() override { m_image.reset(), hold(nullptr, false); }
+    void clear() override { m_image.reset(), letGo(); }
 
-    void init(const ImageConstPtr& image) { m_image = image, hold(m_image.get(), true); }
-    void init(ImageConstPtr&& image) { m_image = std::move(image), hold(m_image.get(), true); }
+    void init(const ImageConstPtr& image) { m_image = image, hold(m_image.get()); }
+    void init(ImageConstPtr&& image) { m_image = std::move(image), hold(m_image.get()); }
     const ImageConstPtr& getStorage() const { return m_image; }
     ImageConstPtr getImagePtr() const override { return m_image; }
 
@@ -74,12 +77,12 @@ public:
     static constexpr bool g_bOutput = true;
 
     bool isOutput() const override { return true; }
-    void clear() override { m_image.reset(), hold(nullptr, false); }
+    void clear() override { m_image.reset(), letGo(); }
     /// The one element type that images of this attribute have; none where any type will do.
     virtual image::eImageBufferType getFixedBufferType() const { return image::eImageBufferType::eNoBuffer; }
 
-    void init(const ImagePtr& image) { m_image = image, hold(m_image.get(), true); }
-    void init(ImagePtr&& image) { m_image = std::move(image), hold(m_image.get(), true); }
+    void init(const ImagePtr& image) { m_image = image, hold(m_image.get()); }
+    void init(ImagePtr&& image) { m_image = std::move(image), hold(m_image.get()); }
     const ImagePtr& getStorage() const { return m_image; }
     image::BaseImage& getImage() const { return *m_image; }
     ImageConstPtr getImagePtr() const override { return m_image; }

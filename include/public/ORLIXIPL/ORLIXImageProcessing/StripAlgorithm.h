@@ -29,7 +29,8 @@ struct ParserSlot<TMode, TAttribute, true>
 {
     static constexpr bool g_bStrip = true;
     using Base = StripBaseOf<TAttribute>;
-    boost::shared_ptr<typename TMode::template BaseParser<Base>> parser;
+    boost::shared_ptr<typename TMode::template BaseParser<Base>> parser; ///< kept for the next strip of its type
+    image::eImageBufferType type;
 };
 
 } // namespace details
@@ -59,26 +60,40 @@ protected:
 
     ProcessingResult<bool> initDataParserColl(processor::DataParserVector& parsers) override
     {
-        parsers.clear();
-        (createParser<TAttributes>(parsers), ...);
+        unsigned long nbParsers = 0;
+        (createParser<TAttributes>(parsers, nbParsers), ...);
+        parsers.resize(nbParsers);
         return true;
     }
     void clearDataParserColl() override { (clearParser<TAttributes>(), ...); }
 
 private:
     template <class TAttribute>
-    void createParser(processor::DataParserVector& parsers)
+    void createParser(processor::DataParserVector& parsers, unsigned long& nbParsers)
     {
         using Slot = details::ParserSlot<TMode, TAttribute>;
         if constexpr (Slot::g_bStrip) {
             const TAttribute& attribute = *this->template accessAttribute<TAttribute>();
-            if (attribute.isSet()) {
-                auto& parser = std::get<Slot>(m_slots).parser;
-                parser = StripParserInfo<TMode, typename Slot::Base, typename Slot::Base>::createParser(attribute);
-                if (parser) {
-                    parsers.push_back(parser);
-                }
+            if (!attribute.isHeld()) {
+                return;
             }
+            Slot& slot = std::get<Slot>(m_slots);
+            const image::eImageBufferType type = attribute.getImageBufferType();
+            if (slot.parser && slot.type == type) {
+                slot.parser->init(attribute.getStorage());
+            } else {
+                slot.parser = StripParserInfo<TMode, typename Slot::Base, typename Slot::Base>::createParser(attribute);
+                slot.type = type;
+            }
+            if (!slot.parser) {
+                return;
+            }
+            if (nbParsers == parsers.size()) {
+                parsers.push_back(slot.parser);
+            } else if (parsers[nbParsers] != slot.parser) {
+                parsers[nbParsers] = slot.parser;
+            }
+            ++nbParsers;
         }
     }
     template <class TAttribute>
@@ -88,7 +103,6 @@ private:
             auto& parser = std::get<details::ParserSlot<TMode, TAttribute>>(m_slots).parser;
             if (parser) {
                 parser->clear();
-                parser.reset();
             }
         }
     }

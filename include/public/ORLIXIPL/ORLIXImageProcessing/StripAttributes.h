@@ -20,7 +20,6 @@ public:
 class ORLIXIMAGEPROCESSING_API BaseYStrip2dAttribute : public BaseStripAttribute
 {
 public:
-    bool isNull() const override { return isSet() && m_baseStrip == nullptr; }
     image::eImageBufferType getImageBufferType() const override
     {
         return m_baseStrip == nullptr ? image::eImageBufferType() : m_baseStrip->getImageBufferType();
@@ -29,10 +28,15 @@ public:
     const image::BaseImageYStrip2d& getBaseImageYStrip2d() const { return *m_baseStrip; }
 
 protected:
-    void hold(const image::BaseImageYStrip2d* strip, bool bSet)
+    void hold(const image::BaseImageYStrip2d* strip)
     {
         m_baseStrip = strip;
-        markSet(bSet);
+        markSet(strip == nullptr);
+    }
+    void letGo()
+    {
+        m_baseStrip = nullptr;
+        markUnset();
     }
 
 private:
@@ -49,10 +53,10 @@ public:
     static constexpr bool g_bOutput = bOutput;
 
     bool isOutput() const override { return bOutput; }
-    void clear() override { m_strip.reset(), hold(nullptr, false); }
+    void clear() override { m_strip.reset(), letGo(); }
 
-    void init(const StorageType& strip) { m_strip = strip, hold(m_strip.get(), true); }
-    void init(StorageType&& strip) { m_strip = std::move(strip), hold(m_strip.get(), true); }
+    void init(const StorageType& strip) { m_strip = strip, hold(m_strip.get()); }
+    void init(StorageType&& strip) { m_strip = std::move(strip), hold(m_strip.get()); }
     const StorageType& getStorage() const { return m_strip; }
 
 private:

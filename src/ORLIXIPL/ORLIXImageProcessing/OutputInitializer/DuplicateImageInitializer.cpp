@@ -38,7 +38,7 @@ ProcessingResult<bool> DuplicateImageInitializer<TInputAttribute, TOutputAttribu
 {
     const TInputAttribute* input = m_input.access();
     TOutputAttribute* output = m_output.access();
-    if (input == nullptr || output == nullptr || !input->isSet() || input->isNull()) {
+    if (input == nullptr || output == nullptr || !input->isHeld()) {
         return ProcessingResult<bool>::failure(formatMessage<eImageSplitMessage>(eImageSplitMessage::eInputMissing));
     }
     const image::BaseImage& source = input->getImage();

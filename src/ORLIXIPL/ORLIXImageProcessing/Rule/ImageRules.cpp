@@ -21,8 +21,7 @@ ProcessingResult<bool> checkHeld(const processor::BaseAttribute* attribute)
     if (attribute == nullptr) {
         return processor::details::attributeGone();
     }
-    const bool bHeld = attribute->isSet() && !attribute->isNull();
-    return bHeld ? true : failure(eImageRuleMessage::eNothingHeld, attribute->getObjectName());
+    return attribute->isHeld() ? true : failure(eImageRuleMessage::eNothingHeld, attribute->getObjectName());
 }
 
 /// A rule about one or two attributes of a kind; `check` is only asked where both hold something.
@@ -36,11 +35,13 @@ public:
     {
         const auto* first = m_first.access();
         const auto* second = m_second.access();
-        ProcessingResult<bool> result = checkHeld(first);
-        if (result) {
-            result = checkHeld(second);
+        if (first == nullptr || !first->isHeld()) {
+            return checkHeld(first);
         }
-        return result ? m_check(*first, *second) : result;
+        if (second == nullptr || !second->isHeld()) {
+            return checkHeld(second);
+        }
+        return m_check(*first, *second);
     }
 
 private:

@@ -18,7 +18,7 @@ struct eImageStoragePolicy
 
 /// The output takes the input's sizes, calibration and, where its attribute has no fixed type, element types.
 template <class TInputAttribute, class TOutputAttribute>
-class DuplicateImageInitializer final : public processor::BaseOutputInitializer
+class ORLIXIMAGEPROCESSING_API DuplicateImageInitializer final : public processor::BaseOutputInitializer
 {
 public:
     DuplicateImageInitializer(const processor::AttributeRef<TOutputAttribute>& output,

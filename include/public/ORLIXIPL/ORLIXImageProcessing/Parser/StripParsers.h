@@ -36,7 +36,7 @@ protected:
 /// The whole strip is one block of elements that follow one another, with room behind for a kernel without a tail. In
 /// an image whose rows do not touch, or that has no room, the block is a scratch copy, written back after the kernel.
 template <class TAttribute>
-class BaseRawYStrip2dParser : public BaseYStrip2dParser<TAttribute>
+class ORLIXIMAGEPROCESSING_API BaseRawYStrip2dParser : public BaseYStrip2dParser<TAttribute>
 {
 public:
     unsigned long getNbBlocks() const override;
@@ -52,7 +52,7 @@ private:
 
 /// Each line is one block. Kernels of this mode stay within their line.
 template <class TAttribute>
-class BaseLineYStrip2dParser : public BaseYStrip2dParser<TAttribute>
+class ORLIXIMAGEPROCESSING_API BaseLineYStrip2dParser : public BaseYStrip2dParser<TAttribute>
 {
 public:
     unsigned long getNbBlocks() const override;

@@ -71,7 +71,7 @@ public:
     {
         const TData* data = m_data.access();
         const TValue* value = m_value.access();
-        const bool bThere = data != nullptr && value != nullptr && data->isSet() && !data->isNull();
+        const bool bThere = data != nullptr && value != nullptr && data->isHeld();
         return details::checkRange(data, bThere ? data->getImageBufferType() : image::eImageBufferType(), value,
                                    value != nullptr ? static_cast<double>(value->accessValue()) : 0.0);
     }

@@ -20,7 +20,7 @@ struct eImageStripSplitType
 
 /// `TImage` is image::BaseImage or const image::BaseImage.
 template <class TImage>
-class BaseImageStripSplit : public processor::BaseDynamicSplit
+class ORLIXIMAGEPROCESSING_API BaseImageStripSplit : public processor::BaseDynamicSplit
 {
 public:
     processor::eSplitDynamicType getSplitDynamicType() const override
@@ -30,7 +30,7 @@ public:
     virtual eImageStripSplitType getImageStripSplitType() const = 0;
 
     processor::RangeDemand getRangeDemand() const override;
-    void clear() override { m_image.reset(); }
+    void clear() override { m_image = nullptr; }
 
 protected:
     /// Fails for a null image and for one of several plans.
@@ -38,13 +38,13 @@ protected:
     TImage& accessImage() const { return *m_image; }
 
 private:
-    boost::shared_ptr<TImage> m_image;
+    TImage* m_image = nullptr; ///< kept alive by the attribute that it was taken from
 };
 
 extern template class BaseImageStripSplit<image::BaseImage>;
 extern template class BaseImageStripSplit<const image::BaseImage>;
 
-/// A strip refers to the split's image and is used up within the run that the split was initialised for.
+/// Neither the split nor its strips keep the image alive: the attribute that holds it does, for as long as the run.
 template <class TImage, class TStrip>
 class BaseImageYStrip2dSplit : public BaseImageStripSplit<TImage>
 {
@@ -54,6 +54,8 @@ public:
     {
         return this->initImage(image);
     }
+    ProcessingResult<bool> initBase(boost::shared_ptr<TImage>&&, const image::eStripAllocationType&,
+                                    const image::eStripParsingDirection&, const image::eStripParsingDirection&) = delete;
 
     eImageStripSplitType getImageStripSplitType() const override { return eImageStripSplitType::eYStrip2d; }
 
@@ -61,10 +63,18 @@ public:
     ProcessingResult<bool> processAttribute(processor::BaseProcessor& lower, unsigned long start, unsigned long size,
                                             const core::BaseRequestOrigin&) override
     {
-        return processAttribute(lower, boost::make_shared<TStrip>(this->accessImage(), start, size));
+        if (m_strip && m_strip.use_count() == 1) {
+            *m_strip = TStrip(this->accessImage(), start, size);
+        } else {
+            m_strip = boost::make_shared<TStrip>(this->accessImage(), start, size);
+        }
+        return processAttribute(lower, m_strip);
     }
     virtual ProcessingResult<bool> processAttribute(processor::BaseProcessor& lower,
                                                     const boost::shared_ptr<TStrip>& strip) = 0;
+
+private:
+    boost::shared_ptr<TStrip> m_strip; ///< the last one made, for use again once its processor has let it go
 };
 
 /// The strip that goes with an image: input for a const image, output for another.

@@ -36,7 +36,8 @@ struct StripSource
     {
         using TImage = typename TImagePtr::element_type;
         bLocalized ? split.enableDataLocalization() : split.disableDataLocalization();
-        return split.initBase(static_cast<const boost::shared_ptr<TImage>&>(image),
+        const boost::shared_ptr<TImage>& held = image;
+        return split.initBase(held,
                               image::eStripAllocationType::eStripAllocationDefault,
                               image::eStripParsingDirection::eStripParsingForward,
                               image::eStripParsingDirection::eStripParsingForward);
@@ -77,7 +78,8 @@ public:
         if (!result) {
             return processor::ProviderResult::failed(result.getMessage());
         }
-        provider = m_dispatcher;
+        // The processor that this object is part of outlives the run, so the provider need not own the dispatcher.
+        provider = boost::shared_ptr<core::BaseActionProvider>(boost::shared_ptr<void>(), m_dispatcher.get());
         return processor::ProviderResult::ready();
     }
 

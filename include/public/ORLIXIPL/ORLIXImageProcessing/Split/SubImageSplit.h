@@ -13,27 +13,29 @@ template <class TImagePtr>
 class BaseSubImageSplit : public processor::BaseStaticSplit
 {
 public:
-    /// Fixes the list of sub-images. Fails for a null image, and for plans of a volume that is to stay whole.
+    /// Fixes the list of sub-images. Fails for a null image, and for plans of a volume that is to stay whole. `image`
+    /// itself, an attribute's storage, is referred to until `clear`.
     ProcessingResult<bool> initBase(const eSubImageSplitType& subImageType, const eVolumeParsingType& volumeParsing,
                                     const eColorParsingType& colorParsing, const eTemporalParsingType& temporalParsing,
                                     const TImagePtr& image);
+    ProcessingResult<bool> initBase(const eSubImageSplitType&, const eVolumeParsingType&, const eColorParsingType&,
+                                    const eTemporalParsingType&, TImagePtr&&) = delete;
     /// A view of element `index`; fails for an index outside the list.
     ProcessingResult<bool> getSubImage(unsigned long index, TImagePtr& subImage) const;
 
     processor::eSplitStaticType getSplitStaticType() const override { return processor::eSplitStaticType::eSubImageSplit; }
-    unsigned long getNbElements() const override { return m_nbElements; }
-    unsigned long getCost() const override { return m_cost; }
-    void clear() override { m_image.reset(); }
+    processor::ElementDemand getElementDemand() const override { return {true, m_nbElements, m_cost}; }
+    void clear() override { m_image = nullptr; }
 
 private:
-    TImagePtr m_image;
+    const TImagePtr* m_image = nullptr; ///< the pointer that the image was given by
     bool m_bWholeVolume = false;
     unsigned long m_nbElements = 0;
     unsigned long m_cost = 0;
 };
 
-extern template class BaseSubImageSplit<ImagePtr>;
-extern template class BaseSubImageSplit<ImageConstPtr>;
+extern template class ORLIXIMAGEPROCESSING_API BaseSubImageSplit<ImagePtr>;
+extern template class ORLIXIMAGEPROCESSING_API BaseSubImageSplit<ImageConstPtr>;
 
 /// Feeds attribute `TAttribute` of processors of class `TProcessor`.
 template <class TProcessor, class TAttribute>

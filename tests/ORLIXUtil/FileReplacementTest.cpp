@@ -1,0 +1,178 @@
+// Replacing a file as a whole, and leaving it alone when that fails.
+#include "ORLIX/ORLIXUtil/FileReplacement.h"
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace orlix {
+namespace {
+
+namespace fs = std::filesystem;
+
+class FileReplacementFolder : public testing::Test
+{
+protected:
+    FileReplacementFolder() : m_folder(fs::temp_directory_path() / ("orlix-replacement-" + std::to_string(getpid())))
+    {
+        fs::remove_all(m_folder);
+        fs::create_directories(m_folder);
+    }
+    ~FileReplacementFolder() override { fs::remove_all(m_folder); }
+
+    std::string file(const std::string& name) const { return (m_folder / name).string(); }
+    static void put(const std::string& path, const std::string& text) { std::ofstream(path) << text; }
+    static std::string get(const std::string& path)
+    {
+        std::ifstream stream(path);
+        return {std::istreambuf_iterator<char>(stream), {}};
+    }
+    long nbFiles() const { return std::distance(fs::directory_iterator(m_folder), fs::directory_iterator()); }
+
+    fs::path m_folder;
+};
+
+TEST_F(FileReplacementFolder, putsTheNewContentInPlaceAtTheEnd)
+{
+    put(file("a"), "old");
+    FileReplacement replacement(file("a"));
+    ASSERT_TRUE(replacement.open());
+    ASSERT_TRUE(replacement.write("new ", 4));
+    ASSERT_TRUE(replacement.write("text", 4));
+    EXPECT_EQ(get(file("a")), "old");
+    EXPECT_EQ(fs::path(replacement.getTemporaryFile()).parent_path(), m_folder);
+    ASSERT_TRUE(replacement.commit());
+    EXPECT_EQ(get(file("a")), "new text");
+    EXPECT_EQ(nbFiles(), 1);
+}
+
+TEST_F(FileReplacementFolder, makesAFileThatWasNotThere)
+{
+    FileReplacement replacement(file("a"));
+    ASSERT_TRUE(replacement.open());
+    EXPECT_FALSE(fs::exists(file("a")));
+    ASSERT_TRUE(replacement.commit());
+    EXPECT_EQ(get(file("a")), "");
+    EXPECT_EQ(nbFiles(), 1);
+}
+
+TEST_F(FileReplacementFolder, takesWhatIsWrittenByPath)
+{
+    FileReplacement replacement(file("a"));
+    ASSERT_TRUE(replacement.open());
+    put(replacement.getTemporaryFile(), "by path");
+    ASSERT_TRUE(replacement.commit());
+    EXPECT_EQ(get(file("a")), "by path");
+}
+
+TEST_F(FileReplacementFolder, leavesNothingBehindUnlessCommitted)
+{
+    put(file("a"), "old");
+    {
+        FileReplacement replacement(file("a"));
+        ASSERT_TRUE(replacement.open());
+        ASSERT_TRUE(replacement.write("new", 3));
+    }
+    EXPECT_EQ(get(file("a")), "old");
+    EXPECT_EQ(nbFiles(), 1);
+}
+
+TEST_F(FileReplacementFolder, keepsPermissions)
+{
+    put(file("a"), "old");
+    ASSERT_EQ(chmod(file("a").c_str(), 0640), 0);
+    FileReplacement replacement(file("a"));
+    ASSERT_TRUE(replacement.open());
+    ASSERT_TRUE(replacement.commit());
+    EXPECT_EQ(fs::status(file("a")).permissions(), static_cast<fs::perms>(0640));
+}
+
+TEST_F(FileReplacementFolder, followsALink)
+{
+    put(file("a"), "old");
+    fs::create_symlink(file("a"), file("link"));
+    FileReplacement replacement(file("link"));
+    ASSERT_TRUE(replacement.open());
+    ASSERT_TRUE(replacement.write("new", 3));
+    ASSERT_TRUE(replacement.commit());
+    EXPECT_TRUE(fs::is_symlink(file("link")));
+    EXPECT_EQ(get(file("a")), "new");
+}
+
+TEST_F(FileReplacementFolder, takesTheLongestNameThatAFileCanHave)
+{
+    const std::string longest = file(std::string(255, 'n'));
+    FileReplacement replacement(longest);
+    ASSERT_TRUE(replacement.open());
+    EXPECT_TRUE(replacement.commit());
+    EXPECT_TRUE(fs::exists(longest));
+}
+
+TEST_F(FileReplacementFolder, refusesWhatIsNoFile)
+{
+    EXPECT_EQ(FileReplacement(m_folder.string()).open().getMessage(),
+              "File " + m_folder.string() +
+                  " can't be written: Is a directory. It is as it was before: check its folder, its permissions and "
+                  "the free space");
+    EXPECT_FALSE(FileReplacement("/dev/full").open());
+    EXPECT_TRUE(fs::is_character_file("/dev/full"));
+    EXPECT_FALSE(FileReplacement("").open());
+}
+
+TEST_F(FileReplacementFolder, refusesAMissingFolder)
+{
+    const auto result = FileReplacement(file("missing/a")).open();
+    EXPECT_FALSE(result);
+    EXPECT_NE(result.getMessage().find("No such file or directory"), std::string::npos);
+}
+
+TEST_F(FileReplacementFolder, refusesAReadOnlyFile)
+{
+    put(file("a"), "old");
+    ASSERT_EQ(chmod(file("a").c_str(), 0444), 0);
+    ASSERT_EQ(chmod(m_folder.c_str(), 0777), 0);
+    // The superuser may write everywhere, so the test steps down for a moment.
+    const uid_t user = geteuid();
+    constexpr uid_t g_nobody = 65534;
+    ASSERT_TRUE(user != 0 || seteuid(g_nobody) == 0);
+    const auto opened = FileReplacement(file("a")).open();
+    ASSERT_TRUE(user != 0 || seteuid(user) == 0);
+    EXPECT_FALSE(opened);
+    EXPECT_NE(opened.getMessage().find("Permission denied"), std::string::npos) << opened.getMessage();
+    EXPECT_EQ(get(file("a")), "old");
+    EXPECT_EQ(nbFiles(), 1);
+}
+
+TEST_F(FileReplacementFolder, keepsTheOldFileWhenThereIsNoRoom)
+{
+    put(file("a"), "old");
+    // A limit on the size of files fails as a full disk does, once its signal is ignored.
+    rlimit before = {};
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit limited = {1000, before.rlim_max};
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &limited), 0);
+    FileReplacement replacement(file("a"));
+    const auto opened = replacement.open();
+    const std::string text(4000, 'x');
+    const auto written = replacement.write(text.data(), text.size());
+    const auto committed = replacement.commit();
+    setrlimit(RLIMIT_FSIZE, &before);
+    std::signal(SIGXFSZ, handler);
+    EXPECT_TRUE(opened);
+    EXPECT_FALSE(written);
+    EXPECT_NE(written.getMessage().find("File too large"), std::string::npos);
+    EXPECT_FALSE(committed);
+    EXPECT_EQ(get(file("a")), "old");
+    EXPECT_EQ(nbFiles(), 1);
+}
+
+} // namespace
+} // namespace orlix

@@ -1,0 +1,46 @@
+// A message catalogue of the tests' own, with a logger and a manager that no library uses.
+#pragma once
+
+#include "ORLIX/ORLIXUtil/BaseException.h"
+#include "ORLIX/ORLIXUtil/Enumeration.h"
+#include "ORLIX/ORLIXUtil/LogMessageManager.h"
+#include "ORLIX/ORLIXUtil/MessageCatalogue.h"
+
+#include <log4cplus/logger.h>
+
+namespace orlix::test {
+
+class TestException : public BaseException
+{
+public:
+    using BaseException::BaseException;
+};
+
+struct eTestMessage
+{
+    enum domain { ePlain = 0, eSizes = 7, eUnknown = 99 };
+    ORLIX_ENUMERATION(eTestMessage, ePlain);
+};
+
+inline int g_nbTextsAsked = 0;
+
+} // namespace orlix::test
+
+namespace orlix {
+
+template <>
+struct MessageCatalogue<test::eTestMessage>
+{
+    using Exception = test::TestException;
+    static LogMessageManager& manager() { return LogMessageManager::getInstance("UtilTests"); }
+    static log4cplus::Logger logger() { return log4cplus::Logger::getInstance("ORLIX.UtilTests"); }
+    static const std::vector<MessageText>& texts()
+    {
+        static const std::vector<MessageText> g_texts = {{test::eTestMessage::ePlain, "Nothing to add"},
+                                                         {test::eTestMessage::eSizes, "%s is %d wide and %f high"}};
+        ++test::g_nbTextsAsked;
+        return g_texts;
+    }
+};
+
+} // namespace orlix
