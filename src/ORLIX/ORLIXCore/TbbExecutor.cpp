@@ -2,6 +2,7 @@
 
 #include <boost/make_shared.hpp>
 
+#include <tbb/global_control.h>
 #include <tbb/parallel_for.h>
 #include <tbb/task_arena.h>
 
@@ -22,6 +23,11 @@ public:
     explicit TbbExecutor(unsigned long nbThreads) : m_nbThreads(nbThreads)
     {
         if (nbThreads > 1) {
+            if (nbThreads > tbb::global_control::active_value(tbb::global_control::max_allowed_parallelism)) {
+                // Without it oneTBB would keep to the processors there are, and say so on the standard error stream.
+                m_moreThreads =
+                    boost::make_shared<tbb::global_control>(tbb::global_control::max_allowed_parallelism, nbThreads);
+            }
             m_arena = boost::make_shared<tbb::task_arena>(static_cast<int>(nbThreads));
         }
     }
@@ -74,6 +80,7 @@ private:
     }
 
     unsigned long m_nbThreads;
+    boost::shared_ptr<tbb::global_control> m_moreThreads;
     boost::shared_ptr<tbb::task_arena> m_arena;
 };
 
