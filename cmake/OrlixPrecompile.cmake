@@ -5,7 +5,7 @@
 option(ORLIX_PRECOMPILE "Precompile the headers of Boost, log4cplus and the standard library" ON)
 
 # orlix_add_precompiled(<name> [PROGRAMS] [HEADERS <further headers>] [LIBS <their targets>])
-# PROGRAMS: for programs; for libraries otherwise.
+# PROGRAMS: for test programs; for libraries otherwise.
 function(orlix_add_precompiled name)
     if(NOT ORLIX_PRECOMPILE)
         return()
@@ -15,7 +15,7 @@ function(orlix_add_precompiled name)
     add_library(${name} OBJECT "${PROJECT_BINARY_DIR}/${name}.cpp")
     if(ARG_PROGRAMS)
         set_target_properties(${name} PROPERTIES POSITION_INDEPENDENT_CODE OFF)
-        target_compile_options(${name} PRIVATE -fPIE)
+        target_compile_options(${name} PRIVATE -fPIE ${ORLIX_TEST_OPTIONS})
     endif()
     target_link_libraries(${name} PRIVATE Boost::headers log4cplus::log4cplus ${ARG_LIBS})
     target_precompile_headers(${name} PRIVATE ${ARG_HEADERS}

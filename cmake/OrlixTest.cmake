@@ -3,6 +3,8 @@
 find_package(GTest REQUIRED)
 find_package(rapidcheck REQUIRED)
 
+# What is proved is the libraries; optimising the tests themselves would take longer than running them.
+set(ORLIX_TEST_OPTIONS $<$<CONFIG:Release>:-O1>)
 orlix_add_precompiled(orlix_precompiled_tests PROGRAMS HEADERS <gtest/gtest.h> LIBS GTest::gtest)
 
 set(ORLIX_TEST_SKIPPED 77) # exit status of a test program that can't run here
@@ -26,6 +28,7 @@ function(orlix_add_tests library)
         set(main GTest::gtest)
     endif()
     add_executable(${program} ${sources})
+    target_compile_options(${program} PRIVATE ${ORLIX_TEST_OPTIONS})
     orlix_use_precompiled(${program} orlix_precompiled_tests)
     target_include_directories(${program} PRIVATE
         "${PROJECT_BINARY_DIR}/layers/${library}/include/private" "${PROJECT_SOURCE_DIR}/tests")
