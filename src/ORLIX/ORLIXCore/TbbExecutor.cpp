@@ -2,11 +2,14 @@
 
 #include <boost/make_shared.hpp>
 
+#include <tbb/global_control.h>
+#include <tbb/info.h>
 #include <tbb/parallel_for.h>
 #include <tbb/task_arena.h>
 
 #include <algorithm>
 #include <atomic>
+#include <optional>
 
 namespace orlix::core {
 
@@ -21,6 +24,9 @@ class TbbExecutor final : public BaseExecutor
 public:
     explicit TbbExecutor(unsigned long nbThreads) : m_nbThreads(nbThreads)
     {
+        if (nbThreads > static_cast<unsigned long>(tbb::info::default_concurrency())) {
+            m_moreWorkers.emplace(tbb::global_control::max_allowed_parallelism, nbThreads);
+        }
         if (nbThreads > 1) {
             m_arena = boost::make_shared<tbb::task_arena>(static_cast<int>(nbThreads));
         }
@@ -74,6 +80,7 @@ private:
     }
 
     unsigned long m_nbThreads;
+    std::optional<tbb::global_control> m_moreWorkers; ///< without it oneTBB keeps to the processors, and says so on stderr
     boost::shared_ptr<tbb::task_arena> m_arena;
 };
 

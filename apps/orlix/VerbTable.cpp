@@ -1,0 +1,18 @@
+// The table of verbs: a new one adds its file under verbs/ and its line here.
+#include "Verb.h"
+
+#define ORLIX_VERBS(verb) verb(info) verb(copy) verb(processors)
+
+namespace orlix::cli {
+
+#define ORLIX_DECLARE_VERB(name) extern const Verb g_##name;
+ORLIX_VERBS(ORLIX_DECLARE_VERB)
+
+std::span<const Verb* const> getVerbs()
+{
+#define ORLIX_VERB_ADDRESS(name) &g_##name,
+    static constexpr const Verb* g_verbs[] = {ORLIX_VERBS(ORLIX_VERB_ADDRESS)};
+    return g_verbs;
+}
+
+} // namespace orlix::cli
