@@ -1,7 +1,12 @@
 // The table of verbs: a new one adds its file under verbs/ and its line here.
 #include "Verb.h"
 
-#define ORLIX_VERBS(verb) verb(info) verb(copy) verb(processors)
+// clang-format off
+#define ORLIX_VERBS(verb)                                                                                              \
+    verb(info)                                                                                                         \
+    verb(copy)                                                                                                         \
+    verb(processors)
+// clang-format on
 
 namespace orlix::cli {
 

@@ -199,7 +199,7 @@ TEST(RoundTripTest, SameImageGivesSameBytes)
         const ImagePtr written = std::string(ending) == "png" ? filledImage(*geometry2d(eImageBufferType::UInt16, 9, 9), 1) : image;
         writeImage(folder / (std::string("a.") + ending), written);
         writeImage(folder / (std::string("b.") + ending), written);
-        EXPECT_EQ(contentOf(folder / (std::string("a.") + ending)), contentOf(folder / (std::string("b.") + ending)));
+        EXPECT_TRUE(contentOf(folder / (std::string("a.") + ending)) == contentOf(folder / (std::string("b.") + ending)));
     }
 }
 
