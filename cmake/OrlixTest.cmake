@@ -10,10 +10,10 @@ orlix_add_precompiled(orlix_precompiled_tests HEADERS <gtest/gtest.h> LIBS GTest
 set(ORLIX_TEST_SKIPPED 77) # exit status of a test program that can't run here
 
 # orlix_add_tests(<library or program> [DATA] [FRAME] [PER_SET] [LIBS <further targets>])
-# DATA tells the program where files are, as ORLIX_SOURCE_DIR and ORLIX_TEST_DATA_DIR. FRAME gives it the main of
-# tests/support, which takes the instruction set and the executor from the environment; it is for layers from
-# ORLIXBaseProcessing on. PER_SET, which needs FRAME, runs the program once more for every instruction set, with that set
-# forced. A library whose folder holds no tests has no program.
+# DATA tells the program where sample images are, as ORLIX_TEST_DATA_DIR. FRAME gives it the main of tests/support, which
+# takes the instruction set and the executor from the environment; it is for layers from ORLIXBaseProcessing on. PER_SET,
+# which needs FRAME, runs the program once more for every instruction set, with that set forced. A library whose folder
+# holds no tests has no program.
 function(orlix_add_tests library)
     cmake_parse_arguments(ARG "DATA;FRAME;PER_SET" "" "LIBS" ${ARGN})
     set(program "${library}Tests")
@@ -35,9 +35,7 @@ function(orlix_add_tests library)
     target_compile_definitions(${program} PRIVATE ORLIX_TEST_SKIPPED=${ORLIX_TEST_SKIPPED})
     target_compile_options(${program} PRIVATE ${ORLIX_TEST_OPTIMISATION})
     if(ARG_DATA)
-        target_compile_definitions(${program} PRIVATE
-            ORLIX_TEST_DATA_DIR="${PROJECT_SOURCE_DIR}/../shared/data"
-            ORLIX_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
+        target_compile_definitions(${program} PRIVATE ORLIX_TEST_DATA_DIR="${PROJECT_SOURCE_DIR}/../shared/data")
     endif()
     target_link_libraries(${program} PRIVATE ${ARG_LIBS} ${main} rapidcheck)
     if(TARGET ORLIX::${library})
