@@ -3,7 +3,7 @@
 
 include(OrlixInstructionSets)
 
-orlix_add_precompiled(orlix_precompiled)
+orlix_add_precompiled(orlix_precompiled OPTIONS -fPIC)
 
 # orlix_add_library(<name> FAMILY <ORLIX|ORLIXIPL> [DEPENDS <libraries of the family>] [PUBLIC <targets>] [PRIVATE <targets>])
 # A layer without sources is one of headers alone.

@@ -4,19 +4,17 @@
 
 option(ORLIX_PRECOMPILE "Precompile the headers of Boost, log4cplus and the standard library" ON)
 
-# orlix_add_precompiled(<name> [PROGRAMS] [HEADERS <further headers>] [LIBS <their targets>])
-# PROGRAMS: for test programs; for libraries otherwise.
+# orlix_add_precompiled(<name> [HEADERS <further headers>] [LIBS <their targets>] [OPTIONS <compiler options>])
+# The options have to be those of the targets that use it: -fPIE for programs, -fPIC for libraries.
 function(orlix_add_precompiled name)
     if(NOT ORLIX_PRECOMPILE)
         return()
     endif()
-    cmake_parse_arguments(ARG "PROGRAMS" "" "LIBS;HEADERS" ${ARGN})
+    cmake_parse_arguments(ARG "" "" "LIBS;HEADERS;OPTIONS" ${ARGN})
     file(CONFIGURE OUTPUT "${PROJECT_BINARY_DIR}/${name}.cpp" CONTENT "// Carries the precompiled headers.\n")
     add_library(${name} OBJECT "${PROJECT_BINARY_DIR}/${name}.cpp")
-    if(ARG_PROGRAMS)
-        set_target_properties(${name} PROPERTIES POSITION_INDEPENDENT_CODE OFF)
-        target_compile_options(${name} PRIVATE -fPIE ${ORLIX_TEST_OPTIONS})
-    endif()
+    set_target_properties(${name} PROPERTIES POSITION_INDEPENDENT_CODE OFF)
+    target_compile_options(${name} PRIVATE ${ARG_OPTIONS})
     target_link_libraries(${name} PRIVATE Boost::headers log4cplus::log4cplus ${ARG_LIBS})
     target_precompile_headers(${name} PRIVATE ${ARG_HEADERS}
         <algorithm> <cstring> <functional> <map> <memory> <mutex> <sstream> <string> <string_view> <vector>
