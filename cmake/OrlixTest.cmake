@@ -3,13 +3,16 @@
 find_package(GTest REQUIRED)
 find_package(rapidcheck REQUIRED)
 
+orlix_add_precompiled(orlix_precompiled_tests HEADERS <gtest/gtest.h> LIBS GTest::gtest)
+
 set(ORLIX_TEST_SKIPPED 77) # exit status of a test program that can't run here
 
-# orlix_add_tests(<library or program> [PER_SET] [LIBS <further targets>])
-# PER_SET runs the program once more for every instruction set, with that set forced. A library whose folder holds no
-# tests has no program.
+# orlix_add_tests(<library or program> [FRAME] [PER_SET] [LIBS <further targets>])
+# FRAME gives the program the main of tests/support, which takes the instruction set and the executor from the
+# environment; it is for layers from ORLIXBaseProcessing on. PER_SET, which needs FRAME, runs the program once more for
+# every instruction set, with that set forced. A library whose folder holds no tests has no program.
 function(orlix_add_tests library)
-    cmake_parse_arguments(ARG "PER_SET" "" "LIBS" ${ARGN})
+    cmake_parse_arguments(ARG "FRAME;PER_SET" "" "LIBS" ${ARGN})
     set(program "${library}Tests")
     file(GLOB_RECURSE sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/${library}/*.cpp")
     if(NOT sources)
@@ -17,14 +20,20 @@ function(orlix_add_tests library)
         return()
     endif()
     orlix_set_kernel_flags(${sources})
+    set(main GTest::gtest_main)
+    if(ARG_FRAME)
+        list(APPEND sources "${PROJECT_SOURCE_DIR}/tests/support/main.cpp")
+        set(main GTest::gtest)
+    endif()
     add_executable(${program} ${sources})
+    orlix_use_precompiled(${program} orlix_precompiled_tests)
     target_include_directories(${program} PRIVATE
         "${PROJECT_BINARY_DIR}/layers/${library}/include/private" "${PROJECT_SOURCE_DIR}/tests")
     target_compile_definitions(${program} PRIVATE
         ORLIX_TEST_DATA_DIR="${PROJECT_SOURCE_DIR}/../shared/data"
         ORLIX_SOURCE_DIR="${PROJECT_SOURCE_DIR}"
         ORLIX_TEST_SKIPPED=${ORLIX_TEST_SKIPPED})
-    target_link_libraries(${program} PRIVATE ${ARG_LIBS} GTest::gtest_main rapidcheck)
+    target_link_libraries(${program} PRIVATE ${ARG_LIBS} ${main} rapidcheck)
     if(TARGET ORLIX::${library})
         target_link_libraries(${program} PRIVATE ORLIX::${library})
     endif()
@@ -34,9 +43,12 @@ function(orlix_add_tests library)
     if(ARG_PER_SET)
         foreach(set plain ${ORLIX_INSTRUCTION_SET_SUFFIXES})
             add_test(NAME ${library}.${set} COMMAND ${program})
-            set_tests_properties(${library}.${set} PROPERTIES ENVIRONMENT "ORLIX_TEST_INSTRUCTION_SET=${set}")
+            set_property(TEST ${library}.${set} APPEND PROPERTY ENVIRONMENT "ORLIX_TEST_INSTRUCTION_SET=${set}")
             list(APPEND tests ${library}.${set})
         endforeach()
+    endif()
+    if(ARG_FRAME AND ORLIX_SANITIZE MATCHES "thread") # it can't see how oneTBB synchronises
+        set_property(TEST ${tests} APPEND PROPERTY ENVIRONMENT "ORLIX_TEST_EXECUTOR=threads:4")
     endif()
     set_tests_properties(${tests} PROPERTIES SKIP_RETURN_CODE ${ORLIX_TEST_SKIPPED} TIMEOUT 300)
 endfunction()

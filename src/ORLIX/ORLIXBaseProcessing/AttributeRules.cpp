@@ -40,6 +40,12 @@ ProcessingResult<bool> attributeGone()
     return failure(formatMessage<eProcessingRuleMessage>(eProcessingRuleMessage::eAttributeGone));
 }
 
+ProcessingResult<bool> attributeEmpty(const BaseAttribute& attribute)
+{
+    return failure(formatMessage<eProcessingRuleMessage>(eProcessingRuleMessage::eAttributeEmpty,
+                                                         attribute.getObjectName()));
+}
+
 ProcessingResult<bool> comparisonFailed(const BaseAttribute& left, const std::string& leftValue,
                                         eValueComparisonRuleType type, const BaseAttribute& right,
                                         const std::string& rightValue)

@@ -57,6 +57,7 @@ void BaseProcessor::clearForReuse()
     }
     clearIntermediateData();
     clearProgressObserver();
+    forgetRun();
 }
 
 void BaseProcessor::clearInputData()

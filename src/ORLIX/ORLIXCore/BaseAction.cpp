@@ -91,6 +91,12 @@ ProcessingResult<bool> BaseAction::runWithin(RunContext& context)
     return result;
 }
 
+void BaseAction::forgetRun()
+{
+    m_state.store(eState::created, std::memory_order_relaxed);
+    m_result = {};
+}
+
 ProcessingResult<bool> BaseAction::wait()
 {
     for (;;) {

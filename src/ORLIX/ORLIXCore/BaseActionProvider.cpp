@@ -10,21 +10,22 @@ namespace orlix::core {
 
 namespace {
 
-/// What came of the elements so far: the failure of the lowest element, and whether to go on.
+/// What came of the elements so far: the failure of the lowest element, and which elements are still wanted.
 class Outcome
 {
 public:
-    bool isBroken() const { return m_bBroken.load(std::memory_order_relaxed); }
+    /// An element below the failed one may fail as well, and then its failure is the one that counts; it is left out
+    /// only where it comes behind a failure. So the result is the same in whatever order and on however many threads.
+    bool isWanted(unsigned long element) const { return element < m_lowestFailed.load(std::memory_order_relaxed); }
 
     void fail(unsigned long element, ProcessingResult<bool> result, std::exception_ptr error)
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
-        if (!isBroken() || element < m_element) {
-            m_element = element;
+        if (isWanted(element)) {
             m_result = std::move(result);
             m_error = std::move(error);
+            m_lowestFailed.store(element, std::memory_order_relaxed);
         }
-        m_bBroken.store(true, std::memory_order_relaxed);
     }
 
     ProcessingResult<bool> take()
@@ -36,9 +37,8 @@ public:
     }
 
 private:
-    std::atomic<bool> m_bBroken{false};
+    std::atomic<unsigned long> m_lowestFailed{~0UL};
     std::mutex m_mutex;
-    unsigned long m_element = 0;
     ProcessingResult<bool> m_result = true;
     std::exception_ptr m_error;
 };
@@ -71,7 +71,7 @@ public:
 
     void operator()(unsigned long element)
     {
-        if (m_outcome.isBroken()) {
+        if (!m_outcome.isWanted(element)) {
             return;
         }
         try {

@@ -3,11 +3,13 @@
 #include <boost/make_shared.hpp>
 
 #include <tbb/global_control.h>
+#include <tbb/info.h>
 #include <tbb/parallel_for.h>
 #include <tbb/task_arena.h>
 
 #include <algorithm>
 #include <atomic>
+#include <optional>
 
 namespace orlix::core {
 
@@ -22,12 +24,10 @@ class TbbExecutor final : public BaseExecutor
 public:
     explicit TbbExecutor(unsigned long nbThreads) : m_nbThreads(nbThreads)
     {
+        if (nbThreads > static_cast<unsigned long>(tbb::info::default_concurrency())) {
+            m_moreWorkers.emplace(tbb::global_control::max_allowed_parallelism, nbThreads);
+        }
         if (nbThreads > 1) {
-            if (nbThreads > tbb::global_control::active_value(tbb::global_control::max_allowed_parallelism)) {
-                // Without it oneTBB would keep to the processors there are, and say so on the standard error stream.
-                m_moreThreads =
-                    boost::make_shared<tbb::global_control>(tbb::global_control::max_allowed_parallelism, nbThreads);
-            }
             m_arena = boost::make_shared<tbb::task_arena>(static_cast<int>(nbThreads));
         }
     }
@@ -80,7 +80,7 @@ private:
     }
 
     unsigned long m_nbThreads;
-    boost::shared_ptr<tbb::global_control> m_moreThreads;
+    std::optional<tbb::global_control> m_moreWorkers; ///< without it oneTBB keeps to the processors, and says so on stderr
     boost::shared_ptr<tbb::task_arena> m_arena;
 };
 

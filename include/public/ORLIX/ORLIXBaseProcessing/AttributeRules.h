@@ -53,6 +53,7 @@ std::string toText(const TValue& value)
 }
 
 ORLIXBASEPROCESSING_API ProcessingResult<bool> attributeGone();
+ORLIXBASEPROCESSING_API ProcessingResult<bool> attributeEmpty(const BaseAttribute& attribute);
 ORLIXBASEPROCESSING_API ProcessingResult<bool> comparisonFailed(const BaseAttribute& left, const std::string& leftValue,
                                                                 eValueComparisonRuleType type,
                                                                 const BaseAttribute& right,
@@ -111,6 +112,12 @@ public:
         const TAttribute2* right = m_right.access();
         if (left == nullptr || right == nullptr) {
             return details::attributeGone();
+        }
+        if (!left->isHeld()) {
+            return details::attributeEmpty(*left);
+        }
+        if (!right->isHeld()) {
+            return details::attributeEmpty(*right);
         }
         constexpr auto g_type = static_cast<eValueComparisonRuleType::domain>(type);
         const unsigned long leftSize = TColl1::get(left->getDataItemNode()).size();

@@ -54,6 +54,9 @@ protected:
     virtual ProcessingResult<bool> runDerived() = 0;
     virtual void requestCancellationdDerived() {}
 
+    /// Makes the action as if it had never been run; not while it runs.
+    void forgetRun();
+
     /// The run that this action is part of; valid within `runDerived` only.
     RunContext& accessContext() const { return *m_pContext; }
 

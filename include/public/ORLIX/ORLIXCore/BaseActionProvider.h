@@ -30,7 +30,8 @@ public:
 };
 
 /// Runs all elements of `provider` and clears it. The first failing element by index decides the result, and an
-/// exception of an element is thrown again here, unchanged; no element starts after a failure or a cancellation.
+/// exception of an element is thrown again here, unchanged. No element behind a failed one starts, and none after a
+/// cancellation.
 ORLIXCORE_API ProcessingResult<bool> runElements(BaseActionProvider& provider, RunContext& context);
 
 } // namespace orlix::core

@@ -46,7 +46,8 @@ struct eProcessingRuleMessage
         eAttributeGone = 0,
         eOptionalNotSet = 1, ///< attribute
         eComparisonFailed = 2, ///< attribute, value, relation, attribute, value
-        eCollSizeFailed = 3 ///< attribute, size, relation, attribute, size
+        eCollSizeFailed = 3, ///< attribute, size, relation, attribute, size
+        eAttributeEmpty = 4 ///< attribute
     };
     ORLIX_ENUMERATION(eProcessingRuleMessage, eAttributeGone);
 };

@@ -1,0 +1,270 @@
+// Dispatchers over a recording level below: how many elements, which ranges, what is refused.
+#include "ORLIX/ORLIXBaseProcessing/ProcessorDispatchers.h"
+
+#include "ORLIXBaseProcessing/LowerProcessor.h"
+#include "ORLIXCore/TestActions.h"
+#include "support/Executors.h"
+
+#include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
+
+#include <algorithm>
+#include <numeric>
+
+namespace orlix::processor::test {
+namespace {
+
+using core::BasePriority;
+using orlix::testing::makeAllExecutors;
+using orlix::testing::NamedExecutor;
+
+using StaticDispatcher = StaticProcessorDispatcher<LowerProcessor>;
+using DynamicDispatcher = DynamicProcessorDispatcher<LowerProcessor>;
+
+boost::shared_ptr<NumberSplit> numbers(unsigned long nbElements, bool bHasElements = true)
+{
+    return boost::make_shared<NumberSplit>(nbElements, bHasElements);
+}
+template <class TAttribute = InLines>
+boost::shared_ptr<LineSplit<TAttribute>> lines(unsigned long nbLines, unsigned long lineBytes, unsigned long multiple,
+                                               bool bHasLines = true)
+{
+    return boost::make_shared<LineSplit<TAttribute>>(RangeDemand{nbLines, lineBytes, multiple}, bHasLines);
+}
+
+std::string failureOf(const ProcessingResult<bool>& result)
+{
+    return result ? "no failure" : result.getMessage();
+}
+
+std::vector<double> numbersSeen()
+{
+    std::vector<double> found;
+    for (const Seen& seen : LowerProcessor::takeSeen()) {
+        found.push_back(seen.number);
+    }
+    std::sort(found.begin(), found.end());
+    return found;
+}
+
+/// Ranges of a run in order of their lines, with a failure where the two attributes had different ones.
+std::vector<LineRange> rangesSeen()
+{
+    std::vector<LineRange> found;
+    for (const Seen& seen : LowerProcessor::takeSeen()) {
+        EXPECT_EQ(seen.lines, seen.moreLines);
+        found.push_back(seen.lines);
+    }
+    std::sort(found.begin(), found.end());
+    return found;
+}
+
+TEST(StaticDispatcher, GivesEveryElementToAProcessorOfItsOwn)
+{
+    for (const NamedExecutor& each : makeAllExecutors()) {
+        for (const unsigned long nbElements : {0UL, 1UL, 2UL, 100UL}) {
+            SCOPED_TRACE(each.name + ", " + std::to_string(nbElements));
+            const auto split = numbers(nbElements);
+            StaticDispatcher dispatcher;
+            EXPECT_EQ(failureOf(dispatcher.init(BasePriority(), split)), "no failure");
+            EXPECT_EQ(dispatcher.getNbElements(), nbElements);
+            EXPECT_EQ(dispatcher.getCost(), split->m_cost);
+            EXPECT_EQ(dispatcher.hasPendingAction(), nbElements > 0);
+            EXPECT_EQ(failureOf(core::runOn(*each.executor, dispatcher)), "no failure");
+            EXPECT_FALSE(dispatcher.hasPendingAction());
+            std::vector<double> expected;
+            for (unsigned long i = 0; i < nbElements; ++i) {
+                expected.push_back(10.0 * static_cast<double>(i));
+            }
+            EXPECT_EQ(numbersSeen(), expected);
+            EXPECT_EQ(split->m_nbCleared, 1);
+            EXPECT_FALSE(OneAtATime::wasBroken());
+        }
+    }
+}
+
+TEST(StaticDispatcher, CanBeSetUpAgain)
+{
+    StaticDispatcher dispatcher;
+    for (const unsigned long nbElements : {3UL, 1UL, 5UL}) {
+        EXPECT_EQ(failureOf(dispatcher.init(BasePriority(), numbers(nbElements))), "no failure");
+        EXPECT_TRUE(dispatcher.hasPendingAction());
+        EXPECT_EQ(failureOf(core::runOn(core::accessExecutor(), dispatcher)), "no failure");
+        EXPECT_EQ(numbersSeen().size(), nbElements);
+    }
+}
+
+TEST(StaticDispatcher, SplitsWithoutACountGoWithTheOthers)
+{
+    StaticDispatcher dispatcher;
+    EXPECT_EQ(failureOf(dispatcher.init(BasePriority(), numbers(77, false), numbers(4), numbers(9, false))),
+              "no failure");
+    EXPECT_EQ(dispatcher.getNbElements(), 4u);
+}
+
+TEST(StaticDispatcher, RefusesCountsThatDifferAndNoCountAtAll)
+{
+    StaticDispatcher dispatcher;
+    EXPECT_EQ(failureOf(dispatcher.init(BasePriority(), numbers(4), numbers(4), numbers(5))),
+              "LowerProcessor: all splits must have the same number of elements, but InOptNumber has 4 and InOptNumber "
+              "has 5");
+    const std::string noSplit = "LowerProcessor: there is no split that tells the number of elements: add one for an "
+                                "attribute that is cut";
+    EXPECT_EQ(failureOf(dispatcher.init(BasePriority())), noSplit);
+    EXPECT_EQ(failureOf(dispatcher.init(BasePriority(), numbers(4, false))), noSplit);
+}
+
+TEST(StaticDispatcher, AnElementThatCannotBeMadeFailsTheRun)
+{
+    const auto split = numbers(6);
+    split->m_failing = 2;
+    StaticDispatcher dispatcher;
+    EXPECT_EQ(failureOf(dispatcher.init(BasePriority(), split)), "no failure");
+    EXPECT_EQ(failureOf(core::runOn(*core::makeTbbExecutor(1), dispatcher)), "no element 2");
+    EXPECT_EQ(numbersSeen(), (std::vector<double>{0, 10}));
+    EXPECT_EQ(split->m_nbCleared, 1);
+}
+
+TEST(StaticDispatcher, ChecksTheClassOfTheLowerProcessor)
+{
+    StaticProcessorDispatcher<OtherProcessor> dispatcher;
+    EXPECT_EQ(failureOf(dispatcher.init(BasePriority(), numbers(2))), "no failure");
+    EXPECT_EQ(failureOf(core::runOn(*core::makeTbbExecutor(1), dispatcher)),
+              "The split for attribute InOptNumber does not feed processors of class OtherProcessor: make it for that "
+              "class");
+}
+
+TEST(StaticDispatcher, SpeaksForItsProcessorClass)
+{
+    const StaticDispatcher dispatcher;
+    EXPECT_EQ(dispatcher.getProcessorName(), "LowerProcessor");
+    EXPECT_EQ(dispatcher.getProcessorToolTip(), "One element");
+    EXPECT_NE(boost::dynamic_pointer_cast<LowerProcessor>(dispatcher.createProcessor()), nullptr);
+    EXPECT_EQ(numbers(1)->getSplitBaseType(), eSplitBaseType::eStaticSplit);
+    EXPECT_EQ(lines(1, 1, 1)->getSplitBaseType(), eSplitBaseType::eDynamicSplit);
+}
+
+TEST(StaticDispatcher, ACancelledProviderHasNothingPending)
+{
+    StaticDispatcher dispatcher;
+    EXPECT_EQ(failureOf(dispatcher.init(BasePriority(), numbers(3))), "no failure");
+    dispatcher.requestCancellationDerived();
+    EXPECT_FALSE(dispatcher.hasPendingAction());
+}
+
+TEST(DataSplit, LocalizationIsOnUntilItIsSwitchedOff)
+{
+    NumberSplit split(1);
+    EXPECT_TRUE(split.isDataLocalized());
+    split.disableDataLocalization();
+    EXPECT_FALSE(split.isDataLocalized());
+    split.enableDataLocalization();
+    EXPECT_TRUE(split.isDataLocalized());
+}
+
+TEST(DynamicDispatcher, RefusesCountsThatDifferAndNoCountAtAll)
+{
+    DynamicDispatcher dispatcher;
+    EXPECT_EQ(failureOf(dispatcher.init(BasePriority(), lines(10, 1, 1), lines<InMoreLines>(11, 1, 1))),
+              "LowerProcessor: all splits must have the same number of elements, but InLines has 10 and InMoreLines has "
+              "11");
+    EXPECT_EQ(failureOf(dispatcher.init(BasePriority(), lines(10, 1, 1, false))),
+              "LowerProcessor: there is no split that tells the number of elements: add one for an attribute that is "
+              "cut");
+}
+
+TEST(DynamicDispatcher, ARangeThatCannotBeMadeFailsTheRun)
+{
+    const auto split = lines(100, 1 << 20, 1);
+    split->m_failingStart = 3;
+    DynamicDispatcher dispatcher;
+    EXPECT_EQ(failureOf(dispatcher.init(BasePriority(), split, lines<InMoreLines>(100, 1, 1))), "no failure");
+    EXPECT_EQ(failureOf(core::runOn(*core::makeTbbExecutor(1), dispatcher)), "no lines from 3");
+    EXPECT_EQ(rangesSeen().size(), 3u);
+    EXPECT_EQ(split->m_nbCleared, 1);
+}
+
+TEST(DynamicDispatcher, ChecksTheClassOfTheLowerProcessor)
+{
+    DynamicProcessorDispatcher<OtherProcessor> dispatcher;
+    EXPECT_EQ(failureOf(dispatcher.init(BasePriority(), lines(2, 1, 1))), "no failure");
+    EXPECT_EQ(failureOf(core::runOn(*core::makeTbbExecutor(1), dispatcher)),
+              "The split for attribute InLines does not feed processors of class OtherProcessor: make it for that class");
+}
+
+TEST(DynamicDispatcher, NoLinesMeanNoElements)
+{
+    for (const unsigned long lineBytes : {0UL, 100UL}) {
+        DynamicDispatcher dispatcher;
+        EXPECT_EQ(failureOf(dispatcher.init(BasePriority(), lines(0, lineBytes, 1))), "no failure");
+        EXPECT_EQ(dispatcher.getNbElements(), 0u);
+    }
+}
+
+TEST(DynamicDispatcher, TheHighestStripThereIsTakesAllLines)
+{
+    ProcessorDispatchPolicy policy;
+    policy.initStripBytes(~0UL);
+    for (const unsigned long multiple : {1UL, 64UL}) {
+        DynamicDispatcher dispatcher;
+        dispatcher.setDispatchPolicy(policy);
+        EXPECT_EQ(failureOf(dispatcher.init(BasePriority(), lines(1000, 1, multiple))), "no failure");
+        EXPECT_EQ(dispatcher.getNbElements(), 1u);
+    }
+}
+
+TEST(DynamicDispatcher, AllSplitsGetTheSameRangesOnEveryExecutor)
+{
+    std::vector<LineRange> first;
+    for (const NamedExecutor& each : makeAllExecutors()) {
+        SCOPED_TRACE(each.name);
+        DynamicDispatcher dispatcher;
+        EXPECT_EQ(failureOf(dispatcher.init(BasePriority(), lines(1001, 1000, 4), lines(5, 5, 5, false),
+                                            lines<InMoreLines>(1001, 3000, 6))),
+                  "no failure");
+        EXPECT_EQ(dispatcher.getLinesPerElement() % 12, 0u) << "the least common multiple";
+        EXPECT_EQ(failureOf(core::runOn(*each.executor, dispatcher)), "no failure");
+        std::vector<LineRange> ranges;
+        for (const Seen& seen : LowerProcessor::takeSeen()) {
+            ranges.push_back(seen.moreLines);
+        }
+        std::sort(ranges.begin(), ranges.end());
+        first = first.empty() ? ranges : first;
+        EXPECT_EQ(ranges, first);
+        EXPECT_FALSE(OneAtATime::wasBroken());
+    }
+}
+
+// Whatever is demanded: ranges follow one another, cover all lines once, all but the last are as many lines as the
+// multiple asks, and no more than one multiple beyond what the policy wants.
+RC_GTEST_PROP(DynamicDispatcherProperty, RangesCoverAllLinesOnce, ())
+{
+    const unsigned long nbLines = *rc::gen::inRange(1UL, 3000UL);
+    const unsigned long lineBytes = *rc::gen::inRange(1UL, 100000UL);
+    const unsigned long otherBytes = *rc::gen::inRange(1UL, 100000UL);
+    const unsigned long multiple = *rc::gen::elementOf(std::vector<unsigned long>{1, 2, 4, 16, 64});
+    const unsigned long otherMultiple = *rc::gen::elementOf(std::vector<unsigned long>{1, 3, 8});
+    ProcessorDispatchPolicy policy;
+    policy.initStripBytes(*rc::gen::inRange(1UL, 1UL << 20));
+    DynamicDispatcher dispatcher;
+    dispatcher.setDispatchPolicy(policy);
+    RC_ASSERT(dispatcher
+                  .init(BasePriority(), lines(nbLines, lineBytes, multiple),
+                        lines<InMoreLines>(nbLines, otherBytes, otherMultiple))
+                  .getValue());
+    RC_ASSERT(core::runOn(*core::makeTbbExecutor(1), dispatcher).getValue());
+    const std::vector<LineRange> ranges = rangesSeen();
+    const unsigned long common = std::lcm(multiple, otherMultiple);
+    unsigned long next = 0;
+    for (const LineRange& range : ranges) {
+        RC_ASSERT(range.start == next);
+        RC_ASSERT(range.size > 0);
+        next += range.size;
+        RC_ASSERT(next == nbLines || range.size % common == 0);
+        RC_ASSERT(range.size <= common || (range.size - common) * std::max(lineBytes, otherBytes) < policy.getStripBytes());
+    }
+    RC_ASSERT(next == nbLines);
+}
+
+} // namespace
+} // namespace orlix::processor::test
