@@ -64,7 +64,12 @@ TEST_F(CopyTest, SameFileWhateverThreadsAndInstructionSet)
     const ImagePtr image = makeNoise(*image::geometry3d(eImageBufferType::UInt16, 701, 533, 5));
     copy(image, "out.tif");
     const std::string expected = contentOf(m_folder / "out.tif");
-    for (const char* nbThreads : {"0", "1", "2", "7"}) {
+#ifdef __SANITIZE_THREAD__
+    const std::vector<const char*> threads = {"1"};
+#else
+    const std::vector<const char*> threads = {"0", "1", "2", "7"};
+#endif
+    for (const char* nbThreads : threads) {
         copy(image, "out.tif", {"--threads", nbThreads});
         EXPECT_EQ(contentOf(m_folder / "out.tif"), expected) << nbThreads << " threads";
     }

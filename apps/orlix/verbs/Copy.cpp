@@ -20,21 +20,27 @@ struct CopyArguments
     OutputOptions output;
 };
 
-void runCopy(const CopyArguments& arguments, CommandContext& context)
+ImagePtr copyFile(const CopyArguments& arguments, CommandContext& context)
 {
     using namespace imaproc;
-    checkOutputOptions(arguments.output);
     const InterruptibleWork work;
     const ImagePtr in = readInput(arguments.input, context);
     const ImagePtr out =
         runProcessor<util::CopyImgLvl1>("copy", context, processor::with<attr::InImg>(in))->getStorage<attr::OutImg>();
     writeOutput(arguments.output.file, out, arguments.output.write, context);
+    return out;
+}
+
+void runCopy(const CopyArguments& arguments, CommandContext& context)
+{
+    checkOutputOptions(arguments.output);
+    const ImagePtr copy = copyFile(arguments, context);
     if (context.options.bJson) {
         JsonWriter json(context.out);
         json.beginObject();
         json.member("input", arguments.input);
         json.member("output", arguments.output.file);
-        writeImageMembers(json, out->getGeometry(), out->getGeometricCalibration());
+        writeImageMembers(json, copy->getGeometry(), copy->getGeometricCalibration());
         json.endObject();
     }
 }
