@@ -19,7 +19,15 @@ add_compile_options(-ffile-prefix-map=${source_from_build}= -ffile-prefix-map=${
     -ffile-prefix-map=${PROJECT_BINARY_DIR}/=)
 find_program(ORLIX_CCACHE ccache)
 if(ORLIX_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
-    set(CMAKE_CXX_COMPILER_LAUNCHER env "CCACHE_BASEDIR=${PROJECT_SOURCE_DIR}" "${ORLIX_CCACHE}")
+    set(CMAKE_CXX_COMPILER_LAUNCHER env "CCACHE_BASEDIR=${PROJECT_SOURCE_DIR}"
+        CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
+        "${ORLIX_CCACHE}")
+    # Precompiled headers can be cached only so.
+    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+        add_compile_options(-fpch-preprocess)
+    else()
+        add_compile_options("SHELL:-Xclang -fno-pch-timestamp")
+    endif()
 endif()
 
 # Calls within a library go straight to their target.

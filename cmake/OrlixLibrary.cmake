@@ -3,6 +3,8 @@
 
 include(OrlixInstructionSets)
 
+orlix_add_precompiled(orlix_precompiled OPTIONS -fPIC)
+
 # orlix_add_library(<name> FAMILY <ORLIX|ORLIXIPL> [DEPENDS <libraries of the family>] [PUBLIC <targets>] [PRIVATE <targets>])
 # A layer without sources is one of headers alone.
 function(orlix_add_library name)
@@ -21,6 +23,7 @@ function(orlix_add_library name)
 
     if(sources)
         add_library(${name} SHARED ${sources})
+        orlix_use_precompiled(${name} orlix_precompiled)
         set(usage PUBLIC)
         orlix_set_kernel_flags(${sources})
         target_include_directories(${name} PRIVATE "${layer}/include/private")

@@ -3,14 +3,19 @@
 find_package(GTest REQUIRED)
 find_package(rapidcheck REQUIRED)
 
+set(ORLIX_TEST_OPTIMISATION "$<$<CONFIG:Release>:-O1>") # tests are run once: compiling them takes longer
+orlix_add_precompiled(orlix_precompiled_tests HEADERS <gtest/gtest.h> LIBS GTest::gtest
+    OPTIONS -fPIE ${ORLIX_TEST_OPTIMISATION})
+
 set(ORLIX_TEST_SKIPPED 77) # exit status of a test program that can't run here
 
-# orlix_add_tests(<library> [FRAME] [PER_SET] [LIBS <further targets>])
-# FRAME gives the program the main of tests/support, which takes the instruction set and the executor from the
-# environment; it is for layers from ORLIXBaseProcessing on. PER_SET, which needs FRAME, runs the program once more for
-# every instruction set, with that set forced. A library whose folder holds no tests has no program.
+# orlix_add_tests(<library or program> [DATA] [FRAME] [PER_SET] [LIBS <further targets>])
+# DATA tells the program where sample images are, as ORLIX_TEST_DATA_DIR. FRAME gives it the main of tests/support, which
+# takes the instruction set and the executor from the environment; it is for layers from ORLIXBaseProcessing on. PER_SET,
+# which needs FRAME, runs the program once more for every instruction set, with that set forced. A library whose folder
+# holds no tests has no program.
 function(orlix_add_tests library)
-    cmake_parse_arguments(ARG "FRAME;PER_SET" "" "LIBS" ${ARGN})
+    cmake_parse_arguments(ARG "DATA;FRAME;PER_SET" "" "LIBS" ${ARGN})
     set(program "${library}Tests")
     file(GLOB_RECURSE sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/${library}/*.cpp")
     if(NOT sources)
@@ -24,13 +29,18 @@ function(orlix_add_tests library)
         set(main GTest::gtest)
     endif()
     add_executable(${program} ${sources})
+    orlix_use_precompiled(${program} orlix_precompiled_tests)
     target_include_directories(${program} PRIVATE
         "${PROJECT_BINARY_DIR}/layers/${library}/include/private" "${PROJECT_SOURCE_DIR}/tests")
-    target_compile_definitions(${program} PRIVATE
-        ORLIX_TEST_DATA_DIR="${PROJECT_SOURCE_DIR}/../shared/data"
-        ORLIX_SOURCE_DIR="${PROJECT_SOURCE_DIR}"
-        ORLIX_TEST_SKIPPED=${ORLIX_TEST_SKIPPED})
-    target_link_libraries(${program} PRIVATE ORLIX::${library} ${ARG_LIBS} ${main} rapidcheck)
+    target_compile_definitions(${program} PRIVATE ORLIX_TEST_SKIPPED=${ORLIX_TEST_SKIPPED})
+    target_compile_options(${program} PRIVATE ${ORLIX_TEST_OPTIMISATION})
+    if(ARG_DATA)
+        target_compile_definitions(${program} PRIVATE ORLIX_TEST_DATA_DIR="${PROJECT_SOURCE_DIR}/../shared/data")
+    endif()
+    target_link_libraries(${program} PRIVATE ${ARG_LIBS} ${main} rapidcheck)
+    if(TARGET ORLIX::${library})
+        target_link_libraries(${program} PRIVATE ORLIX::${library})
+    endif()
     set_property(GLOBAL APPEND PROPERTY ORLIX_TEST_PROGRAMS ${program})
     add_test(NAME ${library} COMMAND ${program})
     set(tests ${library})

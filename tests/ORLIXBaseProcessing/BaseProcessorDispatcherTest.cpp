@@ -29,7 +29,7 @@ template <class TAttribute = InLines>
 boost::shared_ptr<LineSplit<TAttribute>> lines(unsigned long nbLines, unsigned long lineBytes, unsigned long multiple,
                                                bool bHasLines = true)
 {
-    return boost::make_shared<LineSplit<TAttribute>>(RangeDemand{nbLines, lineBytes, multiple}, bHasLines);
+    return boost::make_shared<LineSplit<TAttribute>>(RangeDemand{bHasLines, nbLines, lineBytes, multiple});
 }
 
 std::string failureOf(const ProcessingResult<bool>& result)

@@ -138,9 +138,7 @@ public:
         static_cast<LowerProcessor&>(lower).set<InOptNumber>(10.0 * index);
         return true;
     }
-    bool hasElements() const override { return m_bHasElements; }
-    unsigned long getNbElements() const override { return m_nbElements; }
-    unsigned long getCost() const override { return m_cost; }
+    ElementDemand getElementDemand() const override { return {m_bHasElements, m_nbElements, m_cost}; }
     void clear() override { ++m_nbCleared; }
 
     unsigned long m_failing = ~0UL;
@@ -157,7 +155,7 @@ template <class TAttribute>
 class LineSplit final : public BaseDynamicSplit
 {
 public:
-    explicit LineSplit(const RangeDemand& demand, bool bHasLines = true) : m_demand(demand), m_bHasLines(bHasLines) {}
+    explicit LineSplit(const RangeDemand& demand) : m_demand(demand) {}
     const std::string& getAttributeName() const override { return TAttribute::getObjectNameStr(); }
     const std::string& getAttributeToolTip() const override { return TAttribute::getToolTipStr(); }
     bool checkProcessorType(const BaseProcessor& lower) const override
@@ -175,7 +173,6 @@ public:
         static_cast<LowerProcessor&>(lower).set<TAttribute>(LineRange{start, size});
         return true;
     }
-    bool hasLines() const override { return m_bHasLines; }
     RangeDemand getRangeDemand() const override { return m_demand; }
     void clear() override { ++m_nbCleared; }
 
@@ -184,7 +181,6 @@ public:
 
 private:
     RangeDemand m_demand;
-    bool m_bHasLines;
 };
 
 } // namespace orlix::processor::test

@@ -1,6 +1,7 @@
 // Views of parts of an image, and when two images share their pixels.
 #include "ORLIXIPL/ORLIXImage/SubImage.h"
 #include "ORLIXIPL/ORLIXImage/ImageFactory.h"
+#include "ORLIXIPL/ORLIXImage/ORLIXImageException.h"
 
 #include <boost/make_shared.hpp>
 #include <boost/weak_ptr.hpp>
@@ -83,6 +84,31 @@ TEST(SubImage, OfStepsThatDifferInType)
     const ImagePtr pairs = createImage(sequenceOf({g_uint8, g_real32, g_real32}));
     const SubImage sameSteps(*pairs, sequenceOf({g_real32, g_real32}), 0, 0, 1);
     EXPECT_EQ(sameSteps.accessRow(3, 2, 1, 1), pairs->accessRow(3, 2, 1, 2));
+}
+
+class PixellessImage final : public BaseImage
+{
+public:
+    explicit PixellessImage(const BaseImageGeometry& geometry) : BaseImage(geometry, PixelLayout()) {}
+    bool isGpuImage() const override { return true; }
+};
+
+TEST(SubImage, OfAnImageWithoutHostPixelsHasNoneEither)
+{
+    PixellessImage image(*geometry5d(g_uint8, 5, 4, 3, 2, 2)), other(image.getGeometry());
+    const auto plan = planOf(image, 2, 1, 1);
+    EXPECT_EQ(plan->accessRow(3, 0, 0, 0), nullptr);
+    EXPECT_TRUE(image.sharesPixelsWith(image));
+    EXPECT_FALSE(image.sharesPixelsWith(other));
+    EXPECT_EQ(image.getImageBaseType(), eImageBaseType::eGpuImage);
+    try {
+        (void)planData<unsigned char>(image, 2, 1, 1);
+        FAIL();
+    } catch (const ORLIXImageException& exception) {
+        EXPECT_STREQ(exception.what(),
+                     "The pixels of an image of 5x4x3x2x2 UInt8 are not in host memory: copy it to a host"
+                     " image first");
+    }
 }
 
 TEST(SharesPixelsWith, ViewsOfOnePlanDo)

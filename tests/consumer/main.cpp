@@ -1,5 +1,6 @@
 // Makes an image, copies it, takes the copy through a file and checks every pixel.
 #include "ORLIXIPL/ORLIXIPLUtility/ORLIXIPLUtility.h"
+#include "ORLIXIPL/ORLIXImage/ORLIXImage.h"
 #include "ORLIXIPL/ORLIXImageIO/ORLIXImageIO.h"
 
 #include <cstdio>

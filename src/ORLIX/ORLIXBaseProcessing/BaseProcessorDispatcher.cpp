@@ -40,9 +40,18 @@ ProcessingResult<bool> readCommonCount(const BaseProcessorDispatcher& dispatcher
     return first != nullptr ? true : failure(eProcessorMessage::eNoSplits, dispatcher.getProcessorName());
 }
 
-ProcessingResult<bool> wrongProcessor(const BaseDataSplit& split, const BaseProcessor& lower)
+/// Do all splits feed processors of this class? Asked once for a set of splits, since a dispatcher makes one class.
+template <class TSplit>
+ProcessingResult<bool> checkSplits(const std::vector<boost::shared_ptr<TSplit>>& splits, const BaseProcessor& lower,
+                                   bool& bChecked)
 {
-    return failure(eProcessorMessage::eWrongProcessor, split.getAttributeName(), lower.getObjectName());
+    for (auto split = splits.begin(); !bChecked && split != splits.end(); ++split) {
+        if (!(*split)->checkProcessorType(lower)) {
+            return failure(eProcessorMessage::eWrongProcessor, (*split)->getAttributeName(), lower.getObjectName());
+        }
+    }
+    bChecked = true;
+    return true;
 }
 
 } // namespace
@@ -78,25 +87,30 @@ BaseStaticProcessorDispatcher::initBase(const core::BasePriority&,
     startQueries();
     if (m_splits != splits) {
         m_splits = splits;
+        m_bSplitsChecked = false;
     }
-    m_cost = 0;
-    return readCommonCount(
+    unsigned long nbElements = 0;
+    unsigned long cost = 0;
+    ProcessingResult<bool> result = readCommonCount(
         *this, m_splits,
-        [this](const BaseStaticSplit& split, unsigned long& count) {
-            count = split.getNbElements();
-            m_cost += split.hasElements() ? split.getCost() : 0;
-            return split.hasElements();
+        [&cost](const BaseStaticSplit& split, unsigned long& count) {
+            const ElementDemand demand = split.getElementDemand();
+            count = demand.nbElements;
+            cost += demand.cost;
+            return demand.bHasElements;
         },
-        m_nbElements);
+        nbElements);
+    setSize(nbElements, cost);
+    return result;
 }
 
 ProcessingResult<bool> BaseStaticProcessorDispatcher::initAttributes(BaseProcessor& lower,
                                                                      const core::BaseRequestOrigin& origin)
 {
+    if (ProcessingResult<bool> result = checkSplits(m_splits, lower, m_bSplitsChecked); !result) {
+        return result;
+    }
     for (const boost::shared_ptr<BaseStaticSplit>& split : m_splits) {
-        if (!split->checkProcessorType(lower)) {
-            return wrongProcessor(*split, lower);
-        }
         ProcessingResult<bool> result =
             split->processAttribute(lower, static_cast<unsigned int>(origin.getElement()), origin);
         if (!result) {
@@ -120,6 +134,7 @@ BaseDynamicProcessorDispatcher::initBase(const core::BasePriority&,
     startQueries();
     if (m_splits != splits) {
         m_splits = splits;
+        m_bSplitsChecked = false;
     }
     unsigned long widest = 1;
     unsigned long multiple = 1;
@@ -127,10 +142,10 @@ BaseDynamicProcessorDispatcher::initBase(const core::BasePriority&,
     ProcessingResult<bool> result = readCommonCount(
         *this, m_splits,
         [&](const BaseDynamicSplit& split, unsigned long& count) {
-            if (!split.hasLines()) {
+            const RangeDemand demand = split.getRangeDemand();
+            if (!demand.bHasLines) {
                 return false;
             }
-            const RangeDemand demand = split.getRangeDemand();
             count = demand.nbLines;
             widest = std::max(widest, demand.lineBytes);
             multiple = demand.lineMultiple == multiple ? multiple : std::lcm(multiple, demand.lineMultiple);
@@ -140,8 +155,8 @@ BaseDynamicProcessorDispatcher::initBase(const core::BasePriority&,
         m_nbLines);
     const unsigned long wanted = std::max(1UL, std::min(m_nbLines, m_policy.getStripBytes() / widest));
     m_linesPerElement = (wanted + multiple - 1) / multiple * multiple;
-    m_nbElements = m_nbLines / m_linesPerElement + (m_nbLines % m_linesPerElement != 0);
-    m_cost = lineCost * m_nbLines;
+    const unsigned long nbElements = m_nbLines / m_linesPerElement + (m_nbLines % m_linesPerElement != 0);
+    setSize(nbElements, lineCost * m_nbLines);
     return result;
 }
 
@@ -150,10 +165,10 @@ ProcessingResult<bool> BaseDynamicProcessorDispatcher::initAttributes(BaseProces
 {
     const unsigned long start = origin.getElement() * m_linesPerElement;
     const unsigned long size = std::min(m_linesPerElement, m_nbLines - start);
+    if (ProcessingResult<bool> result = checkSplits(m_splits, lower, m_bSplitsChecked); !result) {
+        return result;
+    }
     for (const boost::shared_ptr<BaseDynamicSplit>& split : m_splits) {
-        if (!split->checkProcessorType(lower)) {
-            return wrongProcessor(*split, lower);
-        }
         if (ProcessingResult<bool> result = split->processAttribute(lower, start, size, origin); !result) {
             return result;
         }

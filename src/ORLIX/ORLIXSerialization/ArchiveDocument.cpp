@@ -98,11 +98,12 @@ ProcessingResult<bool> checkDocument(const pugi::xml_document& document)
 
 } // namespace
 
-ProcessingResult<bool> loadArchiveDocument(std::string_view text, pugi::xml_document& document)
+ProcessingResult<bool> loadArchiveDocument(std::string_view text, std::size_t maxBytes,
+                                           pugi::xml_document& document)
 {
     document.reset();
-    if (text.size() > archiveformat::g_maxBytes) {
-        return BoolResult::failure(formatMessage<Message>(Message::eTooLarge, archiveformat::g_maxBytes));
+    if (text.size() > maxBytes) {
+        return BoolResult::failure(formatMessage<Message>(Message::eTooLarge, maxBytes));
     }
     const pugi::xml_parse_result parsed =
         document.load_buffer(text.data(), text.size(), pugi::parse_default, pugi::encoding_utf8);

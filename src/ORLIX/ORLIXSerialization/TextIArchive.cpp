@@ -27,9 +27,9 @@ const char* nameOf(pugi::xml_node entry)
     return entry.attribute(archiveformat::g_name).value();
 }
 
-/// All of the stream, or one byte more than an archive may have. Goes past the stream's own state, so that one that
+/// All of the stream, or one byte more than `maxBytes`. Goes past the stream's own state, so that one that
 /// was told to throw doesn't.
-bool readAll(const std::istream& stream, std::string& text)
+bool readAll(const std::istream& stream, std::size_t maxBytes, std::string& text)
 {
     constexpr std::size_t g_blockBytes = 1UL << 20;
     if (!stream.good() || stream.rdbuf() == nullptr) {
@@ -38,7 +38,7 @@ bool readAll(const std::istream& stream, std::string& text)
     try {
         for (bool bMore = true; bMore;) {
             const std::size_t start = text.size();
-            const std::size_t wanted = std::min(g_blockBytes, archiveformat::g_maxBytes + 1 - start);
+            const std::size_t wanted = std::min(g_blockBytes, maxBytes + 1 - start);
             text.resize(start + wanted);
             const auto got = stream.rdbuf()->sgetn(text.data() + start, static_cast<std::streamsize>(wanted));
             text.resize(start + static_cast<std::size_t>(got));
@@ -55,10 +55,10 @@ bool readAll(const std::istream& stream, std::string& text)
 class TextIArchive::Reader
 {
 public:
-    ProcessingResult<bool> load(std::string_view text)
+    ProcessingResult<bool> load(std::string_view text, std::size_t maxBytes)
     {
         m_sections.clear();
-        auto result = loadArchiveDocument(text, m_document);
+        auto result = loadArchiveDocument(text, maxBytes, m_document);
         if (result) {
             m_sections.push_back({m_document.document_element(), m_document.document_element().first_child()});
         }
@@ -143,20 +143,20 @@ private:
     std::vector<OpenSection> m_sections; ///< the root first, the innermost open section last; empty: nothing is loaded
 };
 
-TextIArchive::TextIArchive() : m_reader(std::make_unique<Reader>()) {}
+TextIArchive::TextIArchive(std::size_t maxBytes) : m_maxBytes(maxBytes), m_reader(std::make_unique<Reader>()) {}
 
 TextIArchive::~TextIArchive() = default;
 
 ProcessingResult<bool> TextIArchive::loadFromString(std::string_view text)
 {
     clearClassVersions();
-    return m_reader->load(text);
+    return m_reader->load(text, m_maxBytes);
 }
 
 ProcessingResult<bool> TextIArchive::loadFromStream(std::istream& stream)
 {
     std::string text;
-    if (!readAll(stream, text)) {
+    if (!readAll(stream, m_maxBytes, text)) {
         m_reader = std::make_unique<Reader>();
         return BoolResult::failure(formatMessage<Message>(Message::eUnreadableStream));
     }
@@ -165,10 +165,10 @@ ProcessingResult<bool> TextIArchive::loadFromStream(std::istream& stream)
 
 ProcessingResult<bool> TextIArchive::loadFromFile(const std::string& file)
 {
+    errno = 0;
     std::ifstream stream(file, std::ios::binary);
     std::string text;
-    errno = 0;
-    if (!stream.is_open() || !readAll(stream, text)) {
+    if (!stream.is_open() || !readAll(stream, m_maxBytes, text)) {
         const int error = errno;
         m_reader = std::make_unique<Reader>();
         return BoolResult::failure(formatMessage<Message>(Message::eUnreadableFile, file,

@@ -50,7 +50,7 @@ void setAttribute(pugi::xml_node node, const char* name, const std::string& valu
 class TextOArchive::Writer
 {
 public:
-    Writer()
+    explicit Writer(std::size_t maxBytes) : m_maxBytes(maxBytes)
     {
         m_sections.push_back(required(m_document.append_child(archiveformat::g_root)));
         setAttribute(m_sections.back(), archiveformat::g_format, std::to_string(archiveformat::g_newestFormat));
@@ -100,8 +100,8 @@ public:
         std::string saved;
         StringWriter writer(saved);
         m_document.save(writer, "  ", pugi::format_indent, pugi::encoding_utf8);
-        if (saved.size() > archiveformat::g_maxBytes) {
-            return BoolResult::failure(formatMessage<Message>(Message::eTooLarge, archiveformat::g_maxBytes));
+        if (saved.size() > m_maxBytes) {
+            return BoolResult::failure(formatMessage<Message>(Message::eTooLarge, m_maxBytes));
         }
         text = std::move(saved);
         return BoolResult::success();
@@ -115,13 +115,14 @@ private:
         return node;
     }
 
+    std::size_t m_maxBytes;
     pugi::xml_document m_document;
     std::vector<pugi::xml_node> m_sections; ///< the root first, the innermost open section last
     pugi::xml_node m_failedSection;
     archiveformat::Checksum m_checksum;
 };
 
-TextOArchive::TextOArchive() : m_writer(std::make_unique<Writer>()) {}
+TextOArchive::TextOArchive(std::size_t maxBytes) : m_writer(std::make_unique<Writer>(maxBytes)) {}
 
 TextOArchive::~TextOArchive() = default;
 

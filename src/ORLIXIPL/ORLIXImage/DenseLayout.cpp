@@ -28,7 +28,9 @@ unsigned long checkedElementSize(const BaseImageGeometry& geometry, unsigned lon
     return size;
 }
 
-// Elements from a plan to the next, a multiple of 64 so that a plan of any element type starts on its boundary.
+// Elements from a plan to the next, a multiple of 64 so that a plan of any element type starts on its boundary. The
+// room also keeps plans of power-of-two sizes from lying a multiple of 4096 bytes apart, where they would share cache
+// sets.
 CheckedSize planDistance(CheckedSize planElements)
 {
     return roundedUp(planElements, g_planAlignment) + g_roomElements;

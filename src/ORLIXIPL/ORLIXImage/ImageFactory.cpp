@@ -33,11 +33,10 @@ void* details::checkedPlanData(const BaseImage& image, unsigned long z, unsigned
         raise<eORLIXImageMessage>(ORLIX_HERE, eORLIXImageMessage::eStorageTypeMismatch, t,
                                   getBufferTypeName(image.getBufferType(t)), image.getGeometry().toString());
     }
-    std::byte* const first = image.accessRow(0, z, c, t);
-    if (!first || !image.getPixelLayout().first) {
+    if (!image.getPixelLayout().first) {
         raise<eORLIXImageMessage>(ORLIX_HERE, eORLIXImageMessage::eNoHostPixels, image.getGeometry().toString());
     }
-    return first;
+    return image.accessRow(0, z, c, t);
 }
 
 unsigned long rowPitch(const BaseImage& image)

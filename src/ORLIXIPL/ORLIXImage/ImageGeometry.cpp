@@ -68,18 +68,9 @@ unsigned long BaseImageGeometry::getNbPixels() const
     return checkedProduct({getSizeX(), getSizeY(), getSizeZ(), getSizeC(), getSizeT()}, *this);
 }
 
-bool BaseImageGeometry::hasSameSizes(const BaseImageGeometry& other) const
+bool BaseImageGeometry::hasSameBufferTypeVector(const BaseImageGeometry& other) const
 {
-    return getSizeX() == other.getSizeX() && getSizeY() == other.getSizeY() && getSizeZ() == other.getSizeZ() &&
-           getSizeC() == other.getSizeC() && getSizeT() == other.getSizeT();
-}
-
-bool BaseImageGeometry::hasSameBufferTypes(const BaseImageGeometry& other) const
-{
-    if (!m_types || !other.m_types) {
-        return !m_types && !other.m_types && m_type == other.m_type;
-    }
-    return m_types == other.m_types || *m_types == *other.m_types;
+    return m_types && other.m_types && (m_types == other.m_types || *m_types == *other.m_types);
 }
 
 std::string BaseImageGeometry::toString() const

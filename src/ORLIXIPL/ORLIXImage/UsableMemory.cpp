@@ -2,11 +2,13 @@
 #include "ORLIXIPL/ORLIXImage/UsableMemory.h"
 
 #include <algorithm>
-#include <fstream>
-#include <initializer_list>
+#include <charconv>
 #include <limits>
+#include <system_error>
 
+#include <fcntl.h>
 #include <sys/sysinfo.h>
+#include <unistd.h>
 
 namespace orlix::image {
 
@@ -14,17 +16,24 @@ namespace {
 
 constexpr unsigned long g_unlimited = std::numeric_limits<unsigned long>::max();
 
-// Of the group that a container shows as its root; "max", or no such file, is no limit.
+// The number at the start of a file; `g_unlimited` where there is none. Takes no memory, which may be what is short.
+unsigned long readNumber(const char* path)
+{
+    const int file = open(path, O_RDONLY | O_CLOEXEC);
+    if (file < 0) {
+        return g_unlimited;
+    }
+    char text[32];
+    const long length = read(file, text, sizeof text);
+    close(file);
+    unsigned long number = 0;
+    return length > 0 && std::from_chars(text, text + length, number).ec == std::errc() ? number : g_unlimited;
+}
+
+// Of the group that a container shows as its root, in either version of the interface; "max" is no limit.
 unsigned long findGroupLimit()
 {
-    unsigned long limit = g_unlimited;
-    for (const char* file : {"/sys/fs/cgroup/memory.max", "/sys/fs/cgroup/memory/memory.limit_in_bytes"}) {
-        unsigned long bytes = 0;
-        if (std::ifstream(file) >> bytes) {
-            limit = std::min(limit, bytes);
-        }
-    }
-    return limit;
+    return std::min(readNumber("/sys/fs/cgroup/memory.max"), readNumber("/sys/fs/cgroup/memory/memory.limit_in_bytes"));
 }
 
 struct MachineMemory

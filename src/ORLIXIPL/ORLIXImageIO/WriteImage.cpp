@@ -2,7 +2,6 @@
 #include "ORLIXIPL/ORLIXImageIO/WriteImage.h"
 
 #include "ORLIX/ORLIXUtil/Raise.h"
-#include "ORLIXIPL/ORLIXImageIO/File/FileFormat.h"
 #include "ORLIXIPL/ORLIXImageIO/File/TemporaryFile.h"
 #include "ORLIXIPL/ORLIXImageIO/Logger/ORLIXImageIOLogMessages.h"
 #include "ORLIXIPL/ORLIXImageIO/Png/PngWriter.h"

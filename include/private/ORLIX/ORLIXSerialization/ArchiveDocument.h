@@ -3,6 +3,7 @@
 
 #include "ORLIX/ORLIXUtil/ProcessingResult.h"
 
+#include <cstddef>
 #include <string_view>
 
 namespace pugi {
@@ -12,7 +13,9 @@ class xml_document;
 namespace orlix {
 
 /// Succeeds only if every element is a section or an item with the attributes that it must have, nothing is nested too
-/// deep, and the checksum, where there is one, agrees. On failure the document is empty.
-ProcessingResult<bool> loadArchiveDocument(std::string_view text, pugi::xml_document& document);
+/// deep, the text has no more than `maxBytes`, and the checksum, where there is one, agrees. On failure the document is
+/// empty.
+ProcessingResult<bool> loadArchiveDocument(std::string_view text, std::size_t maxBytes,
+                                           pugi::xml_document& document);
 
 } // namespace orlix

@@ -4,6 +4,7 @@
 #include <boost/crc.hpp>
 
 #include <cstddef>
+#include <initializer_list>
 #include <string_view>
 
 namespace orlix::archiveformat {
@@ -21,8 +22,7 @@ constexpr const char* g_format = "format";
 constexpr const char* g_checksum = "crc32";
 
 constexpr unsigned int g_newestFormat = 1;
-constexpr std::size_t g_maxDepth = 64;           ///< sections in sections
-constexpr std::size_t g_maxBytes = 1024UL << 20; ///< bytes of text
+constexpr std::size_t g_maxDepth = 64; ///< sections in sections
 
 /// Covers the entries in order, not the layout of the text.
 class Checksum

@@ -49,6 +49,14 @@ private:
     bool m_bLocalized = true;
 };
 
+/// What a static split says of its elements.
+struct ElementDemand
+{
+    bool bHasElements;        ///< false for a split that gives every element the same and so has no count of its own
+    unsigned long nbElements; ///< in all
+    unsigned long cost;       ///< bytes that all elements of this split touch
+};
+
 /// The number of elements is known as soon as the split is initialised.
 class ORLIXBASEPROCESSING_API BaseStaticSplit : public BaseDataSplit
 {
@@ -59,16 +67,13 @@ public:
     virtual ProcessingResult<bool> processAttribute(BaseProcessor& lower, unsigned int index,
                                                     const core::BaseRequestOrigin& origin) = 0;
 
-    /// False for a split that gives every element the same and so has no count of its own.
-    virtual bool hasElements() const { return true; }
-    virtual unsigned long getNbElements() const = 0;
-    /// Bytes that all elements of this split touch.
-    virtual unsigned long getCost() const = 0;
+    virtual ElementDemand getElementDemand() const = 0;
 };
 
 /// What a dynamic split asks of the ranges that it is given.
 struct RangeDemand
 {
+    bool bHasLines;             ///< false for a split that gives every range the same and asks for nothing
     unsigned long nbLines;      ///< lines to be given out in all
     unsigned long lineBytes;    ///< of one line
     unsigned long lineMultiple; ///< every range but the last holds a multiple of so many lines; at least 1
@@ -84,8 +89,6 @@ public:
     virtual ProcessingResult<bool> processAttribute(BaseProcessor& lower, unsigned long start, unsigned long size,
                                                     const core::BaseRequestOrigin& origin) = 0;
 
-    /// False for a split that gives every range the same and asks for nothing.
-    virtual bool hasLines() const { return true; }
     virtual RangeDemand getRangeDemand() const = 0;
 };
 

@@ -13,9 +13,11 @@ class ORLIXBASEPROCESSING_API BaseProcessorDispatcher : public core::BaseActionP
 public:
     ProcessingResult<bool> queryNextAction(const core::BaseRequestOrigin& origin,
                                            boost::shared_ptr<core::BaseAction>& action) override;
-    bool hasPendingAction() const override { return m_nbQueried < getNbElements(); }
+    unsigned long getNbElements() const override { return m_nbElements; }
+    unsigned long getCost() const override { return m_cost; }
+    bool hasPendingAction() const override { return m_nbQueried < m_nbElements; }
     void notifyDerived(boost::shared_ptr<core::BaseAction>& action, bool bSuccess) override;
-    void requestCancellationDerived() override { m_nbQueried = getNbElements(); }
+    void requestCancellationDerived() override { m_nbQueried = m_nbElements; }
 
     virtual const std::string& getProcessorName() const = 0;
     virtual const std::string& getProcessorToolTip() const = 0;
@@ -28,9 +30,12 @@ protected:
     virtual void giveBackIdle(boost::shared_ptr<BaseProcessor> processor) const = 0;
 
     void startQueries() { m_nbQueried = 0; }
+    void setSize(unsigned long nbElements, unsigned long cost) { m_nbElements = nbElements, m_cost = cost; }
 
 private:
     unsigned long m_nbQueried = 0;
+    unsigned long m_nbElements = 0;
+    unsigned long m_cost = 0;
 };
 
 /// One lower processor per element of its splits.
@@ -41,15 +46,12 @@ public:
     ProcessingResult<bool> initBase(const core::BasePriority& priority,
                                     const std::vector<boost::shared_ptr<BaseStaticSplit>>& splits);
 
-    unsigned long getNbElements() const override { return m_nbElements; }
-    unsigned long getCost() const override { return m_cost; }
     ProcessingResult<bool> initAttributes(BaseProcessor& lower, const core::BaseRequestOrigin& origin) override;
     void clearDerived() override;
 
 private:
     std::vector<boost::shared_ptr<BaseStaticSplit>> m_splits;
-    unsigned long m_nbElements = 0;
-    unsigned long m_cost = 0;
+    bool m_bSplitsChecked = false;
 };
 
 /// One lower processor per range of lines, the same ranges for all splits.
@@ -62,8 +64,6 @@ public:
     ProcessingResult<bool> initBase(const core::BasePriority& priority,
                                     const std::vector<boost::shared_ptr<BaseDynamicSplit>>& splits);
 
-    unsigned long getNbElements() const override { return m_nbElements; }
-    unsigned long getCost() const override { return m_cost; }
     unsigned long getLinesPerElement() const { return m_linesPerElement; }
     ProcessingResult<bool> initAttributes(BaseProcessor& lower, const core::BaseRequestOrigin& origin) override;
     void clearDerived() override;
@@ -71,10 +71,9 @@ public:
 private:
     ProcessorDispatchPolicy m_policy;
     std::vector<boost::shared_ptr<BaseDynamicSplit>> m_splits;
-    unsigned long m_nbElements = 0;
+    bool m_bSplitsChecked = false;
     unsigned long m_nbLines = 0;
     unsigned long m_linesPerElement = 0;
-    unsigned long m_cost = 0;
 };
 
 } // namespace orlix::processor

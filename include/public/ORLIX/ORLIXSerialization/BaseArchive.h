@@ -3,10 +3,14 @@
 
 #include "ORLIX/ORLIXSerialization/Export.h"
 
+#include <cstddef>
 #include <map>
 #include <string>
 
 namespace orlix {
+
+/// Largest archive in bytes of text, unless a limit is given.
+inline constexpr std::size_t g_maxArchiveBytes = 1024UL << 20;
 
 /// An archive is a sequence of named items and named sections, and sections hold the same again. It is read in the
 /// order in which it was written. For use by one thread at a time.

@@ -14,7 +14,8 @@ namespace orlix {
 class ORLIXSERIALIZATION_API TextIArchive final : public BaseIArchive
 {
 public:
-    TextIArchive();
+    /// Loading fails above `maxBytes` of text.
+    explicit TextIArchive(std::size_t maxBytes = g_maxArchiveBytes);
     ~TextIArchive() override;
 
     /// These three replace what was loaded before and start reading at the first entry. They fail, with an empty
@@ -33,6 +34,7 @@ public:
 
 private:
     class Reader;
+    std::size_t m_maxBytes;
     std::unique_ptr<Reader> m_reader;
 };
 

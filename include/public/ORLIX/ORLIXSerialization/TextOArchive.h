@@ -14,7 +14,8 @@ namespace orlix {
 class ORLIXSERIALIZATION_API TextOArchive final : public BaseOArchive
 {
 public:
-    TextOArchive();
+    /// Saving fails above `maxBytes` of text.
+    explicit TextOArchive(std::size_t maxBytes = g_maxArchiveBytes);
     ~TextOArchive() override;
 
     void openSection(const std::string& name) override;

@@ -42,12 +42,15 @@ inline constexpr std::array<eImageBufferType::domain, 11> g_allBufferTypes = {eI
                                                                               eImageBufferType::eBufferUInt16Like,
                                                                               eImageBufferType::eBufferUInt32Like};
 
+namespace details {
+inline constexpr std::array<unsigned char, 12> g_elementSizes = {0, 1, 1, 2, 2, 4, 4, 4, 1, 2, 4, 1};
+} // namespace details
+
 /// Bytes of one element; 0 for a value outside 1 to 11.
 constexpr unsigned long elementSize(const eImageBufferType& type)
 {
-    constexpr unsigned char sizes[] = {0, 1, 1, 2, 2, 4, 4, 4, 1, 2, 4, 1};
     const auto value = static_cast<unsigned>(static_cast<eImageBufferType::domain>(type));
-    return value < 12 ? sizes[value] : 0;
+    return value < details::g_elementSizes.size() ? details::g_elementSizes[value] : 0;
 }
 
 /// Smallest and largest value that an element may hold: an integer's own range, the full width for the Like types, 0

@@ -91,13 +91,23 @@ public:
     /// Product of the five sizes, 0 where any of them is 0; throws ORLIXImageException where it overflows.
     unsigned long getNbPixels() const;
 
-    bool hasSameSizes(const BaseImageGeometry& other) const; ///< compares the five sizes
+    bool hasSameSizes(const BaseImageGeometry& other) const ///< compares the five sizes
+    {
+        return getSizeX() == other.getSizeX() && getSizeY() == other.getSizeY() && getSizeZ() == other.getSizeZ() &&
+               getSizeC() == other.getSizeC() && getSizeT() == other.getSizeT();
+    }
     /// Compares the types step by step; two geometries of one type each are the same whatever their sizes of t.
-    bool hasSameBufferTypes(const BaseImageGeometry& other) const;
+    bool hasSameBufferTypes(const BaseImageGeometry& other) const ///< compares the types of all steps
+    {
+        const bool bBothUniform = !m_types && !other.m_types;
+        return bBothUniform ? m_type == other.m_type : hasSameBufferTypeVector(other);
+    }
     std::string toString() const; ///< "512x256x1x1x1 UInt8"; types that change between steps are joined by "/"
 
 private:
     friend class BaseImage;
+
+    bool hasSameBufferTypeVector(const BaseImageGeometry& other) const;
 
     eImageBufferType m_type;
     unsigned long m_sizeX = 0;

@@ -8,7 +8,8 @@ namespace orlix::image {
 // Memory of large images (from 1 MiB) is kept when its last image ends, so that the next image of about that size pays
 // no page faults. All functions may be called from any thread. A build with plain allocation keeps nothing.
 
-/// Gives everything that is kept back to the system. Images that live are not touched. Returns the bytes given back.
+/// Gives everything that is kept back to the system, and has oneTBB's allocator, which serves smaller images, give up
+/// what it can spare. Images that live are not touched. Returns the bytes that the pool gave back.
 ORLIXIMAGE_API unsigned long releasePooledMemory();
 
 /// The most bytes that are kept: at first an eighth of the memory that this process may use, but no more than 4 GiB;

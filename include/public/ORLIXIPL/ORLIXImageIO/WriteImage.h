@@ -3,6 +3,7 @@
 
 #include "ORLIXIPL/ORLIXImage/BaseImage.h"
 #include "ORLIXIPL/ORLIXImageIO/Export.h"
+#include "ORLIXIPL/ORLIXImageIO/ImageFileInfo.h"
 #include "ORLIXIPL/ORLIXImageIO/WriteOptions.h"
 
 #include <boost/filesystem/path.hpp>
@@ -22,5 +23,9 @@ namespace orlix::image::io {
 ORLIXIMAGEIO_API void writeImage(const boost::filesystem::path& file, const ImageConstPtr& image);
 ORLIXIMAGEIO_API void writeImage(const boost::filesystem::path& file, const ImageConstPtr& image,
                                  const WriteOptions& options);
+
+/// The format that `writeImage` gives to a file of this name, by its ending in lower or upper case. Throws
+/// ORLIXImageIOException, naming the endings that are known, for any other.
+ORLIXIMAGEIO_API eImageFileFormat formatByEnding(const boost::filesystem::path& file);
 
 } // namespace orlix::image::io

@@ -21,7 +21,7 @@ const std::vector<MessageText>& MessageCatalogue<eORLIXBaseDataMessage>::texts()
 {
     using e = eORLIXBaseDataMessage;
     static const std::vector<MessageText> g_texts = {
-        {e::eOtherClass, "A %s can't take over the content of a %s: copy from an object of the same class"},
+        {e::eOtherClass, "Class %s can't take over the content of class %s: copy from an object of the same class"},
         {e::eDuplicatePlanIndex, "The collection has an entry at plan %s already: insert each plan once"},
         {e::ePlanIndexTooLarge, "Plan %s can't be counted in 64 bits: use smaller indices"},
         {e::eTooManyPlans, "%d x %d x %d plans (z, c, t) are more than a collection can hold: use smaller sizes"},

@@ -58,6 +58,22 @@ FileSource::~FileSource()
 
 unsigned long FileSource::read(unsigned long offset, void* target, unsigned long bytes) noexcept
 {
+    if (bytes >= g_windowBytes) {
+        return readFile(offset, target, bytes);
+    }
+    if (offset < m_windowStart || offset - m_windowStart > m_windowSize ||
+        m_windowSize - (offset - m_windowStart) < bytes) {
+        m_windowStart = offset;
+        m_windowSize = readFile(offset, m_window.data(), g_windowBytes);
+    }
+    const unsigned long skipped = offset - m_windowStart;
+    const unsigned long available = std::min(bytes, m_windowSize - skipped);
+    std::memcpy(target, m_window.data() + skipped, available);
+    return available;
+}
+
+unsigned long FileSource::readFile(unsigned long offset, void* target, unsigned long bytes) noexcept
+{
     unsigned long done = 0;
     while (done < bytes) {
         const long got = ::pread(m_descriptor, static_cast<char*>(target) + done, bytes - done,

@@ -3,6 +3,7 @@
 
 #include "ORLIX/ORLIXUtil/Raise.h"
 #include "ORLIXIPL/ORLIXImageIO/Logger/ORLIXImageIOLogMessages.h"
+#include "ORLIXIPL/ORLIXImageIO/WriteImage.h"
 
 #include <boost/algorithm/string/case_conv.hpp>
 

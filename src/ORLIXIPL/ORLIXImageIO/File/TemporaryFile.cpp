@@ -12,6 +12,8 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstring>
+#include <utility>
 
 namespace orlix::image::io {
 
@@ -39,6 +41,7 @@ boost::filesystem::path folderOf(const boost::filesystem::path& file)
 TemporaryFile::TemporaryFile(const boost::filesystem::path& target)
     : m_name(target.string()), m_target(linksResolved(target))
 {
+    m_gathered.reserve(g_gatheredBytes);
     struct stat status = {};
     if (::stat(m_target.c_str(), &status) == 0 && !S_ISREG(status.st_mode)) {
         raise<eORLIXImageIOMessage>(ORLIX_HERE, eORLIXImageIOMessage::eNotARegularFile, m_name,
@@ -69,6 +72,35 @@ TemporaryFile::~TemporaryFile()
 
 bool TemporaryFile::write(unsigned long offset, const void* source, unsigned long bytes) noexcept
 {
+    m_size = std::max(m_size, offset + bytes);
+    const unsigned long end = m_gatheredStart + m_gathered.size();
+    if (offset >= m_gatheredStart && offset + bytes <= end) { // a link between directories that is set afterwards
+        std::memcpy(m_gathered.data() + (offset - m_gatheredStart), source, bytes);
+        return m_error == 0;
+    }
+    if (!m_gathered.empty() && (offset != end || m_gathered.size() + bytes > g_gatheredBytes) && !flush()) {
+        return false;
+    }
+    if (bytes > g_gatheredBytes) {
+        return writeFile(offset, source, bytes);
+    }
+    if (m_gathered.empty()) {
+        m_gatheredStart = offset;
+    }
+    const auto* const first = static_cast<const std::byte*>(source);
+    m_gathered.insert(m_gathered.end(), first, first + bytes); // within what the constructor reserved
+    return m_error == 0;
+}
+
+bool TemporaryFile::flush() noexcept
+{
+    const bool bWritten = writeFile(m_gatheredStart, m_gathered.data(), m_gathered.size());
+    m_gathered.clear();
+    return bWritten;
+}
+
+bool TemporaryFile::writeFile(unsigned long offset, const void* source, unsigned long bytes) noexcept
+{
     unsigned long done = 0;
     while (done < bytes) {
         const long put = ::pwrite(m_descriptor, static_cast<const char*>(source) + done, bytes - done,
@@ -82,12 +114,18 @@ bool TemporaryFile::write(unsigned long offset, const void* source, unsigned lon
         }
         done += static_cast<unsigned long>(put);
     }
-    m_size = std::max(m_size, offset + bytes);
     return true;
 }
 
 unsigned long TemporaryFile::read(unsigned long offset, void* target, unsigned long bytes) noexcept
 {
+    if (offset >= m_gatheredStart && offset + bytes <= m_gatheredStart + m_gathered.size()) {
+        std::memcpy(target, m_gathered.data() + (offset - m_gatheredStart), bytes);
+        return bytes;
+    }
+    if (!m_gathered.empty() && !flush()) {
+        return 0;
+    }
     const long got = ::pread(m_descriptor, target, bytes, static_cast<off_t>(offset));
     return got < 0 ? 0 : static_cast<unsigned long>(got);
 }
@@ -99,7 +137,7 @@ std::string TemporaryFile::getError() const
 
 void TemporaryFile::replaceTarget()
 {
-    if (m_error != 0) {
+    if (m_error != 0 || !flush()) {
         raise<eORLIXImageIOMessage>(ORLIX_HERE, eORLIXImageIOMessage::eWriteFailed, m_name, getError());
     }
     struct stat status = {};

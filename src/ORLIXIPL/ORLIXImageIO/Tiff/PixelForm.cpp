@@ -32,6 +32,15 @@ bool isPaletteIndex(const TiffPage& page)
     return page.samples == 1 && (page.bits == 1 || page.bits == 2 || page.bits == 4 || page.bits == 8 || page.bits == 16);
 }
 
+// libtiff 4.5 adds up PixarLog's differences wrongly where there are other than 3 or 4 samples side by side, and may
+// skip to the wrong place between two rows of RLE/W.
+bool isDecodedRight(const TiffPage& page)
+{
+    const bool bColour = !page.bSeparate && (page.samples == 3 || page.samples == 4);
+    return TIFFIsCODECConfigured(static_cast<std::uint16_t>(page.compression)) &&
+           (page.compression != COMPRESSION_PIXARLOG || bColour) && page.compression != COMPRESSION_CCITTRLEW;
+}
+
 [[noreturn]] void refuse(const TiffPage& page, unsigned long index, const std::string& file)
 {
     const std::string compression =
@@ -71,7 +80,7 @@ PixelForm pixelFormOf(const TiffPage& page, unsigned long index, const std::stri
     case PHOTOMETRIC_LOGLUV: bSupported = form.type == eImageBufferType::Real32; break;
     default: bSupported = false;
     }
-    if (!bSupported || !TIFFIsCODECConfigured(static_cast<std::uint16_t>(page.compression))) {
+    if (!bSupported || !isDecodedRight(page)) {
         refuse(page, index, file);
     }
     return form;

@@ -103,17 +103,24 @@ int onError(TIFF*, void* user, const char*, const char* format, va_list argument
     return 1;
 }
 
-// libjpeg and the fax decoders tell of damage by a warning and make up the missing pixels. Bytes between two segments
-// of JPEG data are none.
+// Warnings that mean lost content. libjpeg and the fax decoders make up missing pixels, though bytes between two
+// segments of JPEG data are harmless; a tag whose value ends with the file, and a description that is no text, are
+// skipped.
+bool tellsOfLoss(std::string_view module, std::string_view text)
+{
+    const auto has = [&](std::string_view part) { return text.find(part) != text.npos; };
+    if (module == "JPEGLib" || module.starts_with("Fax")) {
+        return !has("extraneous bytes");
+    }
+    return has("IO error during reading") || (has("ImageDescription") && has("tag ignored"));
+}
+
 int onWarning(TIFF*, void* user, const char* module, const char* format, va_list arguments)
 {
-    const std::string_view name = module ? module : "";
-    if (name == "JPEGLib" || name.starts_with("Fax")) {
-        char text[1024];
-        std::vsnprintf(text, sizeof text, format, arguments);
-        if (!std::strstr(text, "extraneous bytes")) {
-            keepFirst(static_cast<TiffStream*>(user)->messages.decoderWarning, text);
-        }
+    char text[1024];
+    std::vsnprintf(text, sizeof text, format, arguments);
+    if (tellsOfLoss(module ? module : "", text)) {
+        keepFirst(static_cast<TiffStream*>(user)->messages.warning, text);
     }
     return 1;
 }
@@ -164,6 +171,27 @@ void TiffHandle::open(const char* mode, unsigned long maxAllocation)
 const std::string& TiffHandle::getFileName() const
 {
     return m_stream.source ? m_stream.source->getName() : m_stream.target->getTargetName();
+}
+
+void TiffHandle::checkDirectory(unsigned long page)
+{
+    const bool bBig = TIFFIsBigTIFF(*this) != 0;
+    const unsigned long countBytes = bBig ? 8 : 2, entryBytes = bBig ? 20 : 12, linkBytes = bBig ? 8 : 4;
+    const unsigned long start = TIFFCurrentDirOffset(*this), size = m_stream.source->getSize();
+    unsigned char digits[8] = {};
+    m_stream.source->read(start, digits, countBytes);
+    unsigned long count = 0;
+    for (unsigned long i = 0; i < countBytes; ++i) {
+        count = count << 8 | digits[TIFFIsBigEndian(*this) ? i : countBytes - 1 - i];
+    }
+    // libtiff takes a missing link to the next directory for the end of the chain.
+    if (start > size || countBytes + linkBytes > size - start || count > (size - start - countBytes - linkBytes) / entryBytes) {
+        m_stream.messages.warning = "its directory ends with the file";
+    }
+    m_stream.messages.error.clear();
+    if (!m_stream.messages.warning.empty()) {
+        raiseDamaged(page);
+    }
 }
 
 void TiffHandle::raiseDamaged(unsigned long page) const

@@ -37,8 +37,8 @@ std::uint16_t sampleFormatOf(const eImageBufferType& type)
     return getMinValue(type) < 0 ? SAMPLEFORMAT_INT : SAMPLEFORMAT_UINT;
 }
 
-// Differences of bits would mean nothing.
-std::uint16_t predictorOf(const WriteOptions& options, const eImageBufferType& type)
+// Differences of bits would mean nothing, and libtiff 4.5 takes those of floats wrongly in a foreign byte order.
+std::uint16_t predictorOf(const WriteOptions& options, const eImageBufferType& type, bool bForeignOrder)
 {
     const bool bOffered = options.compression == eTiffCompression::eLzw ||
                           options.compression == eTiffCompression::eDeflate ||
@@ -46,7 +46,10 @@ std::uint16_t predictorOf(const WriteOptions& options, const eImageBufferType& t
     if (!bOffered || !options.bPredictor || type == eImageBufferType::eBufferBinary) {
         return PREDICTOR_NONE;
     }
-    return type == eImageBufferType::Real32 ? PREDICTOR_FLOATINGPOINT : PREDICTOR_HORIZONTAL;
+    if (type == eImageBufferType::Real32) {
+        return bForeignOrder ? PREDICTOR_NONE : PREDICTOR_FLOATINGPOINT;
+    }
+    return PREDICTOR_HORIZONTAL;
 }
 
 unsigned long samplesOf(const BaseImage& image, const eChannelLayout& layout, const std::string& file)
@@ -120,11 +123,11 @@ TiffLayout tiffLayoutOf(const BaseImage& image, const WriteOptions& options, con
                                     compressionName(layout.compression));
     }
     layout.samples = samplesOf(image, options.channelLayout, file);
-    layout.predictor = predictorOf(options, type);
     layout.sampleFormat = sampleFormatOf(type);
     layout.bits = static_cast<std::uint16_t>(type == eImageBufferType::eBufferBinary ? 1 : 8 * elementSize(type));
     layout.bBigEndian = options.byteOrder == eByteOrder::eBigEndian;
     layout.bForeignOrder = layout.bBigEndian != (std::endian::native == std::endian::big);
+    layout.predictor = predictorOf(options, type, layout.bForeignOrder);
     chooseBlocks(image, options, layout);
     layout.bBigTiff = options.bigTiff == eBigTiff::eAlways || needsBigTiff(image, layout);
     return layout;

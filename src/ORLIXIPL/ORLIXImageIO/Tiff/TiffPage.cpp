@@ -132,6 +132,9 @@ TiffFileFacts describeFile(TIFF* tiff)
     }
     facts.resolution.perUnitX = fieldOf<float>(tiff, TIFFTAG_XRESOLUTION, 0);
     facts.resolution.perUnitY = fieldOf<float>(tiff, TIFFTAG_YRESOLUTION, 0);
+    if (!(facts.resolution.perUnitX > 0) || !(facts.resolution.perUnitY > 0)) {
+        return facts; // inches are the default also of a resolution that is not there
+    }
     switch (fieldOf<std::uint16_t>(tiff, TIFFTAG_RESOLUTIONUNIT, RESUNIT_NONE)) {
     case RESUNIT_INCH: facts.resolution.unit = "inch"; break;
     case RESUNIT_CENTIMETER: facts.resolution.unit = "cm"; break;
@@ -144,6 +147,7 @@ std::vector<TiffPage> describePages(TiffHandle& tiff)
 {
     std::vector<TiffPage> pages;
     for (;;) {
+        tiff.checkDirectory(pages.size());
         prepareDecoders(tiff);
         pages.push_back(describePage(tiff, pages.size()));
         if (TIFFLastDirectory(tiff)) {

@@ -86,6 +86,10 @@ bool TiffPageDecoder::goesStraight(const TiffPage& page, const PixelForm& form) 
 void TiffPageDecoder::readBlock(const TiffPage& page, std::uint32_t index, void* target, unsigned long bytes)
 {
     const auto wanted = static_cast<tmsize_t>(bytes);
+    if (TIFFGetStrileOffset(m_tiff, index) == 0) { // libtiff would read the header as pixels
+        m_tiff.messages().error = (page.bTiled ? "tile " : "strip ") + std::to_string(index) + " is missing";
+        check(false);
+    }
     const tmsize_t got = page.bTiled ? TIFFReadEncodedTile(m_tiff, index, target, wanted)
                                      : TIFFReadEncodedStrip(m_tiff, index, target, wanted);
     // Decoders that find damage may go on all the same, having told of it.

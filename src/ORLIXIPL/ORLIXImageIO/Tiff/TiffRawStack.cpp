@@ -52,11 +52,13 @@ void checkRawStack(TiffHandle& tiff, const TiffPage& page, const PixelForm& form
                                     "32 bits can be followed by");
     }
     const WideSize plans = WideSize(geometry.getSizeZ()) * geometry.getSizeT() * (geometry.getSizeC() / form.channels);
-    const WideSize bytes = rowBytesOf(page) * page.height;
+    const WideSize planBytes = std::max<WideSize>(rowBytesOf(page) * page.height, 1);
     const unsigned long offset = std::min<unsigned long>(TIFFGetStrileOffset(tiff, 0), source.getSize());
-    if (plans > (source.getSize() - offset) / std::max<WideSize>(bytes, 1)) {
-        const WideSize claimed = plans > ~WideSize(0) / std::max<WideSize>(bytes, 1) ? ~WideSize(0) : plans * bytes;
-        checkPlausibility(0, claimed, source.getSize() - offset, 1, source.getName());
+    const unsigned long directory = TIFFCurrentDirOffset(tiff);
+    const unsigned long end = directory > offset ? std::min(directory, source.getSize()) : source.getSize();
+    if (plans > (end - offset) / planBytes) {
+        const WideSize claimed = plans > ~WideSize(0) / planBytes ? ~WideSize(0) : plans * planBytes;
+        checkPlausibility(0, claimed, end - offset, 1, source.getName());
     }
 }
 

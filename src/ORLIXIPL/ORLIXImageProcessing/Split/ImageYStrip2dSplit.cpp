@@ -27,13 +27,13 @@ processor::RangeDemand BaseImageStripSplit<TImage>::getRangeDemand() const
 {
     const unsigned long sizeX = m_image->getSizeX();
     if (sizeX == 0) {
-        return {0, 0, 1};
+        return {true, 0, 0, 1};
     }
     // Where rows touch, whole blocks of the widest kernel keep what it writes past its count out of the next strip.
     // The overrun is a power of two, so its part that the line lacks is found in the line's trailing zero bits.
     const unsigned long multiple =
         m_image->getPixelLayout().bDense ? g_kernelOverrun >> std::min(std::countr_zero(g_kernelOverrun), std::countr_zero(sizeX)) : 1;
-    return {m_image->getSizeY(), sizeX * image::elementSize(m_image->getBufferType()), multiple};
+    return {true, m_image->getSizeY(), sizeX * image::elementSize(m_image->getBufferType()), multiple};
 }
 
 template class BaseImageStripSplit<image::BaseImage>;

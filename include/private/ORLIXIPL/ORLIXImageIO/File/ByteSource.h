@@ -3,6 +3,7 @@
 
 #include <boost/filesystem/path.hpp>
 
+#include <array>
 #include <cstddef>
 #include <span>
 #include <string>
@@ -31,7 +32,8 @@ protected:
     unsigned long m_size;
 };
 
-/// A regular file. Throws ORLIXImageIOException where it can't be opened or is something else.
+/// A regular file. Small reads, of which directories are full, are served from a window of it. Throws
+/// ORLIXImageIOException where it can't be opened or is something else.
 class FileSource final : public ByteSource
 {
 public:
@@ -40,7 +42,14 @@ public:
     unsigned long read(unsigned long offset, void* target, unsigned long bytes) noexcept override;
 
 private:
+    static constexpr unsigned long g_windowBytes = 16ul << 10;
+
+    unsigned long readFile(unsigned long offset, void* target, unsigned long bytes) noexcept;
+
     int m_descriptor;
+    unsigned long m_windowStart = 0;
+    unsigned long m_windowSize = 0;
+    std::array<std::byte, g_windowBytes> m_window;
 };
 
 /// Memory of the caller's, which must outlive the source.

@@ -1,4 +1,4 @@
-// Which format a file has, by its content or by its ending.
+// Which format a file has, by its content.
 #pragma once
 
 #include "ORLIXIPL/ORLIXImageIO/File/ByteSource.h"
@@ -8,8 +8,5 @@ namespace orlix::image::io {
 
 /// By the first bytes. Throws ORLIXImageIOException, telling them, where they belong to no known format.
 eImageFileFormat formatByContent(ByteSource& source);
-
-/// By the ending, in lower or upper case. Throws ORLIXImageIOException, naming those known, for any other.
-eImageFileFormat formatByEnding(const boost::filesystem::path& file);
 
 } // namespace orlix::image::io

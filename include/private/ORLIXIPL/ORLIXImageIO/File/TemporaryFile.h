@@ -3,7 +3,9 @@
 
 #include <boost/filesystem/path.hpp>
 
+#include <cstddef>
 #include <string>
+#include <vector>
 
 namespace orlix::image::io {
 
@@ -20,7 +22,8 @@ public:
 
     const std::string& getTargetName() const { return m_name; } ///< as the caller named it
 
-    /// Writes all `bytes` bytes, or returns false and keeps the reason. Called from inside C libraries, hence noexcept.
+    /// Writes all `bytes` bytes, or returns false and keeps the reason, which may come from an earlier write: small
+    /// ones are gathered. Called from inside C libraries, hence noexcept.
     bool write(unsigned long offset, const void* source, unsigned long bytes) noexcept;
     unsigned long read(unsigned long offset, void* target, unsigned long bytes) noexcept;
     unsigned long getSize() const noexcept { return m_size; }
@@ -30,12 +33,19 @@ public:
     void replaceTarget();
 
 private:
+    static constexpr unsigned long g_gatheredBytes = 64ul << 10;
+
+    bool writeFile(unsigned long offset, const void* source, unsigned long bytes) noexcept;
+    bool flush() noexcept;
+
     std::string m_name;
     boost::filesystem::path m_target; ///< links resolved
     boost::filesystem::path m_path;
     int m_descriptor = -1;
     int m_error = 0;
     unsigned long m_size = 0;
+    unsigned long m_gatheredStart = 0; ///< place in the file of the writes that were gathered
+    std::vector<std::byte> m_gathered;
 };
 
 } // namespace orlix::image::io

@@ -16,11 +16,11 @@ namespace orlix::image::io {
 struct TiffMessages
 {
     std::string error;
-    std::string decoderWarning; ///< of a decoder that goes on over damaged data
+    std::string warning; ///< that content was lost; other warnings are not kept
 
-    void clear() { error.clear(), decoderWarning.clear(); }
-    bool empty() const { return error.empty() && decoderWarning.empty(); }
-    const std::string& first() const { return error.empty() ? decoderWarning : error; }
+    void clear() { error.clear(), warning.clear(); }
+    bool empty() const { return error.empty() && warning.empty(); }
+    const std::string& first() const { return error.empty() ? warning : error; }
 };
 
 /// What libtiff's callbacks work on. Either source or target is set.
@@ -51,6 +51,10 @@ public:
 
     /// Transfers ask this object from now on; null for none.
     void setProgress(Progress* progress) { m_stream.progress = progress; }
+
+    /// Throws eDamagedTiff for page `page` where the current directory doesn't lie in the file as a whole, or libtiff
+    /// told that it had to leave out one of its tags. Forgets other messages.
+    void checkDirectory(unsigned long page);
 
     /// Throws what stopped a read of page `page`: the progress function, or eDamagedTiff with libtiff's words.
     [[noreturn]] void raiseDamaged(unsigned long page) const;

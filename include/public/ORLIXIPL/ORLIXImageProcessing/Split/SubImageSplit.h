@@ -24,8 +24,7 @@ public:
     ProcessingResult<bool> getSubImage(unsigned long index, TImagePtr& subImage) const;
 
     processor::eSplitStaticType getSplitStaticType() const override { return processor::eSplitStaticType::eSubImageSplit; }
-    unsigned long getNbElements() const override { return m_nbElements; }
-    unsigned long getCost() const override { return m_cost; }
+    processor::ElementDemand getElementDemand() const override { return {true, m_nbElements, m_cost}; }
     void clear() override { m_image = nullptr; }
 
 private:

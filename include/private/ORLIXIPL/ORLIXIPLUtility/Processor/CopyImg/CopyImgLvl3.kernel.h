@@ -34,7 +34,18 @@ ProcessingResult<bool> CopyImgLvl3::genericProcessFunction(const processor::Proc
             }
             simd::streamFence();
         } else {
-            for (unsigned long i = 0; i < nbWhole; i += width) {
+            unsigned long i = 0;
+            for (; i + 4 * width <= nbWhole; i += 4 * width) { // on small images the loop itself counts
+                const Register first = Register::load(source + i);
+                const Register second = Register::load(source + i + width);
+                const Register third = Register::load(source + i + 2 * width);
+                const Register fourth = Register::load(source + i + 3 * width);
+                first.store(destination + i);
+                second.store(destination + i + width);
+                third.store(destination + i + 2 * width);
+                fourth.store(destination + i + 3 * width);
+            }
+            for (; i < nbWhole; i += width) {
                 Register::load(source + i).store(destination + i);
             }
         }

@@ -1,0 +1,73 @@
+// Options that every verb has.
+#include "CommonOptions.h"
+
+#include "CommandMessages.h"
+
+#include "ORLIX/ORLIXBaseProcessing/AlgorithmFunctionSelector.h"
+#include "ORLIX/ORLIXCore/BaseExecutor.h"
+#include "ORLIX/ORLIXCore/InstructionSetAvailability.h"
+#include "ORLIX/ORLIXUtil/Raise.h"
+
+#include <CLI/CLI.hpp>
+
+namespace orlix::cli {
+
+namespace {
+
+constexpr unsigned long g_maxThreads = 1024;
+
+std::string namesOf(const std::vector<eInstructionSet>& sets)
+{
+    std::string names;
+    for (const eInstructionSet& set : sets) {
+        names.append(names.empty() ? "" : ", ").append(core::getInstructionSetName(set));
+    }
+    return names;
+}
+
+eInstructionSet instructionSetNamed(const std::string& name)
+{
+    const std::optional<eInstructionSet> set = core::findInstructionSet(name);
+    if (!set) {
+        raise<eCommandMessage>(ORLIX_HERE, eCommandMessage::eUnknownInstructionSet, name,
+                               namesOf(core::getAvailableInstructionSets()));
+    }
+    if (!core::isAvailable(*set)) {
+        raise<eCommandMessage>(ORLIX_HERE, eCommandMessage::eInstructionSetMissing, core::getInstructionSetName(*set),
+                               namesOf(core::getAvailableInstructionSets()));
+    }
+    return *set;
+}
+
+} // namespace
+
+void addCommonOptions(CLI::App& app, CommonOptions& options)
+{
+    const std::string group = "Options of all verbs";
+    app.add_option("--threads", options.nbThreads,
+                   "Threads that work at a time, at most 1024; default, and 0:\nall that this process may use")
+        ->option_text("N")
+        ->check(CLI::Range(0UL, g_maxThreads))
+        ->group(group);
+    app.add_option("--instruction-set", options.instructionSet,
+                   "Use no kernel above this instruction set: plain, SSE2, AVX, AVX2\n"
+                   "or AVX512; default: the best that this processor has")
+        ->option_text("NAME")
+        ->group(group);
+    app.add_flag("--json", options.bJson, "Print the result as JSON (UTF-8)")->group(group);
+    app.add_flag("--quiet", options.bQuiet, "Show no progress; it is shown on terminals only")->group(group);
+}
+
+void applyCommonOptions(const CommonOptions& options)
+{
+    if (options.nbThreads != 0) {
+        core::setNbThreads(options.nbThreads);
+    }
+    if (!options.instructionSet.empty()) {
+        processor::InstructionSetsIdentifier sets;
+        sets.init(instructionSetNamed(options.instructionSet));
+        processor::AlgorithmFunctionSelector::setDefaultForcedInstructionSets(sets);
+    }
+}
+
+} // namespace orlix::cli

@@ -1,0 +1,40 @@
+// Reading inputs and writing outputs of verbs: with progress, and stopped by Ctrl-C.
+#include "ImageFiles.h"
+
+#include "Interruption.h"
+
+#include "ORLIXIPL/ORLIXImageIO/ReadImage.h"
+#include "ORLIXIPL/ORLIXImageIO/WriteImage.h"
+
+namespace orlix::cli {
+
+namespace {
+
+image::io::ProgressFunction watch(const char* phase, CommandContext& context)
+{
+    return [phase, &context](unsigned long done, unsigned long known) {
+        throwIfInterrupted(); // arrives where the library was called
+        context.progress.show(phase, done, known);
+        return true;
+    };
+}
+
+} // namespace
+
+ImagePtr readInput(const std::string& file, CommandContext& context)
+{
+    image::io::ReadOptions options;
+    options.progress = watch("read", context);
+    ImagePtr image = image::io::readImage(file, options);
+    throwIfInterrupted();
+    return image;
+}
+
+void writeOutput(const std::string& file, const ImageConstPtr& image, image::io::WriteOptions options,
+                 CommandContext& context)
+{
+    options.progress = watch("write", context);
+    image::io::writeImage(file, image, options);
+}
+
+} // namespace orlix::cli

@@ -1,0 +1,20 @@
+// Reading inputs and writing outputs of verbs: with progress, and stopped by Ctrl-C.
+#pragma once
+
+#include "CommandContext.h"
+
+#include "ORLIXIPL/ORLIXImage/BaseImage.h"
+#include "ORLIXIPL/ORLIXImageIO/WriteOptions.h"
+
+#include <string>
+
+namespace orlix::cli {
+
+/// Throws ORLIXImageIOException, or Interrupted at the next plan after a signal.
+ImagePtr readInput(const std::string& file, CommandContext& context);
+
+/// The same errors. Whatever they are, `file` is as it was and no temporary file is left. Within an InterruptibleWork.
+void writeOutput(const std::string& file, const ImageConstPtr& image, image::io::WriteOptions options,
+                 CommandContext& context);
+
+} // namespace orlix::cli

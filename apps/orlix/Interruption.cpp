@@ -1,0 +1,74 @@
+// Ctrl-C and its kin.
+#include "Interruption.h"
+
+#include "CommandLine.h"
+
+#include <unistd.h>
+
+#include <atomic>
+#include <csignal>
+
+namespace orlix::cli {
+
+namespace {
+
+// A signal handler may touch nothing but lock-free atomics.
+std::atomic<const std::string*> g_line{nullptr};
+std::atomic<int> g_nbWorks{0};
+std::atomic<bool> g_bInterrupted{false};
+static_assert(std::atomic<const std::string*>::is_always_lock_free && std::atomic<int>::is_always_lock_free &&
+              std::atomic<bool>::is_always_lock_free);
+
+extern "C" void obeySignal(int)
+{
+    if (g_nbWorks.load() != 0) {
+        g_bInterrupted.store(true);
+        return;
+    }
+    const std::string& line = *g_line.load();
+    [[maybe_unused]] const long ignored = ::write(STDERR_FILENO, line.data(), line.size());
+    ::_exit(eExitCode::eInterrupted);
+}
+
+} // namespace
+
+void handleSignals(const std::string& line)
+{
+    static const std::string g_text = line;
+    g_line.store(&g_text);
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+        struct sigaction before = {};
+        if (::sigaction(signal, nullptr, &before) == 0 && before.sa_handler == SIG_IGN) {
+            continue;
+        }
+        struct sigaction action = {};
+        action.sa_handler = &obeySignal;
+        action.sa_flags = SA_RESTART;
+        ::sigaction(signal, &action, nullptr);
+    }
+    std::signal(SIGXFSZ, SIG_IGN);
+}
+
+bool isInterrupted() noexcept
+{
+    return g_bInterrupted.load(std::memory_order_relaxed);
+}
+
+void throwIfInterrupted()
+{
+    if (isInterrupted()) {
+        throw Interrupted();
+    }
+}
+
+InterruptibleWork::InterruptibleWork() noexcept
+{
+    g_nbWorks.fetch_add(1);
+}
+
+InterruptibleWork::~InterruptibleWork()
+{
+    g_nbWorks.fetch_sub(1);
+}
+
+} // namespace orlix::cli

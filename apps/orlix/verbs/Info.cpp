@@ -1,0 +1,107 @@
+// orlix info: what image files hold.
+#include "DescribeImage.h"
+#include "PlainText.h"
+#include "Verb.h"
+
+#include "ORLIXIPL/ORLIXImageIO/ReadImage.h"
+
+#include <boost/make_shared.hpp>
+
+#include <CLI/CLI.hpp>
+
+namespace orlix::cli {
+
+namespace {
+
+using image::io::eImageFileFormat;
+using image::io::ImageFileInfo;
+
+const char* formatName(const ImageFileInfo& info)
+{
+    if (info.format == eImageFileFormat::ePng) {
+        return "PNG";
+    }
+    return info.bBigTiff ? "BigTIFF" : "TIFF";
+}
+
+std::string describeType(const image::BaseImageGeometry& geometry)
+{
+    const unsigned long bytes = image::elementSize(geometry.getBufferType());
+    return std::string(image::getBufferTypeName(geometry.getBufferType())) + ", " + std::to_string(bytes) +
+           (bytes == 1 ? " byte" : " bytes") + " an element in memory";
+}
+
+std::string describeContainer(const ImageFileInfo& info)
+{
+    std::string text = formatName(info);
+    if (!info.metadata.empty()) {
+        text += " with " + printable(info.metadata) + " axes";
+    }
+    text += ", " + std::to_string(info.pages) + (info.pages == 1 ? " page, " : " pages, ");
+    text += std::to_string(info.bitsPerSample) + " bits a sample, compression " + printable(info.compression);
+    if (info.format == eImageFileFormat::eTiff) {
+        text += info.bTiled ? ", tiles" : ", strips";
+        text += info.bBigEndian ? ", big endian" : ", little endian";
+    }
+    return text + ", " + std::to_string(info.fileBytes) + " bytes";
+}
+
+void printInfo(std::ostream& out, const std::string& file, const ImageFileInfo& info)
+{
+    out << printable(file) << "\n  axes         " << describeAxes(info.geometry) << "\n  type         "
+        << describeType(info.geometry) << "\n  calibration  " << describeCalibration(info.calibration)
+        << "\n  file         " << describeContainer(info) << "\n";
+}
+
+void writeInfo(JsonWriter& json, const std::string& file, const ImageFileInfo& info)
+{
+    json.beginObject();
+    json.member("file", file);
+    writeImageMembers(json, info.geometry, info.calibration);
+    json.member("bytesPerElement", image::elementSize(info.geometry.getBufferType()));
+    json.member("format", formatName(info));
+    json.key("metadata");
+    info.metadata.empty() ? json.null() : json.value(info.metadata);
+    json.member("pages", info.pages);
+    json.member("bitsPerSample", info.bitsPerSample);
+    json.member("compression", info.compression);
+    json.member("tiled", info.bTiled);
+    json.member("byteOrder", info.bBigEndian ? "big" : "little");
+    json.member("fileBytes", info.fileBytes);
+    json.endObject();
+}
+
+void runInfo(const std::vector<std::string>& files, CommandContext& context)
+{
+    JsonWriter json(context.out);
+    if (context.options.bJson) {
+        json.beginArray();
+    }
+    for (const std::string& file : files) {
+        try {
+            const ImageFileInfo info = image::io::readImageInfo(file);
+            context.options.bJson ? writeInfo(json, file, info) : printInfo(context.out, file, info);
+        } catch (const std::exception& error) { // the other files may be sound
+            context.out.flush();
+            context.errors << errorLine(error.what());
+            context.bSomeFailed = true;
+        }
+    }
+    if (context.options.bJson) {
+        json.endArray();
+    }
+}
+
+VerbRun setUpInfo(CLI::App& app)
+{
+    const auto files = boost::make_shared<std::vector<std::string>>();
+    app.add_option("FILE", *files, "TIFF or PNG files; only their headers are read")->option_text("...")->required();
+    return [files](CommandContext& context) { runInfo(*files, context); };
+}
+
+} // namespace
+
+extern const Verb g_info;
+constinit const Verb g_info = {"info", "Tell axes, element type, calibration and file format of images", &setUpInfo};
+
+} // namespace orlix::cli

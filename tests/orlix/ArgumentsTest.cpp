@@ -1,0 +1,166 @@
+// Arguments, help, version and what is said about mistakes.
+#include "orlix/support/Program.h"
+#include "orlix/support/TemporaryFolder.h"
+#include "orlix/support/TestImages.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace orlix::test {
+namespace {
+
+struct Mistake
+{
+    std::vector<std::string> arguments;
+    std::string told; ///< part of the line
+};
+
+class MistakeTest : public testing::TestWithParam<Mistake>
+{};
+
+TEST_P(MistakeTest, EndsWithOneLineAndExitCode2)
+{
+    const ProgramResult result = runOrlix(GetParam().arguments);
+    EXPECT_EQ(result.exitCode, 2);
+    EXPECT_EQ(result.out, "");
+    EXPECT_EQ(result.err.substr(0, 7), "orlix: ");
+    EXPECT_EQ(std::count(result.err.begin(), result.err.end(), '\n'), 1);
+    EXPECT_EQ(result.err.back(), '\n');
+    EXPECT_NE(result.err.find(GetParam().told), std::string::npos) << result.err;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Arguments, MistakeTest,
+    testing::Values(Mistake{{}, "a verb is needed, one of info, copy, processors"},
+                    Mistake{{"frobnicate"}, "\"frobnicate\" is no verb"}, Mistake{{"--json"}, "a verb is needed"},
+                    Mistake{{"info"}, "FILE is required; `orlix info --help` tells more"},
+                    Mistake{{"info", "--bogus", "a.tif"}, "not expected: --bogus"},
+                    Mistake{{"--bogus", "info", "a.tif"}, "not expected: --bogus"},
+                    Mistake{{"processors", "surplus"}, "not expected: surplus"},
+                    Mistake{{"copy", "a.tif"}, "OUT is required"},
+                    Mistake{{"copy", "a.tif", "b.tif", "c.tif"}, "not expected: c.tif"},
+                    Mistake{{"copy", "a.tif", "b.jpg"}, "the ending \".jpg\" names no format"},
+                    Mistake{{"copy", "a.tif", "b"}, "names no format"},
+                    Mistake{{"copy", "a.tif", "b.png", "--tiled"}, "--tiled is for TIFF files"},
+                    Mistake{{"copy", "a.tif", "b.png", "--compression", "lzw"}, "--compression is for TIFF files"},
+                    Mistake{{"copy", "a.tif", "b.tif", "--compression", "zip"}, "zip not in"},
+                    Mistake{{"copy", "a.tif", "b.tif", "--tile-size", "many"}, "--tile-size"},
+                    Mistake{{"--threads", "x", "processors"}, "--threads"},
+                    Mistake{{"--threads", "-1", "processors"}, "--threads"},
+                    Mistake{{"processors", "--threads", "1025"}, "not in range 0 to 1024"},
+                    Mistake{{"processors", "--threads"}, "--threads"},
+                    Mistake{{"processors", "--instruction-set", "AVX9"}, "\"AVX9\" is no instruction set"}));
+
+INSTANTIATE_TEST_SUITE_P(
+    Files, MistakeTest,
+    testing::Values(Mistake{{"info", "/nowhere/a.tif"}, "/nowhere/a.tif: can't be opened"},
+                    Mistake{{"info", ""}, "can't be opened"},
+                    Mistake{{"info", "/"}, "must be a regular file, but is a folder"},
+                    Mistake{{"info", "/dev/null"}, "must be a regular file"},
+                    Mistake{{"info", ORLIX_PROGRAM}, "must be a TIFF or PNG file"},
+                    Mistake{{"info", "two\nlines\x1b[1m.tif"}, "two\\nlines\\x1b[1m.tif: can't be opened"},
+                    Mistake{{"copy", "/nowhere/a.tif", "b.tif"}, "/nowhere/a.tif: can't be opened"},
+                    Mistake{{"copy", ORLIX_PROGRAM, "b.tif"}, "must be a TIFF or PNG file"}));
+
+TEST(ArgumentsTest, WorkBeforeAndAfterTheVerb)
+{
+    const ProgramResult after = runOrlix({"processors", "--json", "--threads", "2", "--quiet"});
+    EXPECT_EQ(after.exitCode, 0) << after.err;
+    EXPECT_EQ(after.out.front(), '[');
+    const ProgramResult before = runOrlix({"--json", "--threads=2", "--quiet", "processors"});
+    EXPECT_EQ(before.exitCode, 0) << before.err;
+    EXPECT_EQ(before.out, after.out);
+}
+
+TEST(ArgumentsTest, ThoseAfterTheVerbWin)
+{
+    EXPECT_EQ(runOrlix({"--instruction-set", "bogus", "processors", "--instruction-set", "plain"}).exitCode, 0);
+    EXPECT_EQ(runOrlix({"--instruction-set", "plain", "processors", "--instruction-set", "bogus"}).exitCode, 2);
+}
+
+TEST(ArgumentsTest, FileMayHaveTheNameOfAVerbOrLookLikeAnOption)
+{
+    const TemporaryFolder folder;
+    const ImagePtr image = makeNoise(*image::geometry2d(image::eImageBufferType::UInt8, 5, 4));
+    image::io::writeImage(folder / "copy.tif", image);
+    std::filesystem::rename(folder / "copy.tif", folder / "copy");
+    std::filesystem::copy(folder / "copy", folder / "-a.tif");
+    const auto enter = [&] { std::filesystem::current_path(folder.getPath()); };
+    const ProgramResult verb = Program({"info", "copy"}, Program::eStreams::pipes, enter).finish();
+    EXPECT_EQ(verb.exitCode, 0) << verb.err;
+    const ProgramResult option = Program({"info", "--", "-a.tif"}, Program::eStreams::pipes, enter).finish();
+    EXPECT_EQ(option.exitCode, 0) << option.err;
+}
+
+TEST(ArgumentsTest, HelpListsVerbsAndOptions)
+{
+    const ProgramResult help = runOrlix({"--help"});
+    EXPECT_EQ(help.exitCode, 0);
+    EXPECT_EQ(help.err, "");
+    for (const char* word : {"info", "copy", "processors", "--threads N", "--instruction-set NAME", "--json", "--quiet",
+                             "--version", "Exit codes"}) {
+        EXPECT_NE(help.out.find(word), std::string::npos) << word;
+    }
+    const ProgramResult copy = runOrlix({"copy", "--help"});
+    EXPECT_EQ(copy.exitCode, 0);
+    for (const char* word : {"IN", "OUT", "--compression none|packbits|lzw|deflate|zstd|lzma", "--no-predictor",
+                             "--tiled", "--tile-size PIXELS", "--channels", "--byte-order", "--big-tiff", "--threads N",
+                             "--instruction-set NAME", "--json", "--quiet"}) {
+        EXPECT_NE(copy.out.find(word), std::string::npos) << word;
+    }
+}
+
+TEST(ArgumentsTest, HelpFitsATerminalOf100Columns)
+{
+    for (const std::vector<std::string>& arguments :
+         {std::vector<std::string>{"--help"}, {"info", "--help"}, {"copy", "--help"}, {"processors", "--help"}}) {
+        std::istringstream lines(runOrlix(arguments).out);
+        for (std::string line; std::getline(lines, line);) {
+            EXPECT_LE(line.size(), 100U) << line;
+        }
+    }
+}
+
+TEST(ArgumentsTest, VersionIsOneLine)
+{
+    const ProgramResult result = runOrlix({"--version"});
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.out.substr(0, 6), "orlix ");
+    EXPECT_EQ(std::count(result.out.begin(), result.out.end(), '.'), 2);
+    EXPECT_EQ(result.out.back(), '\n');
+}
+
+TEST(ArgumentsTest, FullStandardOutputIsAFailure)
+{
+    for (const char* verb : {"processors", "--help", "--version"}) {
+        const auto toFullDevice = [] {
+            FILE* const full = std::freopen("/dev/full", "w", stdout);
+            static_cast<void>(full);
+        };
+        const ProgramResult result = Program({verb}, Program::eStreams::pipes, toFullDevice).finish();
+        EXPECT_EQ(result.exitCode, 2) << verb;
+        EXPECT_NE(result.err.find("the standard output can't be written (No space left on device)"), std::string::npos);
+    }
+}
+
+/// An instruction set that the processor lacks: on an emulated processor that has SSE2 only.
+TEST(ArgumentsTest, MissingInstructionSetIsAFailure)
+{
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+    GTEST_SKIP() << "sanitized programs don't run on the emulator";
+#endif
+    const std::string emulator = "/usr/bin/qemu-x86_64";
+    if (!std::filesystem::exists(emulator)) {
+        GTEST_SKIP() << emulator << " is not there";
+    }
+    const ProgramResult result =
+        Program::start({emulator, "-cpu", "qemu64,-sse3", ORLIX_PROGRAM, "processors", "--instruction-set", "avx2"})
+            .finish();
+    EXPECT_EQ(result.exitCode, 2);
+    EXPECT_EQ(result.out, "");
+    EXPECT_EQ(result.err, "orlix: --instruction-set: this processor lacks AVX2; use one that it has: plain, SSE2\n");
+}
+
+} // namespace
+} // namespace orlix::test
