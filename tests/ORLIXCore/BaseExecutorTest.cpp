@@ -140,6 +140,20 @@ TEST(BaseExecutor, NumbersOfThreadsFromOneTo64)
     EXPECT_LE(accessExecutor().getNbThreads(), getNbUsableThreads());
 }
 
+TEST(BaseExecutor, AnyNumberOfThreadsIsTakenInSilence)
+{
+    if (!g_bTbbIsVisible) {
+        GTEST_SKIP() << "oneTBB can't be watched here";
+    }
+    ::testing::internal::CaptureStderr();
+    for (const unsigned long nbThreads : {64UL, 300UL, ~0UL}) {
+        const auto executor = makeTbbExecutor(nbThreads);
+        EXPECT_GE(executor->getNbThreads(), std::min(nbThreads, 256UL));
+        expectEachOnce(*executor, 500, g_muchWork);
+    }
+    EXPECT_EQ(::testing::internal::GetCapturedStderr(), "");
+}
+
 TEST(BaseExecutor, TheOneThatWasSetIsUsedUntilNullBringsTheDefaultBack)
 {
     const ScopedExecutor scope({});

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <mutex>
 #include <optional>
 
 namespace orlix::core {
@@ -19,16 +20,38 @@ namespace {
 /// that is done before a second thread has joined.
 constexpr unsigned long g_parallelBytes = 640UL << 10;
 
+unsigned long getNbProcessors()
+{
+    return static_cast<unsigned long>(std::max(1, tbb::info::default_concurrency()));
+}
+
+/// oneTBB has so many workers and no more.
+unsigned long getMostThreads()
+{
+    return std::max(256UL, getNbProcessors());
+}
+
+/// Left to itself, oneTBB makes as many threads as there are processors, and writes to stderr where more are asked for.
+void allowThreads(unsigned long nbThreads)
+{
+    static std::mutex g_mutex;
+    static unsigned long g_nbAllowed = getNbProcessors();
+    static std::optional<tbb::global_control> g_control;
+    const std::lock_guard<std::mutex> lock(g_mutex);
+    if (nbThreads > g_nbAllowed) {
+        g_control.emplace(tbb::global_control::max_allowed_parallelism, nbThreads);
+        g_nbAllowed = nbThreads;
+    }
+}
+
 class TbbExecutor final : public BaseExecutor
 {
 public:
-    explicit TbbExecutor(unsigned long nbThreads) : m_nbThreads(nbThreads)
+    explicit TbbExecutor(unsigned long nbThreads) : m_nbThreads(std::min(nbThreads, getMostThreads()))
     {
-        if (nbThreads > static_cast<unsigned long>(tbb::info::default_concurrency())) {
-            m_moreWorkers.emplace(tbb::global_control::max_allowed_parallelism, nbThreads);
-        }
-        if (nbThreads > 1) {
-            m_arena = boost::make_shared<tbb::task_arena>(static_cast<int>(nbThreads));
+        if (m_nbThreads > 1) {
+            allowThreads(m_nbThreads);
+            m_arena = boost::make_shared<tbb::task_arena>(static_cast<int>(m_nbThreads));
         }
     }
 
@@ -80,7 +103,6 @@ private:
     }
 
     unsigned long m_nbThreads;
-    std::optional<tbb::global_control> m_moreWorkers; ///< without it oneTBB keeps to the processors, and says so on stderr
     boost::shared_ptr<tbb::task_arena> m_arena;
 };
 

@@ -54,7 +54,8 @@ ORLIXCORE_API unsigned long getNbUsableThreads();
 ORLIXCORE_API void setNbThreads(unsigned long nbThreads);
 
 /// An executor on oneTBB. 0 threads: works in the arena that the calling thread is in, as a program with an arena of
-/// its own wants it; else in an arena of its own with so many threads. 1 thread never enters oneTBB but for `post`.
+/// its own wants it; else in an arena of its own with so many threads, up to 256 or what the machine has. 1 thread never
+/// enters oneTBB but for `post`.
 ORLIXCORE_API boost::shared_ptr<BaseExecutor> makeTbbExecutor(unsigned long nbThreads);
 /// An executor on the calling thread that takes the elements of each call in an order shuffled by `seed`.
 ORLIXCORE_API boost::shared_ptr<BaseExecutor> makeShuffledExecutor(unsigned long seed);
