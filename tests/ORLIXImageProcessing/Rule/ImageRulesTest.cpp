@@ -156,7 +156,7 @@ TEST(BufferType, ComparesEveryTimeStep)
               "InPicture is 3x2x1x1x1 UInt16, but has to be of element type UInt8, as InKind tells");
     in->init(createImage(mixedGeometry({g_uint8, g_uint8, g_uint16}, 3, 2, 1)));
     EXPECT_EQ(failureOf(rule->check()),
-              "InPicture is 3x2x1x1x3 UInt8/UInt8/UInt16, but has to be of element type UInt8, as InKind tells");
+              "InPicture is 3x2x1x1x3 UInt8/UInt16, but has to be of element type UInt8, as InKind tells");
     in->init(createImage(mixedGeometry({g_uint8, g_uint8}, 3, 2, 1)));
     EXPECT_EQ(failureOf(rule->check()), "no failure");
     kind.reset();

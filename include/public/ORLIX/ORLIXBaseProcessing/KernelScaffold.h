@@ -15,7 +15,7 @@ public:
     /// The kernel table of the class, made on first use. Filled while the library loads.
     static AlgorithmFunctionSelector& retrieveFunctionSelector()
     {
-        static AlgorithmFunctionSelector& g_selector = accessKernelClass(TDerived::getTypeName()).selector;
+        static AlgorithmFunctionSelector& g_selector = accessKernelClass(typeid(TDerived).name()).selector;
         return g_selector;
     }
     static AlgorithmFunctionSelector& accessFunctionSelector() { return retrieveFunctionSelector(); }
@@ -25,7 +25,7 @@ public:
     static InstructionSetsIdentifier& retrieveForcedInstructionSets()
     {
         const std::lock_guard<std::mutex> lock(ForcedInstructionSetsMutex());
-        static InstructionSetsIdentifier& g_forced = accessKernelClass(TDerived::getTypeName()).forced;
+        static InstructionSetsIdentifier& g_forced = accessKernelClass(typeid(TDerived).name()).forced;
         return g_forced;
     }
     static InstructionSetsIdentifier& accessForcedInstructionSets() { return retrieveForcedInstructionSets(); }
