@@ -3,6 +3,7 @@
 
 #include "ORLIX/ORLIXBaseProcessing/ORLIXBaseProcessingException.h"
 #include "ORLIXBaseProcessing/RecordingProcessor.h"
+#include "support/Executors.h"
 
 #include <gtest/gtest.h>
 
@@ -69,6 +70,8 @@ TEST(BaseProcessor, RunsAgainWithWhatItHolds)
 
 TEST(BaseProcessor, AFailedStepEndsTheRunWithItsMessage)
 {
+    // On several threads a second element may be under way when the first fails.
+    const orlix::testing::ScopedExecutor scope(core::makePlainThreadExecutor(1));
     const Steps inOrder = {"initializer", "rule", "preProcess", "retrieveProvider", "element", "postProcess"};
     for (const std::string& failing : inOrder) {
         SCOPED_TRACE(failing);
