@@ -9,6 +9,8 @@
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 
+#include <numeric>
+
 namespace orlix::imaproc::test {
 namespace {
 
