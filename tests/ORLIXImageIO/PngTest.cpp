@@ -61,9 +61,11 @@ TEST_P(PngKindTest, SamplesAreChannels)
 }
 
 INSTANTIATE_TEST_SUITE_P(Grey, PngKindTest,
-                         ::testing::Combine(::testing::Values(0u), ::testing::Values(1u, 2u, 4u, 8u, 16u), ::testing::Bool()));
+                         ::testing::Combine(::testing::Values(0u), ::testing::Values(1u, 2u, 4u, 8u, 16u),
+                                            ::testing::Bool()));
 INSTANTIATE_TEST_SUITE_P(Colour, PngKindTest,
-                         ::testing::Combine(::testing::Values(2u, 4u, 6u), ::testing::Values(8u, 16u), ::testing::Bool()));
+                         ::testing::Combine(::testing::Values(2u, 4u, 6u), ::testing::Values(8u, 16u),
+                                            ::testing::Bool()));
 
 TEST(PngTest, PalettesAreExpanded)
 {
@@ -82,7 +84,8 @@ TEST(PngTest, PalettesAreExpanded)
                 ASSERT_EQ(colours + bAlpha, image->getSizeC());
                 ASSERT_EQ(eImageBufferType::UInt8, image->getBufferType());
                 forEachPixel(*image, [&](const Position& p) {
-                    const unsigned entry = sampleAt(static_cast<std::uint32_t>(p.x), static_cast<std::uint32_t>(p.y), 0, bits);
+                    const unsigned entry =
+                        sampleAt(static_cast<std::uint32_t>(p.x), static_cast<std::uint32_t>(p.y), 0, bits);
                     const unsigned expected = p.c == colours ? 255 - entry : entry * 3 + p.c * 11;
                     EXPECT_EQ(expected % 256, valueAt(*image, p));
                 });
@@ -93,8 +96,9 @@ TEST(PngTest, PalettesAreExpanded)
 
 TEST(PngTest, TransparentColourBecomesAlpha)
 {
-    const ImagePtr grey = readPng(bytesOf(pngOf({2, 1, 8, 0, false, "", std::string("\0\7", 2)},
-                                                [](std::uint32_t x, std::uint32_t, unsigned) { return x == 0 ? 7u : 8u; })));
+    const ImagePtr grey =
+        readPng(bytesOf(pngOf({2, 1, 8, 0, false, "", std::string("\0\7", 2)},
+                              [](std::uint32_t x, std::uint32_t, unsigned) { return x == 0 ? 7u : 8u; })));
     ASSERT_EQ("2x1x1x2x1 UInt8", grey->getGeometry().toString());
     EXPECT_EQ(0, valueAt(*grey, {0, 0, 0, 1, 0}));
     EXPECT_EQ(255, valueAt(*grey, {1, 0, 0, 1, 0}));
@@ -109,7 +113,8 @@ TEST(PngTest, PixelsPerMetreGivePixelSizes)
 {
     const auto read = [](std::uint32_t x, std::uint32_t y, unsigned unit) {
         const std::string content = bigEndian(4, x) + bigEndian(4, y) + bigEndian(1, unit);
-        return imageOf({.width = 2, .height = 2, .furtherChunks = pngChunk("pHYs", content)})->getGeometricCalibration();
+        return imageOf({.width = 2, .height = 2, .furtherChunks = pngChunk("pHYs", content)})
+            ->getGeometricCalibration();
     };
     const auto calibration = read(1000, 4000, 1);
     ASSERT_TRUE(calibration);
@@ -157,8 +162,8 @@ TEST(PngTest, UnsuitableImagesAreRefused)
     EXPECT_TRUE(contains(failure(*geometry5d(eImageBufferType::UInt8, 4, 4, 1, 1, 2)), "PNG holds one plan"));
     EXPECT_TRUE(contains(failure(*geometry5d(eImageBufferType::UInt8, 4, 4, 1, 5, 1)), "PNG holds one plan"));
     EXPECT_TRUE(contains(failure(*geometry5d(eImageBufferType::eBufferBinary, 4, 4, 1, 2, 1)), "PNG holds one plan"));
-    for (const auto type : {eImageBufferType::Int8, eImageBufferType::Int16, eImageBufferType::Int32, eImageBufferType::UInt32,
-                            eImageBufferType::Real32, eImageBufferType::eBufferUInt32Like}) {
+    for (const auto type : {eImageBufferType::Int8, eImageBufferType::Int16, eImageBufferType::Int32,
+                            eImageBufferType::UInt32, eImageBufferType::Real32, eImageBufferType::eBufferUInt32Like}) {
         EXPECT_TRUE(contains(failure(*geometry2d(type, 4, 4)), "PNG holds one plan"));
     }
     EXPECT_TRUE(folder.getNames().empty());
@@ -227,7 +232,8 @@ TEST_F(PngDamageTest, SizesThatTheFileCantHoldAreRefused)
 {
     const auto refusal = [](std::uint32_t width, std::uint32_t height) {
         std::string content = fileOf({2, 2});
-        const std::string header = pngChunk("IHDR", bigEndian(4, width) + bigEndian(4, height) + std::string("\x10\6\0\0\0", 5));
+        const std::string header =
+            pngChunk("IHDR", bigEndian(4, width) + bigEndian(4, height) + std::string("\x10\6\0\0\0", 5));
         content.replace(8, header.size(), header);
         return failureOf([&] { (void)readPng(bytesOf(content)); });
     };

@@ -6,6 +6,8 @@
 #include <boost/make_shared.hpp>
 #include <rapidcheck/gtest.h>
 
+#include <sys/mman.h>
+
 #include <limits>
 
 using namespace orlix;
@@ -24,9 +26,7 @@ boost::shared_ptr<const GeometricCalibration> anyCalibration()
 {
     static const std::vector<std::string> units = {"px", "\u00b5m", "micron", "mm", "inch", "furlong", "", "a<b&\"c\""};
     auto calibration = boost::make_shared<GeometricCalibration>();
-    const auto number = [](float low) {
-        return low + static_cast<float>(*rc::gen::inRange(1, 1 << 20)) * 0.00037f;
-    };
+    const auto number = [](float low) { return low + static_cast<float>(*rc::gen::inRange(1, 1 << 20)) * 0.00037f; };
     switch (*rc::gen::inRange(0, 3)) {
     case 0: return nullptr;
     case 1:
@@ -114,8 +114,9 @@ RC_GTEST_PROP(RoundTripTest, PngKeepsEverything, ())
     }
     ColorGeometry color;
     color.initChannels(type == eImageBufferType::eBufferBinary ? 1 : *rc::gen::inRange(1ul, 5ul));
-    const ImagePtr image = filledImage(
-        {type, *rc::gen::inRange(1ul, 200ul), *rc::gen::inRange(1ul, 150ul), volume, color, temporal}, *rc::gen::arbitrary<std::uint64_t>());
+    const ImagePtr image =
+        filledImage({type, *rc::gen::inRange(1ul, 200ul), *rc::gen::inRange(1ul, 150ul), volume, color, temporal},
+                    *rc::gen::arbitrary<std::uint64_t>());
     image->setGeometricCalibration(anyCalibration());
     writeImage(folder / "a.png", image);
     requireSame(*image, *readImage(folder / "a.png"));
@@ -196,10 +197,12 @@ TEST(RoundTripTest, SameImageGivesSameBytes)
     const TestFolder folder;
     const ImagePtr image = filledImage(*geometry3d(eImageBufferType::UInt16, 33, 21, 5), 7);
     for (const char* const ending : {"tif", "png"}) {
-        const ImagePtr written = std::string(ending) == "png" ? filledImage(*geometry2d(eImageBufferType::UInt16, 9, 9), 1) : image;
+        const ImagePtr written =
+            std::string(ending) == "png" ? filledImage(*geometry2d(eImageBufferType::UInt16, 9, 9), 1) : image;
         writeImage(folder / (std::string("a.") + ending), written);
         writeImage(folder / (std::string("b.") + ending), written);
-        EXPECT_TRUE(contentOf(folder / (std::string("a.") + ending)) == contentOf(folder / (std::string("b.") + ending)));
+        EXPECT_TRUE(contentOf(folder / (std::string("a.") + ending)) ==
+                    contentOf(folder / (std::string("b.") + ending)));
     }
 }
 
@@ -207,7 +210,8 @@ TEST(RoundTripTest, BinaryCountsEveryValueButZero)
 {
     const TestFolder folder;
     const ImagePtr image = createImage(*geometry2d(eImageBufferType::eBufferBinary, 11, 2));
-    forEachPixel(*image, [&](const Position& p) { setValue(*image, p, p.x % 3 ? 0 : 255.0 - static_cast<double>(p.x)); });
+    forEachPixel(*image,
+                 [&](const Position& p) { setValue(*image, p, p.x % 3 ? 0 : 255.0 - static_cast<double>(p.x)); });
     for (const char* const name : {"a.tif", "a.png"}) {
         writeImage(folder / name, image);
         const ImagePtr found = readImage(folder / name);
@@ -226,6 +230,31 @@ TEST(RoundTripTest, ManyPages)
     writeImage(folder / "a.tif", image);
     EXPECT_EQ(3000u, readImageInfo(folder / "a.tif").pages);
     EXPECT_TRUE(areSame(*image, *readImage(folder / "a.tif")));
+}
+
+// 32-bit offsets end at 4 GiB. The pixels are pages that were never touched, and the write is stopped once it is seen
+// how the file begins.
+TEST(RoundTripTest, BigTiffWhereItIsNeeded)
+{
+    const TestFolder folder;
+    constexpr unsigned long side = 1ul << 15;
+    for (const unsigned long plans : {3ul, 4ul}) {
+        const unsigned long bytes = side * side * plans;
+        void* const memory =
+            ::mmap(nullptr, bytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+        ASSERT_NE(MAP_FAILED, memory);
+        const ImagePtr image = wrapImage(*geometry3d(eImageBufferType::UInt8, side, side, plans), memory,
+                                         {side, side * side, bytes, bytes}, nullptr);
+        std::string start;
+        WriteOptions options;
+        options.progress = [&](unsigned long, unsigned long) {
+            start = contentOf(folder / folder.getNames().front()).substr(0, 4);
+            return false;
+        };
+        EXPECT_TRUE(contains(failureOf([&] { writeImage(folder / "a.tif", image, options); }), "stopped"));
+        EXPECT_EQ(plans == 4 ? std::string("II+\0", 4) : std::string("II*\0", 4), start);
+        ::munmap(memory, bytes);
+    }
 }
 
 TEST(RoundTripTest, RgbGoesIntoSamples)

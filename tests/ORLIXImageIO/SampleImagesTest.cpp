@@ -94,7 +94,8 @@ TEST_P(SampleImageTest, IsRead)
 
 INSTANTIATE_TEST_SUITE_P(All, SampleImageTest, ::testing::ValuesIn(g_images), [](const auto& info) {
     std::string name = info.param.file;
-    std::ranges::replace_if(name, [](char c) { return !std::isalnum(static_cast<unsigned char>(c)); }, '_');
+    std::ranges::replace_if(
+        name, [](char c) { return !std::isalnum(static_cast<unsigned char>(c)); }, '_');
     return name;
 });
 

@@ -28,7 +28,8 @@ inline void putContent(const boost::filesystem::path& file, const std::string& c
     std::ofstream(file.string(), std::ios::binary) << content;
 }
 
-/// The message of the ORLIXImageIOException that `work` throws; fails the test and returns nothing where it throws none.
+/// The message of the ORLIXImageIOException that `work` throws; fails the test and returns nothing where it throws
+/// none.
 template <class TWork>
 std::string failureOf(TWork&& work)
 {

@@ -61,7 +61,8 @@ void appendSample(std::string& row, const CodecCase& codec, unsigned x, unsigned
     }
 }
 
-std::string blockOf(const CodecCase& codec, unsigned x0, unsigned y0, unsigned width, unsigned height, unsigned firstSample)
+std::string blockOf(const CodecCase& codec, unsigned x0, unsigned y0, unsigned width, unsigned height,
+                    unsigned firstSample)
 {
     std::string data;
     for (unsigned y = y0; y < y0 + height; ++y) {
@@ -165,7 +166,8 @@ TEST_P(TiffCompressionTest, IsRead)
     const bool bBytes = bUnit && codec.type == eImageBufferType::UInt8; // PixarLog's floats come back as bytes
     double largest = 0;
     forEachPixel(*image, [&](const Position& p) {
-        double expected = valueOf(codec, static_cast<unsigned>(p.x), static_cast<unsigned>(p.y), static_cast<unsigned>(p.c));
+        double expected =
+            valueOf(codec, static_cast<unsigned>(p.x), static_cast<unsigned>(p.y), static_cast<unsigned>(p.c));
         expected = codec.photometric == PHOTOMETRIC_MINISWHITE ? 1 - expected : expected;
         const double found = valueAt(*image, p) / (bBytes ? 255 : 1);
         largest = std::max(largest, std::abs(expected - found) * (bUnit ? 200 : 1));
@@ -209,7 +211,8 @@ TEST(TiffReadOnlyCompressionTest, Next)
     tiff.endPage();
     const ImagePtr image = readTiff(bytesOf(tiff.getData()));
     const auto* const pixels = planData<unsigned char>(*image, 0, 0, 0);
-    EXPECT_EQ((std::vector<unsigned char>{0, 85, 170, 255, 255, 170, 85, 0}), std::vector<unsigned char>(pixels, pixels + 8));
+    EXPECT_EQ((std::vector<unsigned char>{0, 85, 170, 255, 255, 170, 85, 0}),
+              std::vector<unsigned char>(pixels, pixels + 8));
 }
 
 // libtiff 4.5 forgets to add up the differences of grey PixarLog, and loses its way between the rows of RLE/W: wrong
@@ -218,9 +221,11 @@ TEST(TiffReadOnlyCompressionTest, WhatLibtiffGetsWrongIsRefused)
 {
     const TestFolder folder;
     writeByLibrary(folder / "a.tif", {"", COMPRESSION_PIXARLOG, 1, 1, 8, 1, eImageBufferType::UInt8, 0});
-    EXPECT_TRUE(contains(failureOf([&] { (void)readImage(folder / "a.tif"); }), "under PixarLog, which is not supported"));
+    EXPECT_TRUE(
+        contains(failureOf([&] { (void)readImage(folder / "a.tif"); }), "under PixarLog, which is not supported"));
     writeByLibrary(folder / "a.tif", {"", COMPRESSION_CCITTRLEW, 1, 1, 1, 1, eImageBufferType::eBufferBinary, 0});
-    EXPECT_TRUE(contains(failureOf([&] { (void)readImage(folder / "a.tif"); }), "under CCITT RLE/W, which is not supported"));
+    EXPECT_TRUE(
+        contains(failureOf([&] { (void)readImage(folder / "a.tif"); }), "under CCITT RLE/W, which is not supported"));
 }
 
 // Luma and chroma without compression, at half the chroma resolution: greys of 16 to 235 come back as they are.

@@ -151,12 +151,15 @@ std::string refusalOf(const std::string& content, const ReadOptions& options = s
 
 TEST_F(TiffDamageTest, SizesThatTheFileCantHoldAreRefused)
 {
-    EXPECT_TRUE(contains(refusalOf(claiming({.width = 100000, .height = 100000})),
-                         "page 0 claims 10000000000 bytes of pixels, for which the file must have at least 10000000000"));
+    EXPECT_TRUE(
+        contains(refusalOf(claiming({.width = 100000, .height = 100000})),
+                 "page 0 claims 10000000000 bytes of pixels, for which the file must have at least 10000000000"));
     EXPECT_TRUE(contains(refusalOf(claiming({.width = 0xffffffff, .height = 0xffffffff, .bits = 32, .samples = 65535})),
                          "page 0"));
-    EXPECT_TRUE(contains(refusalOf(claiming({.width = 100000, .height = 1000, .compression = 8})), "at least 96153 bytes"));
-    EXPECT_TRUE(contains(refusalOf(claiming({.width = 100000, .height = 1000, .compression = 32773})), "at least 1562500 bytes"));
+    EXPECT_TRUE(
+        contains(refusalOf(claiming({.width = 100000, .height = 1000, .compression = 8})), "at least 96153 bytes"));
+    EXPECT_TRUE(contains(refusalOf(claiming({.width = 100000, .height = 1000, .compression = 32773})),
+                         "at least 1562500 bytes"));
     EXPECT_TRUE(contains(refusalOf(claiming({.tile = 1 << 20})), "claims 1099511627776 bytes"));
     EXPECT_TRUE(contains(refusalOf(claiming({.tile = 0xfffffff0})), "page 0"));
     EXPECT_TRUE(contains(refusalOf(claiming({.tile = 0})), "page 0"));
@@ -180,7 +183,8 @@ TEST_F(TiffDamageTest, LimitsAreKept)
 
     // Plausibility can be waived; then the pixels are missed.
     options.limits.bMustBePlausible = false;
-    EXPECT_TRUE(contains(refusalOf(claiming({.width = 64, .height = 64, .rows = 64}), options), "page 0 can't be read"));
+    EXPECT_TRUE(
+        contains(refusalOf(claiming({.width = 64, .height = 64, .rows = 64}), options), "page 0 can't be read"));
 }
 
 TEST_F(TiffDamageTest, ChainsInACircleAreRefused)

@@ -59,7 +59,9 @@ std::string nameOf(const ::testing::TestParamInfo<FormParameter>& info)
     const auto& [type, bBigEndian, bBigTiff, samples, bSeparate, blocks] = info.param;
     return std::string(type.name) + (bBigEndian ? "Big" : "Little") + (bBigTiff ? "64" : "32") + "x" +
            std::to_string(samples) + (bSeparate ? "Separate" : "Together") +
-           (blocks == Blocks::eOneStrip ? "OneStrip" : blocks == Blocks::eStrips ? "Strips" : "Tiles");
+           (blocks == Blocks::eOneStrip ? "OneStrip"
+            : blocks == Blocks::eStrips ? "Strips"
+                                        : "Tiles");
 }
 
 std::string block(const TinyTiff& tiff, unsigned bytes, unsigned long x, unsigned long y, unsigned long width,
@@ -96,7 +98,8 @@ TEST_P(TiffFormTest, IsReadAsWritten)
     for (unsigned long sample = 0; sample < samples; sample += together) {
         for (unsigned long y = 0; y < g_height; y += blockHeight) {
             for (unsigned long x = 0; x < g_width; x += blockWidth) {
-                const unsigned long height = blocks == Blocks::eTiles ? blockHeight : std::min(blockHeight, g_height - y);
+                const unsigned long height =
+                    blocks == Blocks::eTiles ? blockHeight : std::min(blockHeight, g_height - y);
                 data.push_back(block(tiff, type.bytes, x, y, blockWidth, height, sample, together));
             }
         }
@@ -112,7 +115,8 @@ TEST_P(TiffFormTest, IsReadAsWritten)
 
     const ImagePtr image = readTiff(bytesOf(tiff.getData()));
     ASSERT_EQ(type.type, image->getBufferType());
-    ASSERT_EQ(std::to_string(g_width) + "x" + std::to_string(g_height) + "x1x" + std::to_string(samples) + "x1 " + type.name,
+    ASSERT_EQ(std::to_string(g_width) + "x" + std::to_string(g_height) + "x1x" + std::to_string(samples) + "x1 " +
+                  type.name,
               image->getGeometry().toString());
     EXPECT_FALSE(image->hasGeometricCalibration());
     unsigned long wrong = 0;
@@ -184,9 +188,8 @@ TEST(TiffPackedTest, MinIsWhiteIsTurnedRound)
 {
     for (const unsigned bits : {8u, 16u}) {
         const ImagePtr image = readTiff(bytesOf(packedPage(bits, 0)));
-        forEachPixel(*image, [&](const Position& p) {
-            EXPECT_EQ((1u << bits) - 1 - packedValue(p, bits), valueAt(*image, p));
-        });
+        forEachPixel(
+            *image, [&](const Position& p) { EXPECT_EQ((1u << bits) - 1 - packedValue(p, bits), valueAt(*image, p)); });
     }
 }
 
@@ -280,13 +283,13 @@ TEST(TiffRefusalTest, FormsThatAreOutOfScopeAreTold)
         unsigned bits, samples, photometric, format, compression;
         const char* told;
     };
-    for (const Case& c : {Case{64, 1, 1, 3, 1, "floating, 64 bits"}, Case{64, 1, 1, 1, 1, "unsigned, 64 bits"},
-                          Case{16, 1, 1, 3, 1, "floating, 16 bits"}, Case{24, 1, 1, 3, 1, "floating, 24 bits"},
-                          Case{12, 1, 1, 1, 1, "unsigned, 12 bits"}, Case{64, 1, 1, 6, 1, "complex, 64 bits"},
-                          Case{32, 1, 1, 5, 1, "complex, 32 bits"}, Case{4, 1, 1, 2, 1, "signed, 4 bits"},
-                          Case{8, 4, 5, 1, 1, "ink (CMYK)"}, Case{8, 3, 8, 1, 1, "CIELab"},
-                          Case{8, 1, 32803, 1, 1, "colour filter array"},
-                          Case{8, 1, 1, 1, 34712, "compression 34712"}}) {
+    for (const Case& c :
+         {Case{64, 1, 1, 3, 1, "floating, 64 bits"}, Case{64, 1, 1, 1, 1, "unsigned, 64 bits"},
+          Case{16, 1, 1, 3, 1, "floating, 16 bits"}, Case{24, 1, 1, 3, 1, "floating, 24 bits"},
+          Case{12, 1, 1, 1, 1, "unsigned, 12 bits"}, Case{64, 1, 1, 6, 1, "complex, 64 bits"},
+          Case{32, 1, 1, 5, 1, "complex, 32 bits"}, Case{4, 1, 1, 2, 1, "signed, 4 bits"},
+          Case{8, 4, 5, 1, 1, "ink (CMYK)"}, Case{8, 3, 8, 1, 1, "CIELab"},
+          Case{8, 1, 32803, 1, 1, "colour filter array"}, Case{8, 1, 1, 1, 34712, "compression 34712"}}) {
         const std::string data = plainPage(c.bits, c.samples, c.photometric, c.format, c.compression);
         const std::string text = failureOf([&] { (void)readTiff(bytesOf(data)); });
         EXPECT_TRUE(contains(text, "memory: page 0 holds 4x2 pixels of " + std::to_string(c.samples))) << c.told;

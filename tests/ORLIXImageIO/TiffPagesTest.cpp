@@ -19,7 +19,7 @@ struct FileWish
     unsigned resolutionUnit = 0; ///< 0 writes no resolution
     std::uint32_t perUnit[2] = {1, 1};
     std::uint32_t ratio = 2; ///< of the resolution along y to that along x
-    unsigned rawPlans = 0; ///< behind the pages
+    unsigned rawPlans = 0;   ///< behind the pages
     bool bBigEndian = false;
     unsigned reducedPage = ~0u; ///< marked as a reduced copy, of half the size
 };
@@ -77,7 +77,8 @@ unsigned pageAt(const BaseImage& image, unsigned long z, unsigned long c, unsign
 
 std::string ome(const std::string& pixels, const std::string& inside = "<TiffData/>", const std::string& root = "")
 {
-    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?><OME xmlns=\"http://www.openmicroscopy.org/Schemas/OME/2016-06\"" +
+    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?><OME "
+           "xmlns=\"http://www.openmicroscopy.org/Schemas/OME/2016-06\"" +
            root + "><Image ID=\"Image:0\"><Pixels ID=\"Pixels:0\" Type=\"uint16\" SizeX=\"3\" SizeY=\"2\" " + pixels +
            ">" + inside + "</Pixels></Image></OME>";
 }
@@ -137,11 +138,14 @@ TEST(TiffPagesTest, ScreenResolutionsAreNoMeasurements)
 {
     for (const std::uint32_t perInch : {72u, 96u}) {
         EXPECT_FALSE(imageOf({.resolutionUnit = 2, .perUnit = {perInch, 1}, .ratio = 1})->hasGeometricCalibration());
-        EXPECT_FALSE(imageOf({.description = "ImageJ=1.53c\n", .resolutionUnit = 2, .perUnit = {perInch, 1}, .ratio = 1})
-                         ->hasGeometricCalibration());
+        EXPECT_FALSE(
+            imageOf({.description = "ImageJ=1.53c\n", .resolutionUnit = 2, .perUnit = {perInch, 1}, .ratio = 1})
+                ->hasGeometricCalibration());
         EXPECT_TRUE(imageOf({.resolutionUnit = 2, .perUnit = {perInch, 1}})->hasGeometricCalibration());
-        EXPECT_TRUE(imageOf({.description = "ImageJ=1.53c\nunit=inch\n", .resolutionUnit = 2, .perUnit = {perInch, 1}, .ratio = 1})
-                        ->hasGeometricCalibration());
+        EXPECT_TRUE(
+            imageOf(
+                {.description = "ImageJ=1.53c\nunit=inch\n", .resolutionUnit = 2, .perUnit = {perInch, 1}, .ratio = 1})
+                ->hasGeometricCalibration());
     }
     EXPECT_FALSE(imageOf({.resolutionUnit = 3, .perUnit = {2834, 100}, .ratio = 1})->hasGeometricCalibration());
 }
@@ -159,11 +163,14 @@ TEST(ImageJTest, AxesRunChannelsFirst)
             }
         }
     }
-    EXPECT_EQ("3x2x5x1x1 UInt16", imageOf({.description = "ImageJ=1.4\nimages=5\n", .pages = 5})->getGeometry().toString());
+    EXPECT_EQ("3x2x5x1x1 UInt16",
+              imageOf({.description = "ImageJ=1.4\nimages=5\n", .pages = 5})->getGeometry().toString());
     EXPECT_EQ("3x2x1x1x5 UInt16",
               imageOf({.description = "ImageJ=1.4\nimages=5\nframes=5\n", .pages = 5})->getGeometry().toString());
     EXPECT_EQ("3x2x1x6x1 UInt16",
-              imageOf({.description = "ImageJ=1.4\nimages=2\nchannels=2\n", .pages = 2, .samples = 3})->getGeometry().toString());
+              imageOf({.description = "ImageJ=1.4\nimages=2\nchannels=2\n", .pages = 2, .samples = 3})
+                  ->getGeometry()
+                  .toString());
 }
 
 TEST(ImageJTest, CalibrationComesFromUnitSpacingAndResolution)
@@ -183,8 +190,8 @@ TEST(ImageJTest, CalibrationComesFromUnitSpacingAndResolution)
     EXPECT_EQ(0.125f, full->getPixelSizeY());
     EXPECT_EQ(2.5f, full->getPixelSizeZ());
 
-    EXPECT_EQ("\u00b5m", read("unit=\xb5m\n", 1, 4000)->getUnit());      // Latin-1, old versions
-    EXPECT_EQ("\u00b5m", read("unit=\xc2\xb5m\n", 1, 4000)->getUnit());  // UTF-8
+    EXPECT_EQ("\u00b5m", read("unit=\xb5m\n", 1, 4000)->getUnit());     // Latin-1, old versions
+    EXPECT_EQ("\u00b5m", read("unit=\xc2\xb5m\n", 1, 4000)->getUnit()); // UTF-8
     EXPECT_EQ("\u212b", read("unit=\\u212B\n", 1, 4000)->getUnit());
     EXPECT_EQ("a\\uzz", read("unit=a\\uzz\n", 1, 4000)->getUnit());
     EXPECT_EQ(1.f, read("unit=mm\n", 1, 4000)->getPixelSizeZ()); // ImageJ leaves out a spacing of 1
@@ -214,9 +221,8 @@ TEST(ImageJTest, RawStacksFollowOnePage)
 TEST(ImageJTest, ContradictionsAreRefused)
 {
     const auto failure = [](const std::string& lines, unsigned pages, unsigned rawPlans = 0) {
-        return failureOf([&] {
-            (void)imageOf({.description = "ImageJ=1.53c\n" + lines, .pages = pages, .rawPlans = rawPlans});
-        });
+        return failureOf(
+            [&] { (void)imageOf({.description = "ImageJ=1.53c\n" + lines, .pages = pages, .rawPlans = rawPlans}); });
     };
     EXPECT_TRUE(contains(failure("images=6\nslices=4\n", 6), "must multiply to images (6)"));
     EXPECT_TRUE(contains(failure("images=3\n", 2), "tells of 3 images, but the file has 2 pages"));
@@ -263,11 +269,12 @@ TEST(OmeTest, TiffDataPlacesPages)
 
 TEST(OmeTest, SamplesAreChannelsOfAPage)
 {
-    const ImagePtr image = imageOf({.description = ome("DimensionOrder=\"XYCZT\" SizeZ=\"2\" SizeC=\"6\" SizeT=\"1\"",
-                                                       "<Channel SamplesPerPixel=\"3\"/><Channel SamplesPerPixel=\"3\"/>"
-                                                       "<TiffData/>"),
-                                    .pages = 4,
-                                    .samples = 3});
+    const ImagePtr image =
+        imageOf({.description = ome("DimensionOrder=\"XYCZT\" SizeZ=\"2\" SizeC=\"6\" SizeT=\"1\"",
+                                    "<Channel SamplesPerPixel=\"3\"/><Channel SamplesPerPixel=\"3\"/>"
+                                    "<TiffData/>"),
+                 .pages = 4,
+                 .samples = 3});
     ASSERT_EQ("3x2x2x6x1 UInt16", image->getGeometry().toString());
     forEachPixel(*image, [&](const Position& p) {
         EXPECT_EQ((p.z * 2 + p.c / 3) * 100 + p.c % 3 * 10 + p.y * 3 + p.x, valueAt(*image, p));
@@ -323,9 +330,11 @@ TEST(OmeTest, WrongDescriptionsAreRefused)
     };
     EXPECT_TRUE(contains(failure("<OME><Image>"), "it is no XML"));
     EXPECT_TRUE(contains(failure("<OME></OME>"), "it tells of no image"));
-    EXPECT_TRUE(contains(failure(ome("SizeZ=\"3\"")), "tells of 3 plans, 1 channels and 1 time steps, but the file has 2 pages"));
+    EXPECT_TRUE(contains(failure(ome("SizeZ=\"3\"")),
+                         "tells of 3 plans, 1 channels and 1 time steps, but the file has 2 pages"));
     EXPECT_TRUE(contains(failure(ome("SizeZ=\"0\"")), "tells of 0 plans"));
-    EXPECT_TRUE(contains(failure(ome("SizeZ=\"4294967296\" SizeC=\"4294967296\" SizeT=\"4294967296\"")), "but the file has 2 pages"));
+    EXPECT_TRUE(contains(failure(ome("SizeZ=\"4294967296\" SizeC=\"4294967296\" SizeT=\"4294967296\"")),
+                         "but the file has 2 pages"));
     EXPECT_TRUE(contains(failure(ome("SizeZ=\"two\"")), "SizeZ must be a whole number, but is \"two\""));
     EXPECT_TRUE(contains(failure(ome("DimensionOrder=\"XYZZT\"")), "DimensionOrder"));
     EXPECT_TRUE(contains(failure(ome("DimensionOrder=\"ZYXCT\"")), "DimensionOrder"));
@@ -335,19 +344,22 @@ TEST(OmeTest, WrongDescriptionsAreRefused)
     EXPECT_TRUE(contains(failure(ome("SizeZ=\"2\"", "<TiffData IFD=\"0\"/>")), "no page for the plan z=1, c=0, t=0"));
     EXPECT_TRUE(contains(failure(ome("SizeZ=\"2\"", "<TiffData IFD=\"7\"/>")), "pages 7 and following"));
     EXPECT_TRUE(contains(failure(ome("SizeZ=\"2\"", "<TiffData FirstZ=\"2\"/>")), "must be below SizeZ"));
-    EXPECT_TRUE(contains(failure(ome("SizeZ=\"2\"", "<TiffData PlaneCount=\"18446744073709551615\"/>")), "18446744073709551615 in all"));
+    EXPECT_TRUE(contains(failure(ome("SizeZ=\"2\"", "<TiffData PlaneCount=\"18446744073709551615\"/>")),
+                         "18446744073709551615 in all"));
     EXPECT_TRUE(contains(failure(ome("SizeZ=\"2\"", "<TiffData/><TiffData IFD=\"0\"/>")), "for one plan"));
-    EXPECT_TRUE(contains(failure(ome("SizeZ=\"2\"", "<TiffData><UUID FileName=\"b.ome.tif\">urn:uuid:2</UUID></TiffData>",
-                                     " UUID=\"urn:uuid:1\"")),
-                         "another file, b.ome.tif"));
+    EXPECT_TRUE(
+        contains(failure(ome("SizeZ=\"2\"", "<TiffData><UUID FileName=\"b.ome.tif\">urn:uuid:2</UUID></TiffData>",
+                             " UUID=\"urn:uuid:1\"")),
+                 "another file, b.ome.tif"));
     EXPECT_TRUE(contains(failure("<OME><BinaryOnly MetadataFile=\"x.companion.ome\"/></OME>"), "x.companion.ome"));
 }
 
 TEST(OmeTest, FilesOfTheirOwnAreRead)
 {
-    const ImagePtr image = imageOf({.description = ome("SizeZ=\"2\"", "<TiffData><UUID FileName=\"a.tif\">urn:uuid:1</UUID></TiffData>",
-                                                       " UUID=\"urn:uuid:1\""),
-                                    .pages = 2});
+    const ImagePtr image =
+        imageOf({.description = ome("SizeZ=\"2\"", "<TiffData><UUID FileName=\"a.tif\">urn:uuid:1</UUID></TiffData>",
+                                    " UUID=\"urn:uuid:1\""),
+                 .pages = 2});
     EXPECT_EQ("3x2x2x1x1 UInt16", image->getGeometry().toString());
 }
 

@@ -14,9 +14,9 @@ struct TinyPng
     unsigned bits = 8;
     unsigned colorType = 0; ///< 0 grey, 2 RGB, 3 palette, 4 grey and alpha, 6 RGB and alpha
     bool bInterlaced = false;
-    std::string palette = {};        ///< content of PLTE; empty for none
-    std::string transparency = {};   ///< content of tRNS; empty for none
-    std::string furtherChunks = {};  ///< whole chunks to stand before the pixels
+    std::string palette = {};       ///< content of PLTE; empty for none
+    std::string transparency = {};  ///< content of tRNS; empty for none
+    std::string furtherChunks = {}; ///< whole chunks to stand before the pixels
 };
 
 inline std::string bigEndian(unsigned bytes, std::uint64_t value)

@@ -54,10 +54,12 @@ TEST(WriteFailureTest, MisuseIsTold)
         return failureOf([&] { writeImage(folder / name, image, options); });
     };
     EXPECT_TRUE(contains(failure("a.tif", nullptr), "there is no image to write"));
-    EXPECT_TRUE(contains(failure("a.bmp", someSlice()), "the ending \".bmp\" names no format that can be written: use .tif, .tiff or .png"));
+    EXPECT_TRUE(contains(failure("a.bmp", someSlice()),
+                         "the ending \".bmp\" names no format that can be written: use .tif, .tiff or .png"));
     EXPECT_TRUE(contains(failure("a", someSlice()), "the ending \"\""));
     EXPECT_TRUE(contains(failure("a.tif", createImage(*geometry2d(eImageBufferType::UInt8, 0, 5))), "0x5x1x1x1 UInt8"));
-    EXPECT_TRUE(contains(failure("a.png", createImage(*geometry3d(eImageBufferType::UInt8, 5, 5, 0))), "5x5x0x1x1 UInt8"));
+    EXPECT_TRUE(
+        contains(failure("a.png", createImage(*geometry3d(eImageBufferType::UInt8, 5, 5, 0))), "5x5x0x1x1 UInt8"));
     TemporalGeometry two;
     two.initSequence(2);
     const BaseImageGeometry mixed({eImageBufferType::UInt8, eImageBufferType::UInt16}, 4, 4, {}, {}, two);
@@ -86,9 +88,11 @@ TEST(WriteFailureTest, EndingsCountInAnyCase)
 TEST(WriteFailureTest, FoldersThatCantBeWrittenTo)
 {
     const TestFolder folder;
-    EXPECT_TRUE(contains(failureOf([&] { writeImage(folder / "none/a.tif", someImage()); }), "none (No such file or directory)"));
+    EXPECT_TRUE(contains(failureOf([&] { writeImage(folder / "none/a.tif", someImage()); }),
+                         "none (No such file or directory)"));
     boost::filesystem::create_symlink("/dev/full", folder / "full.tif");
-    EXPECT_TRUE(contains(failureOf([&] { writeImage(folder / "full.tif", someImage()); }), "is a device, pipe or socket"));
+    EXPECT_TRUE(
+        contains(failureOf([&] { writeImage(folder / "full.tif", someImage()); }), "is a device, pipe or socket"));
     boost::filesystem::remove(folder / "full.tif");
     boost::filesystem::create_directory(folder / "b.tif");
     EXPECT_TRUE(contains(failureOf([&] { writeImage(folder / "b.tif", someImage()); }), "is a folder"));
@@ -128,7 +132,8 @@ TEST(WriteFailureTest, FullDisk)
                 try {
                     writeImage(folder / name, std::string(name) == "a.png" ? slice : stack);
                 } catch (const ORLIXImageIOException& exception) {
-                    return contains(exception.what(), "can't be written (File too large); what was there before is unchanged")
+                    return contains(exception.what(),
+                                    "can't be written (File too large); what was there before is unchanged")
                                ? 0
                                : 3;
                 }
@@ -197,7 +202,9 @@ TEST(WriteFailureTest, ReadingStops)
     for (const char* const name : {"a.tif", "a.png"}) {
         unsigned long last = 0, calls = 0, all = 0;
         ReadOptions options;
-        options.progress = [&](unsigned long done, unsigned long known) { return last = done, all = known, ++calls > 0; };
+        options.progress = [&](unsigned long done, unsigned long known) {
+            return last = done, all = known, ++calls > 0;
+        };
         EXPECT_NO_THROW((void)readImage(folder / name, options));
         EXPECT_EQ(all, last);
         EXPECT_GE(calls, all);

@@ -23,8 +23,8 @@ WideSize product(WideSize a, WideSize b)
 
 unsigned long defaultMaxBytes()
 {
-    static const unsigned long g_bytes =
-        static_cast<unsigned long>(::sysconf(_SC_PHYS_PAGES)) / 4 * 3 * static_cast<unsigned long>(::sysconf(_SC_PAGESIZE));
+    static const unsigned long g_bytes = static_cast<unsigned long>(::sysconf(_SC_PHYS_PAGES)) / 4 * 3 *
+                                         static_cast<unsigned long>(::sysconf(_SC_PAGESIZE));
     return g_bytes;
 }
 
@@ -43,8 +43,8 @@ void checkLimits(const BaseImageGeometry& geometry, WideSize scratchBytes, const
                  const std::string& file)
 {
     WideSize elements = 1;
-    for (const unsigned long size : {geometry.getSizeX(), geometry.getSizeY(), geometry.getSizeZ(), geometry.getSizeC(),
-                                     geometry.getSizeT()}) {
+    for (const unsigned long size :
+         {geometry.getSizeX(), geometry.getSizeY(), geometry.getSizeZ(), geometry.getSizeC(), geometry.getSizeT()}) {
         elements = product(elements, size);
     }
     if (elements > limits.maxElements) {

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include <cfloat>
 #include <cmath>
 #include <limits>
@@ -155,7 +157,7 @@ TEST(BufferType, ComparesEveryTimeStep)
               "InPicture is 3x2x1x1x1 UInt16, but has to be of element type UInt8, as InKind tells");
     in->init(createImage(mixedGeometry({g_uint8, g_uint8, g_uint16}, 3, 2, 1)));
     EXPECT_EQ(failureOf(rule->check()),
-              "InPicture is 3x2x1x1x3 UInt8/UInt8/UInt16, but has to be of element type UInt8, as InKind tells");
+              "InPicture is 3x2x1x1x3 UInt8/UInt16, but has to be of element type UInt8, as InKind tells");
     in->init(createImage(mixedGeometry({g_uint8, g_uint8}, 3, 2, 1)));
     EXPECT_EQ(failureOf(rule->check()), "no failure");
     kind.reset();

@@ -12,7 +12,8 @@ __extension__ using WideSize = unsigned __int128;
 
 std::string textOf(WideSize size);
 
-/// Throws ORLIXImageIOException where the image of this geometry, with `scratchBytes` of working memory, passes a limit.
+/// Throws ORLIXImageIOException where the image of this geometry, with `scratchBytes` of working memory, passes a
+/// limit.
 void checkLimits(const BaseImageGeometry& geometry, WideSize scratchBytes, const ReadLimits& limits,
                  const std::string& file);
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ORLIX/ORLIXBaseProcessing/BaseProcessingAlgorithm.h"
+#include "ORLIX/ORLIXBaseProcessing/KernelClass.h"
 #include "ORLIX/ORLIXBaseProcessing/KernelTable.h"
 #include "ORLIX/ORLIXBaseProcessing/Scaffold.h"
 
@@ -14,7 +15,7 @@ public:
     /// The kernel table of the class, made on first use. Filled while the library loads.
     static AlgorithmFunctionSelector& retrieveFunctionSelector()
     {
-        static AlgorithmFunctionSelector g_selector;
+        static AlgorithmFunctionSelector& g_selector = accessKernelClass(typeid(TDerived).name()).selector;
         return g_selector;
     }
     static AlgorithmFunctionSelector& accessFunctionSelector() { return retrieveFunctionSelector(); }
@@ -24,7 +25,7 @@ public:
     static InstructionSetsIdentifier& retrieveForcedInstructionSets()
     {
         const std::lock_guard<std::mutex> lock(ForcedInstructionSetsMutex());
-        static InstructionSetsIdentifier g_forced;
+        static InstructionSetsIdentifier& g_forced = accessKernelClass(typeid(TDerived).name()).forced;
         return g_forced;
     }
     static InstructionSetsIdentifier& accessForcedInstructionSets() { return retrieveForcedInstructionSets(); }

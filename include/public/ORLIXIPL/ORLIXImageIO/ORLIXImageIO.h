@@ -2,8 +2,8 @@
 #pragma once
 
 #include "ORLIXIPL/ORLIXImageIO/ImageFileInfo.h"
-#include "ORLIXIPL/ORLIXImageIO/ORLIXImageIOException.h"
 #include "ORLIXIPL/ORLIXImageIO/Logger/ORLIXImageIOLogMessages.h"
+#include "ORLIXIPL/ORLIXImageIO/ORLIXImageIOException.h"
 #include "ORLIXIPL/ORLIXImageIO/ReadImage.h"
 #include "ORLIXIPL/ORLIXImageIO/ReadOptions.h"
 #include "ORLIXIPL/ORLIXImageIO/WriteImage.h"

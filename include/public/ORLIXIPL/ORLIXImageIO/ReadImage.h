@@ -20,9 +20,12 @@ namespace orlix::image::io {
 ///             are spread over UInt8. PNG: 8 and 16 bits, 1 bit of grey gives Binary. Palettes become three channels
 ///             of UInt8, or one where every entry is grey. "Min is white" is turned round. Like types come back where
 ///             this library wrote them.
-/// calibration OME-XML, ImageJ, the resolution tags of TIFF or the pHYs chunk of PNG, in the unit that the file names.
-/// errors      ORLIXImageIOException: unreadable, damaged or truncated file, a form that is not supported (64 bits,
-///             complex, half floats, CMYK, CIELab, pages of different size), limits passed, stopped by `progress`.
+/// calibration OME-XML, ImageJ, the resolution tags of TIFF or the pHYs chunk of PNG, in the unit that the file names;
+///             not from the 72 and 96 pixels per inch that programs write where nothing was measured.
+/// errors      ORLIXImageIOException: unreadable, damaged or truncated file, a description that contradicts the pages,
+///             a form that is not supported (64 bits, complex, half floats, CMYK, CIELab, colour filter arrays, pages
+///             of different size, OME-XML over several files, and what libtiff 4.5 decodes wrongly: CCITT RLE/W,
+///             PixarLog other than colour), limits passed, stopped by `progress`.
 /// threads     any number of files may be read at once.
 ORLIXIMAGEIO_API ImagePtr readImage(const boost::filesystem::path& file);
 ORLIXIMAGEIO_API ImagePtr readImage(const boost::filesystem::path& file, const ReadOptions& options);

@@ -76,8 +76,8 @@ unsigned long FileSource::readFile(unsigned long offset, void* target, unsigned 
 {
     unsigned long done = 0;
     while (done < bytes) {
-        const long got = ::pread(m_descriptor, static_cast<char*>(target) + done, bytes - done,
-                                 static_cast<off_t>(offset + done));
+        const long got =
+            ::pread(m_descriptor, static_cast<char*>(target) + done, bytes - done, static_cast<off_t>(offset + done));
         if (got < 0 && errno == EINTR) {
             continue;
         }

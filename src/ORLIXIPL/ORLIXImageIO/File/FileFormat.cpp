@@ -24,8 +24,8 @@ struct Signature
 };
 
 constexpr std::array g_signatures = {
-    Signature{"II\x2a\0"sv, eImageFileFormat::eTiff},      Signature{"MM\0\x2a"sv, eImageFileFormat::eTiff},
-    Signature{"II\x2b\0"sv, eImageFileFormat::eTiff},      Signature{"MM\0\x2b"sv, eImageFileFormat::eTiff},
+    Signature{"II\x2a\0"sv, eImageFileFormat::eTiff}, Signature{"MM\0\x2a"sv, eImageFileFormat::eTiff},
+    Signature{"II\x2b\0"sv, eImageFileFormat::eTiff}, Signature{"MM\0\x2b"sv, eImageFileFormat::eTiff},
     Signature{"\x89PNG\r\n\x1a\n"sv, eImageFileFormat::ePng}};
 
 std::string hexadecimal(std::string_view bytes)

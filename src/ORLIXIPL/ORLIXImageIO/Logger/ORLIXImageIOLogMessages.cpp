@@ -43,8 +43,7 @@ const std::vector<MessageText>& MessageCatalogue<eORLIXImageIOMessage>::texts()
         {eORLIXImageIOMessage::eImplausibleSize,
          "%s: page %d claims %s bytes of pixels, for which the file must have at least %s bytes, but it has %d: it is "
          "damaged or cut short, get a whole copy of it"},
-        {eORLIXImageIOMessage::eBadDescription,
-         "%s: its %s description is wrong: %s; remove or mend the description"},
+        {eORLIXImageIOMessage::eBadDescription, "%s: its %s description is wrong: %s; remove or mend the description"},
         {eORLIXImageIOMessage::eOutsideFile,
          "%s: its OME-XML description puts pixels into another file, %s: join the files to one first"},
         {eORLIXImageIOMessage::eMissingPlan,
@@ -59,8 +58,8 @@ const std::vector<MessageText>& MessageCatalogue<eORLIXImageIOMessage>::texts()
         {eORLIXImageIOMessage::eNullImage, "%s: there is no image to write: give one that is not null"},
         {eORLIXImageIOMessage::eEmptyImage,
          "%s: an image without pixels can't be written, and this one is %s: give one whose five sizes are above 0"},
-        {eORLIXImageIOMessage::eSeveralTypes,
-         "%s: a file holds elements of one type, but the time steps of the image differ (%s): convert them to one type"},
+        {eORLIXImageIOMessage::eSeveralTypes, "%s: a file holds elements of one type, but the time steps of the image "
+                                              "differ (%s): convert them to one type"},
         {eORLIXImageIOMessage::eNoHostPixels,
          "%s: the pixels of the image (%s) are not in host memory: copy it to a host image first"},
         {eORLIXImageIOMessage::eUnsuitableForPng,

@@ -87,8 +87,7 @@ CalibrationPtr calibrationFrom(pugi::xml_node pixels)
 bool isOmeDescription(std::string_view text)
 {
     const auto root = text.find_first_not_of("\xef\xbb\xbf \t\r\n");
-    return root != text.npos && text[root] == '<' &&
-           (text.find("<OME") != text.npos || text.find(":OME") != text.npos);
+    return root != text.npos && text[root] == '<' && (text.find("<OME") != text.npos || text.find(":OME") != text.npos);
 }
 
 ImageMetadata metadataOfOme(std::string_view text, const PageFacts& facts)

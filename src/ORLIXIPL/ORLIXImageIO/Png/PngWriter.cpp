@@ -69,7 +69,8 @@ void PngWriter::writeHeader()
     const png_infop info = m_handle.info();
     const std::string description = omeXmlOf(m_image, m_image.getSizeC(), true);
     const unsigned long elementBytes = elementSize(m_image.getBufferType());
-    const int bits = m_image.getBufferType() == eImageBufferType::eBufferBinary ? 1 : static_cast<int>(8 * elementBytes);
+    const int bits =
+        m_image.getBufferType() == eImageBufferType::eBufferBinary ? 1 : static_cast<int>(8 * elementBytes);
     png_uint_32 perMetreX = 0, perMetreY = 0;
     const bool bResolution = perMetreOf(m_image.getGeometricCalibration(), perMetreX, perMetreY);
     const bool bWritten = guarded(png, [&] {

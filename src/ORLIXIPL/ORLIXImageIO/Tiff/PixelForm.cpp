@@ -29,7 +29,8 @@ eImageBufferType typeOf(const TiffPage& page)
 
 bool isPaletteIndex(const TiffPage& page)
 {
-    return page.samples == 1 && (page.bits == 1 || page.bits == 2 || page.bits == 4 || page.bits == 8 || page.bits == 16);
+    return page.samples == 1 &&
+           (page.bits == 1 || page.bits == 2 || page.bits == 4 || page.bits == 8 || page.bits == 16);
 }
 
 // libtiff 4.5 adds up PixarLog's differences wrongly where there are other than 3 or 4 samples side by side, and may
@@ -64,7 +65,8 @@ PixelForm pixelFormOf(const TiffPage& page, unsigned long index, const std::stri
     case PHOTOMETRIC_RGB: break;
     case PHOTOMETRIC_MINISWHITE:
         // Where white lies among floats is not told.
-        form.inverted = form.type == eImageBufferType::Real32 ? 0 : page.samples - std::min(page.extraSamples, page.samples);
+        form.inverted =
+            form.type == eImageBufferType::Real32 ? 0 : page.samples - std::min(page.extraSamples, page.samples);
         break;
     case PHOTOMETRIC_PALETTE:
         bSupported = isPaletteIndex(page);

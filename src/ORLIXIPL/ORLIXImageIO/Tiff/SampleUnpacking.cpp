@@ -72,7 +72,8 @@ Palette paletteOf(TIFF* tiff, unsigned bits)
     }
     const std::size_t size = std::size_t(1) << bits;
     const auto isByte = [](std::uint16_t value) { return value < 256; };
-    const bool bBytes = std::ranges::all_of(maps, [&](const std::uint16_t* map) { return std::all_of(map, map + size, isByte); });
+    const bool bBytes =
+        std::ranges::all_of(maps, [&](const std::uint16_t* map) { return std::all_of(map, map + size, isByte); });
     for (std::size_t i = 0; i < 3; ++i) {
         for (std::size_t entry = 0; entry < size; ++entry) {
             palette[i].push_back(static_cast<unsigned char>(bBytes ? maps[i][entry] : maps[i][entry] >> 8));

@@ -185,7 +185,8 @@ void TiffHandle::checkDirectory(unsigned long page)
         count = count << 8 | digits[TIFFIsBigEndian(*this) ? i : countBytes - 1 - i];
     }
     // libtiff takes a missing link to the next directory for the end of the chain.
-    if (start > size || countBytes + linkBytes > size - start || count > (size - start - countBytes - linkBytes) / entryBytes) {
+    if (start > size || countBytes + linkBytes > size - start ||
+        count > (size - start - countBytes - linkBytes) / entryBytes) {
         m_stream.messages.warning = "its directory ends with the file";
     }
     m_stream.messages.error.clear();

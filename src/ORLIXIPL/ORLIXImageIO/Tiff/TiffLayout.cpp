@@ -78,8 +78,8 @@ unsigned long blocksAlong(unsigned long size, unsigned long block)
 bool needsBigTiff(const BaseImage& image, const TiffLayout& layout)
 {
     const WideSize pages = WideSize(image.getSizeZ()) * image.getSizeT() * (image.getSizeC() / layout.samples);
-    const WideSize blocks = WideSize(blocksAlong(image.getSizeX(), layout.blockWidth)) *
-                            blocksAlong(image.getSizeY(), layout.blockHeight);
+    const WideSize blocks =
+        WideSize(blocksAlong(image.getSizeX(), layout.blockWidth)) * blocksAlong(image.getSizeY(), layout.blockHeight);
     const WideSize blockBytes =
         WideSize(packedRowBytes(image.getBufferType(), layout.blockWidth, layout.samples)) * layout.blockHeight;
     const WideSize worst = layout.compression == COMPRESSION_NONE ? blockBytes : blockBytes + blockBytes / 2;

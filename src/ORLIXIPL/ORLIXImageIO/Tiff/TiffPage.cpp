@@ -67,8 +67,8 @@ const char* sampleFormatName(unsigned format)
 std::string TiffPage::toString() const
 {
     return std::to_string(width) + "x" + std::to_string(height) + " pixels of " + std::to_string(samples) + " " +
-           photometricName(photometric) + (samples == 1 ? " sample, " : " samples, ") +
-           sampleFormatName(sampleFormat) + ", " + std::to_string(bits) + (bits == 1 ? " bit" : " bits");
+           photometricName(photometric) + (samples == 1 ? " sample, " : " samples, ") + sampleFormatName(sampleFormat) +
+           ", " + std::to_string(bits) + (bits == 1 ? " bit" : " bits");
 }
 
 void prepareDecoders(TIFF* tiff)
@@ -95,15 +95,15 @@ TiffPage describePage(TiffHandle& tiff, unsigned long index)
     page.bits = fieldOf<std::uint16_t>(tiff, TIFFTAG_BITSPERSAMPLE, 1);
     page.sampleFormat = fieldOf<std::uint16_t>(tiff, TIFFTAG_SAMPLEFORMAT, SAMPLEFORMAT_UINT);
     page.compression = fieldOf<std::uint16_t>(tiff, TIFFTAG_COMPRESSION, COMPRESSION_NONE);
-    page.photometric = fieldOf<std::uint16_t>(tiff, TIFFTAG_PHOTOMETRIC,
-                                              page.samples < 3 ? PHOTOMETRIC_MINISBLACK : PHOTOMETRIC_RGB);
+    page.photometric =
+        fieldOf<std::uint16_t>(tiff, TIFFTAG_PHOTOMETRIC, page.samples < 3 ? PHOTOMETRIC_MINISBLACK : PHOTOMETRIC_RGB);
     std::uint16_t extraCount = 0;
     std::uint16_t* extraTypes = nullptr;
     if (TIFFGetField(tiff, TIFFTAG_EXTRASAMPLES, &extraCount, &extraTypes) == 1) {
         page.extraSamples = extraCount;
     }
-    page.bSeparate = page.samples > 1 && fieldOf<std::uint16_t>(tiff, TIFFTAG_PLANARCONFIG, PLANARCONFIG_CONTIG) ==
-                                             PLANARCONFIG_SEPARATE;
+    page.bSeparate = page.samples > 1 &&
+                     fieldOf<std::uint16_t>(tiff, TIFFTAG_PLANARCONFIG, PLANARCONFIG_CONTIG) == PLANARCONFIG_SEPARATE;
     const auto kind = fieldOf<std::uint32_t>(tiff, TIFFTAG_SUBFILETYPE, 0);
     page.bLeftOut = (kind & (FILETYPE_REDUCEDIMAGE | FILETYPE_MASK)) != 0;
     page.bTiled = TIFFIsTiled(tiff) != 0;

@@ -39,10 +39,10 @@ void TiffPageDecoder::decode(const TiffPage& page, const PixelForm& form, const 
     for (unsigned sample = 0; sample < passes; ++sample) {
         for (unsigned long y = 0; y < page.height; y += page.blockHeight) {
             for (unsigned long x = 0; x < page.width; x += page.blockWidth) {
-                decodeBlock(page, form,
-                            {x, y, std::min(page.blockWidth, page.width - x),
-                             std::min(page.blockHeight, page.height - y)},
-                            sample);
+                decodeBlock(
+                    page, form,
+                    {x, y, std::min(page.blockWidth, page.width - x), std::min(page.blockHeight, page.height - y)},
+                    sample);
             }
         }
     }
@@ -69,9 +69,9 @@ void TiffPageDecoder::decodeBlock(const TiffPage& page, const PixelForm& form, c
     for (unsigned long line = 0; line < block.height; ++line) {
         const SampleRow row = {m_scratch.data() + line * rowBytes, samples, page.bits, block.width};
         for (unsigned long channel = 0; channel < channels; ++channel) {
-            std::byte* const target = m_image.accessRow(block.y + line, m_place.z,
-                                                        m_place.c + firstChannel + channel, m_place.t) +
-                                      block.x * elementBytes;
+            std::byte* const target =
+                m_image.accessRow(block.y + line, m_place.z, m_place.c + firstChannel + channel, m_place.t) +
+                block.x * elementBytes;
             unpackRow(row, static_cast<unsigned>(channel), firstChannel + channel, form, m_palette, target);
         }
     }

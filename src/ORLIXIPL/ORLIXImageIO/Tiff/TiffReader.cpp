@@ -32,8 +32,7 @@ WideSize samplesBytes(const TiffPage& page)
 
 } // namespace
 
-TiffReader::TiffReader(ByteSource& source, const ReadLimits& limits)
-    : m_source(source), m_tiff(source, limits.maxBytes)
+TiffReader::TiffReader(ByteSource& source, const ReadLimits& limits) : m_source(source), m_tiff(source, limits.maxBytes)
 {
     const TiffFileFacts file = describeFile(m_tiff);
     m_pages = describePages(m_tiff);

@@ -63,7 +63,7 @@ TEST(CopyImgLvl1Test, attributesBeforeInit)
         FAIL() << "no exception";
     } catch (const processor::ORLIXBaseProcessingException& error) {
         EXPECT_STREQ(error.what(),
-                     "Processor CopyImgLvl1 has not been initialized: call init before its attributes are used");
+                     "Processor CopyImgLvl1 has not been initialised: call init before its attributes are used");
     }
     EXPECT_THROW(static_cast<void>(processor.getStorage<attr::OutImg>()), processor::ORLIXBaseProcessingException);
 }

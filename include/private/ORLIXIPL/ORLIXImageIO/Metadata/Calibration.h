@@ -18,7 +18,7 @@ struct Resolution
 {
     double perUnitX = 0; ///< 0 where the file tells none
     double perUnitY = 0;
-    std::string unit;    ///< empty where only the ratio of the two means something
+    std::string unit; ///< empty where only the ratio of the two means something
 };
 
 /// Null without a unit, where a value is not above 0, and for the 72 and 96 pixels per inch that programs write where

@@ -38,9 +38,9 @@ struct ImageMetadata
     TemporalGeometry temporal;
     unsigned long sizeC = 1;
     eImageBufferType type;
-    CalibrationPtr calibration;     ///< null where nothing tells
-    std::vector<PagePlace> places;  ///< by page; empty under `bRawStack`
-    bool bRawStack = false;         ///< plans follow the first page's pixels without directories, c fastest, then z, t
+    CalibrationPtr calibration;    ///< null where nothing tells
+    std::vector<PagePlace> places; ///< by page; empty under `bRawStack`
+    bool bRawStack = false;        ///< plans follow the first page's pixels without directories, c fastest, then z, t
 };
 
 /// Pages are z.

@@ -21,8 +21,7 @@ std::vector<PagePlace> placesOfPlanes(pugi::xml_node ome, pugi::xml_node pixels,
                                       const PageFacts& facts);
 
 /// An attribute that must be a whole number, or `fallback` where it is missing.
-unsigned long numberAttribute(pugi::xml_node element, const char* name, unsigned long fallback,
-                              const PageFacts& facts);
+unsigned long numberAttribute(pugi::xml_node element, const char* name, unsigned long fallback, const PageFacts& facts);
 
 [[noreturn]] void refuseOme(const PageFacts& facts, const std::string& reason);
 

@@ -49,7 +49,7 @@ private:
     int m_colorType = 0;
     int m_interlacing = 0;
     bool m_bGreyPalette = false;
-    unsigned long m_samples = 1; ///< of a decoded pixel
+    unsigned long m_samples = 1;                 ///< of a decoded pixel
     std::vector<unsigned long> m_channelSamples; ///< the sample that each channel comes from
     ImageMetadata m_metadata;
     BaseImageGeometry m_geometry;

@@ -10,9 +10,9 @@ namespace orlix::image::io {
 struct eSampleConversion
 {
     enum domain {
-        eCopy = 0,    ///< the sample is the element
-        eSpread = 1,  ///< 1, 2 or 4 bits; 2 and 4 are spread over 0 to 255
-        ePalette = 2, ///< an index into the colour map
+        eCopy = 0,     ///< the sample is the element
+        eSpread = 1,   ///< 1, 2 or 4 bits; 2 and 4 are spread over 0 to 255
+        ePalette = 2,  ///< an index into the colour map
         eByLibrary = 3 ///< libtiff makes 8-bit RGB out of it
     };
     ORLIX_ENUMERATION(eSampleConversion, eCopy);

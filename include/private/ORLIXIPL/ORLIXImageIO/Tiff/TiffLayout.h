@@ -11,7 +11,7 @@ namespace orlix::image::io {
 
 struct TiffLayout
 {
-    unsigned long samples = 1; ///< channels of a page
+    unsigned long samples = 1;    ///< channels of a page
     unsigned long blockWidth = 0; ///< of a strip or tile
     unsigned long blockHeight = 0;
     bool bTiled = false;

@@ -23,8 +23,8 @@ struct TiffPage
     bool bSeparate = false; ///< each sample has strips or tiles of its own
     bool bTiled = false;
     bool bGreyPalette = false;
-    bool bLeftOut = false; ///< a reduced copy of another page, or a mask
-    unsigned long blockWidth = 0;  ///< of a strip or tile
+    bool bLeftOut = false;        ///< a reduced copy of another page, or a mask
+    unsigned long blockWidth = 0; ///< of a strip or tile
     unsigned long blockHeight = 0;
 
     std::string toString() const; ///< "512x256 pixels of 3 RGB samples, unsigned, 8 bits"
