@@ -93,11 +93,9 @@ TEST(RawParser, GivesTheWholeStripAsOneFlatBlock)
         for (const unsigned long sizeX : {1UL, 7UL, 63UL, 64UL, 65UL, 130UL}) {
             forEachPlacement(*geometry2d(type, sizeX, 9), [&](const ImagePtr& image, const auto& isOutsideIntact) {
                 for (const auto& [start, size] : {std::pair{0UL, 9UL}, std::pair{0UL, 1UL}, std::pair{3UL, 6UL}}) {
-                    const auto parser = InInfo<RawStripParserMode>::createParser(*inStrip(image, start, size));
-                    ASSERT_TRUE(parser);
-                    // The strip of the attribute lives no longer than the statement above; bind it to one that does.
                     const auto attribute = inStrip(image, start, size);
-                    parser->init(attribute->getStorage());
+                    const auto parser = InInfo<RawStripParserMode>::createParser(*attribute);
+                    ASSERT_TRUE(parser);
                     EXPECT_EQ(parser->getNbBlocks(), 1u);
                     processor::ProcessingInfo info{};
                     parser->startBlock(0, info);

@@ -10,6 +10,7 @@
 #include <cmath>
 
 #include <cfloat>
+#include <cmath>
 #include <limits>
 
 namespace orlix::imaproc::test {
