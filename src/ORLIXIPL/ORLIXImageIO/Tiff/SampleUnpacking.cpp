@@ -9,16 +9,49 @@ namespace orlix::image::io {
 
 namespace {
 
+// Each value from 0 to 255 as eight bytes of 0 or 1, the high bit first in memory.
+consteval std::array<std::array<std::byte, 8>, 256> makeBitTable()
+{
+    std::array<std::array<std::byte, 8>, 256> table{};
+    for (unsigned value = 0; value < 256; ++value) {
+        for (unsigned bit = 0; bit < 8; ++bit) {
+            table[value][bit] = static_cast<std::byte>(value >> (7 - bit) & 1);
+        }
+    }
+    return table;
+}
+
+constexpr auto g_bitTable = makeBitTable();
+
+template <class T, unsigned step>
+void takeEach(const std::byte* from, unsigned long count, std::byte* target)
+{
+    for (unsigned long i = 0; i < count; ++i) {
+        std::memcpy(target + i * sizeof(T), from + i * step * sizeof(T), sizeof(T));
+    }
+}
+
+template <class T>
+void takeEach(const std::byte* from, unsigned step, unsigned long count, std::byte* target)
+{
+    if (step == 3) {
+        takeEach<T, 3>(from, count, target);
+    } else if (step == 4) {
+        takeEach<T, 4>(from, count, target);
+    } else {
+        for (unsigned long i = 0; i < count; ++i) {
+            std::memcpy(target + i * sizeof(T), from + i * step * sizeof(T), sizeof(T));
+        }
+    }
+}
+
 template <class T>
 void copySamples(const SampleRow& row, unsigned sample, bool bInverted, std::byte* target)
 {
     if (row.step == 1) {
         std::memcpy(target, row.first, row.count * sizeof(T));
     } else {
-        const std::byte* from = row.first + sample * sizeof(T);
-        for (unsigned long i = 0; i < row.count; ++i, from += row.step * sizeof(T)) {
-            std::memcpy(target + i * sizeof(T), from, sizeof(T));
-        }
+        takeEach<T>(row.first + sample * sizeof(T), row.step, row.count, target);
     }
     if (bInverted) { // max - v for unsigned, -1 - v for signed integers
         for (unsigned long i = 0; i < row.count * sizeof(T); ++i) {
@@ -32,6 +65,15 @@ unsigned packedSample(const SampleRow& row, unsigned long index)
     const unsigned long bit = index * row.bits;
     const unsigned shift = static_cast<unsigned>(8 - row.bits - bit % 8);
     return (std::to_integer<unsigned>(row.first[bit / 8]) >> shift) & ((1u << row.bits) - 1);
+}
+
+void spreadBits(const SampleRow& row, bool bInverted, std::byte* target)
+{
+    const unsigned flip = bInverted ? 255 : 0;
+    for (unsigned long i = 0; i < row.count; i += 8) {
+        const auto& bits = g_bitTable[std::to_integer<unsigned>(row.first[i / 8]) ^ flip];
+        std::memcpy(target + i, bits.data(), std::min(row.count - i, 8ul));
+    }
 }
 
 void spreadSamples(const SampleRow& row, unsigned sample, bool bBinary, bool bInverted, std::byte* target)
@@ -88,6 +130,8 @@ void unpackRow(const SampleRow& row, unsigned sample, unsigned long channel, con
     const bool bInverted = channel < form.inverted;
     if (form.conversion == eSampleConversion::ePalette) {
         mapSamples(row, palette[channel], target);
+    } else if (form.conversion == eSampleConversion::eSpread && row.bits == 1 && row.step == 1) {
+        spreadBits(row, bInverted, target);
     } else if (form.conversion == eSampleConversion::eSpread) {
         spreadSamples(row, sample, form.type == eImageBufferType::eBufferBinary, bInverted, target);
     } else if (row.bits == 8) {

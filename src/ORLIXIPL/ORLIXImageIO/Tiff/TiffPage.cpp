@@ -29,6 +29,29 @@ bool hasGreyPalette(TIFF* tiff, unsigned bits)
     return true;
 }
 
+// Uncompressed strips of whole bytes that follow one another without a gap.
+unsigned long rawOffsetOf(TIFF* tiff, const TiffPage& page)
+{
+    if (page.compression != COMPRESSION_NONE || page.bTiled || page.bSeparate || page.bits % 8 != 0 ||
+        page.photometric == PHOTOMETRIC_YCBCR ||
+        fieldOf<std::uint16_t>(tiff, TIFFTAG_FILLORDER, FILLORDER_MSB2LSB) != FILLORDER_MSB2LSB) {
+        return 0;
+    }
+    const unsigned long rowBytes = page.width * page.samples * (page.bits / 8);
+    const unsigned long start = TIFFGetStrileOffset(tiff, 0);
+    unsigned long expected = start;
+    std::uint32_t strip = 0;
+    for (unsigned long y = 0; y < page.height; y += page.blockHeight, ++strip) {
+        const unsigned long rows = std::min(page.blockHeight, page.height - y);
+        unsigned long bytes = 0;
+        if (TIFFGetStrileOffset(tiff, strip) != expected || __builtin_mul_overflow(rows, rowBytes, &bytes) ||
+            TIFFGetStrileByteCount(tiff, strip) < bytes || __builtin_add_overflow(expected, bytes, &expected)) {
+            return 0;
+        }
+    }
+    return start;
+}
+
 const char* photometricName(unsigned photometric)
 {
     switch (photometric) {
@@ -120,6 +143,7 @@ TiffPage describePage(TiffHandle& tiff, unsigned long index)
         tiff.messages().error = "it has " + page.toString();
         tiff.raiseDamaged(index);
     }
+    page.rawOffset = rawOffsetOf(tiff, page);
     return page;
 }
 

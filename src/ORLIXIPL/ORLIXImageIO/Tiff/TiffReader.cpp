@@ -5,7 +5,7 @@
 #include "ORLIXIPL/ORLIXImage/ImageFactory.h"
 #include "ORLIXIPL/ORLIXImageIO/Metadata/ImageJMetadata.h"
 #include "ORLIXIPL/ORLIXImageIO/Metadata/OmeMetadata.h"
-#include "ORLIXIPL/ORLIXImageIO/Tiff/TiffRawStack.h"
+#include "ORLIXIPL/ORLIXImageIO/Tiff/RawPageReader.h"
 
 namespace orlix::image::io {
 
@@ -36,6 +36,7 @@ TiffReader::TiffReader(ByteSource& source, const ReadLimits& limits) : m_source(
 {
     const TiffFileFacts file = describeFile(m_tiff);
     m_pages = describePages(m_tiff);
+    m_currentPage = m_pages.size() - 1;
     while (m_firstPage + 1 < m_pages.size() && firstPage().bLeftOut) {
         ++m_firstPage;
     }
@@ -132,7 +133,7 @@ ImagePtr TiffReader::read(const ProgressFunction& function)
     image->setGeometricCalibration(m_metadata.calibration);
     m_tiff.setProgress(&progress);
     if (m_metadata.bRawStack) {
-        readRawStack(m_tiff, firstPage(), m_form, m_source, *image, progress);
+        RawPageReader(m_tiff, m_source, progress, *image).readStack(firstPage(), m_form);
     } else {
         readPages(*image, progress);
     }
@@ -143,24 +144,38 @@ ImagePtr TiffReader::read(const ProgressFunction& function)
 void TiffReader::readPages(BaseImage& image, Progress& progress)
 {
     TiffPageDecoder decoder(m_tiff, progress, image);
-    unsigned long current = m_pages.size() - 1; // where describing them ended
+    RawPageReader rawReader(m_tiff, m_source, progress, image);
     for (const PagePlace& place : m_metadata.places) {
-        const bool bBack = place.page < current;
-        if (bBack && TIFFSetDirectory(m_tiff, 0) != 1) {
-            m_tiff.raiseDamaged(0);
+        const TiffPage& page = m_pages[place.page];
+        const PixelForm form = pixelFormOf(page, place.page, m_source.getName());
+        if (RawPageReader::suits(page, form)) {
+            rawReader.read(page, form, page.rawOffset, place);
+        } else {
+            goToPage(place.page);
+            decoder.decode(page, form, place);
         }
-        for (current = bBack ? 0 : current; current < place.page; ++current) {
-            if (TIFFReadDirectory(m_tiff) != 1) {
-                m_tiff.raiseDamaged(current + 1);
-            }
-        }
-        prepareDecoders(m_tiff);
-        decoder.decode(m_pages[place.page], pixelFormOf(m_pages[place.page], place.page, m_source.getName()), place);
         progress.addPlans(m_form.channels);
         if (!progress.goesOn()) {
             m_tiff.raiseDamaged(place.page);
         }
     }
+}
+
+// Pages come in order, so that going on from one to the next is the rule.
+void TiffReader::goToPage(unsigned long page)
+{
+    if (page < m_currentPage) {
+        if (TIFFSetDirectory(m_tiff, 0) != 1) {
+            m_tiff.raiseDamaged(0);
+        }
+        m_currentPage = 0;
+    }
+    for (; m_currentPage < page; ++m_currentPage) {
+        if (TIFFReadDirectory(m_tiff) != 1) {
+            m_tiff.raiseDamaged(m_currentPage + 1);
+        }
+    }
+    prepareDecoders(m_tiff);
 }
 
 } // namespace orlix::image::io

@@ -26,6 +26,8 @@ struct TiffPage
     bool bLeftOut = false;        ///< a reduced copy of another page, or a mask
     unsigned long blockWidth = 0; ///< of a strip or tile
     unsigned long blockHeight = 0;
+    /// Where the pixels begin that lie in the file row by row, as they are but for byte order; 0 where they don't.
+    unsigned long rawOffset = 0;
 
     std::string toString() const; ///< "512x256 pixels of 3 RGB samples, unsigned, 8 bits"
 };

@@ -24,12 +24,14 @@ private:
     void readMetadata(const TiffFileFacts& file);
     void checkPages(const ReadLimits& limits);
     void readPages(BaseImage& image, Progress& progress);
+    void goToPage(unsigned long page);
 
     ByteSource& m_source;
     TiffHandle m_tiff;
     std::vector<TiffPage> m_pages;
-    unsigned long m_firstPage = 0; ///< that is not left out
-    PixelForm m_form;              ///< of the first page; the others give the same elements
+    unsigned long m_currentPage = 0; ///< where libtiff stands
+    unsigned long m_firstPage = 0;   ///< that is not left out
+    PixelForm m_form;                ///< of the first page; the others give the same elements
     ImageMetadata m_metadata;
     BaseImageGeometry m_geometry;
 };
