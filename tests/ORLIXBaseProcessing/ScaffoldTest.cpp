@@ -20,7 +20,6 @@ class BareProcessor final : public Scaffold<BareProcessor, BaseSyncProcessor, Te
 public:
     static constexpr const char* g_name = "BareProcessor";
     static constexpr auto g_toolTip = eTestToolTip::eLower;
-    static constexpr const char* g_header = "BareProcessor.h";
 
 protected:
     ProcessingResult<bool> mainProcess() override { return true; }

@@ -51,7 +51,7 @@ TEST_P(PngKindTest, SamplesAreChannels)
                   image->getBufferType());
         const unsigned factor = bits == 2 ? 85 : bits == 4 ? 17 : 1;
         unsigned long wrong = 0;
-        forEachPixel(*image, [&](const Position& p) {
+        forEachPixel(*image, [&, bits = bits](const Position& p) {
             const unsigned sample = sampleAt(static_cast<std::uint32_t>(p.x), static_cast<std::uint32_t>(p.y),
                                              static_cast<unsigned>(p.c), bits);
             wrong += sample * factor != valueAt(*image, p);

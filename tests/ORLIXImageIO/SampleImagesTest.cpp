@@ -106,7 +106,7 @@ TEST(SampleImageRefusalTest, OutOfScope)
         if (!boost::filesystem::exists(pathOf(file))) {
             GTEST_SKIP() << pathOf(file).string() << " is not there";
         }
-        EXPECT_TRUE(contains(failureOf([&] { (void)readImage(pathOf(file)); }), told));
-        EXPECT_TRUE(contains(failureOf([&] { (void)readImageInfo(pathOf(file)); }), pathOf(file).string()));
+        EXPECT_TRUE(contains(failureOf([&file = file] { (void)readImage(pathOf(file)); }), told));
+        EXPECT_TRUE(contains(failureOf([&file = file] { (void)readImageInfo(pathOf(file)); }), pathOf(file).string()));
     }
 }

@@ -120,7 +120,7 @@ TEST_P(TiffFormTest, IsReadAsWritten)
               image->getGeometry().toString());
     EXPECT_FALSE(image->hasGeometricCalibration());
     unsigned long wrong = 0;
-    forEachPixel(*image, [&](const Position& p) {
+    forEachPixel(*image, [&, &type = type](const Position& p) {
         wrong += valueAt(*image, p) != valueOf(bitsAt(p.x, p.y, p.c, type.bytes), type);
     });
     EXPECT_EQ(0u, wrong);

@@ -35,7 +35,6 @@ class AddOne final : public StripAlgorithm<AddOne, PictureLibrary, RawStripParse
 public:
     static constexpr const char* g_name = "AddOne";
     static constexpr int g_toolTip = 0;
-    static constexpr const char* g_header = "AddOne.h";
 
     ProcessingResult<bool> kernel(const processor::ProcessingInfo& info)
     {
@@ -60,7 +59,6 @@ class AddOneByLine final
 public:
     static constexpr const char* g_name = "AddOneByLine";
     static constexpr int g_toolTip = 0;
-    static constexpr const char* g_header = "AddOneByLine.h";
 
     ProcessingResult<bool> kernel(const processor::ProcessingInfo& info)
     {
@@ -82,7 +80,6 @@ class ByTwoTypes final : public StripAlgorithm<ByTwoTypes, PictureLibrary, RawSt
 public:
     static constexpr const char* g_name = "ByTwoTypes";
     static constexpr int g_toolTip = 0;
-    static constexpr const char* g_header = "ByTwoTypes.h";
 
     template <int which>
     ProcessingResult<bool> kernel(const processor::ProcessingInfo&)

@@ -5,6 +5,7 @@
 #include "ORLIX/ORLIXCore/ActionTypes.h"
 
 #include <typeinfo>
+#include <utility>
 
 namespace orlix::processor {
 
@@ -102,5 +103,23 @@ bool isProcessor(const BaseProcessor& processor)
 }
 
 } // namespace details
+
+/// A split that feeds attribute `TAttribute` of processors of class `TProcessor`. `TBase` is what it gives them.
+template <class TBase, class TProcessor, class TAttribute>
+class FeedingSplit : public TBase
+{
+public:
+    const std::string& getAttributeName() const override { return TAttribute::getObjectNameStr(); }
+    const std::string& getAttributeToolTip() const override { return TAttribute::getToolTipStr(); }
+    bool checkProcessorType(const BaseProcessor& lower) const override { return details::isProcessor<TProcessor>(lower); }
+
+protected:
+    /// Sets the attribute of `lower`, which is of class `TProcessor`.
+    template <class TValue>
+    static void feed(BaseProcessor& lower, TValue&& value)
+    {
+        static_cast<TProcessor&>(lower).template set<TAttribute>(std::forward<TValue>(value));
+    }
+};
 
 } // namespace orlix::processor

@@ -83,23 +83,15 @@ using YStrip2dOf = std::conditional_t<std::is_const_v<TImage>, image::InputImage
 
 /// Feeds attribute `TAttribute` of processors of class `TProcessor`.
 template <class TProcessor, class TImage, class TAttribute>
-class ImageYStrip2dSplit final : public BaseImageYStrip2dSplit<TImage, YStrip2dOf<TImage>>
+class ImageYStrip2dSplit final
+    : public processor::FeedingSplit<BaseImageYStrip2dSplit<TImage, YStrip2dOf<TImage>>, TProcessor, TAttribute>
 {
-    using Base = BaseImageYStrip2dSplit<TImage, YStrip2dOf<TImage>>;
-
 public:
-    const std::string& getAttributeName() const override { return TAttribute::getObjectNameStr(); }
-    const std::string& getAttributeToolTip() const override { return TAttribute::getToolTipStr(); }
-    bool checkProcessorType(const processor::BaseProcessor& lower) const override
-    {
-        return processor::details::isProcessor<TProcessor>(lower);
-    }
-
-    using Base::processAttribute;
+    using BaseImageYStrip2dSplit<TImage, YStrip2dOf<TImage>>::processAttribute;
     ProcessingResult<bool> processAttribute(processor::BaseProcessor& lower,
                                             const boost::shared_ptr<YStrip2dOf<TImage>>& strip) override
     {
-        static_cast<TProcessor&>(lower).template set<TAttribute>(strip);
+        this->feed(lower, strip);
         return true;
     }
 };

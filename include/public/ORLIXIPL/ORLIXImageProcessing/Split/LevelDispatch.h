@@ -1,6 +1,7 @@
 // A level's way down: its dispatcher and splits, kept from run to run, and how they are set up.
 #pragma once
 
+#include "ORLIX/ORLIXBaseProcessing/NoSplit.h"
 #include "ORLIX/ORLIXBaseProcessing/ProcessorDispatchers.h"
 #include "ORLIXIPL/ORLIXImageProcessing/Split/ImageYStrip2dSplit.h"
 #include "ORLIXIPL/ORLIXImageProcessing/Split/SubImageSplit.h"
@@ -55,6 +56,25 @@ template <class TImagePtr>
 StripSource<TImagePtr> stripByStrip(const TImagePtr& image, bool bLocalized = true)
 {
     return {image, bLocalized};
+}
+
+/// What a no-split is set up with.
+template <class TValue>
+struct ValueSource
+{
+    const TValue& value;
+
+    template <class TSplit>
+    ProcessingResult<bool> init(TSplit& split) const
+    {
+        return split.initBase(value);
+    }
+};
+/// The same value for every element.
+template <class TValue>
+ValueSource<TValue> sameForAll(const TValue& value)
+{
+    return {value};
 }
 
 /// One dispatcher of class `TDispatcher` with one split of each class of `TSplits`. A processor that is used again finds

@@ -39,23 +39,17 @@ extern template class ORLIXIMAGEPROCESSING_API BaseSubImageSplit<ImageConstPtr>;
 
 /// Feeds attribute `TAttribute` of processors of class `TProcessor`.
 template <class TProcessor, class TAttribute>
-class SubImageSplit final : public BaseSubImageSplit<typename TAttribute::StorageType>
+class SubImageSplit final
+    : public processor::FeedingSplit<BaseSubImageSplit<typename TAttribute::StorageType>, TProcessor, TAttribute>
 {
 public:
-    const std::string& getAttributeName() const override { return TAttribute::getObjectNameStr(); }
-    const std::string& getAttributeToolTip() const override { return TAttribute::getToolTipStr(); }
-    bool checkProcessorType(const processor::BaseProcessor& lower) const override
-    {
-        return processor::details::isProcessor<TProcessor>(lower);
-    }
-
     ProcessingResult<bool> processAttribute(processor::BaseProcessor& lower, unsigned int index,
                                             const core::BaseRequestOrigin&) override
     {
         typename TAttribute::StorageType subImage;
         ProcessingResult<bool> result = this->getSubImage(index, subImage);
         if (result) {
-            static_cast<TProcessor&>(lower).template set<TAttribute>(std::move(subImage));
+            this->feed(lower, std::move(subImage));
         }
         return result;
     }

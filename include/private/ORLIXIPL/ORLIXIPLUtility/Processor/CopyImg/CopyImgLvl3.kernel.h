@@ -1,6 +1,7 @@
 // The copy kernel, once for all element types and instruction sets; included by the files of CopyImgLvl3 only.
 #pragma once
 
+#include "ORLIX/ORLIXMath/Simd/PackLoop.h"
 #include "ORLIX/ORLIXMath/Simd/Register.h"
 #include "ORLIX/ORLIXMath/Simd/StreamFence.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/CopyImg/CopyImgLvl3.h"
@@ -27,27 +28,14 @@ ProcessingResult<bool> CopyImgLvl3::genericProcessFunction(const processor::Proc
     if constexpr (ISA != eInstructionSet::eNone) {
         using Register = simd::Register<ISA>;
         constexpr unsigned long width = Register::s_nbBytes;
-        unsigned long nbWhole = nbBytes - nbBytes % width;
+        const unsigned long nbWhole = nbBytes - nbBytes % width;
         if (block.bStreaming && reinterpret_cast<unsigned long>(destination) % width == 0) {
-            for (unsigned long i = 0; i < nbWhole; i += width) {
-                Register::load(source + i).stream(destination + i);
-            }
+            simd::forEachPackInterleaved<width, 128 / width>(
+                nbWhole, [=](unsigned long i) ORLIX_SIMD_LAMBDA { Register::load(source + i).stream(destination + i); });
             simd::streamFence();
         } else {
-            unsigned long i = 0;
-            for (; i + 4 * width <= nbWhole; i += 4 * width) { // on small images the loop itself counts
-                const Register first = Register::load(source + i);
-                const Register second = Register::load(source + i + width);
-                const Register third = Register::load(source + i + 2 * width);
-                const Register fourth = Register::load(source + i + 3 * width);
-                first.store(destination + i);
-                second.store(destination + i + width);
-                third.store(destination + i + 2 * width);
-                fourth.store(destination + i + 3 * width);
-            }
-            for (; i < nbWhole; i += width) {
-                Register::load(source + i).store(destination + i);
-            }
+            simd::forEachPack<width, 4>(
+                nbWhole, [=](unsigned long i) ORLIX_SIMD_LAMBDA { Register::load(source + i).store(destination + i); });
         }
         source += nbWhole;
         destination += nbWhole;
