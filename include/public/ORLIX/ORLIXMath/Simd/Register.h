@@ -8,6 +8,12 @@
 
 namespace orlix::simd {
 
+/// Has the cache line at `address`, which need not be anybody's, fetched meanwhile.
+ORLIX_SIMD_INLINE void prefetch(const void* address)
+{
+    _mm_prefetch(static_cast<const char*>(address), _MM_HINT_T0);
+}
+
 /// The widest register that `I` moves: `s_nbBytes` bytes, moved as they are. `load` and `store` take any address.
 /// `stream` stores past the caches to a multiple of `s_nbBytes`; `streamFence` has to follow before another thread may
 /// read. Defined only in files that are compiled for `I`; plain code has no registers.

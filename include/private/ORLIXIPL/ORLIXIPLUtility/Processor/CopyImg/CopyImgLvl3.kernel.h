@@ -30,8 +30,10 @@ ProcessingResult<bool> CopyImgLvl3::genericProcessFunction(const processor::Proc
         constexpr unsigned long width = Register::s_nbBytes;
         const unsigned long nbWhole = nbBytes - nbBytes % width;
         if (block.bStreaming && reinterpret_cast<unsigned long>(destination) % width == 0) {
-            simd::forEachPackInterleaved<width, 128 / width>(
-                nbWhole, [=](unsigned long i) ORLIX_SIMD_LAMBDA { Register::load(source + i).stream(destination + i); });
+            simd::forEachPackInterleaved<width, 256 / width>(nbWhole, [=](unsigned long i) ORLIX_SIMD_LAMBDA {
+                simd::prefetch(source + i + 512);
+                Register::load(source + i).stream(destination + i);
+            });
             simd::streamFence();
         } else {
             simd::forEachPack<width, 4>(
