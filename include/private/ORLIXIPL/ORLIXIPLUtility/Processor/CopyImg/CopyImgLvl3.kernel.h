@@ -1,8 +1,8 @@
 // The copy kernel, once for all element types and instruction sets; included by the files of CopyImgLvl3 only.
 #pragma once
 
+#include "ORLIX/ORLIXMath/Simd/CacheLine.h"
 #include "ORLIX/ORLIXMath/Simd/PackLoop.h"
-#include "ORLIX/ORLIXMath/Simd/Register.h"
 #include "ORLIX/ORLIXMath/Simd/StreamFence.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/CopyImg/CopyImgLvl3.h"
 #include "ORLIXIPL/ORLIXImageProcessing/KernelRows.h"
@@ -17,7 +17,7 @@ ORLIX_DECLARE_KERNEL_TABLE(CopyImgLvl3, avx512)
 
 namespace orlix::imaproc::util {
 
-/// Copies whole registers and leaves the rest to `memcpy`, which is called also where nothing is left.
+/// Copies whole cache lines and leaves the rest to `memcpy`, which is called also where nothing is left.
 template <class T, eInstructionSet::domain ISA>
 ProcessingResult<bool> CopyImgLvl3::genericProcessFunction(const processor::ProcessingInfo& info)
 {
@@ -26,18 +26,20 @@ ProcessingResult<bool> CopyImgLvl3::genericProcessFunction(const processor::Proc
     unsigned char* destination = static_cast<unsigned char*>(block.destination);
     unsigned long nbBytes = info.nbElements * sizeof(T);
     if constexpr (ISA != eInstructionSet::eNone) {
-        using Register = simd::Register<ISA>;
-        constexpr unsigned long width = Register::s_nbBytes;
+        using Line = simd::CacheLine<ISA>;
+        constexpr unsigned long width = Line::s_nbBytes;
         const unsigned long nbWhole = nbBytes - nbBytes % width;
         if (block.bStreaming && reinterpret_cast<unsigned long>(destination) % width == 0) {
-            simd::forEachPackInterleaved<width, 256 / width>(nbWhole, [=](unsigned long i) ORLIX_SIMD_LAMBDA {
+            simd::forEachPackInterleaved<width, 4>(nbWhole, [=](unsigned long i) ORLIX_SIMD_LAMBDA {
                 simd::prefetch(source + i + 512);
-                Register::load(source + i).stream(destination + i);
+                Line::load(source + i).stream(destination + i);
             });
             simd::streamFence();
         } else {
-            simd::forEachPack<width, 4>(
-                nbWhole, [=](unsigned long i) ORLIX_SIMD_LAMBDA { Register::load(source + i).store(destination + i); });
+            simd::forEachPack<width, 4>(nbWhole, [=](unsigned long i) ORLIX_SIMD_LAMBDA {
+                simd::prefetch(source + i + 1024);
+                Line::load(source + i).store(destination + i);
+            });
         }
         source += nbWhole;
         destination += nbWhole;
