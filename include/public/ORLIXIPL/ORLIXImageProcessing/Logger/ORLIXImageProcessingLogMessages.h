@@ -19,7 +19,9 @@ struct eImageRuleMessage
         eWrongBufferType = 4, ///< attribute, geometry, type, attribute
         eWrongImageType = 5, ///< attribute, kind, kind
         eOutOfRange = 6, ///< attribute, value, type, attribute, smallest, largest
-        eNothingHeld = 7 ///< attribute
+        eNothingHeld = 7, ///< attribute
+        eSizeDiffers = 8, ///< attribute, geometry, attribute, geometry
+        eStripSizeDiffers = 9 ///< attribute, lines, attribute, lines
     };
     ORLIX_ENUMERATION(eImageRuleMessage, eSizeOrTypeDiffers);
 };
