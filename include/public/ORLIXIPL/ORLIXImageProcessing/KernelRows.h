@@ -1,5 +1,5 @@
-// Kernel tables of classes whose kernels go by one element type or by a pair: the row sets by name, in the family's order
-// of types.
+// Kernel tables of classes whose kernels go by one element type or by a pair: the row sets by name, in the family's
+// order of types.
 #pragma once
 
 #include "ORLIX/ORLIXBaseProcessing/KernelTable.h"
@@ -50,9 +50,9 @@ constexpr processor::KernelRow kernelPairRow(image::eImageBufferType::domain in,
     kernelPairRow<level, TIn, TOut, ISA>(image::eImageBufferType::in, image::eImageBufferType::out)
 #define ORLIX_PAIR_ROWS_FROM(level, ISA, TIn, in)                                                                      \
     ORLIX_PAIR_ROW(level, ISA, TIn, in, signed char, Int8), ORLIX_PAIR_ROW(level, ISA, TIn, in, unsigned char, UInt8), \
-        ORLIX_PAIR_ROW(level, ISA, TIn, in, short, Int16), ORLIX_PAIR_ROW(level, ISA, TIn, in, unsigned short, UInt16), \
-        ORLIX_PAIR_ROW(level, ISA, TIn, in, int, Int32), ORLIX_PAIR_ROW(level, ISA, TIn, in, unsigned int, UInt32),    \
-        ORLIX_PAIR_ROW(level, ISA, TIn, in, float, Real32),                                                            \
+        ORLIX_PAIR_ROW(level, ISA, TIn, in, short, Int16),                                                             \
+        ORLIX_PAIR_ROW(level, ISA, TIn, in, unsigned short, UInt16), ORLIX_PAIR_ROW(level, ISA, TIn, in, int, Int32),  \
+        ORLIX_PAIR_ROW(level, ISA, TIn, in, unsigned int, UInt32), ORLIX_PAIR_ROW(level, ISA, TIn, in, float, Real32), \
         ORLIX_PAIR_ROW(level, ISA, TIn, in, unsigned char, eBufferBinary),                                             \
         ORLIX_PAIR_ROW(level, ISA, TIn, in, unsigned char, eBufferUInt8Like),                                          \
         ORLIX_PAIR_ROW(level, ISA, TIn, in, unsigned short, eBufferUInt16Like),                                        \

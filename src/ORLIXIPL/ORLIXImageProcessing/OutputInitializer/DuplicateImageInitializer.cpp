@@ -68,8 +68,8 @@ ProcessingResult<bool> DuplicateImageInitializer<TInputAttribute, TOutputAttribu
     const ImagePtr made =
         bSameTypes && !own.hasUniformBufferType()
             ? image::createImage({own.getBufferTypeVector(), own.getSizeX(), own.getSizeY(), volume, color, temporal})
-            : image::createImage({bSameTypes ? own.getBufferType() : given, own.getSizeX(), own.getSizeY(), volume,
-                                  color, temporal});
+            : image::createImage(
+                  {bSameTypes ? own.getBufferType() : given, own.getSizeX(), own.getSizeY(), volume, color, temporal});
     made->setGeometricCalibration(source.getGeometricCalibration());
     output->init(made);
     return true;

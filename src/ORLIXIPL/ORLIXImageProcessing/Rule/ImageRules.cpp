@@ -119,10 +119,9 @@ processor::RulePtr matchImageSize(const ImageAttributeRef& first, const ImageAtt
     return makePairRule(first, second, [](const BaseImageAttribute& one, const BaseImageAttribute& other) {
         const image::BaseImageGeometry& left = one.getImage().getGeometry();
         const image::BaseImageGeometry& right = other.getImage().getGeometry();
-        return left.hasSameSizes(right)
-                   ? ProcessingResult<bool>(true)
-                   : failure(eImageRuleMessage::eSizeDiffers, other.getObjectName(), right.toString(),
-                             one.getObjectName(), left.toString());
+        return left.hasSameSizes(right) ? ProcessingResult<bool>(true)
+                                        : failure(eImageRuleMessage::eSizeDiffers, other.getObjectName(),
+                                                  right.toString(), one.getObjectName(), left.toString());
     });
 }
 

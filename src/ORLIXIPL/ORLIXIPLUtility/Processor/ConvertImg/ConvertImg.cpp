@@ -36,9 +36,8 @@ boost::shared_ptr<ConvertImgLvl1> convertImg_async(const ImageConstPtr& inImg, c
 
 boost::shared_ptr<ConvertImgLvl1> convertImg_async(const ImageConstPtr& inImg, const ImagePtr& outImg)
 {
-    return processor::start<ConvertImgLvl1>(with<attr::InImg>(inImg),
-                                            with<attr::InConvertImageBufferType>(typeOf(outImg)),
-                                            with<attr::OutImg>(outImg));
+    return processor::start<ConvertImgLvl1>(
+        with<attr::InImg>(inImg), with<attr::InConvertImageBufferType>(typeOf(outImg)), with<attr::OutImg>(outImg));
 }
 
 ImagePtr getAsyncProcessorOutput(boost::shared_ptr<ConvertImgLvl1> processor)

@@ -26,7 +26,7 @@ void ConvertImgLvl1::initOutputInitializers(processor::OutputInitializerMap& ini
 }
 
 processor::ProviderResult ConvertImgLvl1::retrieveProvider(const core::BasePriority& priority,
-                                                        boost::shared_ptr<core::BaseActionProvider>& provider)
+                                                           boost::shared_ptr<core::BaseActionProvider>& provider)
 {
     const attr::InImg& in = *accessAttribute<attr::InImg>();
     const attr::OutImg& out = *accessAttribute<attr::OutImg>();

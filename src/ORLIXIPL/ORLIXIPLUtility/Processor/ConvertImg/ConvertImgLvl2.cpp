@@ -18,7 +18,7 @@ processor::RulePtr ConvertImgLvl2::createRule() const
 }
 
 processor::ProviderResult ConvertImgLvl2::retrieveProvider(const core::BasePriority& priority,
-                                                        boost::shared_ptr<core::BaseActionProvider>& provider)
+                                                           boost::shared_ptr<core::BaseActionProvider>& provider)
 {
     processor::ProviderResult gpu = tryToLaunchGpuProcess();
     if (gpu.status != processor::eProviderStatus::eProviderNone) {

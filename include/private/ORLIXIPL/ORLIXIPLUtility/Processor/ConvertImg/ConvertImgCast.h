@@ -1,4 +1,5 @@
-// How elements of one type become another: the steps that all instruction sets share, over those that each has of its own.
+// How elements of one type become another: the steps that all instruction sets share, over those that each has of its
+// own.
 #pragma once
 
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/ConvertImg/ConvertImgSteps_avx2.h"
@@ -27,7 +28,8 @@ template <class TTo, eInstructionSet::domain I>
 ORLIX_SIMD_INLINE simd::Pack<I, TTo> narrow(const simd::Pack<I, short>& from)
 {
     using Steps = ConvertSteps<I>;
-    return {{{Steps::orderAfterOne(Steps::template pack16<TTo>(from.m_registers[0].m_bits, from.m_registers[1].m_bits))}}};
+    return {
+        {{Steps::orderAfterOne(Steps::template pack16<TTo>(from.m_registers[0].m_bits, from.m_registers[1].m_bits))}}};
 }
 
 /// 32 bits to 16, by the rule of the instruction set; to 8 bits by way of 16 of the same sign, whose bits the second

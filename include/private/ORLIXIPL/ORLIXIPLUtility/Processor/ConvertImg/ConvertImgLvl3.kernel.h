@@ -1,4 +1,5 @@
-// The conversion kernel, once for all pairs of types and instruction sets; included by the files of ConvertImgLvl3 only.
+// The conversion kernel, once for all pairs of types and instruction sets; included by the files of ConvertImgLvl3
+// only.
 #pragma once
 
 #include "ORLIX/ORLIXMath/Simd/PackLoop.h"
@@ -20,9 +21,8 @@ namespace details {
 template <class TCast, class TIn, class TOut>
 ORLIX_SIMD_INLINE void castElements(const TIn* source, TOut* destination, unsigned long nbElements)
 {
-    simd::forEachPack<1>(nbElements, [=](unsigned long i) ORLIX_SIMD_LAMBDA {
-        TCast::apply(source + i).store(destination + i);
-    });
+    simd::forEachPack<1>(nbElements,
+                         [=](unsigned long i) ORLIX_SIMD_LAMBDA { TCast::apply(source + i).store(destination + i); });
 }
 
 /// Casts packs in steps of 64 elements, the last of which may run into the room behind the block. 64 elements of any

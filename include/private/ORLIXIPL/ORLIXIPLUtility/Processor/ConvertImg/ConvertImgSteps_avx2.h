@@ -32,8 +32,8 @@ struct ConvertSteps<eInstructionSet::eAVX2>
         return _mm256_permutevar8x32_epi32(bits, _mm256_setr_epi32(0, 4, 1, 5, 2, 6, 3, 7));
     }
 
-    /// Sign extension of a signed type, zero extension of an unsigned one. A load of each register's own part is cheaper
-    /// than taking one register apart.
+    /// Sign extension of a signed type, zero extension of an unsigned one. A load of each register's own part is
+    /// cheaper than taking one register apart.
     template <class TTo, class TFrom>
     static ORLIX_SIMD_INLINE Pack<TTo> widen(const TFrom* from)
     {
@@ -116,8 +116,8 @@ private:
         }
     }
 
-    /// 0 for NaN, negative values and what is too large. From 2^31 upwards the plain truncation gives 2^31, to which the
-    /// rest is joined; from 2^32 upwards the rest gives 2^31, too, and cancels it.
+    /// 0 for NaN, negative values and what is too large. From 2^31 upwards the plain truncation gives 2^31, to which
+    /// the rest is joined; from 2^32 upwards the rest gives 2^31, too, and cancels it.
     static ORLIX_SIMD_INLINE __m256i truncateUnsigned(__m256 value)
     {
         const __m256 positive = _mm256_max_ps(value, _mm256_setzero_ps()); // NaN gives the second operand

@@ -33,8 +33,8 @@ struct ConvertSteps<eInstructionSet::eAVX512>
         return _mm512_permutexvar_epi32(_mm512_setr_epi32(0, 4, 8, 12, 1, 5, 9, 13, 2, 6, 10, 14, 3, 7, 11, 15), bits);
     }
 
-    /// Sign extension of a signed type, zero extension of an unsigned one. A load of each register's own part is cheaper
-    /// than taking one register apart.
+    /// Sign extension of a signed type, zero extension of an unsigned one. A load of each register's own part is
+    /// cheaper than taking one register apart.
     template <class TTo, class TFrom>
     static ORLIX_SIMD_INLINE Pack<TTo> widen(const TFrom* from)
     {
@@ -51,8 +51,8 @@ struct ConvertSteps<eInstructionSet::eAVX512>
         Pack<float> to;
         for (unsigned long r = 0; r < from.s_nbRegisters; ++r) {
             const __m512i bits = from.m_registers[r].m_bits;
-            to.m_registers[r] = {_mm512_castps_si512(std::is_signed_v<TFrom> ? _mm512_cvtepi32_ps(bits)
-                                                                             : _mm512_cvtepu32_ps(bits))};
+            to.m_registers[r] = {
+                _mm512_castps_si512(std::is_signed_v<TFrom> ? _mm512_cvtepi32_ps(bits) : _mm512_cvtepu32_ps(bits))};
         }
         return to;
     }

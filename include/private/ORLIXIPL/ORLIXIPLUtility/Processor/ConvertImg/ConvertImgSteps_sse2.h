@@ -5,8 +5,8 @@
 
 namespace orlix::imaproc::util::details {
 
-/// The steps of a conversion, set by set. `pack32` and `pack16` narrow two registers to one; one or two such steps later
-/// `orderAfterOne` or `orderAfterTwo` puts the elements in order.
+/// The steps of a conversion, set by set. `pack32` and `pack16` narrow two registers to one; one or two such steps
+/// later `orderAfterOne` or `orderAfterTwo` puts the elements in order.
 template <eInstructionSet::domain I>
 struct ConvertSteps;
 
@@ -127,8 +127,8 @@ private:
         }
     }
 
-    /// 0 for NaN, negative values and what is too large. From 2^31 upwards the plain truncation gives 2^31, to which the
-    /// rest is joined; from 2^32 upwards the rest gives 2^31, too, and cancels it.
+    /// 0 for NaN, negative values and what is too large. From 2^31 upwards the plain truncation gives 2^31, to which
+    /// the rest is joined; from 2^32 upwards the rest gives 2^31, too, and cancels it.
     static ORLIX_SIMD_INLINE __m128i truncateUnsigned(__m128 value)
     {
         const __m128 positive = _mm_max_ps(value, _mm_setzero_ps()); // NaN gives the second operand

@@ -1,7 +1,8 @@
 // convertImg: an image into one of another element type.
 //
-// Nothing is scaled: a value is converted as it stands, and every pair of the 11 types will do. What the target type can
-// represent comes out the same on every processor; what it can't represent depends on the instruction set that runs.
+// Nothing is scaled: a value is converted as it stands, and every pair of the 11 types will do. What the target type
+// can represent comes out the same on every processor; what it can't represent depends on the instruction set that
+// runs.
 //
 //   from        to                 result
 //   any         Binary             1 where the value is at least 1, else 0
@@ -19,9 +20,11 @@
 //                                                    clamped                    32768 and below 0
 //   Real32 to Int32                -2^31             -2^31                      -2^31                      -2^31
 //   Real32 to UInt32               low 32 bits of    0                          0                          0 above -1,
-//                                  64, 0 from 2^63                                                         else 2^32 - 1
+//                                  64, 0 from 2^63                                                         else 2^32 -
+//                                  1
 //
-// Real32 goes to 8 and 16 bits by way of Int32. NaN is out of range of every integer, and 0 in Binary, but 1 with AVX512.
+// Real32 goes to 8 and 16 bits by way of Int32. NaN is out of range of every integer, and 0 in Binary, but 1 with
+// AVX512.
 #pragma once
 
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/ConvertImg/ConvertImgLvl1.h"
