@@ -99,7 +99,8 @@ TEST(CompareImgKernelsTest, LongLinesCountEveryPixel)
             continue;
         }
         const ForcedSet forced(set);
-        for (const eImageBufferType type : {eImageBufferType::UInt8, eImageBufferType::Int16, eImageBufferType::Real32}) {
+        for (const eImageBufferType type :
+             {eImageBufferType::UInt8, eImageBufferType::Int16, eImageBufferType::Real32}) {
             constexpr unsigned long nbPixels = (1UL << 22) + 77;
             const ImagePtr first = image::createImage(*image::geometry2d(type, nbPixels, 1));
             const ImagePtr second = image::createImage(*image::geometry2d(type, nbPixels, 1));

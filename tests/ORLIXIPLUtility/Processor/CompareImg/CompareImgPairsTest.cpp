@@ -116,8 +116,12 @@ TEST(CompareImgPairsTest, LimitsOf32Bits)
 
 TEST(CompareImgPairsTest, FloatsOfAllKinds)
 {
-    std::vector<float> values = {0.0f, g_nan, g_infinity, std::numeric_limits<float>::denorm_min(),
-                                 std::numeric_limits<float>::min(), std::numeric_limits<float>::max()};
+    std::vector<float> values = {0.0f,
+                                 g_nan,
+                                 g_infinity,
+                                 std::numeric_limits<float>::denorm_min(),
+                                 std::numeric_limits<float>::min(),
+                                 std::numeric_limits<float>::max()};
     for (int exponent = -149; exponent < 128; exponent += 23) {
         values.push_back(std::ldexp(1.0f, exponent));
         values.push_back(std::nextafter(std::ldexp(1.5f, exponent), 0.0f));
@@ -125,8 +129,8 @@ TEST(CompareImgPairsTest, FloatsOfAllKinds)
     for (unsigned long i = 0, nb = values.size(); i < nb; ++i) {
         values.push_back(-values[i]);
     }
-    const std::vector<Tolerance> tolerances =
-        makeTolerances({0, -1, 1e-45f, 0.1f, 1, 3e38f, g_nan, g_infinity}, {0, -1, 1e-45f, 0.1f, 1, 2, g_nan, g_infinity});
+    const std::vector<Tolerance> tolerances = makeTolerances({0, -1, 1e-45f, 0.1f, 1, 3e38f, g_nan, g_infinity},
+                                                             {0, -1, 1e-45f, 0.1f, 1, 2, g_nan, g_infinity});
     checkAllPairs(eImageBufferType::Real32, values, tolerances);
 }
 

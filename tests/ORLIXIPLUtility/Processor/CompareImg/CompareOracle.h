@@ -143,8 +143,8 @@ inline ::testing::AssertionResult sameResult(const attr::CompareResult& expected
 inline ::testing::AssertionResult comparesAsExpected(const ImageConstPtr& first, const ImageConstPtr& second,
                                                      const Tolerance& tolerance)
 {
-    ::testing::AssertionResult same = sameResult(expectedResult(*first, *second, tolerance),
-                                                 *compareImg(first, second, tolerance.make()));
+    ::testing::AssertionResult same =
+        sameResult(expectedResult(*first, *second, tolerance), *compareImg(first, second, tolerance.make()));
     if (!same) {
         std::ostringstream text;
         text << tolerance << " on " << first->getGeometry().toString();

@@ -48,7 +48,7 @@ createImgComparisonAbsoluteTolerance(float absolute);
 ORLIXIPLATTRIBUTES_API boost::shared_ptr<const ImgComparisonTolerance>
 createImgComparisonRelativeTolerance(float relative);
 /// A difference that is within either passes.
-ORLIXIPLATTRIBUTES_API boost::shared_ptr<const ImgComparisonTolerance>
-createImgComparisonTolerance(float absolute, float relative);
+ORLIXIPLATTRIBUTES_API boost::shared_ptr<const ImgComparisonTolerance> createImgComparisonTolerance(float absolute,
+                                                                                                    float relative);
 
 } // namespace orlix::imaproc::attr

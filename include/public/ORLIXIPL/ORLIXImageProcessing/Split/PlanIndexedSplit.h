@@ -40,8 +40,8 @@ private:
     bool m_bMayLack = false;
 };
 
-/// Feeds attribute `TAttribute` of processors of class `TProcessor`. `TColl` is a shared pointer to a PlanIndexedColl of
-/// what the attribute points to; the collection given to `initBase` is one.
+/// Feeds attribute `TAttribute` of processors of class `TProcessor`. `TColl` is a shared pointer to a PlanIndexedColl
+/// of what the attribute points to; the collection given to `initBase` is one.
 template <class TProcessor, class TColl, class TAttribute>
 class PlanIndexedSplit final : public processor::FeedingSplit<BasePlanIndexedSplit, TProcessor, TAttribute>
 {

@@ -28,8 +28,8 @@ ORLIX_SIMD_INLINE unsigned long sumLanes(const simd::Lanes<TCount, nbBytes / siz
 
 /// Unsigned integer of the width of T.
 template <class T>
-using CountOf = std::conditional_t<sizeof(T) == 1, unsigned char,
-                                   std::conditional_t<sizeof(T) == 2, unsigned short, unsigned int>>;
+using CountOf =
+    std::conditional_t<sizeof(T) == 1, unsigned char, std::conditional_t<sizeof(T) == 2, unsigned short, unsigned int>>;
 
 /// Counts elements for which `differ(i)`, a mask of lanes of the width of T, holds, in steps of one register. Returns
 /// how many; `nbElements` is a multiple of a register's lanes.

@@ -71,9 +71,7 @@ ProcessingResult<bool> CompareImgLvl3::genericProcessFunction(const processor::P
     case attr::eImgComparisonToleranceMode::eRelativeTolerance:
         compareLine<ComparedRelatively, T, ISA>(info, line);
         break;
-    case attr::eImgComparisonToleranceMode::eBothTolerances:
-        compareLine<ComparedBothWays, T, ISA>(info, line);
-        break;
+    case attr::eImgComparisonToleranceMode::eBothTolerances: compareLine<ComparedBothWays, T, ISA>(info, line); break;
     default: compareLine<ComparedExactly, T, ISA>(info, line); break;
     }
     return succeed();

@@ -20,7 +20,8 @@ public:
     /// Same line length, same number of lines, same element type.
     processor::RulePtr createRule() const;
 
-    /// Compares the `info.nbElements` elements of a line with instruction set ISA, and adds what it finds to the result.
+    /// Compares the `info.nbElements` elements of a line with instruction set ISA, and adds what it finds to the
+    /// result.
     template <class T, eInstructionSet::domain ISA>
     ProcessingResult<bool> genericProcessFunction(const processor::ProcessingInfo& info);
 
