@@ -2,5 +2,6 @@
 #pragma once
 
 #include "ORLIXIPL/ORLIXIPLAttributes/BufferTypeAttributes.h"
+#include "ORLIXIPL/ORLIXIPLAttributes/ComparisonAttributes.h"
 #include "ORLIXIPL/ORLIXIPLAttributes/ImageAttributes.h"
 #include "ORLIXIPL/ORLIXIPLAttributes/StripAttributes.h"
