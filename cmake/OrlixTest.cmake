@@ -23,6 +23,12 @@ function(orlix_add_tests library)
         return()
     endif()
     orlix_set_kernel_flags(${sources})
+    foreach(source IN LISTS sources)
+        if(source MATCHES "LongTest\\.cpp$") # worth its optimisation, unlike the others
+            set_source_files_properties("${source}" PROPERTIES
+                COMPILE_OPTIONS "$<$<CONFIG:Release>:-O3>" SKIP_PRECOMPILE_HEADERS ON)
+        endif()
+    endforeach()
     set(main GTest::gtest_main)
     if(ARG_FRAME)
         list(APPEND sources "${PROJECT_SOURCE_DIR}/tests/support/main.cpp")
