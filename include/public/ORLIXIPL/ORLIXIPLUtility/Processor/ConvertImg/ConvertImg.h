@@ -12,19 +12,18 @@
 //   Real32      integer            truncated towards zero
 //   Real32      Real32             the bits
 //
-//   out of range                   plain             SSE2                       AVX2                       AVX512
-//   16 bits to Int8, UInt8         low 8 bits        clamped, source as signed  as SSE2                    as SSE2
-//   32 bits to Int16, Int8         low bits          clamped, source as signed  as SSE2                    as SSE2
-//   32 bits to UInt16              low 16 bits       low 16 bits                clamped, source as signed  as AVX2
-//   32 bits to UInt8               low 8 bits        low 16 bits as signed,     255 from 256, but 0 from   as AVX2
-//                                                    clamped                    32768 and below 0
-//   Real32 to Int32                -2^31             -2^31                      -2^31                      -2^31
-//   Real32 to UInt32               low 32 bits of    0                          0                          0 above -1,
-//                                  64, 0 from 2^63                                                         else 2^32 -
-//                                  1
+//   out of range       plain          SSE2                         AVX2                              AVX512
+//   16 to 8 bits       low 8 bits     source as signed, clamped    as SSE2                           as SSE2
+//   32 bits to Int16   low 16 bits    source as signed, clamped    as SSE2                           as SSE2
+//   32 bits to Int8    low 8 bits     source as signed, clamped    as SSE2                           as SSE2
+//   32 bits to UInt16  low 16 bits    low 16 bits                  source as signed, clamped         as AVX2
+//   32 bits to UInt8   low 8 bits     low 16 bits as signed,       255 from 256 to 32767, 0 above    as AVX2
+//                                     clamped                      and below the range
+//   Real32 to Int32    -2^31          -2^31                        -2^31                             -2^31
+//   Real32 to UInt32   low 32 of 64   0                            0                                 2^32 - 1, but
+//                      bits, else 0                                                                  0 above -1
 //
-// Real32 goes to 8 and 16 bits by way of Int32. NaN is out of range of every integer, and 0 in Binary, but 1 with
-// AVX512.
+// Real32 goes to 8 and 16 bits by way of Int32. NaN is out of range of every integer, and 0 in Binary, but with AVX512 1.
 #pragma once
 
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/ConvertImg/ConvertImgLvl1.h"
