@@ -25,31 +25,41 @@ ORLIX_SIMD_INLINE void castElements(const TIn* source, TOut* destination, unsign
                          [=](unsigned long i) ORLIX_SIMD_LAMBDA { TCast::apply(source + i).store(destination + i); });
 }
 
-/// Casts packs in steps of 64 elements, the last of which may run into the room behind the block. 64 elements of any
-/// type are whole cache lines, whatever the width of a pack.
+/// Elements that are cast in one step: of any type they are whole cache lines, whatever the width of a pack.
+inline constexpr unsigned long g_nbStep = 64;
+inline constexpr unsigned long g_cacheLine = 64;
+
+/// Has the cache lines of a step fetched that lie so many bytes behind `elements`.
+template <class T>
+ORLIX_SIMD_INLINE void prefetchStep(const T* elements, unsigned long nbBytesAhead)
+{
+    const unsigned char* const first = reinterpret_cast<const unsigned char*>(elements) + nbBytesAhead;
+    for (unsigned long byte = 0; byte < g_nbStep * sizeof(T); byte += g_cacheLine) {
+        simd::prefetch(first + byte);
+    }
+}
+
+/// Casts packs, step by step; the last step may run into the room behind the block.
 template <class TCast, class TIn, class TOut>
 ORLIX_SIMD_INLINE void castPacks(const TIn* source, TOut* destination, unsigned long nbElements, bool bStreaming)
 {
-    constexpr unsigned long nbStep = 64;
-    constexpr unsigned long line = 64;
-    constexpr unsigned long nbPack = TCast::s_nbElements;
-    const auto prefetch = [=](unsigned long i, unsigned long ahead) ORLIX_SIMD_LAMBDA {
-        for (unsigned long byte = 0; byte < nbStep * sizeof(TIn); byte += line) {
-            simd::prefetch(reinterpret_cast<const unsigned char*>(source + i) + ahead + byte);
-        }
-    };
-    if (bStreaming && reinterpret_cast<unsigned long>(destination) % line == 0) {
-        simd::forEachPackInterleaved<nbStep, 1>(nbElements, [=](unsigned long i) ORLIX_SIMD_LAMBDA {
-            prefetch(i, 512);
-            for (unsigned long k = i; k < i + nbStep; k += nbPack) {
+    if (bStreaming && reinterpret_cast<unsigned long>(destination) % g_cacheLine == 0) {
+        simd::forEachPackInterleaved<g_nbStep, 1>(nbElements, [=](unsigned long i) ORLIX_SIMD_LAMBDA {
+            prefetchStep(source + i, 512);
+            for (unsigned long k = i; k < i + g_nbStep; k += TCast::s_nbElements) {
                 TCast::apply(source + k).stream(destination + k);
             }
         });
         simd::streamFence();
     } else {
-        simd::forEachPack<nbStep>(nbElements, [=](unsigned long i) ORLIX_SIMD_LAMBDA {
-            prefetch(i, 1024);
-            for (unsigned long k = i; k < i + nbStep; k += nbPack) {
+        // What fits the first-level cache gains nothing, and what lies behind it would be fetched for nobody.
+        const bool bFetchAhead = nbElements * (sizeof(TIn) + sizeof(TOut)) > 64 * 1024;
+        simd::forEachPack<g_nbStep>(nbElements, [=](unsigned long i) ORLIX_SIMD_LAMBDA {
+            if (bFetchAhead) {
+                prefetchStep(source + i, 1024);
+                prefetchStep(destination + i, 1024);
+            }
+            for (unsigned long k = i; k < i + g_nbStep; k += TCast::s_nbElements) {
                 TCast::apply(source + k).store(destination + k);
             }
         });

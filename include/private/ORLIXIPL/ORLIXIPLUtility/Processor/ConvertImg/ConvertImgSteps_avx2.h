@@ -88,7 +88,7 @@ struct ConvertSteps<eInstructionSet::eAVX2>
     /// 1 where the value is 1.0 or more, 0 for NaN.
     static ORLIX_SIMD_INLINE Pack<unsigned char> atLeastOne(const Pack<float>& from)
     {
-        __m256i reached[from.s_nbRegisters];
+        __m256i reached[Pack<float>::s_nbRegisters];
         for (unsigned long r = 0; r < from.s_nbRegisters; ++r) {
             const __m256 value = _mm256_castsi256_ps(from.m_registers[r].m_bits);
             reached[r] = _mm256_castps_si256(_mm256_cmp_ps(value, _mm256_set1_ps(1.0F), _CMP_GE_OQ));

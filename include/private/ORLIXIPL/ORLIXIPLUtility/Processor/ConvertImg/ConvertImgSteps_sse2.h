@@ -81,7 +81,7 @@ struct ConvertSteps<eInstructionSet::eSSE2>
     /// 1 where the value is 1.0 or more, 0 for NaN.
     static ORLIX_SIMD_INLINE Pack<unsigned char> atLeastOne(const Pack<float>& from)
     {
-        __m128i reached[from.s_nbRegisters];
+        __m128i reached[Pack<float>::s_nbRegisters];
         for (unsigned long r = 0; r < from.s_nbRegisters; ++r) {
             const __m128 value = _mm_castsi128_ps(from.m_registers[r].m_bits);
             reached[r] = _mm_castps_si128(_mm_cmpge_ps(value, _mm_set1_ps(1.0F)));

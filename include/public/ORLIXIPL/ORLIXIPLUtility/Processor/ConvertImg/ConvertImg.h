@@ -23,7 +23,7 @@
 //   Real32 to UInt32   low 32 of 64   0                            0                                 2^32 - 1, but
 //                      bits, else 0                                                                  0 above -1
 //
-// Real32 goes to 8 and 16 bits by way of Int32. NaN is out of range of every integer, and 0 in Binary, but with AVX512 1.
+// Real32 goes to 8 and 16 bits by way of Int32. NaN is out of range of every integer; in Binary it is 0, with AVX512 1.
 #pragma once
 
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/ConvertImg/ConvertImgLvl1.h"
