@@ -18,7 +18,7 @@ using image::eImageBufferType;
 using image::geometry2d;
 using image::geometry5d;
 
-class CompareTest : public testing::Test
+class CompareTest : public ::testing::Test
 {
 protected:
     ProgramResult compare(const ImageConstPtr& first, const ImageConstPtr& second,

@@ -156,8 +156,7 @@ void runCompare(const CompareArguments& arguments, CommandContext& context)
         writePicture(arguments, *first, *second, *result, context);
     }
     const bool bExactlySame = result->identical && !arguments.absolute && !arguments.relative;
-    const DifferenceStatistics statistics =
-        bExactlySame ? DifferenceStatistics() : measureDifferences(*first, *second);
+    const DifferenceStatistics statistics = bExactlySame ? DifferenceStatistics() : measureDifferences(*first, *second);
     context.bDifferent = !result->identical;
     if (context.options.bJson) {
         JsonWriter json(context.out);
@@ -193,7 +192,7 @@ VerbRun setUpCompare(CLI::App& app)
 } // namespace
 
 extern const Verb g_compare;
-constinit const Verb g_compare = {"compare", "Tell whether two images are the same, how many pixels differ, and where",
+constinit const Verb g_compare = {"compare", "Tell whether two images are the same, and where they differ",
                                   &setUpCompare};
 
 } // namespace orlix::cli
