@@ -23,8 +23,8 @@ namespace orlix::cli {
 namespace {
 
 constexpr const char* g_exitCodes =
-    "Exit codes: 0 success, 1 compared images differ, 2 failure, 130 interrupted. On failure one line on the\n"
-    "standard error stream tells why.\n"
+    "Exit codes: 0 success, 1 compared images differ, 2 failure, 130 interrupted. On failure one line\n"
+    "on the standard error stream tells why.\n"
     "An output file is replaced once it is complete; it is never left half written.";
 
 std::string namesOfVerbs()
