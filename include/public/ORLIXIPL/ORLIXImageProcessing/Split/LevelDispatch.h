@@ -2,7 +2,8 @@
 #pragma once
 
 #include "ORLIX/ORLIXBaseProcessing/ProcessorDispatchers.h"
-#include "ORLIXIPL/ORLIXImageProcessing/Split/SplitSources.h"
+#include "ORLIXIPL/ORLIXImageProcessing/Split/DataSplitSources.h"
+#include "ORLIXIPL/ORLIXImageProcessing/Split/ImageSplitSources.h"
 
 #include <tuple>
 #include <utility>

@@ -1,85 +1,16 @@
-// What a level sets its splits up with, one source for each split.
+// What a level sets the splits of its data up with, one source for each split.
 #pragma once
 
 #include "ORLIX/ORLIXBaseProcessing/DynamicByCreationResultSplit.h"
 #include "ORLIX/ORLIXBaseProcessing/DynamicByRangeDataSplit.h"
 #include "ORLIX/ORLIXBaseProcessing/NoSplit.h"
-#include "ORLIXIPL/ORLIXImageProcessing/Split/ImageYStrip2dSplit.h"
+#include "ORLIXIPL/ORLIXImage/BaseImage.h"
 #include "ORLIXIPL/ORLIXImageProcessing/Split/PlanIndexedSplit.h"
-#include "ORLIXIPL/ORLIXImageProcessing/Split/SubImageSplit.h"
 
 namespace orlix::imaproc {
 
-// A source refers to what it is made from, which therefore has to outlive the statement; the splits say what has to
-// outlive the run. `bLocalized` says whether the split counts where elements are placed.
-
-/// What a split is set up with: an image, how it is cut, and whether it counts where elements are placed.
-template <class TImagePtr>
-struct PlanSource
-{
-    const TImagePtr& image;
-    bool bLocalized = true;
-
-    template <class TSplit>
-    ProcessingResult<bool> init(TSplit& split) const
-    {
-        bLocalized ? split.enableDataLocalization() : split.disableDataLocalization();
-        return split.initBase(eSubImageSplitType::eSubImagePlan2d, eVolumeParsingType::ePlanByPlan,
-                              eColorParsingType::eChannelByChannel, eTemporalParsingType::eFrameByFrame, image);
-    }
-};
-template <class TImagePtr>
-struct VolumeSource
-{
-    const TImagePtr& image;
-    bool bLocalized = true;
-
-    template <class TSplit>
-    ProcessingResult<bool> init(TSplit& split) const
-    {
-        bLocalized ? split.enableDataLocalization() : split.disableDataLocalization();
-        return split.initBase(eSubImageSplitType::eSubImageVolume3d, eVolumeParsingType::eWholeVolume,
-                              eColorParsingType::eChannelByChannel, eTemporalParsingType::eFrameByFrame, image);
-    }
-};
-template <class TImagePtr>
-struct StripSource
-{
-    const TImagePtr& image;
-    bool bLocalized = true;
-
-    template <class TSplit>
-    ProcessingResult<bool> init(TSplit& split) const
-    {
-        using TImage = typename TImagePtr::element_type;
-        bLocalized ? split.enableDataLocalization() : split.disableDataLocalization();
-        const boost::shared_ptr<TImage>& held = image;
-        return split.initBase(held,
-                              image::eStripAllocationType::eStripAllocationDefault,
-                              image::eStripParsingDirection::eStripParsingForward,
-                              image::eStripParsingDirection::eStripParsingForward);
-    }
-};
-
-/// Every plan of the image an element of its own.
-template <class TImagePtr>
-PlanSource<TImagePtr> planByPlan(const TImagePtr& image, bool bLocalized = true)
-{
-    return {image, bLocalized};
-}
-/// The plan in strips.
-template <class TImagePtr>
-StripSource<TImagePtr> stripByStrip(const TImagePtr& image, bool bLocalized = true)
-{
-    return {image, bLocalized};
-}
-
-/// Every volume of the image an element of its own.
-template <class TImagePtr>
-VolumeSource<TImagePtr> volumeByVolume(const TImagePtr& image, bool bLocalized = true)
-{
-    return {image, bLocalized};
-}
+// A source refers to what it is made from and is used within the statement that makes it; the splits say what has to
+// outlive the run.
 
 /// What a no-split is set up with.
 template <class TValue>
