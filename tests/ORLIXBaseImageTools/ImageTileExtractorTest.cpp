@@ -55,8 +55,9 @@ template <class TTile, class TAccess>
 
 ::testing::AssertionResult isTileOf(const BaseImage& image, const Tile2dCoords& coords, const InputImageTile2d& tile)
 {
-    return isTileOf(image, {coords.originX, coords.originY, 0, coords.sizeX, coords.sizeY, 1}, tile,
-                    [](const InputImageTile2d& from, unsigned long line, unsigned long) { return from.accessBuffer(line); });
+    return isTileOf(
+        image, {coords.originX, coords.originY, 0, coords.sizeX, coords.sizeY, 1}, tile,
+        [](const InputImageTile2d& from, unsigned long line, unsigned long) { return from.accessBuffer(line); });
 }
 ::testing::AssertionResult isTileOf(const BaseImage& image, const Tile3dCoords& coords, const InputImageTile3d& tile)
 {
@@ -67,8 +68,7 @@ template <class TTile, class TAccess>
 
 eImageBufferType anyType()
 {
-    return *rc::gen::elementOf(
-        std::vector<eImageBufferType::domain>(g_allBufferTypes.begin(), g_allBufferTypes.end()));
+    return *rc::gen::elementOf(std::vector<eImageBufferType::domain>(g_allBufferTypes.begin(), g_allBufferTypes.end()));
 }
 unsigned long anyOrigin()
 {
@@ -84,7 +84,8 @@ RC_GTEST_PROP(ImageTileExtractorProperty, TilesOfPlansAreMirroredAtTheBorder, (u
     InputImageTile2d tile;
     for (int repetition = 0; repetition < 3; ++repetition) { // the same tile, filled again
         const Tile2dCoords coords{anyOrigin(), anyOrigin(), *rc::gen::inRange(0UL, 12UL), *rc::gen::inRange(0UL, 12UL)};
-        RC_ASSERT(failureOf(ImageTileExtractor::extractInputTile2d(*image, coords, mirorBorder2d(), tile)) == "no failure");
+        RC_ASSERT(failureOf(ImageTileExtractor::extractInputTile2d(*image, coords, mirorBorder2d(), tile)) ==
+                  "no failure");
         RC_ASSERT(tile.getSizeX() == coords.sizeX);
         RC_ASSERT(tile.getSizeY() == coords.sizeY);
         RC_ASSERT(tile.getImageBufferType() == geometry->getBufferType());
@@ -94,8 +95,8 @@ RC_GTEST_PROP(ImageTileExtractorProperty, TilesOfPlansAreMirroredAtTheBorder, (u
 
 RC_GTEST_PROP(ImageTileExtractorProperty, TilesOfVolumesAreMirroredAtTheBorder, (unsigned long seed))
 {
-    const auto geometry = geometry3d(anyType(), *rc::gen::inRange(1UL, 7UL), *rc::gen::inRange(1UL, 7UL),
-                                     *rc::gen::inRange(1UL, 7UL));
+    const auto geometry =
+        geometry3d(anyType(), *rc::gen::inRange(1UL, 7UL), *rc::gen::inRange(1UL, 7UL), *rc::gen::inRange(1UL, 7UL));
     const ImagePtr image = createImage(*geometry);
     fillRandom(*image, seed);
     InputImageTile3d tile;
@@ -106,7 +107,8 @@ RC_GTEST_PROP(ImageTileExtractorProperty, TilesOfVolumesAreMirroredAtTheBorder, 
                                   *rc::gen::inRange(0UL, 8UL),
                                   *rc::gen::inRange(0UL, 8UL),
                                   *rc::gen::inRange(0UL, 8UL)};
-        RC_ASSERT(failureOf(ImageTileExtractor::extractInputTile3d(*image, coords, mirorBorder3d(), tile)) == "no failure");
+        RC_ASSERT(failureOf(ImageTileExtractor::extractInputTile3d(*image, coords, mirorBorder3d(), tile)) ==
+                  "no failure");
         RC_ASSERT(tile.getSizeZ() == coords.sizeZ);
         RC_ASSERT(bool(isTileOf(*image, coords, tile)));
     }
@@ -116,7 +118,8 @@ TEST(ImageTileExtractor, LinesInsideTheImageAreItsOwn)
 {
     const ImagePtr image = createImage(*geometry2d(eImageBufferType::UInt16, 10, 8));
     InputImageTile2d tile;
-    ASSERT_EQ(failureOf(ImageTileExtractor::extractInputTile2d(*image, {6, 7, 4, 3}, mirorBorder2d(), tile)), "no failure");
+    ASSERT_EQ(failureOf(ImageTileExtractor::extractInputTile2d(*image, {6, 7, 4, 3}, mirorBorder2d(), tile)),
+              "no failure");
     EXPECT_EQ(tile.accessBuffer(0), image->accessRow(7, 0, 0, 0) + 12);
     EXPECT_EQ(tile.accessBuffer(1), image->accessRow(7, 0, 0, 0) + 12) << "mirrored";
     EXPECT_EQ(tile.accessBuffer(2), image->accessRow(6, 0, 0, 0) + 12);
@@ -128,7 +131,8 @@ TEST(ImageTileExtractor, ReadsNothingOutsideTheImage)
     const WatchedImage wrapped(*geometry, WrapForm{.rowGap = 2});
     InputImageTile2d tile;
     const Tile2dCoords coords{~0UL - 30, ~0UL - 30, 70, 70};
-    ASSERT_EQ(failureOf(ImageTileExtractor::extractInputTile2d(*wrapped.get(), coords, mirorBorder2d(), tile)), "no failure");
+    ASSERT_EQ(failureOf(ImageTileExtractor::extractInputTile2d(*wrapped.get(), coords, mirorBorder2d(), tile)),
+              "no failure");
     EXPECT_TRUE(isTileOf(*wrapped.get(), coords, tile));
 }
 
@@ -141,7 +145,8 @@ TEST(ImageTileExtractor, OtherPoliciesAreAskedToo)
         return position < size ? position : size - 1;
     };
     InputImageTile2d tile;
-    ASSERT_EQ(failureOf(ImageTileExtractor::extractInputTile2d(*image, {1, 1, 4, 2}, {last, mirorPosition}, tile)), "no failure");
+    ASSERT_EQ(failureOf(ImageTileExtractor::extractInputTile2d(*image, {1, 1, 4, 2}, {last, mirorPosition}, tile)),
+              "no failure");
     for (unsigned long line = 0; line < 2; ++line) {
         const auto* const found = static_cast<const unsigned char*>(tile.accessBuffer(line));
         EXPECT_EQ(std::vector<unsigned char>(found, found + 4), (std::vector<unsigned char>{5, 6, 6, 6}));

@@ -9,8 +9,8 @@
 namespace orlix::image {
 
 /// Fills tiles; pixels beyond the border are those that the policy names. Fails for an image without pixels, for one of
-/// more plans or volumes than one, and for a tile that is too large to exist. May be called from any thread, each with a
-/// tile of its own.
+/// more plans or volumes than one, and for a tile that is too large to exist. May be called from any thread, each with
+/// a tile of its own.
 class ORLIXBASEIMAGETOOLS_API ImageTileExtractor
 {
 public:
