@@ -23,7 +23,7 @@ struct Stage
 {
     unsigned long nbElements = 40;
     std::function<ProcessingResult<bool>(unsigned long element)> work; ///< of each element; may be empty
-    std::function<ProviderResult()> retrieve;                         ///< in place of a provider; may be empty
+    std::function<ProviderResult()> retrieve;                          ///< in place of a provider; may be empty
 
     std::atomic<unsigned long> nbRetrieved{0};
     std::atomic<unsigned long> nbStarted{0};
@@ -97,7 +97,8 @@ std::string failureOf(BaseProcessor& processor)
     return result ? "no failure" : result.getMessage();
 }
 
-const std::string g_cancelled = "The run was cancelled before all of its work was done: run it again for a whole result";
+const std::string g_cancelled =
+    "The run was cancelled before all of its work was done: run it again for a whole result";
 
 TEST(BaseAsync2Processor, AllOfTheFirstStageEndsBeforeAnyOfTheSecondStarts)
 {
@@ -183,8 +184,9 @@ TEST(BaseAsync2Processor, TheSecondStageDoesNotStartAfterAFailureInTheFirst)
         const ScopedExecutor scope(each.executor);
         const auto processor = makeReady();
         processor->m_first.work = [](unsigned long element) {
-            return element % 10 != 7 ? true
-                                     : ProcessingResult<bool>::failure("element " + std::to_string(element) + " failed");
+            return element % 10 != 7
+                       ? true
+                       : ProcessingResult<bool>::failure("element " + std::to_string(element) + " failed");
         };
         EXPECT_EQ(failureOf(*processor), "element 7 failed");
         EXPECT_EQ(processor->m_second.nbRetrieved, 0u);

@@ -243,10 +243,11 @@ TEST(DynamicByCreationResultSplit, FeedsItsAttributeOfItsClass)
                     .init(BasePriority(), dynamicByCreationResultSplit<SumProcessor, OutSum>(create, results),
                           linesOf<PointProcessor>(20, 5))
                     .getValue());
-    EXPECT_EQ(core::runOn(*core::makeTbbExecutor(1), dispatcher).getMessage(),
-              "The split for attribute OutSum does not feed processors of class PointProcessor: make it for that class");
-    EXPECT_FALSE(dispatcher.init(BasePriority(), dynamicByCreationResultSplit<SumProcessor, OutSum>(create, results))
-                     .getValue())
+    EXPECT_EQ(
+        core::runOn(*core::makeTbbExecutor(1), dispatcher).getMessage(),
+        "The split for attribute OutSum does not feed processors of class PointProcessor: make it for that class");
+    EXPECT_FALSE(
+        dispatcher.init(BasePriority(), dynamicByCreationResultSplit<SumProcessor, OutSum>(create, results)).getValue())
         << "how many lines?";
 }
 

@@ -63,10 +63,11 @@ TEST(DynamicByRangeDataSplit, ValuesComeToTheirPlaceOnEveryExecutor)
         const boost::shared_ptr<Points> points = pointsAt(lines);
         RangeIndexMap indices;
         Dispatcher dispatcher;
-        ASSERT_TRUE(dispatcher
-                        .init(BasePriority(), linesOf<PointProcessor>(100, 5),
-                              dynamicByRangeDataSplit<PointProcessor, InOutPoints, Points::Coll, Point::Y>(points, indices))
-                        .getValue());
+        ASSERT_TRUE(
+            dispatcher
+                .init(BasePriority(), linesOf<PointProcessor>(100, 5),
+                      dynamicByRangeDataSplit<PointProcessor, InOutPoints, Points::Coll, Point::Y>(points, indices))
+                .getValue());
         ASSERT_TRUE(core::runOn(*each.executor, dispatcher).getValue());
         EXPECT_EQ(valuesOf(*points), expected) << "items are shared, not copied";
         std::vector<unsigned long> found;
@@ -75,7 +76,8 @@ TEST(DynamicByRangeDataSplit, ValuesComeToTheirPlaceOnEveryExecutor)
             EXPECT_EQ(range, ElementsRange(next, 5));
             for (const unsigned long position : positions) {
                 const double line = std::trunc(lines[position]);
-                EXPECT_TRUE(line == 1e30 || (line >= static_cast<double>(next) && line < static_cast<double>(next + 5)));
+                EXPECT_TRUE(line == 1e30 ||
+                            (line >= static_cast<double>(next) && line < static_cast<double>(next + 5)));
                 found.push_back(position);
             }
             next += 5;
@@ -179,8 +181,9 @@ TEST(DynamicByRangeDataSplit, FeedsItsAttributeOfItsClass)
     const auto made =
         dynamicByRangeDataSplit<PointProcessor, InOutPoints, Points::Coll, Point::Y>(boost::make_shared<Points>());
     ASSERT_TRUE(dispatcher.init(BasePriority(), made, linesOf<SumProcessor>(20, 5)).getValue());
-    EXPECT_EQ(core::runOn(*core::makeTbbExecutor(1), dispatcher).getMessage(),
-              "The split for attribute InOutPoints does not feed processors of class SumProcessor: make it for that class");
+    EXPECT_EQ(
+        core::runOn(*core::makeTbbExecutor(1), dispatcher).getMessage(),
+        "The split for attribute InOutPoints does not feed processors of class SumProcessor: make it for that class");
 }
 
 // Every item whose line is one of the plan's goes to one range, and that one holds its line.

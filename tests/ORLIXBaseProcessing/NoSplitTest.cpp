@@ -27,7 +27,8 @@ TEST(NoSplit, EveryElementGetsTheValue)
         value = 43; // read when the split was made
         const auto lines = staticNoSplit<LowerProcessor, InLines>({3, 4});
         StaticProcessorDispatcher<LowerProcessor> dispatcher;
-        ASSERT_TRUE(dispatcher.init(core::BasePriority(), boost::make_shared<NumberSplit>(50), lines, split).getValue());
+        ASSERT_TRUE(
+            dispatcher.init(core::BasePriority(), boost::make_shared<NumberSplit>(50), lines, split).getValue());
         EXPECT_EQ(dispatcher.getNbElements(), 50u);
         ASSERT_TRUE(core::runOn(*each.executor, dispatcher).getValue());
         const std::vector<Seen> seen = LowerProcessor::takeSeen();
@@ -48,8 +49,8 @@ TEST(NoSplit, EveryRangeGetsTheValue)
         const auto split = dynamicNoSplit<LowerProcessor, InOptNumber>(value);
         value = 43;
         DynamicProcessorDispatcher<LowerProcessor> dispatcher;
-        ASSERT_TRUE(
-            dispatcher.init(core::BasePriority(), split, boost::make_shared<LineSplit<InLines>>(g_hundredLines)).getValue());
+        ASSERT_TRUE(dispatcher.init(core::BasePriority(), split, boost::make_shared<LineSplit<InLines>>(g_hundredLines))
+                        .getValue());
         ASSERT_TRUE(core::runOn(*each.executor, dispatcher).getValue());
         const std::vector<Seen> seen = LowerProcessor::takeSeen();
         EXPECT_EQ(seen.size(), 100u);
@@ -98,8 +99,8 @@ TEST(NoSplit, FeedsItsAttributeOfItsClass)
     EXPECT_TRUE(split->checkProcessorType(LowerProcessor()));
     EXPECT_FALSE(split->checkProcessorType(OtherProcessor()));
     DynamicProcessorDispatcher<OtherProcessor> dispatcher;
-    ASSERT_TRUE(
-        dispatcher.init(core::BasePriority(), split, boost::make_shared<LineSplit<InLines>>(g_hundredLines)).getValue());
+    ASSERT_TRUE(dispatcher.init(core::BasePriority(), split, boost::make_shared<LineSplit<InLines>>(g_hundredLines))
+                    .getValue());
     EXPECT_EQ(core::runOn(*core::makeTbbExecutor(1), dispatcher).getMessage(),
               "The split for attribute InOptNumber does not feed processors of class OtherProcessor: make it for that "
               "class");

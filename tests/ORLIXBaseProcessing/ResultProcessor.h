@@ -29,8 +29,7 @@ struct PointRecord : PointLeaves, DataItemLeaves<PointLeaves::Y, PointLeaves::Ro
     static constexpr const char* g_className = "orlix::processor::test::Point";
 };
 class Point final : public DataItemNode<Point, PointRecord>
-{
-};
+{};
 
 struct PointsLeaves
 {
@@ -44,8 +43,7 @@ struct PointsRecord : PointsLeaves, DataItemLeaves<PointsLeaves::Coll>
     static constexpr const char* g_className = "orlix::processor::test::Points";
 };
 class Points final : public DataItemNode<Points, PointsRecord>
-{
-};
+{};
 
 struct InOutPoints final : NamedAttribute<InOutPoints, BaseOutputDataItemAttribute<Points>>
 {
