@@ -25,12 +25,10 @@ struct NoteRecord
     }
 };
 class Note final : public DataItemNode<Note, NoteRecord>
-{
-};
+{};
 using Notes = PlanIndexedColl<Note>;
 
-struct InOptNote final
-    : processor::NamedAttribute<InOptNote, processor::BaseInputOptionalDataItemAttribute<Note>>
+struct InOptNote final : processor::NamedAttribute<InOptNote, processor::BaseInputOptionalDataItemAttribute<Note>>
 {
     static constexpr const char* g_name = "InOptNote";
     static constexpr const char* g_toolTip = "A note that comes in";
@@ -44,8 +42,8 @@ struct OutNote final : processor::NamedAttribute<OutNote, processor::BaseOutputD
 
 /// Writes twice the number of the note that comes in, and one more, to the note that comes out; tells by plan, which it
 /// knows by the place of the plan's pixels, what came in.
-class NoteProcessor final
-    : public processor::Scaffold<NoteProcessor, processor::BaseSyncProcessor, PictureLibrary, InPicture, InOptNote, OutNote>
+class NoteProcessor final : public processor::Scaffold<NoteProcessor, processor::BaseSyncProcessor, PictureLibrary,
+                                                       InPicture, InOptNote, OutNote>
 {
 public:
     static constexpr const char* g_name = "NoteProcessor";

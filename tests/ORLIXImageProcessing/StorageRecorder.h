@@ -1,11 +1,11 @@
 // A level below that keeps what its attributes were given, and attributes for strips and tiles of all kinds.
 #pragma once
 
+#include "ORLIXCore/TestActions.h"
 #include "ORLIXIPL/ORLIXImageProcessing/KernelStripAttributes.h"
 #include "ORLIXIPL/ORLIXImageProcessing/Split/LevelDispatch.h"
 #include "ORLIXIPL/ORLIXImageProcessing/TileCollAttributes.h"
 #include "ORLIXIPL/ORLIXImageProcessing/ZStripAttributes.h"
-#include "ORLIXCore/TestActions.h"
 #include "ORLIXImageProcessing/StripProcessors.h"
 
 #include <mutex>
@@ -51,9 +51,8 @@ struct InBoxes final : processor::NamedAttribute<InBoxes, BaseInputTile3dCollAtt
 };
 
 template <class... TAttributes>
-class StorageRecorder final
-    : public processor::Scaffold<StorageRecorder<TAttributes...>, processor::BaseSyncProcessor, PictureLibrary,
-                                 TAttributes...>
+class StorageRecorder final : public processor::Scaffold<StorageRecorder<TAttributes...>, processor::BaseSyncProcessor,
+                                                         PictureLibrary, TAttributes...>
 {
 public:
     static constexpr const char* g_name = "StorageRecorder";

@@ -22,7 +22,7 @@ TEST(StripAttributes, OfVolumesAndWithMarginsTellTheirType)
     InKernelVolumeStrip kernel;
     EXPECT_FALSE(kernel.isOutput());
     kernel.init(boost::make_shared<image::InputImageZStrip3dWithKernel>(*image, 1, 2, image::KernelMargin{1, 1},
-                                                                       image::KernelMargin{0, 1}));
+                                                                        image::KernelMargin{0, 1}));
     EXPECT_EQ(kernel.getBaseImageZStrip3dWithKernel().getNbPlansBehind(), 0u);
     kernel.clear();
     EXPECT_FALSE(kernel.isSet());

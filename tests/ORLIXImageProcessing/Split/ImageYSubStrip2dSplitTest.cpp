@@ -8,7 +8,6 @@
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 
-
 namespace orlix::imaproc::test {
 namespace {
 
@@ -61,9 +60,9 @@ RC_GTEST_PROP(ImageYSubStrip2dSplitProperty, StripsCoverTheRegionOnce, ())
     DynamicDispatch<Recorder, InSub, OutSub> way;
     way.accessDispatcher().setDispatchPolicy(policyOf(stripBytes));
     unsigned long next = 0;
-    for (const auto& [from, to] : seenBy<Recorder>(*core::makePlainThreadExecutor(*rc::gen::inRange(1UL, 9UL)), way,
-                                                   subStripByStrip(in, inStart, size),
-                                                   subStripByStrip(out, outStart, size))) {
+    for (const auto& [from, to] :
+         seenBy<Recorder>(*core::makePlainThreadExecutor(*rc::gen::inRange(1UL, 9UL)), way,
+                          subStripByStrip(in, inStart, size), subStripByStrip(out, outStart, size))) {
         const unsigned long height = std::max(1UL, std::min(size, stripBytes / std::max(inX, outX)));
         RC_ASSERT(extentOf(*from) == Extent(inStart + next, std::min(height, size - next)));
         RC_ASSERT(extentOf(*to) == Extent(outStart + next, std::min(height, size - next)));
@@ -113,9 +112,9 @@ TEST(ImageYSubStrip2dSplit, RefusesWhatIsNoPlan)
     boost::shared_ptr<core::BaseActionProvider> provider;
     const ImageConstPtr in = createImage(*geometry2d(eImageBufferType::UInt8, 3, 9));
     const ImagePtr out = createImage(*geometry2d(eImageBufferType::UInt8, 3, 4));
-    EXPECT_EQ(std::string(
-                  way.dispatch(core::BasePriority(), provider, subStripByStrip(in, 2, 5), stripByStrip(out)).message),
-              "StorageRecorder: all splits must have the same number of elements, but InStrip has 5 and OutStrip has 4");
+    EXPECT_EQ(
+        std::string(way.dispatch(core::BasePriority(), provider, subStripByStrip(in, 2, 5), stripByStrip(out)).message),
+        "StorageRecorder: all splits must have the same number of elements, but InStrip has 5 and OutStrip has 4");
 }
 
 TEST(ImageYSubStrip2dSplit, FeedsItsAttributeOfItsClass)

@@ -38,7 +38,8 @@ TEST(ImageZStrip3dSplit, EveryPlanOnceOnEveryExecutor)
         way.accessDispatcher().setDispatchPolicy(policyOf(4 * 7 * 5 * 2));
         for (int repetition = 0; repetition < 2; ++repetition) {
             unsigned long next = 0;
-            for (const auto& [first, second] : seenBy<Whole>(*each.executor, way, stripByStrip(in), stripByStrip(out))) {
+            for (const auto& [first, second] :
+                 seenBy<Whole>(*each.executor, way, stripByStrip(in), stripByStrip(out))) {
                 EXPECT_EQ(extentOf(*first), Extent(next, std::min(4UL, 23 - next)));
                 EXPECT_EQ(extentOf(*second), extentOf(*first));
                 for (unsigned long plan = 0; plan < first->getStripSizeZ(); ++plan) {
@@ -66,9 +67,9 @@ TEST(ImageZStrip3dSplit, PlansNeedNoMultiple)
 
 TEST(ImageZStrip3dSplit, WithoutPixelsThereIsNoStrip)
 {
-    for (const auto& geometry : {geometry3d(eImageBufferType::UInt8, 0, 5, 3), geometry3d(eImageBufferType::UInt8, 5, 0, 3),
-                                 geometry3d(eImageBufferType::UInt8, 5, 3, 0),
-                                 geometry3d(eImageBufferType::UInt8, 0, 3, 1UL << 60)}) {
+    for (const auto& geometry :
+         {geometry3d(eImageBufferType::UInt8, 0, 5, 3), geometry3d(eImageBufferType::UInt8, 5, 0, 3),
+          geometry3d(eImageBufferType::UInt8, 5, 3, 0), geometry3d(eImageBufferType::UInt8, 0, 3, 1UL << 60)}) {
         const ImageConstPtr in = createImage(*geometry);
         const ImagePtr out = createImage(*geometry);
         WholeWay way;
@@ -81,21 +82,24 @@ TEST(ImageZStrip3dSplit, RefusesWhatIsNoVolume)
 {
     WholeOut split;
     const ImagePtr nothing;
-    EXPECT_EQ(failureOf(stripByStrip(nothing).init(split)), "There is no image to cut: set the attribute that holds it");
+    EXPECT_EQ(failureOf(stripByStrip(nothing).init(split)),
+              "There is no image to cut: set the attribute that holds it");
     for (const auto& geometry :
          {geometry5d(eImageBufferType::UInt8, 3, 2, 2, 2, 1), geometry5d(eImageBufferType::UInt8, 3, 2, 2, 1, 2),
           geometry5d(eImageBufferType::UInt8, 3, 2, 2, 1, 0)}) {
         const ImagePtr image = createImage(*geometry);
-        EXPECT_EQ(failureOf(stripByStrip(image).init(split)), "A volume has one channel and one time step, but the image is " +
-                                                                  geometry->toString() + ": cut it into volumes first");
+        EXPECT_EQ(failureOf(stripByStrip(image).init(split)),
+                  "A volume has one channel and one time step, but the image is " + geometry->toString() +
+                      ": cut it into volumes first");
     }
     WholeWay way;
     boost::shared_ptr<core::BaseActionProvider> provider;
     const ImageConstPtr three = createImage(*geometry3d(eImageBufferType::UInt8, 3, 2, 3));
     const ImagePtr four = createImage(*geometry3d(eImageBufferType::UInt8, 3, 2, 4));
-    EXPECT_EQ(std::string(way.dispatch(core::BasePriority(), provider, stripByStrip(three), stripByStrip(four)).message),
-              "StorageRecorder: all splits must have the same number of elements, but InVolumeStrip has 3 and "
-              "OutVolumeStrip has 4");
+    EXPECT_EQ(
+        std::string(way.dispatch(core::BasePriority(), provider, stripByStrip(three), stripByStrip(four)).message),
+        "StorageRecorder: all splits must have the same number of elements, but InVolumeStrip has 3 and "
+        "OutVolumeStrip has 4");
 }
 
 TEST(ImageZStrip3dSplit, FeedsItsAttributeOfItsClass)

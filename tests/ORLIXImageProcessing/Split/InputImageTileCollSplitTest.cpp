@@ -165,7 +165,8 @@ TEST(InputImageTileCollSplit, WithoutTilesOrPixelsThereIsNoGroup)
         TileWay way;
         boost::shared_ptr<core::BaseActionProvider> provider;
         const auto source = tilesByGroup(from, coords, image::mirorBorder2d(), 1, g_unlimited);
-        ASSERT_EQ(way.dispatch(core::BasePriority(), provider, source).status, processor::eProviderStatus::eProviderReady);
+        ASSERT_EQ(way.dispatch(core::BasePriority(), provider, source).status,
+                  processor::eProviderStatus::eProviderReady);
         EXPECT_EQ(provider->getNbElements(), 0u);
     }
 }
@@ -177,8 +178,10 @@ TEST(InputImageTileCollSplit, RefusesWhatItCannotCut)
     const std::vector<Tile2dCoords> coords2d(3);
     const std::vector<Tile3dCoords> coords3d(3);
     const ImageConstPtr nothing;
-    EXPECT_EQ(failureOf(tiles.initBase(nothing, coords2d, 1, 1)), "There is no image to cut: set the attribute that holds it");
-    EXPECT_EQ(failureOf(boxes.initBase(nothing, coords3d, 1, 1)), "There is no image to cut: set the attribute that holds it");
+    EXPECT_EQ(failureOf(tiles.initBase(nothing, coords2d, 1, 1)),
+              "There is no image to cut: set the attribute that holds it");
+    EXPECT_EQ(failureOf(boxes.initBase(nothing, coords3d, 1, 1)),
+              "There is no image to cut: set the attribute that holds it");
     const ImageConstPtr volume = createImage(*geometry3d(eImageBufferType::UInt8, 3, 2, 2));
     EXPECT_EQ(failureOf(tiles.initBase(volume, coords2d, 1, 1)),
               "Strips are cut from one plan, but the image is 3x2x2x1x1 UInt8: cut it into plans first");
@@ -189,8 +192,9 @@ TEST(InputImageTileCollSplit, RefusesWhatItCannotCut)
     EXPECT_EQ(failureOf(boxes.processAttribute(*lower, 2, ~0UL, core::BaseRequestOrigin(0))),
               "There is no range of 18446744073709551615 from 2 on in 3: ask for one within them");
     const ImageConstPtr channels = createImage(*image::geometry5d(eImageBufferType::UInt8, 3, 2, 2, 2, 1));
-    EXPECT_EQ(failureOf(boxes.initBase(channels, coords3d, 1, 1)),
-              "A volume has one channel and one time step, but the image is 3x2x2x2x1 UInt8: cut it into volumes first");
+    EXPECT_EQ(
+        failureOf(boxes.initBase(channels, coords3d, 1, 1)),
+        "A volume has one channel and one time step, but the image is 3x2x2x2x1 UInt8: cut it into volumes first");
 }
 
 TEST(InputImageTileCollSplit, TilesOfVolumesComeTheSameWay)

@@ -1,9 +1,9 @@
 // Entries of a collection by plan: each to the element of its plan, and what is said of plans without one.
 #include "ORLIXIPL/ORLIXImageProcessing/Split/PlanIndexedSplit.h"
 
+#include "ORLIXCore/TestActions.h"
 #include "ORLIXIPL/ORLIXImage/ImageFactory.h"
 #include "ORLIXIPL/ORLIXImageProcessing/Split/LevelDispatch.h"
-#include "ORLIXCore/TestActions.h"
 #include "ORLIXImageProcessing/PlanLowerProcessor.h"
 #include "ORLIXImageProcessing/StripProcessors.h"
 #include "support/Executors.h"
@@ -170,8 +170,9 @@ TEST(PlanIndexedSplit, ACollectionThatDoesNotFitTheImageIsRefused)
     const auto result =
         way.dispatch(core::BasePriority(), provider, planByPlan(image), entryByPlan(in), entryByPlan(out, *image));
     EXPECT_EQ(result.status, processor::eProviderStatus::eProviderFailed);
-    EXPECT_EQ(std::string(result.message),
-              "NoteProcessor: all splits must have the same number of elements, but InPicture has 3 and InOptNote has 2");
+    EXPECT_EQ(
+        std::string(result.message),
+        "NoteProcessor: all splits must have the same number of elements, but InPicture has 3 and InOptNote has 2");
 }
 
 TEST(PlanIndexedSplit, FeedsItsAttributeOfItsClass)

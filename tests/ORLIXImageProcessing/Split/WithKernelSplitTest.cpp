@@ -92,8 +92,9 @@ TEST(WithKernelSplit, RefusesWhatItCannotCut)
     const ImageConstPtr image = createImage(*image::geometry5d(eImageBufferType::UInt8, 3, 2, 2, 2, 1));
     EXPECT_EQ(failureOf(kernelStripByStrip(image, {1, 1}, {1, 1}).init(plans)),
               "Strips are cut from one plan, but the image is 3x2x2x2x1 UInt8: cut it into plans first");
-    EXPECT_EQ(failureOf(kernelStripByStrip(image, {1, 1}, {1, 1}).init(volumes)),
-              "A volume has one channel and one time step, but the image is 3x2x2x2x1 UInt8: cut it into volumes first");
+    EXPECT_EQ(
+        failureOf(kernelStripByStrip(image, {1, 1}, {1, 1}).init(volumes)),
+        "A volume has one channel and one time step, but the image is 3x2x2x2x1 UInt8: cut it into volumes first");
 }
 
 TEST(WithKernelSplit, FeedsItsAttributeOfItsClass)

@@ -58,8 +58,7 @@ ProcessingResult<bool> BaseImageStripSplit<TImage>::initPlan(const boost::shared
     if (sizeX != 0 && image->getPixelLayout().bDense) {
         // Where rows touch, whole blocks of the widest kernel keep what it writes past its count out of the next strip.
         // The overrun is a power of two, so its part that the line lacks is found in the line's trailing zero bits.
-        m_demand.lineMultiple =
-            g_kernelOverrun >> std::min(std::countr_zero(g_kernelOverrun), std::countr_zero(sizeX));
+        m_demand.lineMultiple = g_kernelOverrun >> std::min(std::countr_zero(g_kernelOverrun), std::countr_zero(sizeX));
     }
     return result;
 }

@@ -32,8 +32,8 @@ unsigned long nbLinesOf(const image::Tile3dCoords& tile)
     return std::min(tile.sizeY, 1UL << 10) * std::min(tile.sizeZ, 1UL << 10);
 }
 
-/// About what one tile costs in bytes: each of its lines lies somewhere else in memory, so it touches a cache line more.
-/// Never 0, and held within bounds, so that the cost of many tiles doesn't wrap.
+/// About what one tile costs in bytes: each of its lines lies somewhere else in memory, so it touches a cache line
+/// more. Never 0, and held within bounds, so that the cost of many tiles doesn't wrap.
 template <class TCoords>
 unsigned long costOf(const TCoords& tile, unsigned long elementSize)
 {

@@ -143,7 +143,8 @@ struct TileSource
 /// The tiles at `coords` in groups of a multiple of `group` and no more than `maxGroup`.
 template <class TCoords, class TBorderPolicy>
 TileSource<TCoords, TBorderPolicy> tilesByGroup(const ImageConstPtr& image, const std::vector<TCoords>& coords,
-                                                const TBorderPolicy& border, unsigned long group, unsigned long maxGroup)
+                                                const TBorderPolicy& border, unsigned long group,
+                                                unsigned long maxGroup)
 {
     return {image, coords, border, group, maxGroup};
 }

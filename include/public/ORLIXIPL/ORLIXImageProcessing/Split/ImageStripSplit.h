@@ -24,8 +24,8 @@ struct eImageStripSplitType
 };
 
 /// `TImage` is image::BaseImage or const image::BaseImage. Neither the split nor its strips keep the image alive: the
-/// attribute that holds it does, for as long as the run. A strip of a plan is a range of its lines; one of a volume is a
-/// range of its plans, and plans are the dispatcher's lines then.
+/// attribute that holds it does, for as long as the run. A strip of a plan is a range of its lines; one of a volume is
+/// a range of its plans, and plans are the dispatcher's lines then.
 template <class TImage>
 class BaseImageStripSplit : public processor::BaseDynamicSplit
 {

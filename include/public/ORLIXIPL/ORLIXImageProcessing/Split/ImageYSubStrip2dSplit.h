@@ -6,8 +6,8 @@
 
 namespace orlix::imaproc {
 
-/// The region is whole in x. Strips know their lines in the plan, and may start and end at any of them, so their kernels
-/// must not write past their count.
+/// The region is whole in x. Strips know their lines in the plan, and may start and end at any of them, so their
+/// kernels must not write past their count.
 template <class TImage, class TStrip>
 class BaseImageYSubStrip2dSplit : public BaseTImageStripSplit<TImage, TStrip>
 {

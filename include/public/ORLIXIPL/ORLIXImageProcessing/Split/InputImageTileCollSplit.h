@@ -22,9 +22,10 @@ public:
     /// What stands for pixels beyond the border of the image, from the next `initBase` on; the mirror at first.
     void setBorderPolicy(const typename TColl::BorderPolicy& policy) { m_border = policy; }
 
-    /// A tile for each of `coords`, in groups of a multiple of `group` tiles, the last one left out, and of no more than
-    /// `maxGroup` where that is not below `group`. Fails for a null image and for one of more than one plan, or volume.
-    /// An image without pixels gives out nothing. The caller keeps image and coordinates alive until the run has ended.
+    /// A tile for each of `coords`, in groups of a multiple of `group` tiles, the last one left out, and of no more
+    /// than `maxGroup` where that is not below `group`. Fails for a null image and for one of more than one plan, or
+    /// volume. An image without pixels gives out nothing. The caller keeps image and coordinates alive until the run
+    /// has ended.
     ProcessingResult<bool> initBase(const ImageConstPtr& image, const CoordsColl& coords, unsigned long group,
                                     unsigned long maxGroup);
     ProcessingResult<bool> initBase(ImageConstPtr&&, const CoordsColl&, unsigned long, unsigned long) = delete;

@@ -10,8 +10,8 @@
 
 namespace orlix::imaproc {
 
-/// One dispatcher of class `TDispatcher` with one split of each class of `TSplits`. A processor that is used again finds
-/// them made; nothing of a run stays in them after it.
+/// One dispatcher of class `TDispatcher` with one split of each class of `TSplits`. A processor that is used again
+/// finds them made; nothing of a run stays in them after it.
 template <class TDispatcher, class TBaseSplit, class... TSplits>
 class LevelDispatch
 {
@@ -67,7 +67,8 @@ private:
 
 /// Down to one processor of class `TLower` per element.
 template <class TLower, class... TSplits>
-using StaticDispatch = LevelDispatch<processor::StaticProcessorDispatcher<TLower>, processor::BaseStaticSplit, TSplits...>;
+using StaticDispatch =
+    LevelDispatch<processor::StaticProcessorDispatcher<TLower>, processor::BaseStaticSplit, TSplits...>;
 /// Down to one processor of class `TLower` per range of lines.
 template <class TLower, class... TSplits>
 using DynamicDispatch =
