@@ -27,4 +27,11 @@ public:
     static constexpr const char* g_toolTip = "Input plan";
 };
 
+class ORLIXIPLATTRIBUTES_API OutSubImg2d final : public processor::NamedAttribute<OutSubImg2d, BaseOutputImageAttribute>
+{
+public:
+    static constexpr const char* g_name = "OutSubImg2d";
+    static constexpr const char* g_toolTip = "Output plan";
+};
+
 } // namespace orlix::imaproc::attr

@@ -8,3 +8,4 @@
 #include "ORLIXIPL/ORLIXIPLUtility/Logger/RuleLogMessages.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/CompareImg/CompareImg.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/CopyImg/CopyImg.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Processor/EraseImg/EraseImg.h"
