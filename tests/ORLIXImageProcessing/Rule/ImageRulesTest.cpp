@@ -26,12 +26,6 @@ constexpr auto g_uint16 = eImageBufferType::UInt16;
 const std::string g_gone =
     "An attribute of the rule no longer exists: keep the processor that the rule was made for";
 
-struct InKind final : processor::NamedAttribute<InKind, BufferTypeAttribute>
-{
-    static constexpr const char* g_name = "InKind";
-    static constexpr const char* g_toolTip = "An element type";
-};
-
 template <class TValue>
 struct InValue final : processor::NamedAttribute<InValue<TValue>, processor::BaseValueAttribute<TValue>>
 {
@@ -123,6 +117,48 @@ TEST(MatchSizeAndType, OfStripsLooksAtLinesAndType)
     EXPECT_EQ(against(deep, 2, 5), "The strip of OutStrip is 9x5 UInt16" + rest);
 }
 
+TEST(MatchSize, LooksAtNoType)
+{
+    Pictures pictures;
+    const processor::RulePtr rule = matchSize(pictures.in, pictures.out);
+    EXPECT_EQ(failureOf(rule->check()), "InPicture holds no image: set it before the run");
+    for (const eImageBufferType type : image::g_allBufferTypes) {
+        pictures.set(*geometry5d(g_uint16, 5, 4, 3, 2, 2), *geometry5d(type, 5, 4, 3, 2, 2));
+        EXPECT_EQ(failureOf(rule->check()), "no failure");
+    }
+    const auto same = geometry5d(g_uint8, 5, 4, 3, 2, 2);
+    for (const auto& other :
+         {geometry5d(g_uint8, 6, 4, 3, 2, 2), geometry5d(g_uint8, 5, 5, 3, 2, 2), geometry5d(g_uint8, 5, 4, 4, 2, 2),
+          geometry5d(g_uint8, 5, 4, 3, 3, 2), geometry5d(g_uint16, 5, 4, 3, 2, 3)}) {
+        pictures.set(*same, *other);
+        EXPECT_EQ(failureOf(rule->check()), "OutPicture is " + other->toString() + ", InPicture is " +
+                                                same->toString() + ": sizes have to be the same");
+    }
+    pictures.out.reset();
+    EXPECT_EQ(failureOf(rule->check()), g_gone);
+}
+
+TEST(MatchSize, OfStripsLooksAtLines)
+{
+    const auto in = boost::make_shared<InStrip>();
+    const auto out = boost::make_shared<OutStrip>();
+    const processor::RulePtr rule = matchSize(in, out);
+    EXPECT_EQ(failureOf(rule->check()), "InStrip holds no image: set it before the run");
+    const ImagePtr wide = createImage(*geometry2d(g_uint8, 9, 20));
+    const ImagePtr narrow = createImage(*geometry2d(g_uint8, 8, 20));
+    const ImagePtr deep = createImage(*geometry2d(g_uint16, 9, 30));
+    in->init(boost::make_shared<image::InputImageYStrip2d>(*wide, 2, 5));
+    const auto against = [&](const ImagePtr& image, unsigned long start, unsigned long size) {
+        out->init(boost::make_shared<image::OutputImageYStrip2d>(*image, start, size));
+        return failureOf(rule->check());
+    };
+    EXPECT_EQ(against(wide, 0, 5), "no failure");
+    EXPECT_EQ(against(deep, 7, 5), "no failure");
+    const std::string rest = ", that of InStrip is 9x5: sizes have to be the same";
+    EXPECT_EQ(against(wide, 2, 6), "The strip of OutStrip is 9x6" + rest);
+    EXPECT_EQ(against(narrow, 2, 5), "The strip of OutStrip is 8x5" + rest);
+}
+
 TEST(InSituRules, CompareThePixels)
 {
     Pictures pictures;
@@ -162,6 +198,47 @@ TEST(BufferType, ComparesEveryTimeStep)
     EXPECT_EQ(failureOf(rule->check()), "no failure");
     kind.reset();
     EXPECT_EQ(failureOf(rule->check()), g_gone);
+}
+
+TEST(FixedType, IsThatOfTheAttributeInEveryTimeStep)
+{
+    constexpr auto binary = eImageBufferType::eBufferBinary;
+    const auto any = boost::make_shared<OutPicture>();
+    auto mask = boost::make_shared<OutMask>();
+    const processor::RulePtr anyRule = hasFixedType(any);
+    const processor::RulePtr rule = hasFixedType(mask);
+    EXPECT_EQ(failureOf(rule->check()), "OutMask holds no image: set it before the run");
+    for (const eImageBufferType type : image::g_allBufferTypes) {
+        any->init(createImage(*geometry2d(type, 3, 2)));
+        EXPECT_EQ(failureOf(anyRule->check()), "no failure") << "it fixes none";
+        mask->init(createImage(*geometry2d(type, 3, 2)));
+        EXPECT_EQ(failureOf(rule->check()),
+                  type == binary ? "no failure"
+                                 : std::string("OutMask is 3x2x1x1x1 ") + image::getBufferTypeName(type) +
+                                       ", but has to be of element type Binary");
+    }
+    mask->init(createImage(mixedGeometry({binary, binary}, 3, 2, 1)));
+    EXPECT_EQ(failureOf(rule->check()), "no failure");
+    mask->init(createImage(mixedGeometry({binary, g_uint8}, 3, 2, 1)));
+    EXPECT_EQ(failureOf(rule->check()), "OutMask is 3x2x1x1x2 Binary/UInt8, but has to be of element type Binary");
+    mask.reset();
+    EXPECT_EQ(failureOf(rule->check()), g_gone);
+}
+
+TEST(FixedType, OfStrips)
+{
+    const auto any = boost::make_shared<OutStrip>();
+    const auto mask = boost::make_shared<OutMaskStrip>();
+    const processor::RulePtr rule = hasFixedType(mask);
+    EXPECT_EQ(failureOf(rule->check()), "OutMaskStrip holds no image: set it before the run");
+    const ImagePtr binary = createImage(*geometry2d(eImageBufferType::eBufferBinary, 9, 20));
+    const ImagePtr grey = createImage(*geometry2d(g_uint8, 9, 20));
+    mask->init(boost::make_shared<image::OutputImageYStrip2d>(*binary, 2, 5));
+    EXPECT_EQ(failureOf(rule->check()), "no failure");
+    mask->init(boost::make_shared<image::OutputImageYStrip2d>(*grey, 2, 5));
+    EXPECT_EQ(failureOf(rule->check()), "OutMaskStrip is 9x5 UInt8, but has to be of element type Binary");
+    any->init(boost::make_shared<image::OutputImageYStrip2d>(*grey, 2, 5));
+    EXPECT_EQ(failureOf(hasFixedType(any)->check()), "no failure");
 }
 
 TEST(ImageType, TellsOwnedWrappedAndPart)
@@ -238,6 +315,23 @@ TEST(ValueRange, IsThatOfTheTypeComparedAsDoubles)
         EXPECT_FALSE(holds(std::nextafter(row.largest, infinity))) << row.type;
         EXPECT_FALSE(holds(infinity) || holds(-infinity) || holds(nan)) << row.type;
     }
+}
+
+TEST(ValueRange, IsThatOfEveryTimeStep)
+{
+    const auto in = boost::make_shared<InPicture>();
+    const auto value = boost::make_shared<InValue<double>>();
+    const processor::RulePtr rule = matchImageRange<InValue<double>>(in, value);
+    in->init(createImage(mixedGeometry({g_uint16, eImageBufferType::Int8, g_uint8}, 3, 2, 1)));
+    const auto against = [&](double number) {
+        value->init(number);
+        return failureOf(rule->check());
+    };
+    EXPECT_EQ(against(127), "no failure");
+    EXPECT_EQ(against(128), "InValue is 128, but has to lie within the range of Int8, the element type of InPicture: "
+                            "-128 to 127");
+    EXPECT_EQ(against(-1), "InValue is -1, but has to lie within the range of UInt16, the element type of InPicture: 0 "
+                           "to 65535");
 }
 
 TEST(ValueRange, NamesValueTypeAndRange)

@@ -16,4 +16,20 @@ public:
     bool isOptional() const override { return true; }
 };
 
+class ORLIXIPLATTRIBUTES_API InThresholdMin final
+    : public processor::NamedAttribute<InThresholdMin, processor::BaseValueAttribute<double>>
+{
+public:
+    static constexpr const char* g_name = "InThresholdMin";
+    static constexpr const char* g_toolTip = "Smallest value that a threshold selects";
+};
+
+class ORLIXIPLATTRIBUTES_API InThresholdMax final
+    : public processor::NamedAttribute<InThresholdMax, processor::BaseValueAttribute<double>>
+{
+public:
+    static constexpr const char* g_name = "InThresholdMax";
+    static constexpr const char* g_toolTip = "Largest value that a threshold selects";
+};
+
 } // namespace orlix::imaproc::attr

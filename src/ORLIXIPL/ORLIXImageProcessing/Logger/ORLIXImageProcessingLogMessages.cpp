@@ -22,13 +22,17 @@ const std::vector<MessageText>& MessageCatalogue<imaproc::eImageRuleMessage>::te
     using Message = imaproc::eImageRuleMessage;
     static const std::vector<MessageText> g_texts = {
         {Message::eSizeOrTypeDiffers, "%s is %s, %s is %s: sizes and element types have to be the same"},
-        {Message::eStripSizeOrTypeDiffers, "The strip of %s is %s %s, that of %s is %s %s: sizes and element types have to be the same"},
+        {Message::eStripSizeOrTypeDiffers,
+         "The strip of %s is %s %s, that of %s is %s %s: sizes and element types have to be the same"},
         {Message::eNotInSitu, "%s and %s have to hold the same image"},
         {Message::eInSitu, "%s and %s must not hold the same image: give two"},
         {Message::eWrongBufferType, "%s is %s, but has to be of element type %s, as %s tells"},
         {Message::eWrongImageType, "%s holds %s, but %s is required"},
         {Message::eOutOfRange, "%s is %s, but has to lie within the range of %s, the element type of %s: %s to %s"},
-        {Message::eNothingHeld, "%s holds no image: set it before the run"}};
+        {Message::eNothingHeld, "%s holds no image: set it before the run"},
+        {Message::eSizeDiffers, "%s is %s, %s is %s: sizes have to be the same"},
+        {Message::eStripSizeDiffers, "The strip of %s is %s, that of %s is %s: sizes have to be the same"},
+        {Message::eNotOfFixedType, "%s is %s, but has to be of element type %s"}};
     return g_texts;
 }
 

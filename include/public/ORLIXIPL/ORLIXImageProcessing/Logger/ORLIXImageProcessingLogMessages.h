@@ -12,14 +12,17 @@ namespace orlix::imaproc {
 struct eImageRuleMessage
 {
     enum domain {
-        eSizeOrTypeDiffers = 0, ///< attribute, geometry, attribute, geometry
+        eSizeOrTypeDiffers = 0,      ///< attribute, geometry, attribute, geometry
         eStripSizeOrTypeDiffers = 1, ///< attribute, lines, type, attribute, lines, type
-        eNotInSitu = 2, ///< attribute, attribute
-        eInSitu = 3, ///< attribute, attribute
-        eWrongBufferType = 4, ///< attribute, geometry, type, attribute
-        eWrongImageType = 5, ///< attribute, kind, kind
-        eOutOfRange = 6, ///< attribute, value, type, attribute, smallest, largest
-        eNothingHeld = 7 ///< attribute
+        eNotInSitu = 2,              ///< attribute, attribute
+        eInSitu = 3,                 ///< attribute, attribute
+        eWrongBufferType = 4,        ///< attribute, geometry, type, attribute
+        eWrongImageType = 5,         ///< attribute, kind, kind
+        eOutOfRange = 6,             ///< attribute, value, type, attribute, smallest, largest
+        eNothingHeld = 7,            ///< attribute
+        eSizeDiffers = 8,            ///< attribute, geometry, attribute, geometry
+        eStripSizeDiffers = 9,       ///< attribute, lines, attribute, lines
+        eNotOfFixedType = 10         ///< attribute, geometry, type
     };
     ORLIX_ENUMERATION(eImageRuleMessage, eSizeOrTypeDiffers);
 };
