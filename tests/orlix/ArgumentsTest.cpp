@@ -16,7 +16,7 @@ struct Mistake
     std::string told; ///< part of the line
 };
 
-class MistakeTest : public testing::TestWithParam<Mistake>
+class MistakeTest : public ::testing::TestWithParam<Mistake>
 {};
 
 TEST_P(MistakeTest, EndsWithOneLineAndExitCode2)
@@ -32,7 +32,7 @@ TEST_P(MistakeTest, EndsWithOneLineAndExitCode2)
 
 INSTANTIATE_TEST_SUITE_P(
     Arguments, MistakeTest,
-    testing::Values(Mistake{{}, "a verb is needed, one of info, copy, processors"},
+    ::testing::Values(Mistake{{}, "a verb is needed, one of info, copy, compare, processors"},
                     Mistake{{"frobnicate"}, "\"frobnicate\" is no verb"}, Mistake{{"--json"}, "a verb is needed"},
                     Mistake{{"info"}, "FILE is required; `orlix info --help` tells more"},
                     Mistake{{"info", "--bogus", "a.tif"}, "not expected: --bogus"},
@@ -54,7 +54,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 INSTANTIATE_TEST_SUITE_P(
     Files, MistakeTest,
-    testing::Values(Mistake{{"info", "/nowhere/a.tif"}, "/nowhere/a.tif: can't be opened"},
+    ::testing::Values(Mistake{{"info", "/nowhere/a.tif"}, "/nowhere/a.tif: can't be opened"},
                     Mistake{{"info", ""}, "can't be opened"},
                     Mistake{{"info", "/"}, "must be a regular file, but is a folder"},
                     Mistake{{"info", "/dev/null"}, "must be a regular file"},

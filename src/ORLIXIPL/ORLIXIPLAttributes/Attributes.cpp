@@ -14,6 +14,7 @@ template class NamedAttribute<imaproc::attr::OutBinYStrip2d, imaproc::BaseOutput
 template class NamedAttribute<imaproc::attr::InOptEraseValue, BaseValueAttribute<double>>;
 template class NamedAttribute<imaproc::attr::InThresholdMin, BaseValueAttribute<double>>;
 template class NamedAttribute<imaproc::attr::InThresholdMax, BaseValueAttribute<double>>;
+template class NamedAttribute<imaproc::attr::InConvertImageBufferType, IPEnumAttribute<image::eImageBufferType>>;
 
 template class NamedAttribute<imaproc::attr::InImg1, imaproc::BaseInputImageAttribute>;
 template class NamedAttribute<imaproc::attr::InImg2, imaproc::BaseInputImageAttribute>;

@@ -38,7 +38,11 @@ struct eImageSplitMessage
         eInputMissing = 4,
         eNoCollection = 5,
         eTooManyPlans = 6, ///< sizes on z, c, t
-        ePlanLacksEntry = 7 ///< attribute, z, c, t
+        ePlanLacksEntry = 7, ///< attribute, z, c, t
+        eSeveralVolumes = 8, ///< geometry
+        eLinesOutside = 9, ///< count, first, count
+        ePlansOutside = 10, ///< count, first, count
+        eRangeOutside = 11 ///< count, first, count
     };
     ORLIX_ENUMERATION(eImageSplitMessage, eNullImage);
 };
