@@ -50,7 +50,7 @@ class TwoStageProcessor final : public Scaffold<TwoStageProcessor, BaseAsync2Pro
 public:
     static constexpr const char* g_name = "TwoStageProcessor";
     static constexpr auto g_toolTip = eTestToolTip::eRecorder;
-    static constexpr const char* g_header = "TwoStageProcessor.h";
+    [[maybe_unused]] static constexpr const char* g_header = "TwoStageProcessor.h";
 
     Stage m_first;
     Stage m_second;

@@ -168,7 +168,7 @@ class SumLevel final : public Scaffold<SumLevel, BaseAsync1Processor, TestLibrar
 public:
     static constexpr const char* g_name = "SumLevel";
     static constexpr auto g_toolTip = eTestToolTip::eRecorder;
-    static constexpr const char* g_header = "SumLevel.h";
+    [[maybe_unused]] static constexpr const char* g_header = "SumLevel.h";
 
     void clearIntermediateData() override { m_results.clear(); }
 

@@ -8,6 +8,8 @@
 #include "ORLIXIPL/ORLIXImageProcessing/ZStripAttributes.h"
 #include "ORLIXImageProcessing/StripProcessors.h"
 
+#include <gtest/gtest.h>
+
 #include <mutex>
 #include <tuple>
 #include <utility>

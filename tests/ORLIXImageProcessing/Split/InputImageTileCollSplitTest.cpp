@@ -30,7 +30,7 @@ class TileProcessor final
 public:
     static constexpr const char* g_name = "TileProcessor";
     static constexpr int g_toolTip = 0;
-    static constexpr const char* g_header = "InputImageTileCollSplitTest.cpp";
+    [[maybe_unused]] static constexpr const char* g_header = "InputImageTileCollSplitTest.cpp";
 
     static std::map<unsigned long, unsigned long> takeSeen()
     {
