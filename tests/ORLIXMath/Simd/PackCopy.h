@@ -17,6 +17,7 @@ struct CopyRow
     unsigned long registerBytes = 0; ///< 0 for plain code
     CopyFunction copy = nullptr;
     CopyFunction streamCopy = nullptr;
+    CopyFunction broadcast = nullptr; ///< from one element to a block of it
     CopyFunction copyByRegister = nullptr; ///< one register; null for plain code
     CopyFunction streamByRegister = nullptr;
 };
@@ -42,6 +43,12 @@ void streamPack(const void* from, void* to)
     streamFence();
 }
 
+template <eInstructionSet::domain I, class T>
+void broadcastElement(const void* from, void* to)
+{
+    Pack<I, T>::broadcast(*static_cast<const T*>(from)).store(static_cast<T*>(to));
+}
+
 template <eInstructionSet::domain I>
 void copyRegister(const void* from, void* to)
 {
@@ -64,6 +71,7 @@ constexpr CopyRow makeRow()
         row.elementBytes = sizeof(T);
         row.copy = &copyPack<I, T>;
         row.streamCopy = &streamPack<I, T>;
+        row.broadcast = &broadcastElement<I, T>;
     }
     if constexpr (I != eInstructionSet::eNone) {
         row.registerBytes = Register<I>::s_nbBytes;

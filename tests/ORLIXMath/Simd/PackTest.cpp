@@ -96,6 +96,27 @@ TEST_P(PackTest, streamsAPackToAnAlignedAddress)
     }
 }
 
+TEST_P(PackTest, fillsAPackWithOneElementBitForBit)
+{
+    // As floats: -0, a signalling NaN, a denormal number, and one like any other.
+    for (const unsigned int bits : {0x80000000U, 0x7fa12345U, 0x00000081U, 0xc2f6e979U}) {
+        for (const CopyRow& row : GetParam().table->rows) {
+            if (!row.broadcast) {
+                continue;
+            }
+            alignas(64) unsigned char to[g_room];
+            unsigned char expected[g_room];
+            std::memset(to, 0xa5, g_room);
+            std::memset(expected, 0xa5, g_room);
+            for (unsigned long i = 0; i < row.nbElements; ++i) {
+                std::memcpy(expected + 64 + i * row.elementBytes, &bits, row.elementBytes);
+            }
+            row.broadcast(&bits, to + 64);
+            EXPECT_EQ(std::memcmp(to, expected, g_room), 0) << row.elementBytes << " bytes of " << bits;
+        }
+    }
+}
+
 TEST_P(PackTest, movesOneRegister)
 {
     const CopyRow& row = GetParam().table->rows[0];
