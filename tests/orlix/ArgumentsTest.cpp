@@ -32,12 +32,15 @@ TEST_P(MistakeTest, EndsWithOneLineAndExitCode2)
 
 INSTANTIATE_TEST_SUITE_P(
     Arguments, MistakeTest,
-    testing::Values(Mistake{{}, "a verb is needed, one of info, copy, processors"},
+    testing::Values(Mistake{{}, "a verb is needed, one of info, copy, run, processors"},
                     Mistake{{"frobnicate"}, "\"frobnicate\" is no verb"}, Mistake{{"--json"}, "a verb is needed"},
                     Mistake{{"info"}, "FILE is required; `orlix info --help` tells more"},
                     Mistake{{"info", "--bogus", "a.tif"}, "not expected: --bogus"},
                     Mistake{{"--bogus", "info", "a.tif"}, "not expected: --bogus"},
-                    Mistake{{"processors", "surplus"}, "not expected: surplus"},
+                    Mistake{{"processors", "nothing"}, "\"nothing\" is no processor"},
+                    Mistake{{"processors", "CopyImgLvl1", "surplus"}, "not expected: surplus"},
+                    Mistake{{"run"}, "PROCESSOR is required; `orlix run --help` tells more"},
+                    Mistake{{"run", "CopyImgLvl1", "--given"}, "--given"},
                     Mistake{{"copy", "a.tif"}, "OUT is required"},
                     Mistake{{"copy", "a.tif", "b.tif", "c.tif"}, "not expected: c.tif"},
                     Mistake{{"copy", "a.tif", "b.jpg"}, "the ending \".jpg\" names no format"},
@@ -113,8 +116,12 @@ TEST(ArgumentsTest, HelpListsVerbsAndOptions)
 
 TEST(ArgumentsTest, HelpFitsATerminalOf100Columns)
 {
-    for (const std::vector<std::string>& arguments :
-         {std::vector<std::string>{"--help"}, {"info", "--help"}, {"copy", "--help"}, {"processors", "--help"}}) {
+    for (const std::vector<std::string>& arguments : {std::vector<std::string>{"--help"},
+                                                      {"info", "--help"},
+                                                      {"copy", "--help"},
+                                                      {"processors", "--help"},
+                                                      {"run", "--help"},
+                                                      {"run", "CompareImgLvl1", "--help"}}) {
         std::istringstream lines(runOrlix(arguments).out);
         for (std::string line; std::getline(lines, line);) {
             EXPECT_LE(line.size(), 100U) << line;
