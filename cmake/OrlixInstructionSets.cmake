@@ -5,6 +5,9 @@ set(ORLIX_FLAGS_sse2 -msse2)
 set(ORLIX_FLAGS_avx -mavx)
 set(ORLIX_FLAGS_avx2 -mavx2)
 set(ORLIX_FLAGS_avx512 -mavx512f -mavx512bw -mavx512dq -mavx512vl -mprefer-vector-width=512)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+    list(APPEND ORLIX_FLAGS_avx512 -Wno-maybe-uninitialized) # GCC 12 finds it in its own intrinsics
+endif()
 
 # Gives every file named <name>_<set>.cpp the flags of its set.
 function(orlix_set_kernel_flags)

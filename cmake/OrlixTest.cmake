@@ -12,8 +12,8 @@ set(ORLIX_TEST_SKIPPED 77) # exit status of a test program that can't run here
 # orlix_add_tests(<library or program> [DATA] [FRAME] [PER_SET] [LIBS <further targets>])
 # DATA tells the program where sample images are, as ORLIX_TEST_DATA_DIR. FRAME gives it the main of tests/support, which
 # takes the instruction set and the executor from the environment; it is for layers from ORLIXBaseProcessing on. PER_SET,
-# which needs FRAME, runs the program once more for every instruction set, with that set forced. A library whose folder
-# holds no tests has no program.
+# which needs FRAME, runs the program once more for every instruction set, with that set forced; so it does, when asked,
+# with the tests named *LongTest.DISABLED_*, which take minutes. A library whose folder holds no tests has no program.
 function(orlix_add_tests library)
     cmake_parse_arguments(ARG "DATA;FRAME;PER_SET" "" "LIBS" ${ARGN})
     set(program "${library}Tests")
@@ -23,6 +23,12 @@ function(orlix_add_tests library)
         return()
     endif()
     orlix_set_kernel_flags(${sources})
+    foreach(source IN LISTS sources)
+        if(source MATCHES "LongTest\\.cpp$") # worth its optimisation, unlike the others
+            set_source_files_properties("${source}" PROPERTIES
+                COMPILE_OPTIONS "$<$<CONFIG:Release>:-O3>" SKIP_PRECOMPILE_HEADERS ON)
+        endif()
+    endforeach()
     set(main GTest::gtest_main)
     if(ARG_FRAME)
         list(APPEND sources "${PROJECT_SOURCE_DIR}/tests/support/main.cpp")
@@ -52,6 +58,11 @@ function(orlix_add_tests library)
             add_test(NAME ${library}.${set} COMMAND ${program})
             set_property(TEST ${library}.${set} APPEND PROPERTY ENVIRONMENT "ORLIX_TEST_INSTRUCTION_SET=${set}")
             list(APPEND tests ${library}.${set})
+            # Left out of every run but `ctest -C long`: disabled in the program, and known to that configuration alone.
+            add_test(NAME ${library}.${set}.long CONFIGURATIONS long
+                COMMAND ${program} --gtest_also_run_disabled_tests "--gtest_filter=*LongTest.*")
+            set_tests_properties(${library}.${set}.long PROPERTIES ENVIRONMENT "ORLIX_TEST_INSTRUCTION_SET=${set}"
+                SKIP_RETURN_CODE ${ORLIX_TEST_SKIPPED} LABELS long RUN_SERIAL TRUE TIMEOUT 3600)
         endforeach()
     endif()
     if(ORLIX_SANITIZE MATCHES "thread") # it can't see how oneTBB synchronises

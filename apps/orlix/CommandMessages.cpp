@@ -36,6 +36,11 @@ const std::vector<MessageText>& MessageCatalogue<eCommandMessage>::texts()
         {eCommandMessage::eNoMemory, "there is not enough memory; free some or work on a smaller image"},
         {eCommandMessage::eUnknownFailure, "an unknown exception ended the work; please report it"},
         {eCommandMessage::eInterrupted, "interrupted"},
+        {eCommandMessage::eNotComparable,
+         "%s is %s, %s is %s: only images of the same sizes and element type can be compared; `orlix convert` changes "
+         "the type"},
+        {eCommandMessage::ePictureNotPng,
+         "--picture: the picture is a PNG file, but its name is %s: let it end in .png"},
         {eCommandMessage::eTypeNotHeld, "%s: PNG files hold %s, but the image is %s: let `orlix convert` change the "
                                         "type, or let the name end in .tif"},
         {eCommandMessage::eBadOption, "expected %s, found \"%s\""},

@@ -27,6 +27,8 @@ struct eCommandMessage
         eNoMemory = 7,
         eUnknownFailure = 8,
         eInterrupted = 9,
+        eNotComparable = 10,      ///< file, geometry, file, geometry
+        ePictureNotPng = 11,      ///< file
         eTypeNotHeld = 12,        ///< output file, types that its format can hold, geometry
         eBadOption = 13,          ///< kind of value, what was given
         eUnknownProcessor = 14,   ///< what was given, "near it are ...; " or nothing

@@ -201,6 +201,36 @@ TEST(DynamicDispatcher, NoLinesMeanNoElements)
     }
 }
 
+TEST(DynamicDispatcher, LinesWithNothingInThemMeanNoElements)
+{
+    DynamicDispatcher dispatcher;
+    EXPECT_EQ(failureOf(dispatcher.init(BasePriority(), lines(7, 100, 1), lines<InMoreLines>(7, 0, 1))), "no failure");
+    EXPECT_EQ(dispatcher.getNbElements(), 0u);
+    EXPECT_EQ(failureOf(dispatcher.init(BasePriority(), lines(1UL << 60, 0, 1))), "no failure");
+    EXPECT_EQ(dispatcher.getNbElements(), 0u);
+    EXPECT_FALSE(dispatcher.init(BasePriority(), lines(7, 100, 1), lines<InMoreLines>(8, 0, 1)).getValue())
+        << "their number has to be that of the others all the same";
+}
+
+TEST(DynamicDispatcher, NoRangeIsLargerThanASplitAllows)
+{
+    const auto linesPerElement = [](unsigned long multiple, unsigned long maxLines) {
+        DynamicDispatcher dispatcher;
+        EXPECT_EQ(failureOf(dispatcher.init(BasePriority(),
+                                            boost::make_shared<LineSplit<InLines>>(
+                                                RangeDemand{true, 1000, 1, multiple, maxLines}),
+                                            lines<InMoreLines>(1000, 1, 1))),
+                  "no failure");
+        return dispatcher.getLinesPerElement();
+    };
+    EXPECT_EQ(linesPerElement(1, ~0UL), 1000u);
+    EXPECT_EQ(linesPerElement(1, 10), 10u);
+    EXPECT_EQ(linesPerElement(4, 10), 8u);
+    EXPECT_EQ(linesPerElement(4, 4), 4u);
+    EXPECT_EQ(linesPerElement(16, 10), 16u) << "one multiple at least";
+    EXPECT_EQ(linesPerElement(1, 0), 1u);
+}
+
 TEST(DynamicDispatcher, TheHighestStripThereIsTakesAllLines)
 {
     ProcessorDispatchPolicy policy;

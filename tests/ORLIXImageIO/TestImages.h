@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ORLIXIPL/ORLIXImage/ImageFactory.h"
+#include "support/SameImages.h"
 
 #include <gtest/gtest.h>
 
@@ -82,30 +83,10 @@ inline ImagePtr filledImage(const BaseImageGeometry& geometry, std::uint64_t see
     return image;
 }
 
-inline ::testing::AssertionResult haveSamePixels(const BaseImage& expected, const BaseImage& found)
-{
-    if (expected.getGeometry().toString() != found.getGeometry().toString()) {
-        return ::testing::AssertionFailure()
-               << "expected " << expected.getGeometry().toString() << ", found " << found.getGeometry().toString();
-    }
-    unsigned long differing = 0;
-    std::string first;
-    forEachPixel(expected, [&](const Position& p) {
-        const double a = valueAt(expected, p), b = valueAt(found, p);
-        if (a != b && !(std::isnan(a) && std::isnan(b)) && differing++ == 0) {
-            first = "(" + std::to_string(p.x) + ", " + std::to_string(p.y) + ", " + std::to_string(p.z) + ", " +
-                    std::to_string(p.c) + ", " + std::to_string(p.t) + "): expected " + std::to_string(a) + ", found " +
-                    std::to_string(b);
-        }
-    });
-    return differing == 0 ? ::testing::AssertionSuccess()
-                          : ::testing::AssertionFailure() << differing << " pixels differ, first at " << first;
-}
-
 /// Sizes, types, kinds of axes, calibration and pixels.
 inline ::testing::AssertionResult areSame(const BaseImage& expected, const BaseImage& found)
 {
-    if (const auto pixels = haveSamePixels(expected, found); !pixels) {
+    if (const auto pixels = orlix::testing::sameImages(expected, found); !pixels) {
         return pixels;
     }
     if (expected.getGeometry().getVolumeGeometry() != found.getGeometry().getVolumeGeometry()) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ORLIX/ORLIXBaseProcessing/Scaffold.h"
+#include "ORLIXIPL/ORLIXImageProcessing/BufferTypeAttribute.h"
 #include "ORLIXIPL/ORLIXImageProcessing/StripAttributes.h"
 
 namespace orlix::imaproc::test {
@@ -44,6 +45,12 @@ struct OutStrip final : processor::NamedAttribute<OutStrip, BaseOutputYStrip2dAt
 {
     static constexpr const char* g_name = "OutStrip";
     static constexpr const char* g_toolTip = "A strip that comes out";
+};
+
+struct InKind final : processor::NamedAttribute<InKind, BufferTypeAttribute>
+{
+    static constexpr const char* g_name = "InKind";
+    static constexpr const char* g_toolTip = "An element type";
 };
 
 struct PictureLibrary

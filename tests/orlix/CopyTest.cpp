@@ -20,7 +20,7 @@ namespace {
 using image::eImageBufferType;
 using NameSet = std::set<std::string>;
 
-class CopyTest : public testing::Test
+class CopyTest : public ::testing::Test
 {
 protected:
     /// Writes `in.tif`, copies it to `target` and returns what came of it.
@@ -44,7 +44,7 @@ TEST_F(CopyTest, KeepsElementsOfEveryType)
 {
     for (const eImageBufferType type : image::g_allBufferTypes) {
         const ImagePtr image = makeNoise(*image::geometry5d(type, 67, 33, 3, 2, 2));
-        EXPECT_TRUE(areSame(*copy(image, "out.tif"), *image)) << image::getBufferTypeName(type);
+        EXPECT_TRUE(orlix::testing::sameImages(*copy(image, "out.tif"), *image)) << image::getBufferTypeName(type);
     }
 }
 
@@ -86,11 +86,11 @@ TEST_F(CopyTest, ConvertsBetweenFileFormats)
                                          {eImageBufferType::UInt16, 4UL},
                                          {eImageBufferType::eBufferBinary, 1UL}}) {
         const ImagePtr image = makeNoise(*image::geometry5d(type, 45, 31, 1, channels, 1));
-        EXPECT_TRUE(areSame(*copy(image, "out.png"), *image));
+        EXPECT_TRUE(orlix::testing::sameImages(*copy(image, "out.png"), *image));
         std::filesystem::remove(m_folder / "in.tif");
         const ProgramResult back = runOrlix({"copy", m_folder / "out.png", m_folder / "back.tif"});
         EXPECT_EQ(back.exitCode, 0) << back.err;
-        EXPECT_TRUE(areSame(*image::io::readImage(m_folder / "back.tif"), *image));
+        EXPECT_TRUE(orlix::testing::sameImages(*image::io::readImage(m_folder / "back.tif"), *image));
         std::filesystem::remove(m_folder / "back.tif");
     }
 }
@@ -108,7 +108,7 @@ TEST_F(CopyTest, OptionsShapeTheTiffFile)
 {
     const ImagePtr image = makeNoise(*image::geometry5d(eImageBufferType::UInt8, 100, 90, 1, 3, 1));
     const auto check = [&](const std::vector<std::string>& options) {
-        EXPECT_TRUE(areSame(*copy(image, "out.tif", options), *image));
+        EXPECT_TRUE(orlix::testing::sameImages(*copy(image, "out.tif", options), *image));
         return image::io::readImageInfo(m_folder / "out.tif");
     };
     EXPECT_EQ(check({}).pages, 1UL);
@@ -151,7 +151,7 @@ TEST_F(CopyTest, OutputMayBeTheInput)
     const ProgramResult result =
         runOrlix({"copy", m_folder / "in.tif", m_folder / "in.tif", "--compression", "deflate"});
     EXPECT_EQ(result.exitCode, 0) << result.err;
-    EXPECT_TRUE(areSame(*image::io::readImage(m_folder / "in.tif"), *image));
+    EXPECT_TRUE(orlix::testing::sameImages(*image::io::readImage(m_folder / "in.tif"), *image));
     EXPECT_EQ(m_folder.getNames(), NameSet{"in.tif"});
 }
 

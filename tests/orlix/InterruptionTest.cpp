@@ -41,7 +41,7 @@ bool waitForTemporaryFile(const TemporaryFolder& folder)
     return false;
 }
 
-class InterruptedWriteTest : public testing::TestWithParam<int>
+class InterruptedWriteTest : public ::testing::TestWithParam<int>
 {};
 
 TEST_P(InterruptedWriteTest, LeavesNothing)
@@ -60,7 +60,7 @@ TEST_P(InterruptedWriteTest, LeavesNothing)
     EXPECT_EQ(folder.getNames(), (NameSet{"in.tif", "out.tif"}));
 }
 
-INSTANTIATE_TEST_SUITE_P(Signals, InterruptedWriteTest, testing::Values(SIGINT, SIGTERM, SIGHUP));
+INSTANTIATE_TEST_SUITE_P(Signals, InterruptedWriteTest, ::testing::Values(SIGINT, SIGTERM, SIGHUP));
 
 TEST(InterruptionTest, CtrlCEndsReading)
 {
@@ -106,7 +106,7 @@ TEST(InterruptionTest, EndsAtOnceWhereNothingIsToTidyUp)
             std::raise(SIGTERM);
             std::_Exit(1);
         },
-        testing::ExitedWithCode(130), "^the line\n$");
+        ::testing::ExitedWithCode(130), "^the line\n$");
 }
 
 /// Interrupts before the tenth element that it runs, and remembers how many elements were asked for.
@@ -162,7 +162,7 @@ int interruptCopy()
 TEST(InterruptionTest, EndsACopyAtTheNextStrip)
 {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
-    EXPECT_EXIT(std::_Exit(interruptCopy()), testing::ExitedWithCode(0), "^$");
+    EXPECT_EXIT(std::_Exit(interruptCopy()), ::testing::ExitedWithCode(0), "^$");
 }
 
 } // namespace

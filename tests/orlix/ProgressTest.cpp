@@ -8,7 +8,7 @@
 namespace orlix::test {
 namespace {
 
-class ProgressTest : public testing::Test
+class ProgressTest : public ::testing::Test
 {
 protected:
     ProgressTest()

@@ -50,30 +50,6 @@ inline void fillRandom(image::BaseImage& image, unsigned long seed)
     });
 }
 
-/// Same sizes, types and bytes; else the first difference and the number of bytes that differ.
-inline ::testing::AssertionResult sameElements(const image::BaseImage& left, const image::BaseImage& right)
-{
-    const image::BaseImageGeometry& geometry = left.getGeometry();
-    if (!geometry.hasSameSizes(right.getGeometry()) || !geometry.hasSameBufferTypes(right.getGeometry())) {
-        return ::testing::AssertionFailure() << geometry.toString() << " against " << right.getGeometry().toString();
-    }
-    const std::vector<std::byte> one = bytesOf(left);
-    const std::vector<std::byte> other = bytesOf(right);
-    unsigned long nbDifferent = 0;
-    unsigned long first = 0;
-    for (unsigned long i = one.size(); i-- > 0;) {
-        if (one[i] != other[i]) {
-            ++nbDifferent;
-            first = i;
-        }
-    }
-    if (nbDifferent == 0) {
-        return ::testing::AssertionSuccess();
-    }
-    return ::testing::AssertionFailure() << geometry.toString() << ": " << nbDifferent << " of " << one.size()
-                                         << " bytes differ, the first is byte " << first;
-}
-
 /// How an image lies in memory of the caller's.
 struct WrapForm
 {

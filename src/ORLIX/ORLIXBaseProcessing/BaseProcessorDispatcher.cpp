@@ -138,7 +138,9 @@ BaseDynamicProcessorDispatcher::initBase(const core::BasePriority&,
     }
     unsigned long widest = 1;
     unsigned long multiple = 1;
+    unsigned long maxLines = ~0UL;
     unsigned long lineCost = 0;
+    bool bEmptyLines = false;
     ProcessingResult<bool> result = readCommonCount(
         *this, m_splits,
         [&](const BaseDynamicSplit& split, unsigned long& count) {
@@ -149,12 +151,20 @@ BaseDynamicProcessorDispatcher::initBase(const core::BasePriority&,
             count = demand.nbLines;
             widest = std::max(widest, demand.lineBytes);
             multiple = demand.lineMultiple == multiple ? multiple : std::lcm(multiple, demand.lineMultiple);
+            maxLines = std::min(maxLines, demand.maxLines);
             lineCost += demand.lineBytes;
+            bEmptyLines = bEmptyLines || demand.lineBytes == 0;
             return true;
         },
         m_nbLines);
+    if (bEmptyLines) {
+        m_nbLines = 0;
+    }
     const unsigned long wanted = std::max(1UL, std::min(m_nbLines, m_policy.getStripBytes() / widest));
     m_linesPerElement = (wanted + multiple - 1) / multiple * multiple;
+    if (m_linesPerElement > maxLines) {
+        m_linesPerElement = std::max(1UL, maxLines / multiple) * multiple;
+    }
     const unsigned long nbElements = m_nbLines / m_linesPerElement + (m_nbLines % m_linesPerElement != 0);
     setSize(nbElements, lineCost * m_nbLines);
     return result;

@@ -8,6 +8,7 @@ template class NamedAttribute<imaproc::attr::OutImg, imaproc::BaseOutputImageAtt
 template class NamedAttribute<imaproc::attr::InSubImg2d, imaproc::BaseInputImageAttribute>;
 template class NamedAttribute<imaproc::attr::InYStrip2d, imaproc::BaseInputYStrip2dAttribute>;
 template class NamedAttribute<imaproc::attr::OutYStrip2d, imaproc::BaseOutputYStrip2dAttribute>;
+template class NamedAttribute<imaproc::attr::InConvertImageBufferType, IPEnumAttribute<image::eImageBufferType>>;
 
 template class NamedAttribute<imaproc::attr::InImg1, imaproc::BaseInputImageAttribute>;
 template class NamedAttribute<imaproc::attr::InImg2, imaproc::BaseInputImageAttribute>;

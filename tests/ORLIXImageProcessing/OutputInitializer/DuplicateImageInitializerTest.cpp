@@ -81,6 +81,31 @@ TEST(DuplicateInOut, ATypeThatTheOutputFixesComesFirst)
     EXPECT_TRUE(made.getGeometry().hasUniformBufferType());
 }
 
+TEST(DuplicateInOut, ATypeThatIsAskedForStandsForTheInputs)
+{
+    const auto in = boost::make_shared<InPicture>();
+    auto kind = boost::make_shared<InKind>();
+    const auto out = boost::make_shared<OutPicture>();
+    const auto initializer = duplicateInOut<InPicture, OutPicture>(out, in, kind);
+    const auto mask = boost::make_shared<OutMask>();
+    const auto maskInitializer = duplicateInOut<InPicture, OutMask>(mask, in, kind);
+    const auto make = [&](const image::BaseImageGeometry& geometry, const eImageBufferType& type) {
+        in->init(createImage(geometry));
+        kind->init(type);
+        out->clear();
+        EXPECT_EQ(failureOf(initializer->initOutput()), "no failure");
+        return out->getImage().getGeometry().toString();
+    };
+    EXPECT_EQ(make(*geometry5d(eImageBufferType::UInt8, 3, 2, 4, 3, 2), eImageBufferType::Real32), "3x2x4x3x2 Real32");
+    EXPECT_EQ(make(*geometry5d(eImageBufferType::UInt8, 3, 2, 4, 3, 2), eImageBufferType::UInt8), "3x2x4x3x2 UInt8");
+    EXPECT_EQ(
+        make(mixedGeometry({eImageBufferType::UInt8, eImageBufferType::Real32}, 5, 4, 3), eImageBufferType::Int16),
+        "5x4x3x1x2 Int16");
+    EXPECT_TRUE(out->getImage().getGeometry().hasUniformBufferType());
+    EXPECT_EQ(failureOf(maskInitializer->initOutput()), "no failure");
+    EXPECT_EQ(mask->getImage().getGeometry().toString(), "5x4x3x1x2 Binary") << "what the output fixes comes first";
+}
+
 TEST(DuplicateInOut, KeepsTheCalibration)
 {
     Fixture<OutPicture> fixture;

@@ -26,12 +26,6 @@ constexpr auto g_uint16 = eImageBufferType::UInt16;
 const std::string g_gone =
     "An attribute of the rule no longer exists: keep the processor that the rule was made for";
 
-struct InKind final : processor::NamedAttribute<InKind, BufferTypeAttribute>
-{
-    static constexpr const char* g_name = "InKind";
-    static constexpr const char* g_toolTip = "An element type";
-};
-
 template <class TValue>
 struct InValue final : processor::NamedAttribute<InValue<TValue>, processor::BaseValueAttribute<TValue>>
 {
@@ -121,6 +115,48 @@ TEST(MatchSizeAndType, OfStripsLooksAtLinesAndType)
     EXPECT_EQ(against(wide, 2, 6), "The strip of OutStrip is 9x6 UInt8" + rest);
     EXPECT_EQ(against(narrow, 2, 5), "The strip of OutStrip is 8x5 UInt8" + rest);
     EXPECT_EQ(against(deep, 2, 5), "The strip of OutStrip is 9x5 UInt16" + rest);
+}
+
+TEST(MatchSize, LooksAtNoType)
+{
+    Pictures pictures;
+    const processor::RulePtr rule = matchSize(pictures.in, pictures.out);
+    EXPECT_EQ(failureOf(rule->check()), "InPicture holds no image: set it before the run");
+    for (const eImageBufferType type : image::g_allBufferTypes) {
+        pictures.set(*geometry5d(g_uint16, 5, 4, 3, 2, 2), *geometry5d(type, 5, 4, 3, 2, 2));
+        EXPECT_EQ(failureOf(rule->check()), "no failure");
+    }
+    const auto same = geometry5d(g_uint8, 5, 4, 3, 2, 2);
+    for (const auto& other :
+         {geometry5d(g_uint8, 6, 4, 3, 2, 2), geometry5d(g_uint8, 5, 5, 3, 2, 2), geometry5d(g_uint8, 5, 4, 4, 2, 2),
+          geometry5d(g_uint8, 5, 4, 3, 3, 2), geometry5d(g_uint16, 5, 4, 3, 2, 3)}) {
+        pictures.set(*same, *other);
+        EXPECT_EQ(failureOf(rule->check()), "OutPicture is " + other->toString() + ", InPicture is " +
+                                                same->toString() + ": sizes have to be the same");
+    }
+    pictures.out.reset();
+    EXPECT_EQ(failureOf(rule->check()), g_gone);
+}
+
+TEST(MatchSize, OfStripsLooksAtLines)
+{
+    const auto in = boost::make_shared<InStrip>();
+    const auto out = boost::make_shared<OutStrip>();
+    const processor::RulePtr rule = matchSize(in, out);
+    EXPECT_EQ(failureOf(rule->check()), "InStrip holds no image: set it before the run");
+    const ImagePtr wide = createImage(*geometry2d(g_uint8, 9, 20));
+    const ImagePtr narrow = createImage(*geometry2d(g_uint8, 8, 20));
+    const ImagePtr deep = createImage(*geometry2d(g_uint16, 9, 30));
+    in->init(boost::make_shared<image::InputImageYStrip2d>(*wide, 2, 5));
+    const auto against = [&](const ImagePtr& image, unsigned long start, unsigned long size) {
+        out->init(boost::make_shared<image::OutputImageYStrip2d>(*image, start, size));
+        return failureOf(rule->check());
+    };
+    EXPECT_EQ(against(wide, 0, 5), "no failure");
+    EXPECT_EQ(against(deep, 7, 5), "no failure");
+    const std::string rest = ", that of InStrip is 9x5: sizes have to be the same";
+    EXPECT_EQ(against(wide, 2, 6), "The strip of OutStrip is 9x6" + rest);
+    EXPECT_EQ(against(narrow, 2, 5), "The strip of OutStrip is 8x5" + rest);
 }
 
 TEST(InSituRules, CompareThePixels)

@@ -100,13 +100,17 @@ TEST(LevelDispatch, AFailureInSplitsEndsTheRunWithTheirMessage)
 
 TEST(LevelDispatch, SourcesSayWhetherASplitIsLocalized)
 {
-    const ImagePtr volume = makeImage(1);
+    const ImagePtr volume = makeImage(3);
     const ImagePtr plan = createImage(*image::geometry2d(eImageBufferType::UInt8, 5, 4));
     SubImageSplit<PlanLevel, OutPicture> planSplit;
+    SubImageSplit<PlanLevel, OutPicture> volumeSplit;
     OutStripSplit stripSplit;
     for (const bool bLocalized : {false, true, false}) {
         EXPECT_EQ(failureOf(planByPlan(volume, bLocalized).init(planSplit)), "no failure");
         EXPECT_EQ(planSplit.isDataLocalized(), bLocalized);
+        EXPECT_EQ(failureOf(volumeByVolume(volume, bLocalized).init(volumeSplit)), "no failure");
+        EXPECT_EQ(volumeSplit.isDataLocalized(), bLocalized);
+        EXPECT_EQ(volumeSplit.getElementDemand().nbElements, 4u);
         EXPECT_EQ(failureOf(stripByStrip(plan, bLocalized).init(stripSplit)), "no failure");
         EXPECT_EQ(stripSplit.isDataLocalized(), bLocalized);
     }

@@ -5,10 +5,9 @@
 #include "ORLIXIPL/ORLIXImageIO/ImageFileInfo.h"
 #include "ORLIXIPL/ORLIXImageIO/ReadImage.h"
 #include "ORLIXIPL/ORLIXImageIO/WriteImage.h"
+#include "support/SameImages.h"
 
 #include <cstring>
-#include <string>
-#include <vector>
 
 namespace orlix::test {
 
@@ -35,29 +34,6 @@ inline ImagePtr makeNoise(const image::BaseImageGeometry& geometry)
         }
     }
     return image;
-}
-
-/// The elements of an image, row after row, x fastest and t slowest.
-inline std::string elementsOf(const image::BaseImage& image)
-{
-    const unsigned long rowBytes = image.getSizeX() * image::elementSize(image.getBufferType());
-    std::string elements;
-    for (unsigned long t = 0; t < image.getSizeT(); ++t) {
-        for (unsigned long c = 0; c < image.getSizeC(); ++c) {
-            for (unsigned long z = 0; z < image.getSizeZ(); ++z) {
-                for (unsigned long y = 0; y < image.getSizeY(); ++y) {
-                    elements.append(reinterpret_cast<const char*>(image.accessRow(y, z, c, t)), rowBytes);
-                }
-            }
-        }
-    }
-    return elements;
-}
-
-/// Same sizes, type and elements.
-inline bool areSame(const image::BaseImage& first, const image::BaseImage& second)
-{
-    return first.getGeometry().toString() == second.getGeometry().toString() && elementsOf(first) == elementsOf(second);
 }
 
 } // namespace orlix::test

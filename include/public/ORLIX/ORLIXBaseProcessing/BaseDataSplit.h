@@ -21,7 +21,13 @@ struct eSplitStaticType
 };
 struct eSplitDynamicType
 {
-    enum domain { eDynamicNoSplit = 0, eImageStripSplit = 1, eDynamicByCreationResultSplit = 2 };
+    enum domain {
+        eDynamicNoSplit = 0,
+        eImageStripSplit = 1,
+        eDynamicByCreationResultSplit = 2,
+        eDynamicByRangeDataSplit = 3,
+        eImageTileCollSplit = 4
+    };
     ORLIX_ENUMERATION(eSplitDynamicType, eDynamicNoSplit);
 };
 
@@ -45,6 +51,10 @@ public:
 
     /// Lets go of the data of the run that has ended.
     virtual void clear() = 0;
+
+protected:
+    /// Throws ORLIXBaseProcessingException: the split was given a null pointer where it needs data.
+    [[noreturn]] void throwNullInputSharedPtr() const;
 
 private:
     bool m_bLocalized = true;
@@ -76,8 +86,9 @@ struct RangeDemand
 {
     bool bHasLines;             ///< false for a split that gives every range the same and asks for nothing
     unsigned long nbLines;      ///< lines to be given out in all
-    unsigned long lineBytes;    ///< of one line
+    unsigned long lineBytes;    ///< of one line; 0 means that there is nothing in them, and then no range is given out
     unsigned long lineMultiple; ///< every range but the last holds a multiple of so many lines; at least 1
+    unsigned long maxLines = ~0UL; ///< no range holds more, unless one multiple does
 };
 
 /// Gives out ranges of lines that the dispatcher decides, the same for all of its splits.

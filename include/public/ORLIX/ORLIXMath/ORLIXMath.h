@@ -5,3 +5,4 @@
 #include "ORLIX/ORLIXMath/Simd/Pack.h"
 #include "ORLIX/ORLIXMath/Simd/Register.h"
 #include "ORLIX/ORLIXMath/Simd/StreamFence.h"
+#include "ORLIX/ORLIXMath/Truncate.h"

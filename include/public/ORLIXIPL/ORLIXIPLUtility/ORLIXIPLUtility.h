@@ -7,4 +7,5 @@
 #include "ORLIXIPL/ORLIXIPLUtility/Logger/ProcessorLogMessages.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Logger/RuleLogMessages.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/CompareImg/CompareImg.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Processor/ConvertImg/ConvertImg.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/CopyImg/CopyImg.h"

@@ -9,7 +9,7 @@ namespace orlix::imaproc {
 
 struct eImageProcessingAttributeType
 {
-    enum domain { eImageAttribute = 4, eStripAttribute = 5 };
+    enum domain { eImageAttribute = 4, eStripAttribute = 5, eTileCollAttribute = 6 };
     ORLIX_ENUMERATION(eImageProcessingAttributeType, eImageAttribute);
 };
 

@@ -1,4 +1,4 @@
-// Attributes that carry strips.
+// Attributes that carry strips of plans.
 #pragma once
 
 #include "ORLIXIPL/ORLIXImage/ImageYStrip2d.h"
@@ -18,18 +18,19 @@ public:
     virtual image::eImageBufferType getImageBufferType() const = 0;
 };
 
-class ORLIXIMAGEPROCESSING_API BaseYStrip2dAttribute : public BaseStripAttribute
+/// What attributes of one kind of strip have in common.
+template <class TBaseStrip>
+class BaseHeldStripAttribute : public BaseStripAttribute
 {
 public:
     image::eImageBufferType getImageBufferType() const override
     {
         return m_baseStrip == nullptr ? image::eImageBufferType() : m_baseStrip->getImageBufferType();
     }
-    /// For attributes that hold a strip.
-    const image::BaseImageYStrip2d& getBaseImageYStrip2d() const { return *m_baseStrip; }
 
 protected:
-    void hold(const image::BaseImageYStrip2d* strip)
+    const TBaseStrip& getBaseStrip() const { return *m_baseStrip; }
+    void hold(const TBaseStrip* strip)
     {
         m_baseStrip = strip;
         markSet(strip == nullptr);
@@ -41,12 +42,19 @@ protected:
     }
 
 private:
-    const image::BaseImageYStrip2d* m_baseStrip = nullptr; ///< the strip that the derived class keeps alive
+    const TBaseStrip* m_baseStrip = nullptr; ///< the strip that the derived class keeps alive
 };
 
-/// What input and output strip attributes have in common.
-template <class TStrip, bool bOutput>
-class BaseTYStrip2dAttribute : public BaseYStrip2dAttribute
+class ORLIXIMAGEPROCESSING_API BaseYStrip2dAttribute : public BaseHeldStripAttribute<image::BaseImageYStrip2d>
+{
+public:
+    /// For attributes that hold a strip.
+    const image::BaseImageYStrip2d& getBaseImageYStrip2d() const { return getBaseStrip(); }
+};
+
+/// What input and output attributes over `TBase` have in common.
+template <class TBase, class TStrip, bool bOutput>
+class BaseTStripAttribute : public TBase
 {
 public:
     using StripType = TStrip;
@@ -54,21 +62,22 @@ public:
     static constexpr bool g_bOutput = bOutput;
 
     bool isOutput() const override { return bOutput; }
-    void clear() override { m_strip.reset(), letGo(); }
+    void clear() override { m_strip.reset(), this->letGo(); }
 
-    void init(const StorageType& strip) { m_strip = strip, hold(m_strip.get()); }
-    void init(StorageType&& strip) { m_strip = std::move(strip), hold(m_strip.get()); }
+    void init(const StorageType& strip) { m_strip = strip, this->hold(m_strip.get()); }
+    void init(StorageType&& strip) { m_strip = std::move(strip), this->hold(m_strip.get()); }
     const StorageType& getStorage() const { return m_strip; }
 
 private:
     StorageType m_strip;
 };
 
-class ORLIXIMAGEPROCESSING_API BaseInputYStrip2dAttribute : public BaseTYStrip2dAttribute<image::InputImageYStrip2d, false>
+class ORLIXIMAGEPROCESSING_API BaseInputYStrip2dAttribute
+    : public BaseTStripAttribute<BaseYStrip2dAttribute, image::InputImageYStrip2d, false>
 {};
 
 class ORLIXIMAGEPROCESSING_API BaseOutputYStrip2dAttribute
-    : public BaseTYStrip2dAttribute<image::OutputImageYStrip2d, true>
+    : public BaseTStripAttribute<BaseYStrip2dAttribute, image::OutputImageYStrip2d, true>
 {};
 
 } // namespace orlix::imaproc

@@ -32,6 +32,7 @@ const std::vector<MessageText>& MessageCatalogue<processor::eProcessorMessage>::
         {Message::eUnknownProcessor, "Processor %s is unknown to the factory: check the name and load the library that it is in"},
         {Message::eUnknownAttribute, "%s has no attribute %s"},
         {Message::eProcessorRegisteredTwice, "Processor %s is registered with the factory already: give each processor a name of its own"},
+        {Message::eNullSplitInput, "The split for attribute %s was given a null pointer: give it data that exists"},
         {Message::eProcessorNotInitialised, "Processor %s has not been initialised: call init before its attributes are used"}};
     return g_texts;
 }

@@ -27,7 +27,15 @@ const std::vector<MessageText>& MessageCatalogue<eORLIXBaseImageToolsMessage>::t
         {eORLIXBaseImageToolsMessage::eVolumeOutOfRange,
          "There is no volume (c=%d, t=%d) in an image of %s: give indices below its sizes"},
         {eORLIXBaseImageToolsMessage::eStepsOutOfRange,
-         "An image of %s does not have %d time steps from step %d on: give a range within its time steps"}};
+         "An image of %s does not have %d time steps from step %d on: give a range within its time steps"},
+        {eORLIXBaseImageToolsMessage::eNoPixels, "An image of %s has no pixels to take a tile from: give one that has"},
+        {eORLIXBaseImageToolsMessage::eTileTooLarge, "A tile of %dx%dx%d pixels is too large to exist: ask for less"},
+        {eORLIXBaseImageToolsMessage::eNotOnePlan,
+         "2d tiles are taken from one plan, but the image is %s: cut it into plans first"},
+        {eORLIXBaseImageToolsMessage::eNotOneVolume,
+         "3d tiles are taken from one volume, but the image is %s: cut it into volumes first"},
+        {eORLIXBaseImageToolsMessage::eNoSuchTile, "There is no tile %d in a collection of %d"},
+        {eORLIXBaseImageToolsMessage::eTileNotTaken, "%s"}};
     return g_texts;
 }
 

@@ -22,13 +22,16 @@ const std::vector<MessageText>& MessageCatalogue<imaproc::eImageRuleMessage>::te
     using Message = imaproc::eImageRuleMessage;
     static const std::vector<MessageText> g_texts = {
         {Message::eSizeOrTypeDiffers, "%s is %s, %s is %s: sizes and element types have to be the same"},
-        {Message::eStripSizeOrTypeDiffers, "The strip of %s is %s %s, that of %s is %s %s: sizes and element types have to be the same"},
+        {Message::eStripSizeOrTypeDiffers,
+         "The strip of %s is %s %s, that of %s is %s %s: sizes and element types have to be the same"},
         {Message::eNotInSitu, "%s and %s have to hold the same image"},
         {Message::eInSitu, "%s and %s must not hold the same image: give two"},
         {Message::eWrongBufferType, "%s is %s, but has to be of element type %s, as %s tells"},
         {Message::eWrongImageType, "%s holds %s, but %s is required"},
         {Message::eOutOfRange, "%s is %s, but has to lie within the range of %s, the element type of %s: %s to %s"},
-        {Message::eNothingHeld, "%s holds no image: set it before the run"}};
+        {Message::eNothingHeld, "%s holds no image: set it before the run"},
+        {Message::eSizeDiffers, "%s is %s, %s is %s: sizes have to be the same"},
+        {Message::eStripSizeDiffers, "The strip of %s is %s, that of %s is %s: sizes have to be the same"}};
     return g_texts;
 }
 
@@ -53,7 +56,11 @@ const std::vector<MessageText>& MessageCatalogue<imaproc::eImageSplitMessage>::t
         {Message::eInputMissing, "The output image can't be made, since the input is not there: set the input before the run"},
         {Message::eNoCollection, "There is no collection to take the entries of plans from: set the attribute that holds it"},
         {Message::eTooManyPlans, "%d plans of %d channels at %d times are more than can be counted"},
-        {Message::ePlanLacksEntry, "%s has no entry for plan %d of channel %d at time %d: every plan needs one"}};
+        {Message::ePlanLacksEntry, "%s has no entry for plan %d of channel %d at time %d: every plan needs one"},
+        {Message::eSeveralVolumes, "A volume has one channel and one time step, but the image is %s: cut it into volumes first"},
+        {Message::eLinesOutside, "There are no %d lines from line %d on in %d lines: ask for lines within them"},
+        {Message::ePlansOutside, "There are no %d plans from plan %d on in %d plans: ask for plans within them"},
+        {Message::eRangeOutside, "There is no range of %d from %d on in %d: ask for one within them"}};
     return g_texts;
 }
 

@@ -27,6 +27,23 @@ void DuplicateImageInitializer<TInputAttribute, TOutputAttribute>::init(const im
 }
 
 template <class TInputAttribute, class TOutputAttribute>
+void DuplicateImageInitializer<TInputAttribute, TOutputAttribute>::init(
+    const processor::AttributeRef<const BufferTypeAttribute>& type)
+{
+    m_type = type;
+}
+
+/// The one type of all time steps, or none where they are the input's.
+template <class TInputAttribute, class TOutputAttribute>
+image::eImageBufferType
+DuplicateImageInitializer<TInputAttribute, TOutputAttribute>::getGivenType(const TOutputAttribute& output) const
+{
+    const image::eImageBufferType fixed = output.getFixedBufferType();
+    const BufferTypeAttribute* type = m_type.access();
+    return fixed == image::eImageBufferType::eNoBuffer && type != nullptr ? type->getValue() : fixed;
+}
+
+template <class TInputAttribute, class TOutputAttribute>
 bool DuplicateImageInitializer<TInputAttribute, TOutputAttribute>::isOutputInitNeeded() const
 {
     const TOutputAttribute* output = m_output.access();
@@ -43,16 +60,16 @@ ProcessingResult<bool> DuplicateImageInitializer<TInputAttribute, TOutputAttribu
     }
     const image::BaseImage& source = input->getImage();
     const image::BaseImageGeometry& own = source.getGeometry();
-    const image::eImageBufferType fixed = output->getFixedBufferType();
+    const image::eImageBufferType given = getGivenType(*output);
     const image::TemporalGeometry& temporal = choose(m_temporal, own.getTemporalGeometry());
     const image::ColorGeometry& color = choose(m_color, own.getColorGeometry());
     const image::VolumeGeometry& volume = choose(m_volume, own.getVolumeGeometry());
-    const bool bSameTypes = fixed == image::eImageBufferType::eNoBuffer;
+    const bool bSameTypes = given == image::eImageBufferType::eNoBuffer;
     const ImagePtr made =
         bSameTypes && !own.hasUniformBufferType()
             ? image::createImage({own.getBufferTypeVector(), own.getSizeX(), own.getSizeY(), volume, color, temporal})
-            : image::createImage({bSameTypes ? own.getBufferType() : fixed, own.getSizeX(), own.getSizeY(), volume,
-                                  color, temporal});
+            : image::createImage(
+                  {bSameTypes ? own.getBufferType() : given, own.getSizeX(), own.getSizeY(), volume, color, temporal});
     made->setGeometricCalibration(source.getGeometricCalibration());
     output->init(made);
     return true;

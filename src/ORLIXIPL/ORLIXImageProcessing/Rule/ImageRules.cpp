@@ -61,6 +61,11 @@ std::string stripSize(const image::BaseImageYStrip2d& strip)
     return std::to_string(strip.getSizeX()) + "x" + std::to_string(strip.getStripSizeY());
 }
 
+bool hasSameLines(const image::BaseImageYStrip2d& left, const image::BaseImageYStrip2d& right)
+{
+    return left.getSizeX() == right.getSizeX() && left.getStripSizeY() == right.getStripSizeY();
+}
+
 const char* kindName(const image::eImageType& type)
 {
     static constexpr const char* g_names[] = {"an image that owns its pixels", "an image over a caller's pixels",
@@ -109,6 +114,28 @@ private:
 
 namespace details {
 
+processor::RulePtr matchImageSize(const ImageAttributeRef& first, const ImageAttributeRef& second)
+{
+    return makePairRule(first, second, [](const BaseImageAttribute& one, const BaseImageAttribute& other) {
+        const image::BaseImageGeometry& left = one.getImage().getGeometry();
+        const image::BaseImageGeometry& right = other.getImage().getGeometry();
+        return left.hasSameSizes(right) ? ProcessingResult<bool>(true)
+                                        : failure(eImageRuleMessage::eSizeDiffers, other.getObjectName(),
+                                                  right.toString(), one.getObjectName(), left.toString());
+    });
+}
+
+processor::RulePtr matchStripSize(const StripAttributeRef& first, const StripAttributeRef& second)
+{
+    return makePairRule(first, second, [](const BaseYStrip2dAttribute& one, const BaseYStrip2dAttribute& other) {
+        const image::BaseImageYStrip2d& left = one.getBaseImageYStrip2d();
+        const image::BaseImageYStrip2d& right = other.getBaseImageYStrip2d();
+        return hasSameLines(left, right) ? ProcessingResult<bool>(true)
+                                         : failure(eImageRuleMessage::eStripSizeDiffers, other.getObjectName(),
+                                                   stripSize(right), one.getObjectName(), stripSize(left));
+    });
+}
+
 processor::RulePtr matchImageSizeAndType(const ImageAttributeRef& first, const ImageAttributeRef& second)
 {
     return makePairRule(first, second, [](const BaseImageAttribute& one, const BaseImageAttribute& other) {
@@ -126,8 +153,7 @@ processor::RulePtr matchStripSizeAndType(const StripAttributeRef& first, const S
     return makePairRule(first, second, [](const BaseYStrip2dAttribute& one, const BaseYStrip2dAttribute& other) {
         const image::BaseImageYStrip2d& left = one.getBaseImageYStrip2d();
         const image::BaseImageYStrip2d& right = other.getBaseImageYStrip2d();
-        const bool bSame = left.getSizeX() == right.getSizeX() && left.getStripSizeY() == right.getStripSizeY() &&
-                           left.getImageBufferType() == right.getImageBufferType();
+        const bool bSame = hasSameLines(left, right) && left.getImageBufferType() == right.getImageBufferType();
         return bSame ? ProcessingResult<bool>(true)
                      : failure(eImageRuleMessage::eStripSizeOrTypeDiffers, other.getObjectName(), stripSize(right),
                                image::getBufferTypeName(right.getImageBufferType()), one.getObjectName(),

@@ -4,25 +4,28 @@
 
 namespace orlix::imaproc {
 
-ProcessingResult<bool> BasePlanIndexedSplit::initBase(const boost::shared_ptr<BasePlanIndexedColl>& coll,
-                                                      unsigned long sizeZ, unsigned long sizeC, unsigned long sizeT,
-                                                      bool bMayLack)
+ProcessingResult<bool> BasePlanIndexedSplit::initPlans(const BasePlanIndexedColl* coll, unsigned long sizeZ,
+                                                       unsigned long sizeC, unsigned long sizeT, bool bMayLack)
 {
     m_nbPlans = 0;
-    if (!coll) {
+    if (coll == nullptr) {
         return ProcessingResult<bool>::failure(formatMessage<eImageSplitMessage>(eImageSplitMessage::eNoCollection));
     }
     unsigned long nbPlans = 0;
-    if (__builtin_mul_overflow(sizeZ, sizeC, &nbPlans) || __builtin_mul_overflow(nbPlans, sizeT, &nbPlans)) {
+    const bool bTooMany =
+        __builtin_mul_overflow(sizeZ, sizeC, &nbPlans) || __builtin_mul_overflow(nbPlans, sizeT, &nbPlans);
+    if (bTooMany && sizeT != 0) {
         return ProcessingResult<bool>::failure(
             formatMessage<eImageSplitMessage>(eImageSplitMessage::eTooManyPlans, sizeZ, sizeC, sizeT));
     }
-    m_coll = coll;
     m_sizeZ = sizeZ;
     m_sizeC = sizeC;
     m_bMayLack = bMayLack;
-    m_nbPlans = nbPlans;
-    for (unsigned long element = 0; !bMayLack && element < nbPlans; ++element) {
+    m_nbPlans = sizeT == 0 ? 0 : nbPlans;
+    // As many entries as plans, none of them outside: then no plan lacks one.
+    const bool bComplete = coll->size() == m_nbPlans && coll->getMaxSizeZ() <= sizeZ && coll->getMaxSizeC() <= sizeC &&
+                           coll->getMaxSizeT() <= sizeT;
+    for (unsigned long element = 0; !bMayLack && !bComplete && element < m_nbPlans; ++element) {
         PlanIndex index;
         static_cast<void>(getPlanIndex(element, index)); // it is one of the plans
         if (!coll->contains(index)) {

@@ -2,7 +2,9 @@
 #include "ORLIXIPL/ORLIXImage/ImageFactory.h"
 #include "ORLIXIPLUtility/Processor/CompareImg/CompareOracle.h"
 
+#include <cstdlib>
 #include <limits>
+#include <random>
 #include <vector>
 
 namespace orlix::imaproc::util::test {
@@ -92,6 +94,51 @@ TEST(CompareImgPairsTest, EveryPairOf8BitsInEveryMode)
         makeTolerances({0, 1, 1.9f, 127, 254, 255, -1, 65536, 65546, 3e9f, g_nan}, {0, 0.25f, 0.1f, 1, -0.5f, g_nan});
     checkAllPairs(eImageBufferType::Int8, allOf8Bits<signed char>(), tolerances);
     checkAllPairs(eImageBufferType::UInt8, allOf8Bits<unsigned char>(), tolerances);
+}
+
+/// Tolerances at, just below and just above what small integers can give as a quotient.
+TEST(CompareImgPairsTest, TolerancesNextToQuotientsOf8Bits)
+{
+    const ImagePtr first = image::createImage(*image::geometry2d(eImageBufferType::UInt8, 256, 256));
+    const ImagePtr second = image::createImage(*image::geometry2d(eImageBufferType::UInt8, 256, 256));
+    for (unsigned long pair = 0; pair < 65536; ++pair) {
+        image::planData<unsigned char>(*first, 0, 0, 0)[pair] = static_cast<unsigned char>(pair);
+        image::planData<unsigned char>(*second, 0, 0, 0)[pair] = static_cast<unsigned char>(pair / 256);
+    }
+    for (int magnitude = 1; magnitude < 256; magnitude += 14) {
+        for (int difference = 0; difference <= magnitude; difference += 1 + magnitude / 3) {
+            const float quotient = static_cast<float>(difference) / static_cast<float>(magnitude);
+            for (const float tolerance : {std::nextafter(quotient, -1.0f), quotient, std::nextafter(quotient, 2.0f)}) {
+                ASSERT_TRUE(comparesAsExpected(first, second, {2, 0, tolerance}));
+            }
+        }
+    }
+}
+
+/// Pairs whose quotient lies next to the tolerance, for tolerances of every size.
+template <class T>
+void checkQuotientsNextToTolerances(const eImageBufferType& type)
+{
+    std::mt19937 random(1);
+    const ImagePtr first = image::createImage(*image::geometry2d(type, 4096, 1));
+    const ImagePtr second = image::createImage(*image::geometry2d(type, 4096, 1));
+    for (int run = 0; run < 300; ++run) {
+        const float tolerance = std::ldexp(1 + static_cast<float>(random() % (1 << 23)) / (1 << 23), -(run % 18));
+        for (unsigned long x = 0; x < 4096; ++x) {
+            const long a = std::numeric_limits<T>::min() + static_cast<long>(random() % 65536);
+            const double apart = std::trunc(static_cast<double>(tolerance) * static_cast<double>(std::abs(a)));
+            const long b = a + (a < 0 ? 1 : -1) * (static_cast<long>(apart) + static_cast<long>(random() % 4) - 1);
+            image::planData<T>(*first, 0, 0, 0)[x] = static_cast<T>(a);
+            image::planData<T>(*second, 0, 0, 0)[x] = static_cast<T>(b);
+        }
+        ASSERT_TRUE(comparesAsExpected(first, second, {2, 0, tolerance}));
+    }
+}
+
+TEST(CompareImgPairsTest, QuotientsOf16BitsNextToTolerances)
+{
+    checkQuotientsNextToTolerances<short>(eImageBufferType::Int16);
+    checkQuotientsNextToTolerances<unsigned short>(eImageBufferType::UInt16);
 }
 
 TEST(CompareImgPairsTest, LimitsOf16Bits)

@@ -130,9 +130,9 @@ TEST(CompareImgTest, EmptyAxes)
 
 TEST(CompareImgTest, MemoryOfOthers)
 {
-    for (const testing::WrapForm& form : {testing::WrapForm{testing::GuardEdge::eEnd, 0, 0},
-                                          testing::WrapForm{testing::GuardEdge::eEnd, 3, 7},
-                                          testing::WrapForm{testing::GuardEdge::eBegin, 1, 0, 1, false}}) {
+    for (const testing::WrapForm& form :
+         {testing::WrapForm{testing::GuardEdge::eEnd, 0, 0}, testing::WrapForm{testing::GuardEdge::eEnd, 3, 7},
+          testing::WrapForm{testing::GuardEdge::eBegin, 1, 0, 1, false}}) {
         const auto geometry = geometry5d(eImageBufferType::Int16, 67, 9, 2, 2, 1);
         const testing::WatchedImage first(*geometry, form);
         const testing::WatchedImage second(*geometry, {});
@@ -198,8 +198,9 @@ TEST(CompareImgTest, ImagesThatCannotBeComparedAreRefused)
     const ImagePtr like = createImage(*geometry2d(eImageBufferType::eBufferUInt8Like, 10, 10));
     EXPECT_EQ(messageOf([&] { static_cast<void>(compareImg(image, larger)); }),
               "InImg2 is 11x10x1x1x1 UInt8, InImg1 is 10x10x1x1x1 UInt8: sizes and element types have to be the same");
-    EXPECT_EQ(messageOf([&] { static_cast<void>(compareImg(image, like)); }),
-              "InImg2 is 10x10x1x1x1 UInt8Like, InImg1 is 10x10x1x1x1 UInt8: sizes and element types have to be the same");
+    EXPECT_EQ(
+        messageOf([&] { static_cast<void>(compareImg(image, like)); }),
+        "InImg2 is 10x10x1x1x1 UInt8Like, InImg1 is 10x10x1x1x1 UInt8: sizes and element types have to be the same");
     EXPECT_NE(messageOf([&] { static_cast<void>(compareImg(nullptr, image)); }).find("InImg1"), std::string::npos);
     EXPECT_NE(messageOf([&] { static_cast<void>(compareImg(image, nullptr)); }).find("InImg2"), std::string::npos);
     EXPECT_NE(messageOf([&] { static_cast<void>(compareImg(image, image, nullptr)); }).find("ImgComparisonTolerance"),

@@ -2,6 +2,7 @@
 #include "ORLIX/ORLIXCore/InstructionSetAvailability.h"
 #include "ORLIXIPL/ORLIXIPLUtility/ORLIXIPLUtility.h"
 #include "support/Images.h"
+#include "support/SameImages.h"
 #include "support/TestSettings.h"
 
 #include <gtest/gtest.h>
@@ -95,7 +96,7 @@ TEST(CopyImgKernelsTest, everySetTypeAndLengthStaysWithinItsElements)
                     const testing::WatchedImage out(*geometry, form);
                     testing::fillRandom(*in.get(), length);
                     copyImg(in.get(), out.get());
-                    ASSERT_TRUE(testing::sameElements(*in.get(), *out.get()));
+                    ASSERT_TRUE(testing::sameImages(*in.get(), *out.get()));
                     ASSERT_TRUE(in.isOutsideIntact() && out.isOutsideIntact());
                 }
             }

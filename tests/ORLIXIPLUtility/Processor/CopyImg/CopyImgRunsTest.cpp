@@ -1,10 +1,12 @@
-// How copies run: what observers see, cancellation, numbers of threads, levels by themselves, inputs that are only read.
+// How copies run: what observers see, cancellation, numbers of threads, levels by themselves, inputs that are only
+// read.
 #include "ORLIX/ORLIXCore/Logger/ORLIXCoreLogMessages.h"
 #include "ORLIX/ORLIXSerialization/ORLIXSerializationException.h"
 #include "ORLIX/ORLIXSerialization/TextIArchive.h"
 #include "ORLIXIPL/ORLIXIPLUtility/ORLIXIPLUtility.h"
 #include "support/Executors.h"
 #include "support/Images.h"
+#include "support/SameImages.h"
 
 #include <gtest/gtest.h>
 
@@ -85,7 +87,7 @@ TEST(CopyImgRunsTest, cancellationEndsItAtTheNextStrip)
     EXPECT_LT(last.done, 10 + 3 * core::accessExecutor().getNbThreads());
     copy->setProgressObserver({});
     EXPECT_TRUE(copy->run(g_sync)) << "it can be run again";
-    EXPECT_TRUE(testing::sameElements(*in, *out));
+    EXPECT_TRUE(testing::sameImages(*in, *out));
 }
 
 TEST(CopyImgRunsTest, everyNumberOfThreadsGivesTheSameBytes)
@@ -93,7 +95,7 @@ TEST(CopyImgRunsTest, everyNumberOfThreadsGivesTheSameBytes)
     const ImagePtr in = makeRandom(*geometry5d(eImageBufferType::UInt8, 517, 700, 3, 1, 1));
     const auto expectCopy = [&](const boost::shared_ptr<core::BaseExecutor>& executor) {
         const testing::ScopedExecutor scope(executor);
-        EXPECT_TRUE(testing::sameElements(*in, *copyImg(in))) << executor->getNbThreads() << " threads";
+        EXPECT_TRUE(testing::sameImages(*in, *copyImg(in))) << executor->getNbThreads() << " threads";
     };
     for (unsigned long nbThreads = 1; nbThreads <= 64; nbThreads = nbThreads < 8 ? nbThreads + 1 : 2 * nbThreads) {
         expectCopy(core::makePlainThreadExecutor(nbThreads));
@@ -134,7 +136,7 @@ TEST(CopyImgRunsTest, theInputIsOnlyRead)
             image::wrapImage(*geometry2d(eImageBufferType::UInt8, sizeX - gap, sizeY), page, {sizeX, 0, 0, 0}, nullptr);
         testing::fillRandom(*in, gap);
         ASSERT_EQ(mprotect(page, nbBytes, PROT_READ), 0);
-        EXPECT_TRUE(testing::sameElements(*in, *copyImg(in)));
+        EXPECT_TRUE(testing::sameImages(*in, *copyImg(in)));
         ASSERT_EQ(mprotect(page, nbBytes, PROT_READ | PROT_WRITE), 0);
     }
     munmap(page, nbBytes);
@@ -149,8 +151,8 @@ TEST(CopyImgRunsTest, axesMayLieInMemoryInAnyOrder)
     const ImagePtr in = makeRandom(*geometry);
     const testing::ScopedExecutor scope(core::makePlainThreadExecutor(4));
     copyImg(in, turns);
-    EXPECT_TRUE(testing::sameElements(*in, *turns));
-    EXPECT_TRUE(testing::sameElements(*in, *copyImg(turns)));
+    EXPECT_TRUE(testing::sameImages(*in, *turns));
+    EXPECT_TRUE(testing::sameImages(*in, *copyImg(turns)));
 }
 
 TEST(CopyImgRunsTest, levelTwoCopiesAPlan)
@@ -160,14 +162,16 @@ TEST(CopyImgRunsTest, levelTwoCopiesAPlan)
     const ImagePtr in = makeRandom(*geometry2d(eImageBufferType::Int16, 100, 90));
     const ImagePtr out = createImage(in->getGeometry());
     level->set<attr::InSubImg2d>(in);
-    EXPECT_EQ(level->run(g_sync).getMessage(), "CopyImgLvl2: attribute OutImg has not been set: set OutImg before the run")
+    EXPECT_EQ(level->run(g_sync).getMessage(),
+              "CopyImgLvl2: attribute OutImg has not been set: set OutImg before the run")
         << "no initializer at this level";
     level->set<attr::OutImg>(out);
     EXPECT_TRUE(level->run(g_sync));
-    EXPECT_TRUE(testing::sameElements(*in, *out));
+    EXPECT_TRUE(testing::sameImages(*in, *out));
     level->set<attr::OutImg>(createImage(*geometry2d(eImageBufferType::Int16, 100, 91)));
-    EXPECT_EQ(level->run(g_sync).getMessage(), "OutImg is 100x91x1x1x1 Int16, InSubImg2d is 100x90x1x1x1 Int16: sizes and "
-                                               "element types have to be the same");
+    EXPECT_EQ(level->run(g_sync).getMessage(),
+              "OutImg is 100x91x1x1x1 Int16, InSubImg2d is 100x90x1x1x1 Int16: sizes and "
+              "element types have to be the same");
 }
 
 TEST(CopyImgRunsTest, levelThreeCopiesAStrip)
@@ -186,8 +190,9 @@ TEST(CopyImgRunsTest, levelThreeCopiesAStrip)
     EXPECT_TRUE(out.isOutsideIntact());
 
     level->set<attr::OutYStrip2d>(boost::make_shared<image::OutputImageYStrip2d>(*out.get(), 10, 6));
-    EXPECT_EQ(level->run(g_sync).getMessage(), "The strip of OutYStrip2d is 64x6 UInt8, that of InYStrip2d is 64x5 UInt8: "
-                                               "sizes and element types have to be the same");
+    EXPECT_EQ(level->run(g_sync).getMessage(),
+              "The strip of OutYStrip2d is 64x6 UInt8, that of InYStrip2d is 64x5 UInt8: "
+              "sizes and element types have to be the same");
 }
 
 template <class TProcessor>

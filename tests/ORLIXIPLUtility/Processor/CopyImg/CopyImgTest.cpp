@@ -4,6 +4,7 @@
 #include "ORLIXIPL/ORLIXIPLUtility/ORLIXIPLUtility.h"
 #include "support/Executors.h"
 #include "support/Images.h"
+#include "support/SameImages.h"
 
 #include <gtest/gtest.h>
 #include <rapidcheck.h>
@@ -17,7 +18,7 @@ using image::eImageBufferType;
 using image::geometry2d;
 using image::geometry5d;
 using testing::fillRandom;
-using testing::sameElements;
+using testing::sameImages;
 using testing::WatchedImage;
 using testing::WrapForm;
 
@@ -41,15 +42,16 @@ std::string messageOf(const std::function<void()>& call)
 TEST(CopyImgTest, everyTypeAndLineLength)
 {
     for (const eImageBufferType type : image::g_allBufferTypes) {
-        for (const unsigned long sizeX : {1UL, 2UL, 15UL, 16UL, 17UL, 31UL, 33UL, 63UL, 64UL, 65UL, 127UL, 199UL, 1023UL}) {
+        for (const unsigned long sizeX :
+             {1UL, 2UL, 15UL, 16UL, 17UL, 31UL, 33UL, 63UL, 64UL, 65UL, 127UL, 199UL, 1023UL}) {
             for (const unsigned long sizeY : {1UL, 3UL, 64UL}) {
                 const ImagePtr in = makeRandom(*geometry2d(type, sizeX, sizeY), sizeX);
                 const ImagePtr made = copyImg(in);
                 EXPECT_NE(made, in);
-                EXPECT_TRUE(sameElements(*in, *made));
+                EXPECT_TRUE(sameImages(*in, *made));
                 const ImagePtr given = makeRandom(in->getGeometry(), 99);
                 copyImg(in, given);
-                EXPECT_TRUE(sameElements(*in, *given));
+                EXPECT_TRUE(sameImages(*in, *given));
             }
         }
     }
@@ -59,7 +61,7 @@ TEST(CopyImgTest, fiveAxes)
 {
     for (const eImageBufferType type : {eImageBufferType::Int8, eImageBufferType::UInt16, eImageBufferType::Real32}) {
         const ImagePtr in = makeRandom(*geometry5d(type, 37, 29, 4, 3, 2));
-        EXPECT_TRUE(sameElements(*in, *copyImg(in)));
+        EXPECT_TRUE(sameImages(*in, *copyImg(in)));
     }
 }
 
@@ -68,7 +70,8 @@ TEST(CopyImgTest, emptyAxes)
     for (int axis = 0; axis < 5; ++axis) {
         unsigned long sizes[] = {7, 5, 3, 2, 2};
         sizes[axis] = 0;
-        const ImagePtr in = createImage(*geometry5d(eImageBufferType::UInt16, sizes[0], sizes[1], sizes[2], sizes[3], sizes[4]));
+        const ImagePtr in =
+            createImage(*geometry5d(eImageBufferType::UInt16, sizes[0], sizes[1], sizes[2], sizes[3], sizes[4]));
         const ImagePtr out = copyImg(in);
         EXPECT_TRUE(out->getGeometry().hasSameSizes(in->getGeometry()));
         copyImg(in, out);
@@ -80,7 +83,7 @@ TEST(CopyImgTest, stripsAndExecutorsGiveTheSameBytes)
     const ImagePtr in = makeRandom(*geometry5d(eImageBufferType::UInt16, 701, 997, 2, 1, 2)); // 28 strips
     for (const testing::NamedExecutor& named : testing::makeAllExecutors()) {
         const testing::ScopedExecutor scope(named.executor);
-        EXPECT_TRUE(sameElements(*in, *copyImg(in))) << named.name;
+        EXPECT_TRUE(sameImages(*in, *copyImg(in))) << named.name;
     }
 }
 
@@ -98,11 +101,11 @@ TEST(CopyImgTest, wrappedMemoryIsTouchedNowhereElse)
             for (const WrapForm& form : forms) {
                 const WatchedImage wrapped(*geometry, form);
                 copyImg(reference, wrapped.get());
-                EXPECT_TRUE(sameElements(*reference, *wrapped.get()));
+                EXPECT_TRUE(sameImages(*reference, *wrapped.get()));
                 EXPECT_TRUE(wrapped.isOutsideIntact()) << image::getBufferTypeName(type) << " " << sizeX;
                 const WatchedImage other(*geometry, forms[2]);
                 copyImg(wrapped.get(), other.get());
-                EXPECT_TRUE(sameElements(*reference, *other.get()));
+                EXPECT_TRUE(sameImages(*reference, *other.get()));
                 EXPECT_TRUE(wrapped.isOutsideIntact() && other.isOutsideIntact());
             }
         }
@@ -117,7 +120,7 @@ TEST(CopyImgTest, largeWrappedImageInManyStrips)
     for (const unsigned long gap : {0UL, 3UL}) {
         const WatchedImage out(*geometry, {testing::GuardEdge::eEnd, gap, 0});
         copyImg(in, out.get());
-        EXPECT_TRUE(sameElements(*in, *out.get()));
+        EXPECT_TRUE(sameImages(*in, *out.get()));
         EXPECT_TRUE(out.isOutsideIntact());
     }
 }
@@ -126,12 +129,12 @@ TEST(CopyImgTest, typesThatDifferByStep)
 {
     image::TemporalGeometry temporal;
     temporal.initSequence(3);
-    const BaseImageGeometry geometry({eImageBufferType::UInt8, eImageBufferType::Real32, eImageBufferType::Int16}, 33, 21,
-                                     {}, {}, temporal);
+    const BaseImageGeometry geometry({eImageBufferType::UInt8, eImageBufferType::Real32, eImageBufferType::Int16}, 33,
+                                     21, {}, {}, temporal);
     const ImagePtr in = makeRandom(geometry);
     const ImagePtr out = copyImg(in);
     EXPECT_TRUE(out->getGeometry().hasSameBufferTypes(geometry));
-    EXPECT_TRUE(sameElements(*in, *out));
+    EXPECT_TRUE(sameImages(*in, *out));
 }
 
 TEST(CopyImgTest, samePixelsStayAsTheyWere)
@@ -164,11 +167,13 @@ TEST(CopyImgTest, mismatchIsRefusedAndNothingWritten)
     const ImagePtr in = makeRandom(*geometry2d(eImageBufferType::UInt8, 512, 512));
     const ImagePtr narrow = makeRandom(*geometry2d(eImageBufferType::UInt8, 512, 256), 3);
     const std::vector<std::byte> before = testing::bytesOf(*narrow);
-    EXPECT_EQ(messageOf([&] { copyImg(in, narrow); }),
-              "OutImg is 512x256x1x1x1 UInt8, InImg is 512x512x1x1x1 UInt8: sizes and element types have to be the same");
+    EXPECT_EQ(
+        messageOf([&] { copyImg(in, narrow); }),
+        "OutImg is 512x256x1x1x1 UInt8, InImg is 512x512x1x1x1 UInt8: sizes and element types have to be the same");
     EXPECT_EQ(testing::bytesOf(*narrow), before);
-    EXPECT_NE(messageOf([&] { copyImg(in, createImage(*geometry2d(eImageBufferType::eBufferBinary, 512, 512))); })
-                  .find("512x512x1x1x1 Binary"),
+    EXPECT_NE(messageOf([&] {
+                  copyImg(in, createImage(*geometry2d(eImageBufferType::eBufferBinary, 512, 512)));
+              }).find("512x512x1x1x1 Binary"),
               std::string::npos);
 }
 
@@ -185,8 +190,8 @@ TEST(CopyImgTest, memoryThatCannotBeHad)
 {
     // One element, taken for an image of 2^60 bytes: never read, since the output can't be made.
     static unsigned char element = 0;
-    const ImagePtr in = image::wrapImage(*geometry5d(eImageBufferType::UInt8, 1UL << 20, 1UL << 20, 1UL << 20, 1, 1), &element,
-                                         {1UL << 20, 1UL << 40, 1UL << 60, 1UL << 60}, nullptr);
+    const ImagePtr in = image::wrapImage(*geometry5d(eImageBufferType::UInt8, 1UL << 20, 1UL << 20, 1UL << 20, 1, 1),
+                                         &element, {1UL << 20, 1UL << 40, 1UL << 60, 1UL << 60}, nullptr);
     EXPECT_NE(messageOf([&] { static_cast<void>(copyImg(in)); }), "no exception");
 }
 
@@ -196,7 +201,7 @@ TEST(CopyImgTest, randomGeometries)
         const auto size = [](unsigned long most) { return *rc::gen::inRange<unsigned long>(0, most + 1); };
         const eImageBufferType type = image::g_allBufferTypes[*rc::gen::inRange<std::size_t>(0, 11)];
         const ImagePtr in = makeRandom(*geometry5d(type, size(150), size(40), size(4), size(3), size(2)), size(1000));
-        RC_ASSERT(static_cast<bool>(sameElements(*in, *copyImg(in))));
+        RC_ASSERT(static_cast<bool>(sameImages(*in, *copyImg(in))));
     }));
 }
 
@@ -206,13 +211,13 @@ TEST(CopyImgAsyncTest, madeAndGivenOutput)
     const boost::shared_ptr<CopyImgLvl1> made = copyImg_async(in);
     EXPECT_TRUE(made->wait());
     EXPECT_TRUE(made->isFinished());
-    EXPECT_TRUE(sameElements(*in, *getAsyncProcessorOutput(made)));
+    EXPECT_TRUE(sameImages(*in, *getAsyncProcessorOutput(made)));
 
     const ImagePtr out = createImage(in->getGeometry());
     const boost::shared_ptr<CopyImgLvl1> given = copyImg_async(in, out);
     EXPECT_TRUE(given->wait());
     EXPECT_EQ(getAsyncProcessorOutput(given), out);
-    EXPECT_TRUE(sameElements(*in, *out));
+    EXPECT_TRUE(sameImages(*in, *out));
 }
 
 TEST(CopyImgAsyncTest, failureIsToldByWait)
@@ -231,7 +236,7 @@ TEST(CopyImgAsyncTest, droppedPointerDoesNotEndTheRun)
     while (const boost::shared_ptr<CopyImgLvl1> held = running.lock()) {
         static_cast<void>(held->wait());
     }
-    EXPECT_TRUE(sameElements(*in, *out));
+    EXPECT_TRUE(sameImages(*in, *out));
 }
 
 } // namespace

@@ -23,6 +23,7 @@ struct eProcessorMessage
         eUnknownProcessor = 8, ///< name
         eUnknownAttribute = 9, ///< processor, attribute
         eProcessorRegisteredTwice = 10, ///< name
+        eNullSplitInput = 11, ///< attribute
         eProcessorNotInitialised = 33 ///< processor
     };
     ORLIX_ENUMERATION(eProcessorMessage, eRunFailed);

@@ -31,4 +31,21 @@ ORLIX_SIMD_INLINE Lanes<TTo, nbLanes> convertLanes(const TFrom& from)
     return __builtin_convertvector(from, Lanes<TTo, nbLanes>);
 }
 
+/// The upper 16 bits of products of unsigned 16-bit numbers; `TLanes` fill a register of `I`.
+template <eInstructionSet::domain I, class TLanes>
+ORLIX_SIMD_INLINE TLanes multiplyHigh(const TLanes& a, const TLanes& b)
+{
+    TLanes product;
+    const Register<I> high = Register<I>::multiplyHigh(Register<I>::load(&a), Register<I>::load(&b));
+    high.store(&product);
+    return product;
+}
+
+/// Is any bit of a whole register of `I` set?
+template <eInstructionSet::domain I, class TLanes>
+ORLIX_SIMD_INLINE bool isAnySet(const TLanes& lanes)
+{
+    return Register<I>::load(&lanes).isAnySet();
+}
+
 } // namespace orlix::simd

@@ -16,7 +16,9 @@ ORLIX_SIMD_INLINE void prefetch(const void* address)
 
 /// The widest register that `I` moves: `s_nbBytes` bytes, moved as they are. `load` and `store` take any address.
 /// `stream` stores past the caches to a multiple of `s_nbBytes`; `streamFence` has to follow before another thread may
-/// read. Defined only in files that are compiled for `I`; plain code has no registers.
+/// read. `isAnySet` tells whether any bit is 1; `multiplyHigh` gives the upper halves of the products of unsigned
+/// 16-bit numbers; AVX, which has no integers, lacks both. Defined only in files that are compiled for `I`; plain code
+/// has no registers.
 template <eInstructionSet::domain I>
 struct Register;
 
@@ -32,6 +34,14 @@ struct Register<eInstructionSet::eSSE2>
     }
     ORLIX_SIMD_INLINE void store(void* to) const { _mm_storeu_si128(static_cast<__m128i*>(to), m_bits); }
     ORLIX_SIMD_INLINE void stream(void* to) const { _mm_stream_si128(static_cast<__m128i*>(to), m_bits); }
+    ORLIX_SIMD_INLINE bool isAnySet() const
+    {
+        return _mm_movemask_epi8(_mm_cmpeq_epi8(m_bits, _mm_setzero_si128())) != 0xFFFF;
+    }
+    static ORLIX_SIMD_INLINE Register multiplyHigh(const Register& a, const Register& b)
+    {
+        return {_mm_mulhi_epu16(a.m_bits, b.m_bits)};
+    }
 };
 
 #ifdef __AVX__
@@ -63,6 +73,11 @@ struct Register<eInstructionSet::eAVX2>
     }
     ORLIX_SIMD_INLINE void store(void* to) const { _mm256_storeu_si256(static_cast<__m256i*>(to), m_bits); }
     ORLIX_SIMD_INLINE void stream(void* to) const { _mm256_stream_si256(static_cast<__m256i*>(to), m_bits); }
+    ORLIX_SIMD_INLINE bool isAnySet() const { return _mm256_testz_si256(m_bits, m_bits) == 0; }
+    static ORLIX_SIMD_INLINE Register multiplyHigh(const Register& a, const Register& b)
+    {
+        return {_mm256_mulhi_epu16(a.m_bits, b.m_bits)};
+    }
 };
 #endif
 
@@ -76,6 +91,11 @@ struct Register<eInstructionSet::eAVX512>
     static ORLIX_SIMD_INLINE Register load(const void* from) { return {_mm512_loadu_si512(from)}; }
     ORLIX_SIMD_INLINE void store(void* to) const { _mm512_storeu_si512(to, m_bits); }
     ORLIX_SIMD_INLINE void stream(void* to) const { _mm512_stream_si512(static_cast<__m512i*>(to), m_bits); }
+    ORLIX_SIMD_INLINE bool isAnySet() const { return _mm512_test_epi64_mask(m_bits, m_bits) != 0; }
+    static ORLIX_SIMD_INLINE Register multiplyHigh(const Register& a, const Register& b)
+    {
+        return {_mm512_mulhi_epu16(a.m_bits, b.m_bits)};
+    }
 };
 #endif
 

@@ -10,7 +10,17 @@ namespace orlix::image::tools {
 
 struct eORLIXBaseImageToolsMessage
 {
-    enum domain { ePlanOutOfRange = 0, eVolumeOutOfRange = 1, eStepsOutOfRange = 2 };
+    enum domain {
+        ePlanOutOfRange = 0,
+        eVolumeOutOfRange = 1,
+        eStepsOutOfRange = 2,
+        eNoPixels = 3,      ///< geometry
+        eTileTooLarge = 4,  ///< sizes on x, y, z
+        eNotOnePlan = 5,    ///< geometry
+        eNotOneVolume = 6,  ///< geometry
+        eNoSuchTile = 7,    ///< index, count
+        eTileNotTaken = 8   ///< reason
+    };
     ORLIX_ENUMERATION(eORLIXBaseImageToolsMessage, ePlanOutOfRange);
 };
 

@@ -34,6 +34,8 @@ struct ImgComparisonToleranceRecord
         visitor("absoluteTolerance", &ImgComparisonToleranceRecord::absoluteTolerance);
         visitor("relativeTolerance", &ImgComparisonToleranceRecord::relativeTolerance);
     }
+
+    friend bool operator==(const ImgComparisonToleranceRecord&, const ImgComparisonToleranceRecord&) = default;
 };
 
 class ImgComparisonTolerance final : public DataItemNode<ImgComparisonTolerance, ImgComparisonToleranceRecord>

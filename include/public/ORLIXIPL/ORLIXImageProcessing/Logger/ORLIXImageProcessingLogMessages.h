@@ -12,14 +12,16 @@ namespace orlix::imaproc {
 struct eImageRuleMessage
 {
     enum domain {
-        eSizeOrTypeDiffers = 0, ///< attribute, geometry, attribute, geometry
+        eSizeOrTypeDiffers = 0,      ///< attribute, geometry, attribute, geometry
         eStripSizeOrTypeDiffers = 1, ///< attribute, lines, type, attribute, lines, type
-        eNotInSitu = 2, ///< attribute, attribute
-        eInSitu = 3, ///< attribute, attribute
-        eWrongBufferType = 4, ///< attribute, geometry, type, attribute
-        eWrongImageType = 5, ///< attribute, kind, kind
-        eOutOfRange = 6, ///< attribute, value, type, attribute, smallest, largest
-        eNothingHeld = 7 ///< attribute
+        eNotInSitu = 2,              ///< attribute, attribute
+        eInSitu = 3,                 ///< attribute, attribute
+        eWrongBufferType = 4,        ///< attribute, geometry, type, attribute
+        eWrongImageType = 5,         ///< attribute, kind, kind
+        eOutOfRange = 6,             ///< attribute, value, type, attribute, smallest, largest
+        eNothingHeld = 7,            ///< attribute
+        eSizeDiffers = 8,            ///< attribute, geometry, attribute, geometry
+        eStripSizeDiffers = 9        ///< attribute, lines, attribute, lines
     };
     ORLIX_ENUMERATION(eImageRuleMessage, eSizeOrTypeDiffers);
 };
@@ -35,7 +37,11 @@ struct eImageSplitMessage
         eInputMissing = 4,
         eNoCollection = 5,
         eTooManyPlans = 6, ///< sizes on z, c, t
-        ePlanLacksEntry = 7 ///< attribute, z, c, t
+        ePlanLacksEntry = 7, ///< attribute, z, c, t
+        eSeveralVolumes = 8, ///< geometry
+        eLinesOutside = 9, ///< count, first, count
+        ePlansOutside = 10, ///< count, first, count
+        eRangeOutside = 11 ///< count, first, count
     };
     ORLIX_ENUMERATION(eImageSplitMessage, eNullImage);
 };

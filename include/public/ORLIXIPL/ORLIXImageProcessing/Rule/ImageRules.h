@@ -3,8 +3,8 @@
 #pragma once
 
 #include "ORLIX/ORLIXBaseProcessing/BaseRule.h"
-#include "ORLIX/ORLIXBaseProcessing/ValueAttributes.h"
 #include "ORLIXIPL/ORLIXImage/ImageKind.h"
+#include "ORLIXIPL/ORLIXImageProcessing/BufferTypeAttribute.h"
 #include "ORLIXIPL/ORLIXImageProcessing/StripAttributes.h"
 
 #include <boost/make_shared.hpp>
@@ -15,13 +15,16 @@ namespace orlix::imaproc {
 
 using ImageAttributeRef = processor::AttributeRef<const BaseImageAttribute>;
 using StripAttributeRef = processor::AttributeRef<const BaseYStrip2dAttribute>;
-using BufferTypeAttribute = processor::BaseValueAttribute<image::eImageBufferType>;
 
 /// A shared or weak pointer to an attribute of the given kind.
 template <class TPointer, class TAttribute>
 concept AttributePointer = std::derived_from<typename TPointer::element_type, TAttribute>;
 
 namespace details {
+ORLIXIMAGEPROCESSING_API processor::RulePtr matchImageSize(const ImageAttributeRef& first,
+                                                           const ImageAttributeRef& second);
+ORLIXIMAGEPROCESSING_API processor::RulePtr matchStripSize(const StripAttributeRef& first,
+                                                           const StripAttributeRef& second);
 ORLIXIMAGEPROCESSING_API processor::RulePtr matchImageSizeAndType(const ImageAttributeRef& first,
                                                                   const ImageAttributeRef& second);
 ORLIXIMAGEPROCESSING_API processor::RulePtr matchStripSizeAndType(const StripAttributeRef& first,
@@ -42,6 +45,19 @@ template <AttributePointer<BaseYStrip2dAttribute> TPointer1, AttributePointer<Ba
 processor::RulePtr matchSizeAndType(const TPointer1& first, const TPointer2& second)
 {
     return details::matchStripSizeAndType(first, second);
+}
+
+/// Same five sizes, whatever the element types.
+template <AttributePointer<BaseImageAttribute> TPointer1, AttributePointer<BaseImageAttribute> TPointer2>
+processor::RulePtr matchSize(const TPointer1& first, const TPointer2& second)
+{
+    return details::matchImageSize(first, second);
+}
+/// Same line length and number of lines, whatever the element types.
+template <AttributePointer<BaseYStrip2dAttribute> TPointer1, AttributePointer<BaseYStrip2dAttribute> TPointer2>
+processor::RulePtr matchSize(const TPointer1& first, const TPointer2& second)
+{
+    return details::matchStripSize(first, second);
 }
 
 /// Both hold the same pixels; they do not.

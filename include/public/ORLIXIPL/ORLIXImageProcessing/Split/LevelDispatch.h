@@ -1,127 +1,17 @@
 // A level's way down: its dispatcher and splits, kept from run to run, and how they are set up.
 #pragma once
 
-#include "ORLIX/ORLIXBaseProcessing/DynamicByCreationResultSplit.h"
-#include "ORLIX/ORLIXBaseProcessing/NoSplit.h"
 #include "ORLIX/ORLIXBaseProcessing/ProcessorDispatchers.h"
-#include "ORLIXIPL/ORLIXImageProcessing/Split/ImageYStrip2dSplit.h"
-#include "ORLIXIPL/ORLIXImageProcessing/Split/PlanIndexedSplit.h"
-#include "ORLIXIPL/ORLIXImageProcessing/Split/SubImageSplit.h"
+#include "ORLIXIPL/ORLIXImageProcessing/Split/DataSplitSources.h"
+#include "ORLIXIPL/ORLIXImageProcessing/Split/ImageSplitSources.h"
 
 #include <tuple>
 #include <utility>
 
 namespace orlix::imaproc {
 
-/// What a split is set up with: an image, how it is cut, and whether it counts where elements are placed.
-template <class TImagePtr>
-struct PlanSource
-{
-    const TImagePtr& image;
-    bool bLocalized = true;
-
-    template <class TSplit>
-    ProcessingResult<bool> init(TSplit& split) const
-    {
-        bLocalized ? split.enableDataLocalization() : split.disableDataLocalization();
-        return split.initBase(eSubImageSplitType::eSubImagePlan2d, eVolumeParsingType::ePlanByPlan,
-                              eColorParsingType::eChannelByChannel, eTemporalParsingType::eFrameByFrame, image);
-    }
-};
-template <class TImagePtr>
-struct StripSource
-{
-    const TImagePtr& image;
-    bool bLocalized = true;
-
-    template <class TSplit>
-    ProcessingResult<bool> init(TSplit& split) const
-    {
-        using TImage = typename TImagePtr::element_type;
-        bLocalized ? split.enableDataLocalization() : split.disableDataLocalization();
-        const boost::shared_ptr<TImage>& held = image;
-        return split.initBase(held,
-                              image::eStripAllocationType::eStripAllocationDefault,
-                              image::eStripParsingDirection::eStripParsingForward,
-                              image::eStripParsingDirection::eStripParsingForward);
-    }
-};
-
-/// Every plan of the image an element of its own.
-template <class TImagePtr>
-PlanSource<TImagePtr> planByPlan(const TImagePtr& image, bool bLocalized = true)
-{
-    return {image, bLocalized};
-}
-/// The plan in strips.
-template <class TImagePtr>
-StripSource<TImagePtr> stripByStrip(const TImagePtr& image, bool bLocalized = true)
-{
-    return {image, bLocalized};
-}
-
-/// What a no-split is set up with.
-template <class TValue>
-struct ValueSource
-{
-    const TValue& value;
-
-    template <class TSplit>
-    ProcessingResult<bool> init(TSplit& split) const
-    {
-        return split.initBase(value);
-    }
-};
-/// The same value for every element.
-template <class TValue>
-ValueSource<TValue> sameForAll(const TValue& value)
-{
-    return {value};
-}
-
-/// What a split by created results is set up with.
-template <class TResult>
-struct CreationSource
-{
-    const processor::CreationFunction<TResult>& create;
-    processor::CreationResultMap<TResult>& results;
-
-    template <class TSplit>
-    ProcessingResult<bool> init(TSplit& split) const
-    {
-        return split.initBase(create, results);
-    }
-};
-/// A result of its own for every range, filed in `results`, which the level merges after the run.
-template <class TResult>
-CreationSource<TResult> resultByRange(const processor::CreationFunction<TResult>& create,
-                                      processor::CreationResultMap<TResult>& results)
-{
-    return {create, results};
-}
-
-/// What a split by plans is set up with.
-struct PlanIndexedSource
-{
-    const boost::shared_ptr<BasePlanIndexedColl>& coll;
-    const image::BaseImage& image;
-    bool bMayLack;
-
-    template <class TSplit>
-    ProcessingResult<bool> init(TSplit& split) const
-    {
-        return split.initBase(coll, image.getSizeZ(), image.getSizeC(), image.getSizeT(), bMayLack);
-    }
-};
-/// The entry of each plan of `image`.
-inline PlanIndexedSource entryByPlan(const boost::shared_ptr<BasePlanIndexedColl>& coll, const image::BaseImage& image,
-                                     bool bMayLack = false)
-{
-    return {coll, image, bMayLack};
-}
-
-/// One dispatcher of class `TDispatcher` with one split of each class of `TSplits`. A processor that is used again finds
-/// them made; nothing of a run stays in them after it.
+/// One dispatcher of class `TDispatcher` with one split of each class of `TSplits`. A processor that is used again
+/// finds them made; nothing of a run stays in them after it.
 template <class TDispatcher, class TBaseSplit, class... TSplits>
 class LevelDispatch
 {
@@ -177,7 +67,8 @@ private:
 
 /// Down to one processor of class `TLower` per element.
 template <class TLower, class... TSplits>
-using StaticDispatch = LevelDispatch<processor::StaticProcessorDispatcher<TLower>, processor::BaseStaticSplit, TSplits...>;
+using StaticDispatch =
+    LevelDispatch<processor::StaticProcessorDispatcher<TLower>, processor::BaseStaticSplit, TSplits...>;
 /// Down to one processor of class `TLower` per range of lines.
 template <class TLower, class... TSplits>
 using DynamicDispatch =

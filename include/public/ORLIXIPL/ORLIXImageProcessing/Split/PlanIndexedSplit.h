@@ -13,39 +13,46 @@ namespace orlix::imaproc {
 class ORLIXIMAGEPROCESSING_API BasePlanIndexedSplit : public processor::BaseStaticSplit
 {
 public:
-    /// Sizes are those of the image that is cut beside. `bMayLack` says whether a plan may have no entry, whose element
-    /// then gets none. Fails for a null collection, for more plans than can be counted, and for a missing entry.
-    ProcessingResult<bool> initBase(const boost::shared_ptr<BasePlanIndexedColl>& coll, unsigned long sizeZ,
-                                    unsigned long sizeC, unsigned long sizeT, bool bMayLack);
-
     processor::eSplitStaticType getSplitStaticType() const override
     {
         return processor::eSplitStaticType::ePlanIndexedSplit;
     }
     processor::ElementDemand getElementDemand() const override { return {true, m_nbPlans, 0}; }
-    void clear() override { m_coll.reset(); }
 
 protected:
+    /// Fails for a null collection, for more plans than can be counted, and for a missing entry unless `bMayLack`.
+    ProcessingResult<bool> initPlans(const BasePlanIndexedColl* coll, unsigned long sizeZ, unsigned long sizeC,
+                                     unsigned long sizeT, bool bMayLack);
     /// Fails outside the plans.
     ProcessingResult<bool> getPlanIndex(unsigned long element, PlanIndex& index) const;
-    BasePlanIndexedColl& accessColl() const { return *m_coll; }
     bool mayLack() const { return m_bMayLack; }
     ProcessingResult<bool> failLacking(const PlanIndex& index) const;
 
 private:
-    boost::shared_ptr<BasePlanIndexedColl> m_coll;
     unsigned long m_sizeZ = 0;
     unsigned long m_sizeC = 0;
     unsigned long m_nbPlans = 0;
     bool m_bMayLack = false;
 };
 
-/// Feeds attribute `TAttribute` of processors of class `TProcessor`. `TColl` is a shared pointer to a PlanIndexedColl
-/// of what the attribute points to; the collection given to `initBase` is one.
+/// Feeds attribute `TAttribute` of processors of class `TProcessor`. `TColl` is a shared pointer to a PlanIndexedColl,
+/// const or not, of what the attribute points to.
 template <class TProcessor, class TColl, class TAttribute>
 class PlanIndexedSplit final : public processor::FeedingSplit<BasePlanIndexedSplit, TProcessor, TAttribute>
 {
 public:
+    /// Sizes say which plans there are, such as those of an image that is cut beside; entries of others are left out.
+    /// `bMayLack` says whether a plan may have no entry: the attribute of its element then stays unset. Fails for a
+    /// null collection, for more plans than can be counted, and for an entry that is missing. The caller keeps the
+    /// collection alive until the run has ended.
+    ProcessingResult<bool> initBase(const TColl& coll, unsigned long sizeZ, unsigned long sizeC, unsigned long sizeT,
+                                    bool bMayLack)
+    {
+        m_coll = coll.get();
+        return this->initPlans(m_coll, sizeZ, sizeC, sizeT, bMayLack);
+    }
+    ProcessingResult<bool> initBase(TColl&&, unsigned long, unsigned long, unsigned long, bool) = delete;
+
     ProcessingResult<bool> processAttribute(processor::BaseProcessor& lower, unsigned int element,
                                             const core::BaseRequestOrigin&) override
     {
@@ -54,7 +61,7 @@ public:
         if (!result) {
             return result;
         }
-        auto item = static_cast<typename TColl::element_type&>(this->accessColl()).find(index);
+        auto item = m_coll->find(index);
         if (item) {
             this->feed(lower, std::move(item));
         } else if (!this->mayLack()) {
@@ -62,6 +69,10 @@ public:
         }
         return true;
     }
+    void clear() override { m_coll = nullptr; }
+
+private:
+    typename TColl::element_type* m_coll = nullptr;
 };
 
 } // namespace orlix::imaproc

@@ -23,7 +23,10 @@ public:
     /// A view of element `index`; fails for an index outside the list.
     ProcessingResult<bool> getSubImage(unsigned long index, TImagePtr& subImage) const;
 
-    processor::eSplitStaticType getSplitStaticType() const override { return processor::eSplitStaticType::eSubImageSplit; }
+    processor::eSplitStaticType getSplitStaticType() const override
+    {
+        return processor::eSplitStaticType::eSubImageSplit;
+    }
     processor::ElementDemand getElementDemand() const override { return {true, m_nbElements, m_cost}; }
     void clear() override { m_image = nullptr; }
 

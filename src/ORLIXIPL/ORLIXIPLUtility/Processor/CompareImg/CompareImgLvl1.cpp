@@ -40,8 +40,7 @@ processor::ProviderResult CompareImgLvl1::retrieveProvider(const core::BasePrior
     const image::BaseImage& image = first.getImage();
     m_results = boost::make_shared<attr::PlanIndexedCompareResult>();
     m_results->initPlanIndexed(image.getSizeZ(), image.getSizeC(), image.getSizeT());
-    const boost::shared_ptr<BasePlanIndexedColl> results = m_results;
-    return m_lower.dispatch(priority, provider, entryByPlan(results, image), sameForAll(tolerance.getStorage()),
+    return m_lower.dispatch(priority, provider, entryByPlan(m_results, image), sameForAll(tolerance.getStorage()),
                             planByPlan(first.getStorage()), planByPlan(second.getStorage()));
 }
 

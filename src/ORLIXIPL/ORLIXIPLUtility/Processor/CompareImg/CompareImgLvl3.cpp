@@ -1,5 +1,6 @@
 #include "ORLIX/ORLIXBaseProcessing/ProcessorRegistration.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/CompareImg/CompareImgLvl3.kernel.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Processor/CompareImg/RelativeLimit.h"
 #include "ORLIXIPL/ORLIXImageProcessing/Rule/ImageRules.h"
 
 #include <xmmintrin.h>
@@ -19,7 +20,8 @@ CompareImgLvl3::Limits limitsOf(const attr::ImgComparisonTolerance& tolerance)
 {
     const __m128 absolute = _mm_set_ss(tolerance.absoluteTolerance);
     return {tolerance.mode, _mm_cvttss_si32(absolute), static_cast<unsigned int>(_mm_cvttss_si64(absolute)),
-            tolerance.absoluteTolerance, static_cast<double>(tolerance.relativeTolerance)};
+            tolerance.absoluteTolerance, static_cast<double>(tolerance.relativeTolerance),
+            makeRelativeLimit(tolerance.relativeTolerance, 0xFF), makeRelativeLimit(tolerance.relativeTolerance, 0xFFFF)};
 }
 
 } // namespace
@@ -31,7 +33,12 @@ processor::RulePtr CompareImgLvl3::createRule() const
 
 processor::StepResult CompareImgLvl3::preProcess()
 {
-    m_limits = limitsOf(accessAttribute<attr::InImgComparisonTolerance>()->getDataItemNode());
+    const auto& tolerance = accessAttribute<attr::InImgComparisonTolerance>()->getDataItemNode();
+    if (!m_bLimited || !(tolerance.getRecord() == m_limited)) { // most strips have the tolerance of the one before
+        m_limits = limitsOf(tolerance);
+        m_limited = tolerance.getRecord();
+        m_bLimited = true;
+    }
     m_result = &accessAttribute<attr::OutCompareResult>()->getDataItemNode();
     m_result->reset();
     return processor::StepResult::success();

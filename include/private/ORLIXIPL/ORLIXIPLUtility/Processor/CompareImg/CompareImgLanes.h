@@ -50,7 +50,9 @@ ORLIX_SIMD_INLINE unsigned long countInLanes(unsigned long nbElements, const TDi
             __builtin_memcpy(&mask, &found, nbBytes);
             counts -= mask;
         }
-        nbDifferent += sumLanes<Count, nbBytes>(counts);
+        if (simd::isAnySet<ISA>(counts)) {
+            nbDifferent += sumLanes<Count, nbBytes>(counts);
+        }
     }
     return nbDifferent;
 }
@@ -95,27 +97,82 @@ ORLIX_SIMD_INLINE unsigned long countAbsolutely(const T* first, const T* second,
     });
 }
 
-/// The quotient's test. Differences and magnitudes of 8 and 16-bit elements are so small, and tolerances so short, that
-/// their product is exact and its comparison decides as the rounded quotient does, without a division; where the
-/// magnitude is 0 it is false by itself. Elsewhere lanes of magnitude 0 divide by 1 and are masked out.
-template <class T, unsigned long nbLanes>
-ORLIX_SIMD_INLINE auto exceedRelatively(const simd::Lanes<double, nbLanes>& difference,
-                                        const simd::Lanes<double, nbLanes>& magnitude, double tolerance)
+/// The relative test of 8 and 16-bit elements, whose differences and magnitudes are unsigned 16-bit numbers: the
+/// difference is above floor(P * magnitude / 2^32), plus the magnitude where the tolerance is 1 or more. What
+/// CompareImgLvl3 makes of the tolerance decides for every possible quotient as the division does.
+template <eInstructionSet::domain ISA, unsigned long nbLanes>
+ORLIX_SIMD_INLINE auto exceedRelatively(const simd::Lanes<unsigned short, nbLanes>& difference,
+                                        const simd::Lanes<unsigned short, nbLanes>& magnitude,
+                                        const CompareImgLvl3::RelativeLimit& limit)
 {
-    if constexpr (sizeof(T) < 4) {
-        return difference > tolerance * magnitude;
-    } else {
-        const auto isZero = magnitude == 0.0;
-        const simd::Lanes<double, nbLanes> one = magnitude * 0.0 + 1.0;
-        const simd::Lanes<double, nbLanes> divisor = isZero ? one : magnitude;
-        return (difference / divisor > tolerance) & ~isZero;
-    }
+    using Numbers = simd::Lanes<unsigned short, nbLanes>;
+    const Numbers zero{};
+    const Numbers high = zero + limit.high;
+    const Numbers low = zero + limit.low;
+    const Numbers middle = high * magnitude;
+    const Numbers sum = middle + simd::multiplyHigh<ISA>(low, magnitude);
+    Numbers carry;
+    const auto hasCarry = sum < middle;
+    __builtin_memcpy(&carry, &hasCarry, sizeof(carry));
+    const Numbers threshold = simd::multiplyHigh<ISA>(high, magnitude) - carry + magnitude * limit.whole;
+    return difference > threshold;
 }
 
-/// Modes 2 and 3; all tests in double, which holds differences and tolerances of every type exactly.
+/// Modes 2 and 3 of 8 and 16-bit elements.
 template <class T, eInstructionSet::domain ISA, bool bAbsoluteToo>
-ORLIX_SIMD_INLINE unsigned long countRelatively(const T* first, const T* second, unsigned long nbElements,
-                                                const CompareImgLvl3::Limits& limits)
+ORLIX_SIMD_INLINE unsigned long countNarrowRelatively(const T* first, const T* second, unsigned long nbElements,
+                                                      const CompareImgLvl3::Limits& limits)
+{
+    constexpr unsigned long nbBytes = simd::Register<ISA>::s_nbBytes;
+    constexpr unsigned long nbLanes = nbBytes / 2;
+    using Signed = std::conditional_t<std::is_signed_v<T>, short, unsigned short>;
+    using Numbers = simd::Lanes<unsigned short, nbLanes>;
+    const CompareImgLvl3::RelativeLimit limit = sizeof(T) == 1 ? limits.relativeOf8Bits : limits.relativeOf16Bits;
+    const int absoluteLimit = static_cast<int>(absoluteLimitOf<T>(limits));
+    const bool bTooFar = limit.whole > 0 && std::is_unsigned_v<T>; // no difference is above its magnitude
+    if (limit.bNone || bTooFar || (bAbsoluteToo && absoluteLimit >= 0xFFFF)) {
+        return 0;
+    }
+    // All magnitudes but 0 exceed a relative tolerance below 0, all differences an absolute one.
+    const Numbers absolute = Numbers{} + static_cast<unsigned short>(absoluteLimit < 0 ? 0 : absoluteLimit);
+    const bool bAnyDifference = absoluteLimit < 0;
+    return countInLanes<unsigned short, ISA>(nbElements, [=](unsigned long i) ORLIX_SIMD_LAMBDA {
+        const auto a = simd::convertLanes<Signed, nbLanes>(simd::loadLanes<T, nbLanes>(first + i));
+        const auto b = simd::convertLanes<Signed, nbLanes>(simd::loadLanes<T, nbLanes>(second + i));
+        Numbers x;
+        Numbers y;
+        __builtin_memcpy(&x, &a, nbBytes);
+        __builtin_memcpy(&y, &b, nbBytes);
+        const Numbers difference = a > b ? x - y : y - x;
+        const Numbers magnitudeA = a < Signed(0) ? -x : x;
+        const Numbers magnitudeB = b < Signed(0) ? -y : y;
+        const Numbers magnitude = magnitudeA > magnitudeB ? magnitudeA : magnitudeB;
+        auto found = exceedRelatively<ISA, nbLanes>(difference, magnitude, limit);
+        if (limit.bAll) {
+            found = magnitude != static_cast<unsigned short>(0);
+        }
+        if (bAbsoluteToo && !bAnyDifference) {
+            found &= difference > absolute;
+        }
+        return found;
+    });
+}
+
+/// The quotient's test in double; lanes of magnitude 0 divide by 1 and are masked out.
+template <unsigned long nbLanes>
+ORLIX_SIMD_INLINE auto quotientExceeds(const simd::Lanes<double, nbLanes>& difference,
+                                       const simd::Lanes<double, nbLanes>& magnitude, double tolerance)
+{
+    const auto isZero = magnitude == 0.0;
+    const simd::Lanes<double, nbLanes> one = simd::Lanes<double, nbLanes>{} + 1.0;
+    const simd::Lanes<double, nbLanes> divisor = isZero ? one : magnitude;
+    return (difference / divisor > tolerance) & ~isZero;
+}
+
+/// Modes 2 and 3 of 32-bit elements; all tests in double, which holds their differences and tolerances exactly.
+template <class T, eInstructionSet::domain ISA, bool bAbsoluteToo>
+ORLIX_SIMD_INLINE unsigned long countWideRelatively(const T* first, const T* second, unsigned long nbElements,
+                                                    const CompareImgLvl3::Limits& limits)
 {
     constexpr unsigned long nbBytes = simd::Register<ISA>::s_nbBytes;
     constexpr unsigned long nbLanes = nbBytes / 4;
@@ -145,7 +202,7 @@ ORLIX_SIMD_INLINE unsigned long countRelatively(const T* first, const T* second,
             __builtin_memcpy(&m, reinterpret_cast<const char*>(&magnitude) + half * nbBytes / 2, nbBytes / 2);
             const auto wideD = simd::convertLanes<double, nbHalf>(d);
             const auto wideM = simd::convertLanes<double, nbHalf>(m);
-            auto found = exceedRelatively<T, nbHalf>(wideD, wideM, relative);
+            auto found = quotientExceeds<nbHalf>(wideD, wideM, relative);
             if constexpr (bAbsoluteToo) {
                 found &= wideD > absolute;
             }

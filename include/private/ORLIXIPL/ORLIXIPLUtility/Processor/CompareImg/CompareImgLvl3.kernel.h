@@ -20,8 +20,11 @@ ORLIX_SIMD_INLINE unsigned long countInVectors(const T* first, const T* second, 
         return countExactly<T, ISA>(first, second, nbElements);
     } else if constexpr (std::is_same_v<TMode, ComparedAbsolutely>) {
         return countAbsolutely<T, ISA>(first, second, nbElements, limits);
+    } else if constexpr (sizeof(T) < 4) {
+        return countNarrowRelatively<T, ISA, std::is_same_v<TMode, ComparedBothWays>>(first, second, nbElements,
+                                                                                      limits);
     } else {
-        return countRelatively<T, ISA, std::is_same_v<TMode, ComparedBothWays>>(first, second, nbElements, limits);
+        return countWideRelatively<T, ISA, std::is_same_v<TMode, ComparedBothWays>>(first, second, nbElements, limits);
     }
 }
 
@@ -52,7 +55,7 @@ ORLIX_SIMD_INLINE void CompareImgLvl3::compareLine(const processor::ProcessingIn
     const unsigned long nbDifferent = countDifferent<TMode, T, ISA>(first, second, info.nbElements, *line.limits);
     if (nbDifferent > 0 && isSearching()) {
         unsigned long x = 0;
-        while (!TMode::differ(first[x], second[x], *line.limits)) {
+        while (x + 1 < info.nbElements && !TMode::differ(first[x], second[x], *line.limits)) {
             ++x;
         }
         recordFirst(info, x, static_cast<double>(first[x]), static_cast<double>(second[x]));

@@ -35,8 +35,6 @@ private:
                     ImageYStrip2dSplit<CompareImgLvl3, const image::BaseImage, attr::InYStrip2d1>,
                     ImageYStrip2dSplit<CompareImgLvl3, const image::BaseImage, attr::InYStrip2d2>>
         m_lower;
-    processor::CreationFunction<attr::CompareResult> m_create =
-        &processor::defaultDynamicByCreationResultSplitCreationFun<attr::CompareResult>;
     processor::CreationResultMap<attr::CompareResult> m_results;
 };
 

@@ -25,6 +25,17 @@ public:
     template <class T, eInstructionSet::domain ISA>
     ProcessingResult<bool> genericProcessFunction(const processor::ProcessingInfo& info);
 
+    /// A relative tolerance t for whole numbers d (difference) and m (magnitude): d / m exceeds t where d exceeds
+    /// floor((high * 2^16 + low) * m / 2^32) + whole * m.
+    struct RelativeLimit
+    {
+        unsigned short high;
+        unsigned short low;
+        unsigned short whole; ///< 0 or 1
+        bool bNone;           ///< nothing exceeds it
+        bool bAll;            ///< everything but a magnitude of 0 exceeds it
+    };
+
     /// The tolerances as kernels of each type compare with them.
     struct Limits
     {
@@ -33,6 +44,8 @@ public:
         unsigned int absoluteUInt; ///< the same, truncated to 64 bits, of which the low 32
         float absolute;
         double relative;
+        RelativeLimit relativeOf8Bits;
+        RelativeLimit relativeOf16Bits;
     };
 
 protected:
@@ -56,6 +69,8 @@ private:
     void addCounts(unsigned long nbDifferent, unsigned long nbCompared);
 
     Limits m_limits{};
+    attr::ImgComparisonToleranceRecord m_limited; ///< what the limits were made of
+    bool m_bLimited = false;
     attr::CompareResult* m_result = nullptr; ///< the one that the output attribute holds during a run
 };
 

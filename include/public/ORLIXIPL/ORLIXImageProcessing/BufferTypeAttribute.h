@@ -1,0 +1,11 @@
+// What initializers and rules take for an attribute that tells an element type.
+#pragma once
+
+#include "ORLIX/ORLIXBaseProcessing/ValueAttributes.h"
+#include "ORLIXIPL/ORLIXImage/ImageBufferType.h"
+
+namespace orlix::imaproc {
+
+using BufferTypeAttribute = processor::BaseValueAttribute<image::eImageBufferType>;
+
+} // namespace orlix::imaproc
