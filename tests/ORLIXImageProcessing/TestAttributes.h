@@ -47,6 +47,14 @@ struct OutStrip final : processor::NamedAttribute<OutStrip, BaseOutputYStrip2dAt
     static constexpr const char* g_toolTip = "A strip that comes out";
 };
 
+/// Binary strips alone.
+struct OutMaskStrip final : processor::NamedAttribute<OutMaskStrip, BaseOutputYStrip2dAttribute>
+{
+    static constexpr const char* g_name = "OutMaskStrip";
+    static constexpr const char* g_toolTip = "A strip of a mask that comes out";
+    image::eImageBufferType getFixedBufferType() const override { return image::eImageBufferType::eBufferBinary; }
+};
+
 struct InKind final : processor::NamedAttribute<InKind, BufferTypeAttribute>
 {
     static constexpr const char* g_name = "InKind";

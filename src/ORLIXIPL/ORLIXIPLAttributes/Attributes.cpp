@@ -5,9 +5,15 @@ namespace orlix::processor {
 
 template class NamedAttribute<imaproc::attr::InImg, imaproc::BaseInputImageAttribute>;
 template class NamedAttribute<imaproc::attr::OutImg, imaproc::BaseOutputImageAttribute>;
+template class NamedAttribute<imaproc::attr::OutBinImg, imaproc::BaseOutputImageAttribute>;
 template class NamedAttribute<imaproc::attr::InSubImg2d, imaproc::BaseInputImageAttribute>;
+template class NamedAttribute<imaproc::attr::OutSubImg2d, imaproc::BaseOutputImageAttribute>;
 template class NamedAttribute<imaproc::attr::InYStrip2d, imaproc::BaseInputYStrip2dAttribute>;
 template class NamedAttribute<imaproc::attr::OutYStrip2d, imaproc::BaseOutputYStrip2dAttribute>;
+template class NamedAttribute<imaproc::attr::OutBinYStrip2d, imaproc::BaseOutputYStrip2dAttribute>;
+template class NamedAttribute<imaproc::attr::InOptEraseValue, BaseValueAttribute<double>>;
+template class NamedAttribute<imaproc::attr::InThresholdMin, BaseValueAttribute<double>>;
+template class NamedAttribute<imaproc::attr::InThresholdMax, BaseValueAttribute<double>>;
 template class NamedAttribute<imaproc::attr::InConvertImageBufferType, IPEnumAttribute<image::eImageBufferType>>;
 
 template class NamedAttribute<imaproc::attr::InImg1, imaproc::BaseInputImageAttribute>;

@@ -200,6 +200,47 @@ TEST(BufferType, ComparesEveryTimeStep)
     EXPECT_EQ(failureOf(rule->check()), g_gone);
 }
 
+TEST(FixedType, IsThatOfTheAttributeInEveryTimeStep)
+{
+    constexpr auto binary = eImageBufferType::eBufferBinary;
+    const auto any = boost::make_shared<OutPicture>();
+    auto mask = boost::make_shared<OutMask>();
+    const processor::RulePtr anyRule = hasFixedType(any);
+    const processor::RulePtr rule = hasFixedType(mask);
+    EXPECT_EQ(failureOf(rule->check()), "OutMask holds no image: set it before the run");
+    for (const eImageBufferType type : image::g_allBufferTypes) {
+        any->init(createImage(*geometry2d(type, 3, 2)));
+        EXPECT_EQ(failureOf(anyRule->check()), "no failure") << "it fixes none";
+        mask->init(createImage(*geometry2d(type, 3, 2)));
+        EXPECT_EQ(failureOf(rule->check()),
+                  type == binary ? "no failure"
+                                 : std::string("OutMask is 3x2x1x1x1 ") + image::getBufferTypeName(type) +
+                                       ", but has to be of element type Binary");
+    }
+    mask->init(createImage(mixedGeometry({binary, binary}, 3, 2, 1)));
+    EXPECT_EQ(failureOf(rule->check()), "no failure");
+    mask->init(createImage(mixedGeometry({binary, g_uint8}, 3, 2, 1)));
+    EXPECT_EQ(failureOf(rule->check()), "OutMask is 3x2x1x1x2 Binary/UInt8, but has to be of element type Binary");
+    mask.reset();
+    EXPECT_EQ(failureOf(rule->check()), g_gone);
+}
+
+TEST(FixedType, OfStrips)
+{
+    const auto any = boost::make_shared<OutStrip>();
+    const auto mask = boost::make_shared<OutMaskStrip>();
+    const processor::RulePtr rule = hasFixedType(mask);
+    EXPECT_EQ(failureOf(rule->check()), "OutMaskStrip holds no image: set it before the run");
+    const ImagePtr binary = createImage(*geometry2d(eImageBufferType::eBufferBinary, 9, 20));
+    const ImagePtr grey = createImage(*geometry2d(g_uint8, 9, 20));
+    mask->init(boost::make_shared<image::OutputImageYStrip2d>(*binary, 2, 5));
+    EXPECT_EQ(failureOf(rule->check()), "no failure");
+    mask->init(boost::make_shared<image::OutputImageYStrip2d>(*grey, 2, 5));
+    EXPECT_EQ(failureOf(rule->check()), "OutMaskStrip is 9x5 UInt8, but has to be of element type Binary");
+    any->init(boost::make_shared<image::OutputImageYStrip2d>(*grey, 2, 5));
+    EXPECT_EQ(failureOf(hasFixedType(any)->check()), "no failure");
+}
+
 TEST(ImageType, TellsOwnedWrappedAndPart)
 {
     using image::eImageBaseType;
@@ -274,6 +315,23 @@ TEST(ValueRange, IsThatOfTheTypeComparedAsDoubles)
         EXPECT_FALSE(holds(std::nextafter(row.largest, infinity))) << row.type;
         EXPECT_FALSE(holds(infinity) || holds(-infinity) || holds(nan)) << row.type;
     }
+}
+
+TEST(ValueRange, IsThatOfEveryTimeStep)
+{
+    const auto in = boost::make_shared<InPicture>();
+    const auto value = boost::make_shared<InValue<double>>();
+    const processor::RulePtr rule = matchImageRange<InValue<double>>(in, value);
+    in->init(createImage(mixedGeometry({g_uint16, eImageBufferType::Int8, g_uint8}, 3, 2, 1)));
+    const auto against = [&](double number) {
+        value->init(number);
+        return failureOf(rule->check());
+    };
+    EXPECT_EQ(against(127), "no failure");
+    EXPECT_EQ(against(128), "InValue is 128, but has to lie within the range of Int8, the element type of InPicture: "
+                            "-128 to 127");
+    EXPECT_EQ(against(-1), "InValue is -1, but has to lie within the range of UInt16, the element type of InPicture: 0 "
+                           "to 65535");
 }
 
 TEST(ValueRange, NamesValueTypeAndRange)

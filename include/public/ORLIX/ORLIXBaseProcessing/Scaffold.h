@@ -24,6 +24,9 @@ const TValue& guardedStatic(std::mutex& mutex, TMake&& make)
     return g_value;
 }
 
+/// "<nameSpace>::<name>".
+ORLIXBASEPROCESSING_API std::string makeTypeName(const char* nameSpace, const char* name);
+
 } // namespace details
 
 /// `TDerived` says `static constexpr const char* g_name`, `static constexpr <catalogue>::domain g_toolTip`,
@@ -37,7 +40,7 @@ public:
     static const std::string& getTypeName()
     {
         return details::guardedStatic<std::string>(
-            TypeNameMutex(), [] { return std::string(TLibrary::g_namespace) + "::" + TDerived::g_name; });
+            TypeNameMutex(), [] { return details::makeTypeName(TLibrary::g_namespace, TDerived::g_name); });
     }
     /// Shares the mutex of the tool tip.
     static const std::string& getObjectNameStr()

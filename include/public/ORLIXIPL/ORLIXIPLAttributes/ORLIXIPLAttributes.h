@@ -5,3 +5,4 @@
 #include "ORLIXIPL/ORLIXIPLAttributes/ComparisonAttributes.h"
 #include "ORLIXIPL/ORLIXIPLAttributes/ImageAttributes.h"
 #include "ORLIXIPL/ORLIXIPLAttributes/StripAttributes.h"
+#include "ORLIXIPL/ORLIXIPLAttributes/ValueAttributes.h"

@@ -21,4 +21,14 @@ public:
     static constexpr const char* g_toolTip = "Output strip: a range of lines of a plan";
 };
 
+class ORLIXIPLATTRIBUTES_API OutBinYStrip2d final
+    : public processor::NamedAttribute<OutBinYStrip2d, BaseOutputYStrip2dAttribute>
+{
+public:
+    static constexpr const char* g_name = "OutBinYStrip2d";
+    static constexpr const char* g_toolTip = "Binary output strip: a range of lines of a plan";
+
+    image::eImageBufferType getFixedBufferType() const override { return image::eImageBufferType::eBufferBinary; }
+};
+
 } // namespace orlix::imaproc::attr

@@ -6,6 +6,8 @@
 #include "ORLIXIPL/ORLIXIPLUtility/Logger/OutputInitializerLogMessages.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Logger/ProcessorLogMessages.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Logger/RuleLogMessages.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Processor/BasicThresholdImg/BasicThresholdImgLvl1.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/CompareImg/CompareImg.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/ConvertImg/ConvertImg.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/CopyImg/CopyImg.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Processor/EraseImg/EraseImg.h"

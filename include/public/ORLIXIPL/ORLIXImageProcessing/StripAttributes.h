@@ -78,6 +78,10 @@ class ORLIXIMAGEPROCESSING_API BaseInputYStrip2dAttribute
 
 class ORLIXIMAGEPROCESSING_API BaseOutputYStrip2dAttribute
     : public BaseTStripAttribute<BaseYStrip2dAttribute, image::OutputImageYStrip2d, true>
-{};
+{
+public:
+    /// The one element type that strips of this attribute have; none where any type will do.
+    virtual image::eImageBufferType getFixedBufferType() const { return image::eImageBufferType::eNoBuffer; }
+};
 
 } // namespace orlix::imaproc

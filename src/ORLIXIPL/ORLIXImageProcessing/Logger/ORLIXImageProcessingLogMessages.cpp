@@ -31,7 +31,8 @@ const std::vector<MessageText>& MessageCatalogue<imaproc::eImageRuleMessage>::te
         {Message::eOutOfRange, "%s is %s, but has to lie within the range of %s, the element type of %s: %s to %s"},
         {Message::eNothingHeld, "%s holds no image: set it before the run"},
         {Message::eSizeDiffers, "%s is %s, %s is %s: sizes have to be the same"},
-        {Message::eStripSizeDiffers, "The strip of %s is %s, that of %s is %s: sizes have to be the same"}};
+        {Message::eStripSizeDiffers, "The strip of %s is %s, that of %s is %s: sizes have to be the same"},
+        {Message::eNotOfFixedType, "%s is %s, but has to be of element type %s"}};
     return g_texts;
 }
 

@@ -78,6 +78,29 @@ const char* baseKindName(const image::eImageBaseType& type)
     return type == image::eImageBaseType::eHostImage ? "an image in main memory" : "an image on a GPU";
 }
 
+bool isEveryStepOfType(const image::BaseImageGeometry& geometry, const image::eImageBufferType& type)
+{
+    bool bSame = geometry.getBufferType() == type;
+    for (unsigned long t = 1; t < geometry.getSizeT() && !geometry.hasUniformBufferType(); ++t) {
+        bSame = bSame && geometry.getBufferType(t) == type;
+    }
+    return bSame;
+}
+
+ProcessingResult<bool> checkTypeRange(const processor::BaseAttribute& data, const image::eImageBufferType& type,
+                                      const processor::BaseAttribute* valueAttribute, double value)
+{
+    if (valueAttribute == nullptr) {
+        return processor::details::attributeGone();
+    }
+    const double smallest = image::getMinValue(type);
+    const double largest = image::getMaxValue(type);
+    return value >= smallest && value <= largest
+               ? ProcessingResult<bool>(true)
+               : failure(eImageRuleMessage::eOutOfRange, valueAttribute->getObjectName(), value,
+                         image::getBufferTypeName(type), data.getObjectName(), smallest, largest);
+}
+
 class BufferTypeRule final : public processor::BaseRule
 {
 public:
@@ -96,12 +119,9 @@ public:
             return processor::details::attributeGone();
         }
         const image::BaseImageGeometry& geometry = attribute->getImage().getGeometry();
-        bool bSame = geometry.getBufferType() == type->getValue();
-        for (unsigned long t = 1; t < geometry.getSizeT() && !geometry.hasUniformBufferType(); ++t) {
-            bSame = bSame && geometry.getBufferType(t) == type->getValue();
-        }
-        return bSame ? true
-                     : failure(eImageRuleMessage::eWrongBufferType, attribute->getObjectName(), geometry.toString(),
+        return isEveryStepOfType(geometry, type->getValue())
+                   ? true
+                   : failure(eImageRuleMessage::eWrongBufferType, attribute->getObjectName(), geometry.toString(),
                                image::getBufferTypeName(type->getValue()), type->getObjectName());
     }
 
@@ -161,21 +181,51 @@ processor::RulePtr matchStripSizeAndType(const StripAttributeRef& first, const S
     });
 }
 
-ProcessingResult<bool> checkRange(const processor::BaseAttribute* data, const image::eImageBufferType& type,
-                                  const processor::BaseAttribute* valueAttribute, double value)
+processor::RulePtr hasFixedImageType(const processor::AttributeRef<const BaseOutputImageAttribute>& output)
 {
-    if (ProcessingResult<bool> result = checkHeld(data); !result) {
-        return result;
+    return makePairRule(output, output, [](const BaseOutputImageAttribute& one, const BaseOutputImageAttribute&) {
+        const image::BaseImageGeometry& geometry = one.getImage().getGeometry();
+        const image::eImageBufferType fixed = one.getFixedBufferType();
+        const bool bRight = fixed == image::eImageBufferType::eNoBuffer || isEveryStepOfType(geometry, fixed);
+        return bRight ? ProcessingResult<bool>(true)
+                      : failure(eImageRuleMessage::eNotOfFixedType, one.getObjectName(), geometry.toString(),
+                                image::getBufferTypeName(fixed));
+    });
+}
+
+processor::RulePtr hasFixedStripType(const processor::AttributeRef<const BaseOutputYStrip2dAttribute>& output)
+{
+    return makePairRule(output, output, [](const BaseOutputYStrip2dAttribute& one, const BaseOutputYStrip2dAttribute&) {
+        const image::eImageBufferType type = one.getImageBufferType();
+        const image::eImageBufferType fixed = one.getFixedBufferType();
+        return fixed == image::eImageBufferType::eNoBuffer || fixed == type
+                   ? ProcessingResult<bool>(true)
+                   : failure(eImageRuleMessage::eNotOfFixedType, one.getObjectName(),
+                             stripSize(one.getBaseImageYStrip2d()) + " " + image::getBufferTypeName(type),
+                             image::getBufferTypeName(fixed));
+    });
+}
+
+ProcessingResult<bool> checkRange(const BaseImageAttribute* data, const processor::BaseAttribute* valueAttribute,
+                                  double value)
+{
+    if (data == nullptr || !data->isHeld()) {
+        return checkHeld(data);
     }
-    if (valueAttribute == nullptr) {
-        return processor::details::attributeGone();
+    const image::BaseImageGeometry& geometry = data->getImage().getGeometry();
+    ProcessingResult<bool> result = checkTypeRange(*data, geometry.getBufferType(), valueAttribute, value);
+    for (unsigned long t = 1; t < geometry.getSizeT() && result && !geometry.hasUniformBufferType(); ++t) {
+        result = checkTypeRange(*data, geometry.getBufferType(t), valueAttribute, value);
     }
-    const double smallest = image::getMinValue(type);
-    const double largest = image::getMaxValue(type);
-    return value >= smallest && value <= largest
-               ? ProcessingResult<bool>(true)
-               : failure(eImageRuleMessage::eOutOfRange, valueAttribute->getObjectName(), value,
-                         image::getBufferTypeName(type), data->getObjectName(), smallest, largest);
+    return result;
+}
+
+ProcessingResult<bool> checkRange(const BaseYStrip2dAttribute* data, const processor::BaseAttribute* valueAttribute,
+                                  double value)
+{
+    return data == nullptr || !data->isHeld()
+               ? checkHeld(data)
+               : checkTypeRange(*data, data->getImageBufferType(), valueAttribute, value);
 }
 
 } // namespace details

@@ -1,6 +1,7 @@
 // A fixed number of elements under one instruction set, the unit in which kernels work.
 #pragma once
 
+#include "ORLIX/ORLIXMath/Simd/Lanes.h"
 #include "ORLIX/ORLIXMath/Simd/Register.h"
 
 #include <type_traits>
@@ -38,6 +39,20 @@ struct Pack
         }
         return pack;
     }
+    /// The same value in every element, bit for bit.
+    static ORLIX_SIMD_INLINE Pack broadcast(T value)
+    {
+        using Bits = std::conditional_t<sizeof(T) == 1, unsigned char,
+                                        std::conditional_t<sizeof(T) == 2, unsigned short, unsigned int>>;
+        Bits bits;
+        __builtin_memcpy(&bits, &value, sizeof(T));
+        const Lanes<Bits, s_nbPerRegister> lanes = Lanes<Bits, s_nbPerRegister>{} + bits;
+        Pack pack;
+        for (unsigned long r = 0; r < s_nbRegisters; ++r) {
+            pack.m_registers[r] = Register<I>::load(&lanes);
+        }
+        return pack;
+    }
     ORLIX_SIMD_INLINE void store(T* to) const
     {
         for (unsigned long r = 0; r < s_nbRegisters; ++r) {
@@ -61,6 +76,7 @@ struct Pack<eInstructionSet::eNone, T>
     T m_value;
 
     static ORLIX_SIMD_INLINE Pack load(const T* from) { return {*from}; }
+    static ORLIX_SIMD_INLINE Pack broadcast(T value) { return {value}; }
     ORLIX_SIMD_INLINE void store(T* to) const { *to = m_value; }
     ORLIX_SIMD_INLINE void stream(T* to) const { *to = m_value; }
 };

@@ -21,7 +21,8 @@ struct eImageRuleMessage
         eOutOfRange = 6,             ///< attribute, value, type, attribute, smallest, largest
         eNothingHeld = 7,            ///< attribute
         eSizeDiffers = 8,            ///< attribute, geometry, attribute, geometry
-        eStripSizeDiffers = 9        ///< attribute, lines, attribute, lines
+        eStripSizeDiffers = 9,       ///< attribute, lines, attribute, lines
+        eNotOfFixedType = 10         ///< attribute, geometry, type
     };
     ORLIX_ENUMERATION(eImageRuleMessage, eSizeOrTypeDiffers);
 };

@@ -29,8 +29,13 @@ ORLIXIMAGEPROCESSING_API processor::RulePtr matchImageSizeAndType(const ImageAtt
                                                                   const ImageAttributeRef& second);
 ORLIXIMAGEPROCESSING_API processor::RulePtr matchStripSizeAndType(const StripAttributeRef& first,
                                                                   const StripAttributeRef& second);
-ORLIXIMAGEPROCESSING_API ProcessingResult<bool> checkRange(const processor::BaseAttribute* data,
-                                                           const image::eImageBufferType& type,
+ORLIXIMAGEPROCESSING_API processor::RulePtr
+hasFixedImageType(const processor::AttributeRef<const BaseOutputImageAttribute>& output);
+ORLIXIMAGEPROCESSING_API processor::RulePtr
+hasFixedStripType(const processor::AttributeRef<const BaseOutputYStrip2dAttribute>& output);
+ORLIXIMAGEPROCESSING_API ProcessingResult<bool> checkRange(const BaseImageAttribute* data,
+                                                           const processor::BaseAttribute* valueAttribute, double value);
+ORLIXIMAGEPROCESSING_API ProcessingResult<bool> checkRange(const BaseYStrip2dAttribute* data,
                                                            const processor::BaseAttribute* valueAttribute, double value);
 } // namespace details
 
@@ -67,13 +72,25 @@ ORLIXIMAGEPROCESSING_API processor::RulePtr noInSitu(const ImageAttributeRef& fi
 /// The image has the element type that the enumeration attribute tells, in every time step.
 ORLIXIMAGEPROCESSING_API processor::RulePtr bufferType(const ImageAttributeRef& image,
                                                        const processor::AttributeRef<const BufferTypeAttribute>& type);
+/// The output has the element type that its attribute fixes, in every time step; true where it fixes none.
+template <AttributePointer<BaseOutputImageAttribute> TPointer>
+processor::RulePtr hasFixedType(const TPointer& output)
+{
+    return details::hasFixedImageType(output);
+}
+template <AttributePointer<BaseOutputYStrip2dAttribute> TPointer>
+processor::RulePtr hasFixedType(const TPointer& output)
+{
+    return details::hasFixedStripType(output);
+}
+
 /// The image is of this kind.
 ORLIXIMAGEPROCESSING_API processor::RulePtr imageType(const ImageAttributeRef& image, const image::eImageType& type);
 ORLIXIMAGEPROCESSING_API processor::RulePtr imageBaseType(const ImageAttributeRef& image,
                                                           const image::eImageBaseType& type);
 
-/// A value, as it stands in a `double`, lies in the range of an element type; NaN and infinities never do. `TValue` is
-/// a value attribute, `TData` an image or strip attribute.
+/// A value, as it stands in a `double`, lies in the range of an element type, of an image in every time step's; NaN and
+/// infinities never do. `TValue` is a value attribute, `TData` an image or strip attribute.
 template <class TValue, class TData>
 class RuleMatchValueToRange : public processor::BaseRule
 {
@@ -85,10 +102,8 @@ public:
 
     ProcessingResult<bool> check() const override
     {
-        const TData* data = m_data.access();
         const TValue* value = m_value.access();
-        const bool bThere = data != nullptr && value != nullptr && data->isHeld();
-        return details::checkRange(data, bThere ? data->getImageBufferType() : image::eImageBufferType(), value,
+        return details::checkRange(m_data.access(), value,
                                    value != nullptr ? static_cast<double>(value->accessValue()) : 0.0);
     }
 
