@@ -5,6 +5,9 @@
 #define ORLIX_VERBS(verb)                                                                                              \
     verb(info)                                                                                                         \
     verb(copy)                                                                                                         \
+    verb(convert)                                                                                                      \
+    verb(threshold)                                                                                                    \
+    verb(erase)                                                                                                        \
     verb(compare)                                                                                                      \
     verb(run)                                                                                                          \
     verb(processors)
