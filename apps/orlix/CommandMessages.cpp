@@ -40,7 +40,24 @@ const std::vector<MessageText>& MessageCatalogue<eCommandMessage>::texts()
          "%s is %s, %s is %s: only images of the same sizes and element type can be compared; `orlix convert` changes "
          "the type"},
         {eCommandMessage::ePictureNotPng,
-         "--picture: the picture is a PNG file, but its name is %s: let it end in .png"}};
+         "--picture: the picture is a PNG file, but its name is %s: let it end in .png"},
+        {eCommandMessage::eTypeNotHeld, "%s: PNG files hold %s, but the image is %s: let `orlix convert` change the "
+                                        "type, or let the name end in .tif"},
+        {eCommandMessage::eBadOption, "expected %s, found \"%s\""},
+        {eCommandMessage::eUnknownProcessor, "\"%s\" is no processor; %s`orlix processors` lists all"},
+        {eCommandMessage::eAmbiguousProcessor, "\"%s\" means several processors; use one of %s"},
+        {eCommandMessage::eNoAssignment, "\"%s\" must be an ATTRIBUTE=VALUE; `orlix run --help` tells more"},
+        {eCommandMessage::eUnknownAttribute, "%s has no attribute \"%s\"; it has %s"},
+        {eCommandMessage::eAssignedTwice, "%s is given twice; leave one out"},
+        {eCommandMessage::eBadAssignment, "%s; `orlix run %s --help` tells more"},
+        {eCommandMessage::eNotGiven, "--given is for outputs that are images, but %s is none; write %s=VALUE alone"},
+        {eCommandMessage::eNeedsGivenImage,
+         "%s writes %s into an image that is there already: read one with --given %s=FILE"},
+        {eCommandMessage::eNeedsValue, "%s needs %s (%s): add %s=%s"},
+        {eCommandMessage::eNotFromOutside,
+         "%s needs %s (%s), which neither a file nor a text can give: run a processor of level 1"},
+        {eCommandMessage::eSameTarget, "%s and %s can't both go to %s: name two files"},
+        {eCommandMessage::eOutputNotMade, "%s made no %s: there is nothing to write"}};
     return g_texts;
 }
 

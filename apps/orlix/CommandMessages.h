@@ -27,8 +27,22 @@ struct eCommandMessage
         eNoMemory = 7,
         eUnknownFailure = 8,
         eInterrupted = 9,
-        eNotComparable = 10, ///< file, geometry, file, geometry
-        ePictureNotPng = 11  ///< file
+        eNotComparable = 10,      ///< file, geometry, file, geometry
+        ePictureNotPng = 11,      ///< file
+        eTypeNotHeld = 12,        ///< output file, types that its format can hold, geometry
+        eBadOption = 13,          ///< kind of value, what was given
+        eUnknownProcessor = 14,   ///< what was given, "near it are ...; " or nothing
+        eAmbiguousProcessor = 15, ///< what was given, names
+        eNoAssignment = 16,       ///< what was given
+        eUnknownAttribute = 17,   ///< processor, what was given, attributes
+        eAssignedTwice = 18,      ///< attribute
+        eBadAssignment = 19,      ///< reason, processor
+        eNotGiven = 20,           ///< attribute, attribute
+        eNeedsGivenImage = 21,    ///< processor, attribute, attribute
+        eNeedsValue = 22,         ///< processor, attribute, its tool tip, attribute, "FILE" or "VALUE"
+        eNotFromOutside = 23,     ///< processor, attribute, kind of its value
+        eSameTarget = 24,         ///< attribute, attribute, file
+        eOutputNotMade = 25       ///< processor, attribute
     };
     ORLIX_ENUMERATION(eCommandMessage, eBadArguments);
 };

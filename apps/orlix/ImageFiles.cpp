@@ -2,6 +2,7 @@
 #include "ImageFiles.h"
 
 #include "Interruption.h"
+#include "OutputOptions.h"
 
 #include "ORLIXIPL/ORLIXImageIO/ReadImage.h"
 #include "ORLIXIPL/ORLIXImageIO/WriteImage.h"
@@ -33,6 +34,7 @@ ImagePtr readInput(const std::string& file, CommandContext& context)
 void writeOutput(const std::string& file, const ImageConstPtr& image, image::io::WriteOptions options,
                  CommandContext& context)
 {
+    checkElementType(file, *image);
     options.progress = watch("write", context);
     image::io::writeImage(file, image, options);
 }

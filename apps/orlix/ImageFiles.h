@@ -13,7 +13,8 @@ namespace orlix::cli {
 /// Throws ORLIXImageIOException, or Interrupted at the next plan after a signal.
 ImagePtr readInput(const std::string& file, CommandContext& context);
 
-/// The same errors. Whatever they are, `file` is as it was and no temporary file is left. Within an InterruptibleWork.
+/// The same errors, and CommandException for an element type that the format can't hold. Whatever they are, `file` is
+/// as it was and no temporary file is left. Within an InterruptibleWork.
 void writeOutput(const std::string& file, const ImageConstPtr& image, image::io::WriteOptions options,
                  CommandContext& context);
 

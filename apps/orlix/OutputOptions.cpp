@@ -1,4 +1,4 @@
-// Options of every verb that writes an image.
+// Options of every verb that writes images.
 #include "OutputOptions.h"
 
 #include "CommandMessages.h"
@@ -18,6 +18,7 @@ namespace {
 using image::io::eBigTiff;
 using image::io::eByteOrder;
 using image::io::eChannelLayout;
+using image::io::eImageFileFormat;
 using image::io::eTiffCompression;
 
 constexpr const char* g_group = "TIFF output";
@@ -47,7 +48,7 @@ CLI::Option* addChoice(CLI::App& app, const std::string& name, TEnum& target,
 }
 
 /// Notes that the option was given.
-void markTiffOption(CLI::Option* option, OutputOptions& options)
+void markTiffOption(CLI::Option* option, FormatOptions& options)
 {
     option->group(g_group)->each([option, &options](const std::string&) {
         if (options.firstTiffOption.empty()) {
@@ -56,16 +57,21 @@ void markTiffOption(CLI::Option* option, OutputOptions& options)
     });
 }
 
+std::string namesOfTypes(const eImageFileFormat& format)
+{
+    std::string names;
+    for (const image::eImageBufferType type : image::g_allBufferTypes) {
+        if (image::io::canHold(format, type)) {
+            names.append(names.empty() ? "" : ", ").append(image::getBufferTypeName(type));
+        }
+    }
+    return names;
+}
+
 } // namespace
 
-void addOutputOptions(CLI::App& app, OutputOptions& options)
+void addFormatOptions(CLI::App& app, FormatOptions& options)
 {
-    app.add_option("OUT", options.file,
-                   "File to write: TIFF (.tif, .tiff) or PNG (.png); it is replaced\n"
-                   "once the new one is complete")
-        ->option_text(" ")
-        ->required();
-
     image::io::WriteOptions& write = options.write;
     markTiffOption(addChoice(app, "--compression", write.compression,
                              {{"none", eTiffCompression::eNone},
@@ -103,11 +109,29 @@ void addOutputOptions(CLI::App& app, OutputOptions& options)
     app.get_option("--tile-size")->each([&write](const std::string&) { write.bTiled = true; });
 }
 
-void checkOutputOptions(const OutputOptions& options)
+void addOutputOptions(CLI::App& app, OutputOptions& options)
 {
-    const image::io::eImageFileFormat format = image::io::formatByEnding(options.file);
-    if (format != image::io::eImageFileFormat::eTiff && !options.firstTiffOption.empty()) {
-        raise<eCommandMessage>(ORLIX_HERE, eCommandMessage::eOptionForTiffOnly, options.firstTiffOption, options.file);
+    app.add_option("OUT", options.file,
+                   "File to write: TIFF (.tif, .tiff) or PNG (.png); it is replaced\n"
+                   "once the new one is complete")
+        ->option_text(" ")
+        ->required();
+    addFormatOptions(app, options.format);
+}
+
+void checkOutput(const std::string& file, const FormatOptions& options)
+{
+    if (image::io::formatByEnding(file) != eImageFileFormat::eTiff && !options.firstTiffOption.empty()) {
+        raise<eCommandMessage>(ORLIX_HERE, eCommandMessage::eOptionForTiffOnly, options.firstTiffOption, file);
+    }
+}
+
+void checkElementType(const std::string& file, const image::BaseImage& image)
+{
+    const eImageFileFormat format = image::io::formatByEnding(file);
+    if (!image::io::canHold(format, image.getBufferType())) {
+        raise<eCommandMessage>(ORLIX_HERE, eCommandMessage::eTypeNotHeld, file, namesOfTypes(format),
+                               image.getGeometry().toString());
     }
 }
 

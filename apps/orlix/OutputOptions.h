@@ -1,6 +1,7 @@
-// Options of every verb that writes an image.
+// Options of every verb that writes images.
 #pragma once
 
+#include "ORLIXIPL/ORLIXImage/BaseImage.h"
 #include "ORLIXIPL/ORLIXImageIO/WriteOptions.h"
 
 #include <string>
@@ -11,18 +12,29 @@ class App;
 
 namespace orlix::cli {
 
-struct OutputOptions
+/// How files are written.
+struct FormatOptions
 {
-    std::string file;
     image::io::WriteOptions write;
     std::string firstTiffOption; ///< an option that was given and means nothing to other formats; empty if none was
 };
 
-/// Declares the positional argument OUT and the options. `options` has to outlive the parser.
+struct OutputOptions
+{
+    std::string file;
+    FormatOptions format;
+};
+
+/// Declares the options that tell how files are written. `options` has to outlive the parser.
+void addFormatOptions(CLI::App& app, FormatOptions& options);
+/// Declares the positional argument OUT too.
 void addOutputOptions(CLI::App& app, OutputOptions& options);
 
 /// Throws ORLIXImageIOException where the name of the output stands for no format, and CommandException where an option
 /// doesn't fit the format. Called before any work is done.
-void checkOutputOptions(const OutputOptions& options);
+void checkOutput(const std::string& file, const FormatOptions& options);
+
+/// Throws CommandException, with the element types that will do, where the format can't hold those of `image`.
+void checkElementType(const std::string& file, const image::BaseImage& image);
 
 } // namespace orlix::cli

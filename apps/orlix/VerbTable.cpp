@@ -5,7 +5,11 @@
 #define ORLIX_VERBS(verb)                                                                                              \
     verb(info)                                                                                                         \
     verb(copy)                                                                                                         \
+    verb(convert)                                                                                                      \
+    verb(threshold)                                                                                                    \
+    verb(erase)                                                                                                        \
     verb(compare)                                                                                                      \
+    verb(run)                                                                                                          \
     verb(processors)
 // clang-format on
 

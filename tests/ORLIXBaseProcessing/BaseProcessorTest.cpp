@@ -137,6 +137,14 @@ TEST(BaseProcessor, MandatoryAttributesMustBeSet)
     EXPECT_EQ(std::count(steps.begin(), steps.end(), "rule"), 0);
 }
 
+TEST(BaseProcessor, TellsWhichOutputsItMakes)
+{
+    const auto processor = makeReady();
+    EXPECT_TRUE(processor->makesOutput("OutNumbers"));
+    EXPECT_FALSE(processor->makesOutput("InNumber"));
+    EXPECT_FALSE(processor->makesOutput("OutSomething"));
+}
+
 TEST(BaseProcessor, NullPointersAreRefusedEvenWhereAnInitializerWouldHelp)
 {
     const auto processor = makeReady();

@@ -87,5 +87,15 @@ TEST(ImageBufferType, TableOrderPutsElevenBeforeNine)
     EXPECT_EQ(order, "1 2 3 4 5 6 7 8 11 9 10 ");
 }
 
+TEST(ImageBufferType, NamesAreListedInTableOrderWithoutNone)
+{
+    using Names = EnumerationNames<eImageBufferType>;
+    std::string names;
+    for (const eImageBufferType type : Names::g_values) {
+        names += std::string(Names::nameOf(type)) + " ";
+    }
+    EXPECT_EQ(names, "Int8 UInt8 Int16 UInt16 Int32 UInt32 Real32 Binary UInt8Like UInt16Like UInt32Like ");
+}
+
 } // namespace
 } // namespace orlix::image

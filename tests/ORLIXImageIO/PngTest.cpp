@@ -169,6 +169,23 @@ TEST(PngTest, UnsuitableImagesAreRefused)
     EXPECT_TRUE(folder.getNames().empty());
 }
 
+TEST(PngTest, HoldsTheTypesThatItSaysItHolds)
+{
+    const TestFolder folder;
+    for (const eImageBufferType type : g_allBufferTypes) {
+        const auto image = filledImage(*geometry2d(type, 4, 4), 1);
+        const auto write = [&] { writeImage(folder / "a.png", image); };
+        if (canHold(eImageFileFormat::ePng, type)) {
+            EXPECT_NO_THROW(write()) << getBufferTypeName(type);
+        } else {
+            EXPECT_THROW(write(), ORLIXImageIOException) << getBufferTypeName(type);
+        }
+        EXPECT_TRUE(canHold(eImageFileFormat::eTiff, type));
+    }
+    EXPECT_FALSE(canHold(eImageFileFormat::ePng, eImageBufferType::eNoBuffer));
+    EXPECT_FALSE(canHold(eImageFileFormat::eTiff, eImageBufferType::eNoBuffer));
+}
+
 namespace {
 
 // The image, or null where reading was refused. Anything but a refusal fails the test.

@@ -1,6 +1,7 @@
 // Attributes that carry images and strips: set, null, cleared, and what they tell of what they hold.
 #include "ORLIXIPL/ORLIXImageProcessing/ImageAttributes.h"
 
+#include "ORLIX/ORLIXBaseProcessing/ValueAttributes.h"
 #include "ORLIXIPL/ORLIXBaseImageTools/SubImageExtractor.h"
 #include "ORLIXIPL/ORLIXImage/ImageFactory.h"
 #include "ORLIXIPL/ORLIXImageProcessing/ImageBufferTypeIdentifier.h"
@@ -94,6 +95,42 @@ TEST(StripAttributes, TellUnsetFromNull)
 {
     expectStripBehaviour<InStrip, image::InputImageYStrip2d>(false);
     expectStripBehaviour<OutStrip, image::OutputImageYStrip2d>(true);
+}
+
+TEST(ImageAttributes, TakeNoText)
+{
+    InPicture in;
+    EXPECT_EQ(in.getValueKind(), "image");
+    EXPECT_FALSE(in.takesText());
+    EXPECT_EQ(failureOf(in.setFromText("head.tif")), "InPicture (image) can't be given as text: set it from a program");
+    EXPECT_EQ(OutMask().getValueKind(), "image");
+    EXPECT_EQ(OutMask().getValueText(), std::nullopt);
+    EXPECT_EQ(OutStrip().getValueKind(), "strip");
+    EXPECT_FALSE(InStrip().takesText());
+}
+
+struct InType final : processor::NamedAttribute<InType, processor::IPEnumAttribute<eImageBufferType>>
+{
+    static constexpr const char* g_name = "InType";
+    static constexpr const char* g_toolTip = "An element type";
+};
+
+TEST(BufferTypeAttribute, TakesTheNameOfEveryType)
+{
+    InType attribute;
+    for (const eImageBufferType type : image::g_allBufferTypes) {
+        EXPECT_TRUE(attribute.setFromText(image::getBufferTypeName(type)));
+        EXPECT_EQ(attribute.getValue(), type);
+        EXPECT_EQ(attribute.getValueText(), image::getBufferTypeName(type));
+        EXPECT_TRUE(attribute.setFromText(std::to_string(static_cast<int>(type))));
+        EXPECT_EQ(attribute.getValue(), type);
+    }
+    EXPECT_TRUE(attribute.setFromText("uint16like"));
+    EXPECT_EQ(attribute.getValue(), eImageBufferType::eBufferUInt16Like);
+    EXPECT_EQ(failureOf(attribute.setFromText("none")),
+              "InType: expected one of Int8, UInt8, Int16, UInt16, Int32, UInt32, Real32, Binary, UInt8Like, UInt16Like, "
+              "UInt32Like, found \"none\"");
+    EXPECT_FALSE(attribute.setFromText("12"));
 }
 
 TEST(IsInSitu, LooksAtThePixelsNotAtThePointers)

@@ -32,36 +32,39 @@ TEST_P(MistakeTest, EndsWithOneLineAndExitCode2)
 
 INSTANTIATE_TEST_SUITE_P(
     Arguments, MistakeTest,
-    ::testing::Values(Mistake{{}, "a verb is needed, one of info, copy, compare, processors"},
-                    Mistake{{"frobnicate"}, "\"frobnicate\" is no verb"}, Mistake{{"--json"}, "a verb is needed"},
-                    Mistake{{"info"}, "FILE is required; `orlix info --help` tells more"},
-                    Mistake{{"info", "--bogus", "a.tif"}, "not expected: --bogus"},
-                    Mistake{{"--bogus", "info", "a.tif"}, "not expected: --bogus"},
-                    Mistake{{"processors", "surplus"}, "not expected: surplus"},
-                    Mistake{{"copy", "a.tif"}, "OUT is required"},
-                    Mistake{{"copy", "a.tif", "b.tif", "c.tif"}, "not expected: c.tif"},
-                    Mistake{{"copy", "a.tif", "b.jpg"}, "the ending \".jpg\" names no format"},
-                    Mistake{{"copy", "a.tif", "b"}, "names no format"},
-                    Mistake{{"copy", "a.tif", "b.png", "--tiled"}, "--tiled is for TIFF files"},
-                    Mistake{{"copy", "a.tif", "b.png", "--compression", "lzw"}, "--compression is for TIFF files"},
-                    Mistake{{"copy", "a.tif", "b.tif", "--compression", "zip"}, "zip not in"},
-                    Mistake{{"copy", "a.tif", "b.tif", "--tile-size", "many"}, "--tile-size"},
-                    Mistake{{"--threads", "x", "processors"}, "--threads"},
-                    Mistake{{"--threads", "-1", "processors"}, "--threads"},
-                    Mistake{{"processors", "--threads", "1025"}, "not in range 0 to 1024"},
-                    Mistake{{"processors", "--threads"}, "--threads"},
-                    Mistake{{"processors", "--instruction-set", "AVX9"}, "\"AVX9\" is no instruction set"}));
+    ::testing::Values(Mistake{{}, "a verb is needed, one of info, copy, compare, run, processors"},
+                      Mistake{{"frobnicate"}, "\"frobnicate\" is no verb"}, Mistake{{"--json"}, "a verb is needed"},
+                      Mistake{{"info"}, "FILE is required; `orlix info --help` tells more"},
+                      Mistake{{"info", "--bogus", "a.tif"}, "not expected: --bogus"},
+                      Mistake{{"--bogus", "info", "a.tif"}, "not expected: --bogus"},
+                      Mistake{{"processors", "nothing"}, "\"nothing\" is no processor"},
+                      Mistake{{"processors", "CopyImgLvl1", "surplus"}, "not expected: surplus"},
+                      Mistake{{"run"}, "PROCESSOR is required; `orlix run --help` tells more"},
+                      Mistake{{"run", "CopyImgLvl1", "--given"}, "--given"},
+                      Mistake{{"copy", "a.tif"}, "OUT is required"},
+                      Mistake{{"copy", "a.tif", "b.tif", "c.tif"}, "not expected: c.tif"},
+                      Mistake{{"copy", "a.tif", "b.jpg"}, "the ending \".jpg\" names no format"},
+                      Mistake{{"copy", "a.tif", "b"}, "names no format"},
+                      Mistake{{"copy", "a.tif", "b.png", "--tiled"}, "--tiled is for TIFF files"},
+                      Mistake{{"copy", "a.tif", "b.png", "--compression", "lzw"}, "--compression is for TIFF files"},
+                      Mistake{{"copy", "a.tif", "b.tif", "--compression", "zip"}, "zip not in"},
+                      Mistake{{"copy", "a.tif", "b.tif", "--tile-size", "many"}, "--tile-size"},
+                      Mistake{{"--threads", "x", "processors"}, "--threads"},
+                      Mistake{{"--threads", "-1", "processors"}, "--threads"},
+                      Mistake{{"processors", "--threads", "1025"}, "not in range 0 to 1024"},
+                      Mistake{{"processors", "--threads"}, "--threads"},
+                      Mistake{{"processors", "--instruction-set", "AVX9"}, "\"AVX9\" is no instruction set"}));
 
 INSTANTIATE_TEST_SUITE_P(
     Files, MistakeTest,
     ::testing::Values(Mistake{{"info", "/nowhere/a.tif"}, "/nowhere/a.tif: can't be opened"},
-                    Mistake{{"info", ""}, "can't be opened"},
-                    Mistake{{"info", "/"}, "must be a regular file, but is a folder"},
-                    Mistake{{"info", "/dev/null"}, "must be a regular file"},
-                    Mistake{{"info", ORLIX_PROGRAM}, "must be a TIFF or PNG file"},
-                    Mistake{{"info", "two\nlines\x1b[1m.tif"}, "two\\nlines\\x1b[1m.tif: can't be opened"},
-                    Mistake{{"copy", "/nowhere/a.tif", "b.tif"}, "/nowhere/a.tif: can't be opened"},
-                    Mistake{{"copy", ORLIX_PROGRAM, "b.tif"}, "must be a TIFF or PNG file"}));
+                      Mistake{{"info", ""}, "can't be opened"},
+                      Mistake{{"info", "/"}, "must be a regular file, but is a folder"},
+                      Mistake{{"info", "/dev/null"}, "must be a regular file"},
+                      Mistake{{"info", ORLIX_PROGRAM}, "must be a TIFF or PNG file"},
+                      Mistake{{"info", "two\nlines\x1b[1m.tif"}, "two\\nlines\\x1b[1m.tif: can't be opened"},
+                      Mistake{{"copy", "/nowhere/a.tif", "b.tif"}, "/nowhere/a.tif: can't be opened"},
+                      Mistake{{"copy", ORLIX_PROGRAM, "b.tif"}, "must be a TIFF or PNG file"}));
 
 TEST(ArgumentsTest, WorkBeforeAndAfterTheVerb)
 {
@@ -113,8 +116,12 @@ TEST(ArgumentsTest, HelpListsVerbsAndOptions)
 
 TEST(ArgumentsTest, HelpFitsATerminalOf100Columns)
 {
-    for (const std::vector<std::string>& arguments :
-         {std::vector<std::string>{"--help"}, {"info", "--help"}, {"copy", "--help"}, {"processors", "--help"}}) {
+    for (const std::vector<std::string>& arguments : {std::vector<std::string>{"--help"},
+                                                      {"info", "--help"},
+                                                      {"copy", "--help"},
+                                                      {"processors", "--help"},
+                                                      {"run", "--help"},
+                                                      {"run", "CompareImgLvl1", "--help"}}) {
         std::istringstream lines(runOrlix(arguments).out);
         for (std::string line; std::getline(lines, line);) {
             EXPECT_LE(line.size(), 100U) << line;

@@ -1,9 +1,13 @@
 // orlix processors: what the processor factory knows.
+#include "DescribeAttributes.h"
 #include "JsonWriter.h"
+#include "NamedProcessor.h"
 #include "PlainText.h"
 #include "Verb.h"
 
-#include "ORLIX/ORLIXBaseProcessing/ProcessorFactory.h"
+#include <boost/make_shared.hpp>
+
+#include <CLI/CLI.hpp>
 
 namespace orlix::cli {
 
@@ -17,17 +21,15 @@ void printProcessor(std::ostream& out, const std::string& name, const ProcessorF
         << printable(info.headerPath.string()) << "\n";
 }
 
-void writeProcessor(JsonWriter& json, const std::string& name, const ProcessorFactory::ProcessorInfo& info)
+void writeMembers(JsonWriter& json, const std::string& name, const ProcessorFactory::ProcessorInfo& info)
 {
-    json.beginObject();
     json.member("name", name);
     json.member("toolTip", info.toolTip);
     json.member("library", info.libraryName);
     json.member("header", info.headerPath.string());
-    json.endObject();
 }
 
-void runProcessors(CommandContext& context)
+void listProcessors(CommandContext& context)
 {
     const ProcessorFactory& factory = ProcessorFactory::getInstance();
     JsonWriter json(context.out);
@@ -36,16 +38,43 @@ void runProcessors(CommandContext& context)
     }
     for (const std::string& name : factory.getProcessorNames()) {
         const ProcessorFactory::ProcessorInfo info = factory.getProcessorInfo(name);
-        context.options.bJson ? writeProcessor(json, name, info) : printProcessor(context.out, name, info);
+        if (context.options.bJson) {
+            json.beginObject();
+            writeMembers(json, name, info);
+            json.endObject();
+        } else {
+            printProcessor(context.out, name, info);
+        }
     }
     if (context.options.bJson) {
         json.endArray();
     }
 }
 
-VerbRun setUpProcessors(CLI::App&)
+void showProcessor(const std::string& name, CommandContext& context)
 {
-    return [](CommandContext& context) { runProcessors(context); };
+    const ProcessorFactory::ProcessorInfo info = ProcessorFactory::getInstance().getProcessorInfo(name);
+    const boost::shared_ptr<processor::BaseProcessor> processor = makeProcessor(name);
+    if (!context.options.bJson) {
+        printProcessor(context.out, name, info);
+        context.out << describeAttributes(*processor);
+        return;
+    }
+    JsonWriter json(context.out);
+    json.beginObject();
+    writeMembers(json, name, info);
+    json.key("attributes");
+    writeAttributes(json, *processor);
+    json.endObject();
+}
+
+VerbRun setUpProcessors(CLI::App& app)
+{
+    const auto name = boost::make_shared<std::string>();
+    app.add_option("PROCESSOR", *name, "Tell this one alone, with its attributes")->option_text(" ");
+    return [name](CommandContext& context) {
+        name->empty() ? listProcessors(context) : showProcessor(findProcessor(*name), context);
+    };
 }
 
 } // namespace

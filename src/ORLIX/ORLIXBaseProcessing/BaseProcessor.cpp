@@ -97,7 +97,7 @@ ProcessingResult<bool> BaseProcessor::checkAttribute(const BaseAttribute& attrib
             eProcessorMessage::eAttributeIsNull, getObjectName(), attribute.getObjectName()));
     }
     const bool bNeeded = !attribute.isSet() && !attribute.isOptional();
-    if (bNeeded && !(attribute.isOutput() && m_outputInitializers.count(attribute.getObjectName()) != 0)) {
+    if (bNeeded && !(attribute.isOutput() && makesOutput(attribute.getObjectName()))) {
         return ProcessingResult<bool>::failure(
             formatMessage<eProcessorMessage>(eProcessorMessage::eAttributeNotSet, getObjectName(),
                                              attribute.getObjectName(), attribute.getObjectName()));

@@ -2,6 +2,11 @@
 
 namespace orlix::imaproc {
 
+std::string BaseImageAttribute::getValueKind() const
+{
+    return "image";
+}
+
 bool isInSitu(const BaseImageAttribute& input, const BaseImageAttribute& output)
 {
     return input.isHeld() && output.isHeld() && input.getImage().sharesPixelsWith(output.getImage());

@@ -3,10 +3,12 @@
 
 #include "ORLIX/ORLIXBaseProcessing/Export.h"
 #include "ORLIX/ORLIXUtil/Enumeration.h"
+#include "ORLIX/ORLIXUtil/ProcessingResult.h"
 
 #include <boost/shared_ptr.hpp>
 #include <boost/weak_ptr.hpp>
 
+#include <optional>
 #include <string>
 
 namespace orlix::processor {
@@ -41,7 +43,22 @@ public:
     /// Makes it as it was when new: unset, with the default of its class.
     virtual void clear() = 0;
 
+    /// What it holds, and what a text for it has to be: "number", "one of Int8, UInt8, Int16", "image".
+    virtual std::string getValueKind() const;
+    virtual bool takesText() const;
+    /// Sets it to the value that the whole of `text` stands for, whatever the locale. Fails, and leaves it as it was,
+    /// where the text stands for none, and always where it takes no text; the reason names the attribute, what is
+    /// expected and what was found.
+    virtual ProcessingResult<bool> setFromText(const std::string& text);
+    /// What it holds, set or by default, as text for people; none where nothing is held or no text can tell it. Where
+    /// it takes text, that text gives the value back.
+    virtual std::optional<std::string> getValueText() const;
+    /// The same for what it holds when it is new.
+    virtual std::optional<std::string> getDefaultText() const;
+
 protected:
+    /// The failure of `setFromText` for a text that doesn't fit.
+    ProcessingResult<bool> refuseText(const std::string& text) const;
     void markSet(bool bNull = false) { m_bSet = true, m_bNull = bNull; }
     void markUnset() { m_bSet = false, m_bNull = false; }
 

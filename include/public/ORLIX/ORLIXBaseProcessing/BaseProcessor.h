@@ -31,6 +31,8 @@ public:
     std::vector<std::string> getAttributeNameColl() const;
     /// Throws ORLIXBaseProcessingException where the processor has no attribute of that name.
     BaseAttribute& getAttribute(const std::string& name) const;
+    /// Does a run make the output of this name where nobody gave it?
+    bool makesOutput(const std::string& name) const { return m_outputInitializers.contains(name); }
 
     virtual const std::string& getObjectName() const = 0;
     virtual const std::string& getToolTip() const = 0;

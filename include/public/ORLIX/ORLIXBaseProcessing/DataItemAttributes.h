@@ -1,9 +1,17 @@
 // Attributes that hold a data item.
 #pragma once
 
+#include "ORLIX/ORLIXBaseData/BaseDataItem.h"
 #include "ORLIX/ORLIXBaseProcessing/BaseAttribute.h"
 
+#include <concepts>
+
 namespace orlix::processor {
+
+namespace details {
+/// One line for people.
+ORLIXBASEPROCESSING_API std::string printedItem(const BaseDataItem& item);
+} // namespace details
 
 /// Input attribute that holds a data item which must be given before the run.
 template <class TNode>
@@ -15,6 +23,7 @@ public:
 
     bool isOutput() const override { return false; }
     eAttributeType getAttributeType() const override { return eAttributeType::eDataItemAttribute; }
+    std::string getValueKind() const override { return "data item"; }
     void clear() override { m_node.reset(), markUnset(); }
 
     void init(const StorageType& node) { m_node = node, markSet(!m_node); }
@@ -33,7 +42,7 @@ public:
     bool isOptional() const override { return true; }
 };
 
-/// Output attribute that holds a data item: given, or made by an output initializer.
+/// Output attribute that holds a data item: given, or made by an output initializer. Its text is the printed item.
 template <class TNode>
 class BaseOutputDataItemAttribute : public BaseAttribute
 {
@@ -43,11 +52,21 @@ public:
 
     bool isOutput() const override { return true; }
     eAttributeType getAttributeType() const override { return eAttributeType::eDataItemAttribute; }
+    std::string getValueKind() const override { return "data item"; }
     void clear() override { m_node.reset(), markUnset(); }
 
     void init(const StorageType& node) { m_node = node, markSet(!m_node); }
     const StorageType& getStorage() const { return m_node; }
     TNode& getDataItemNode() const { return *m_node; }
+
+    std::optional<std::string> getValueText() const override
+    {
+        if constexpr (std::derived_from<TNode, BaseDataItem>) {
+            return m_node ? std::optional(details::printedItem(*m_node)) : std::nullopt;
+        } else {
+            return std::nullopt;
+        }
+    }
 
 private:
     StorageType m_node;

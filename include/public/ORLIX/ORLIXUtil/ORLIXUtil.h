@@ -6,6 +6,7 @@
 #include "ORLIX/ORLIXUtil/DynamicObjectFactory.h"
 #include "ORLIX/ORLIXUtil/DynamicRegistrator.h"
 #include "ORLIX/ORLIXUtil/Enumeration.h"
+#include "ORLIX/ORLIXUtil/EnumerationNames.h"
 #include "ORLIX/ORLIXUtil/Export.h"
 #include "ORLIX/ORLIXUtil/FileReplacement.h"
 #include "ORLIX/ORLIXUtil/InstructionSet.h"

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ORLIX/ORLIXUtil/Enumeration.h"
+#include "ORLIX/ORLIXUtil/EnumerationNames.h"
 #include "ORLIXIPL/ORLIXImage/Export.h"
 
 #include <array>
@@ -92,3 +93,14 @@ bool isStorageType(const eImageBufferType& type)
 }
 
 } // namespace orlix::image
+
+namespace orlix {
+
+template <>
+struct EnumerationNames<image::eImageBufferType>
+{
+    static constexpr const auto& g_values = image::g_allBufferTypes;
+    static const char* nameOf(const image::eImageBufferType& value) { return image::getBufferTypeName(value); }
+};
+
+} // namespace orlix

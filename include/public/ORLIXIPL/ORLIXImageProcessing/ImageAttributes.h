@@ -31,6 +31,7 @@ public:
     {
         return eImageProcessingAttributeType::eImageAttribute;
     }
+    std::string getValueKind() const override;
     const image::BaseImage& getImage() const { return *m_constImage; }
     /// Null where no image is held.
     virtual ImageConstPtr getImagePtr() const = 0;

@@ -13,6 +13,7 @@ public:
     {
         return eImageProcessingAttributeType::eStripAttribute;
     }
+    std::string getValueKind() const override;
     /// None where no strip is held.
     virtual image::eImageBufferType getImageBufferType() const = 0;
 };

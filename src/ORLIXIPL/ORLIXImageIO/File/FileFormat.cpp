@@ -70,4 +70,13 @@ eImageFileFormat formatByEnding(const boost::filesystem::path& file)
     raise<eORLIXImageIOMessage>(ORLIX_HERE, eORLIXImageIOMessage::eUnknownEnding, file.string(), ending);
 }
 
+bool canHold(const eImageFileFormat& format, const eImageBufferType& type)
+{
+    const unsigned long bytes = elementSize(type);
+    if (format == eImageFileFormat::ePng) {
+        return (bytes == 1 || bytes == 2) && getMinValue(type) == 0;
+    }
+    return bytes != 0;
+}
+
 } // namespace orlix::image::io

@@ -5,6 +5,7 @@
 #include "ORLIXIPL/ORLIXImageIO/Metadata/OmeWriter.h"
 #include "ORLIXIPL/ORLIXImageIO/Png/PngText.h"
 #include "ORLIXIPL/ORLIXImageIO/SamplePacking.h"
+#include "ORLIXIPL/ORLIXImageIO/WriteImage.h"
 
 #include <algorithm>
 #include <bit>
@@ -38,9 +39,8 @@ void checkSuitableForPng(const BaseImageGeometry& geometry, const std::string& f
 {
     const eImageBufferType type = geometry.getBufferType();
     const bool bBinary = type == eImageBufferType::eBufferBinary;
-    const bool bUnsigned = getMinValue(type) == 0 && elementSize(type) <= 2;
     constexpr unsigned long largestSide = 0x7fffffff;
-    if (!bUnsigned || geometry.getSizeZ() != 1 || geometry.getSizeT() != 1 || geometry.getSizeC() > (bBinary ? 1 : 4) ||
+    if (!canHold(eImageFileFormat::ePng, type) || geometry.getSizeZ() != 1 || geometry.getSizeT() != 1 || geometry.getSizeC() > (bBinary ? 1 : 4) ||
         geometry.getSizeX() > largestSide || geometry.getSizeY() > largestSide) {
         raise<eORLIXImageIOMessage>(ORLIX_HERE, eORLIXImageIOMessage::eUnsuitableForPng, file, geometry.toString());
     }

@@ -1,0 +1,38 @@
+// What the verbs share that make one image file out of another.
+#include "FileVerb.h"
+
+#include "DescribeImage.h"
+#include "ImageFiles.h"
+#include "Interruption.h"
+
+#include <CLI/CLI.hpp>
+
+namespace orlix::cli {
+
+void addFileArguments(CLI::App& app, FileArguments& arguments)
+{
+    app.add_option("IN", arguments.input, "TIFF or PNG file to read")->option_text(" ")->required();
+    addOutputOptions(app, arguments.output);
+}
+
+void transformFile(const FileArguments& arguments, CommandContext& context, const ImageWork& work)
+{
+    const std::string& target = arguments.output.file;
+    checkOutput(target, arguments.output.format);
+    ImagePtr out;
+    {
+        const InterruptibleWork interruptible;
+        out = work(readInput(arguments.input, context));
+        writeOutput(target, out, arguments.output.format.write, context);
+    }
+    if (context.options.bJson) {
+        JsonWriter json(context.out);
+        json.beginObject();
+        json.member("input", arguments.input);
+        json.member("output", target);
+        writeImageMembers(json, out->getGeometry(), out->getGeometricCalibration());
+        json.endObject();
+    }
+}
+
+} // namespace orlix::cli

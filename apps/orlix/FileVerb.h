@@ -1,0 +1,30 @@
+// What the verbs share that make one image file out of another.
+#pragma once
+
+#include "CommandContext.h"
+#include "OutputOptions.h"
+
+#include "ORLIXIPL/ORLIXImage/BaseImage.h"
+
+#include <functional>
+#include <string>
+
+namespace orlix::cli {
+
+struct FileArguments
+{
+    std::string input;
+    OutputOptions output;
+};
+
+/// Declares the arguments IN and OUT and the options of outputs. `arguments` has to outlive the parser.
+void addFileArguments(CLI::App& app, FileArguments& arguments);
+
+/// Makes the output of the input, which belongs to nobody else.
+using ImageWork = std::function<ImagePtr(const ImagePtr& in)>;
+
+/// Checks the name of the output, reads IN, writes what `work` makes of it to OUT, and tells with --json what was
+/// written. Whatever fails, OUT is as it was.
+void transformFile(const FileArguments& arguments, CommandContext& context, const ImageWork& work);
+
+} // namespace orlix::cli

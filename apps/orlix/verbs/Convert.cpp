@@ -1,0 +1,50 @@
+// orlix convert: an image into one of another element type, by convertImg's processor.
+#include "AttributeOption.h"
+#include "FileVerb.h"
+#include "RunProcessor.h"
+#include "Verb.h"
+
+#include "ORLIXIPL/ORLIXIPLUtility/Processor/ConvertImg/ConvertImgLvl1.h"
+
+namespace orlix::cli {
+
+namespace {
+
+using imaproc::attr::InConvertImageBufferType;
+
+struct ConvertArguments
+{
+    FileArguments files;
+    std::optional<image::eImageBufferType> type;
+};
+
+ImagePtr convert(const ImagePtr& in, const image::eImageBufferType& type, CommandContext& context)
+{
+    using namespace imaproc;
+    return runProcessor<util::ConvertImgLvl1>("convert", context, processor::with<attr::InImg>(in),
+                                              processor::with<InConvertImageBufferType>(type))
+        ->getStorage<attr::OutImg>();
+}
+
+VerbRun setUpConvert(CLI::App& app)
+{
+    const auto arguments = boost::make_shared<ConvertArguments>();
+    addFileArguments(app, arguments->files);
+    addAttributeOption<InConvertImageBufferType>(app, "--type", arguments->type,
+                                                 "Element type of the output: Int8, UInt8, Int16, UInt16, Int32,\n"
+                                                 "UInt32, Real32, Binary, UInt8Like, UInt16Like or UInt32Like.\n"
+                                                 "Values are converted as they stand, nothing is scaled")
+        ->option_text("TYPE")
+        ->required();
+    return [arguments](CommandContext& context) {
+        transformFile(arguments->files, context,
+                      [&](const ImagePtr& in) { return convert(in, *arguments->type, context); });
+    };
+}
+
+} // namespace
+
+extern const Verb g_convert;
+constinit const Verb g_convert = {"convert", "Change the element type of an image", &setUpConvert};
+
+} // namespace orlix::cli

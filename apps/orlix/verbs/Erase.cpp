@@ -1,0 +1,48 @@
+// orlix erase: one value into every pixel, by eraseImg's processor.
+#include "AttributeOption.h"
+#include "FileVerb.h"
+#include "RunProcessor.h"
+#include "Verb.h"
+
+#include "ORLIXIPL/ORLIXIPLUtility/Processor/EraseImg/EraseImgLvl1.h"
+
+namespace orlix::cli {
+
+namespace {
+
+using imaproc::attr::InOptEraseValue;
+
+struct EraseArguments
+{
+    FileArguments files;
+    std::optional<double> value;
+};
+
+ImagePtr erase(const ImagePtr& image, const EraseArguments& arguments, CommandContext& context)
+{
+    using namespace imaproc;
+    const double value = arguments.value.value_or(InOptEraseValue().getValue());
+    return runProcessor<util::EraseImgLvl1>("erase", context, processor::with<attr::OutImg>(image),
+                                            processor::with<InOptEraseValue>(value))
+        ->getStorage<attr::OutImg>();
+}
+
+VerbRun setUpErase(CLI::App& app)
+{
+    const auto arguments = boost::make_shared<EraseArguments>();
+    addFileArguments(app, arguments->files);
+    addAttributeOption<InOptEraseValue>(app, "--value", arguments->value,
+                                        "Value of every pixel; integers take its low bytes without its\n"
+                                        "fraction, nothing saturates; default: 0")
+        ->option_text("VALUE");
+    return [arguments](CommandContext& context) {
+        transformFile(arguments->files, context, [&](const ImagePtr& in) { return erase(in, *arguments, context); });
+    };
+}
+
+} // namespace
+
+extern const Verb g_erase;
+constinit const Verb g_erase = {"erase", "Set every pixel of an image to one value", &setUpErase};
+
+} // namespace orlix::cli

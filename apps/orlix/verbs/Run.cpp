@@ -1,0 +1,90 @@
+// orlix run: any processor of the factory, on values and files.
+#include "AttributeFiles.h"
+#include "DescribeAttributes.h"
+#include "Interruption.h"
+#include "NamedProcessor.h"
+#include "RunProcessor.h"
+#include "Verb.h"
+
+#include <CLI/CLI.hpp>
+
+namespace orlix::cli {
+
+namespace {
+
+struct RunArguments
+{
+    std::string processor;
+    std::vector<std::string> assignments;
+    std::vector<std::string> given;
+    FormatOptions format;
+};
+
+void runNamed(const RunArguments& arguments, CommandContext& context)
+{
+    const std::string name = findProcessor(arguments.processor);
+    const boost::shared_ptr<processor::BaseProcessor> processor = makeProcessor(name);
+    AttributeFiles attributes(processor);
+    for (const std::string& assignment : arguments.assignments) {
+        attributes.assign(assignment);
+    }
+    for (const std::string& assignment : arguments.given) {
+        attributes.give(assignment);
+    }
+    attributes.check(arguments.format);
+    {
+        const InterruptibleWork work;
+        attributes.readImages(context);
+        runWatched(processor, processor->getObjectName().c_str(), context);
+        attributes.writeImages(arguments.format, context);
+    }
+    if (!context.options.bJson) {
+        attributes.printValues(context.out);
+        return;
+    }
+    JsonWriter json(context.out);
+    json.beginObject();
+    json.member("processor", name);
+    json.key("outputs");
+    attributes.writeOutputs(json);
+    json.endObject();
+}
+
+/// For the help text; nothing where no processor is named.
+std::string helpOnAttributes(const std::string& processor)
+{
+    if (processor.empty()) {
+        return "`orlix run PROCESSOR --help` lists the attributes of a processor.\n";
+    }
+    const std::string name = findProcessor(processor);
+    return "Attributes of " + name + ":\n" + describeAttributes(*makeProcessor(name));
+}
+
+VerbRun setUpRun(CLI::App& app)
+{
+    const auto arguments = boost::make_shared<RunArguments>();
+    app.add_option("PROCESSOR", arguments->processor,
+                   "Name of the processor as `orlix processors` tells it; what stands\n"
+                   "before the last :: may be left out")
+        ->option_text(" ")
+        ->required();
+    app.add_option("ATTRIBUTE=VALUE", arguments->assignments,
+                   "Value of an input; for images the file to read or, for an\n"
+                   "output, to write. Outputs that no file is named for are dropped")
+        ->option_text("...");
+    app.add_option("--given", arguments->given,
+                   "Read the image that an output holds before the run; for\n"
+                   "processors that write into an image that is there")
+        ->option_text("ATTRIBUTE=FILE")
+        ->allow_extra_args(false);
+    addFormatOptions(app, arguments->format);
+    app.footer([arguments] { return helpOnAttributes(arguments->processor); });
+    return [arguments](CommandContext& context) { runNamed(*arguments, context); };
+}
+
+} // namespace
+
+extern const Verb g_run;
+constinit const Verb g_run = {"run", "Run any processor by name, on values and files", &setUpRun};
+
+} // namespace orlix::cli

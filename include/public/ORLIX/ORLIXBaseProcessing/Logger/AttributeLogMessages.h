@@ -1,0 +1,33 @@
+// Messages of attributes.
+#pragma once
+
+#include "ORLIX/ORLIXBaseProcessing/Export.h"
+#include "ORLIX/ORLIXBaseProcessing/ORLIXBaseProcessingException.h"
+#include "ORLIX/ORLIXUtil/Enumeration.h"
+#include "ORLIX/ORLIXUtil/MessageCatalogue.h"
+
+namespace orlix::processor {
+
+struct eAttributeMessage
+{
+    enum domain {
+        eTakesNoText = 0, ///< attribute, kind of its value
+        eBadText = 1      ///< attribute, kind of its value, text
+    };
+    ORLIX_ENUMERATION(eAttributeMessage, eTakesNoText);
+};
+
+} // namespace orlix::processor
+
+namespace orlix {
+
+template <>
+struct ORLIXBASEPROCESSING_API MessageCatalogue<processor::eAttributeMessage>
+{
+    using Exception = processor::ORLIXBaseProcessingException;
+    static LogMessageManager& manager();
+    static log4cplus::Logger logger();
+    static const std::vector<MessageText>& texts();
+};
+
+} // namespace orlix

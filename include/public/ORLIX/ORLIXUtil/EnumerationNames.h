@@ -1,0 +1,28 @@
+// The names that people know an enumeration's values by.
+#pragma once
+
+#include <concepts>
+#include <string>
+
+namespace orlix {
+
+/// Specialise beside an enumeration of the family to let its values be told and given as text:
+///
+///     static constexpr std::array<eColour::domain, 2> g_values = {eColour::eRed, eColour::eGreen}; // as they are
+///     listed static const char* nameOf(const eColour& value);                                             // "red",
+///     "green"
+///
+/// Names are unique whatever their case.
+template <class TEnum>
+struct EnumerationNames;
+
+template <class TEnum>
+concept NamedEnumeration = requires(const TEnum& value)
+{
+    {
+        EnumerationNames<TEnum>::nameOf(value)
+        } -> std::convertible_to<std::string>;
+    {TEnum(*EnumerationNames<TEnum>::g_values.begin())};
+};
+
+} // namespace orlix

@@ -1,0 +1,10 @@
+#include "ORLIXIPL/ORLIXImageProcessing/StripAttributes.h"
+
+namespace orlix::imaproc {
+
+std::string BaseStripAttribute::getValueKind() const
+{
+    return "strip";
+}
+
+} // namespace orlix::imaproc
