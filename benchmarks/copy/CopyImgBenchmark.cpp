@@ -2,6 +2,7 @@
 #include "copy/CopyFixture.h"
 #include "copy/CopyGoals.h"
 #include "copy/SmallCall.h"
+#include "support/FlowLimits.h"
 #include "support/MemoryPlace.h"
 #include "support/Suite.h"
 #include "support/Table.h"
@@ -27,9 +28,9 @@ using FixturePtr = std::shared_ptr<CopyFixture>;
 constexpr unsigned long g_pooledBytes = 1UL
                                         << 20; ///< from here on, memory of a new image comes from the library's pool
 
-void copyByLibrary(const std::byte* source, std::byte* destination, std::size_t bytes)
+void copyByLibrary(const std::byte* source, std::byte* destination, unsigned long, unsigned long bytesWritten)
 {
-    std::memcpy(destination, source, bytes);
+    std::memcpy(destination, source, bytesWritten);
 }
 
 void forceSet(const eInstructionSet& set)
@@ -62,19 +63,11 @@ void addFirstCall(Comparison& comparison, const FixturePtr& fixture, const eInst
 
 void addLimits(Comparison& comparison, const FixturePtr& fixture)
 {
-    const CopyLoops& loops = selectCopyLoops();
-    const auto add = [&](const char* name, eRole role, CopyLoop loop) {
-        comparison.add({name, role, [fixture, loop] { fixture->getWork().run(loop); }});
-    };
-    add("loop/ordinary", eRole::eOrdinaryLoop, loops.ordinary);
-    add("loop/ordinary-blocks", eRole::eOrdinaryLoop, loops.ordinaryBlocks);
-    add("loop/ordinary-ahead", eRole::eOrdinaryLoop, loops.ordinaryAhead);
-    add("loop/streaming", eRole::eStreamingLoop, loops.streaming);
-    add("loop/streaming-groups", eRole::eStreamingLoop, loops.streamingGroups);
-    add("memcpy", eRole::eCLibrary, copyByLibrary);
+    addFlowLimits(comparison, [fixture]() -> const FlowWork& { return fixture->getWork(); }, 1, 1);
+    comparison.add({"memcpy", eRole::eCLibrary, [fixture] { fixture->getWork().forEachStretch(copyByLibrary); }});
     const auto copyToFresh = [fixture] {
-        const std::unique_ptr<void, void (*)(void*)> block(std::malloc(fixture->getWork().getBytes() / 2), std::free);
-        fixture->getWork().runInto(copyByLibrary, static_cast<std::byte*>(block.get()));
+        const std::unique_ptr<void, void (*)(void*)> block(std::malloc(fixture->getWork().getBytesWritten()), std::free);
+        fixture->getWork().forEachStretchInto(static_cast<std::byte*>(block.get()), copyByLibrary);
         benchmark::DoNotOptimize(block.get());
     };
     comparison.add({"malloc-and-memcpy", eRole::eOther, copyToFresh});

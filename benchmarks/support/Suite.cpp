@@ -3,7 +3,7 @@
 #include "ORLIX/ORLIXCore/BaseExecutor.h"
 #include "ORLIX/ORLIXCore/InstructionSetAvailability.h"
 #include "ORLIX/ORLIXHardware/ORLIXHardware.h"
-#include "support/CopyLoops.h"
+#include "support/FlowLoops.h"
 #include "support/Table.h"
 
 #include <benchmark/benchmark.h>
@@ -54,7 +54,7 @@ void describeMachine()
     benchmark::AddCustomContext("usable_threads", std::to_string(core::getNbUsableThreads()));
     benchmark::AddCustomContext("L2", bytesToText(hard::getL2CacheBytes()));
     benchmark::AddCustomContext("last_level_cache", bytesToText(hard::getLastLevelCacheBytes()));
-    benchmark::AddCustomContext("loops", core::getInstructionSetName(selectCopyLoops().set));
+    benchmark::AddCustomContext("loops", core::getInstructionSetName(selectFlowLoops(1, 1).set));
 }
 
 } // namespace
