@@ -54,7 +54,7 @@ function(orlix_add_tests library)
             list(APPEND tests ${library}.${set})
         endforeach()
     endif()
-    if(ARG_FRAME AND ORLIX_SANITIZE MATCHES "thread") # it can't see how oneTBB synchronises
+    if(ORLIX_SANITIZE MATCHES "thread") # it can't see how oneTBB synchronises
         set_property(TEST ${tests} APPEND PROPERTY ENVIRONMENT "ORLIX_TEST_EXECUTOR=threads:4")
     endif()
     set_tests_properties(${tests} PROPERTIES SKIP_RETURN_CODE ${ORLIX_TEST_SKIPPED} TIMEOUT 300)

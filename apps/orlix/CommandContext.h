@@ -14,6 +14,7 @@ struct CommandContext
     std::ostream& out;    ///< results go here
     std::ostream& errors; ///< one line a failure
     ProgressLine& progress;
+    bool bDifferent = false;  ///< set by a verb that compared and found a difference: exit code 1
     bool bSomeFailed = false; ///< set by a verb that told of a failure itself and went on
 };
 

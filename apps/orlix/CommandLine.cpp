@@ -23,7 +23,8 @@ namespace orlix::cli {
 namespace {
 
 constexpr const char* g_exitCodes =
-    "Exit codes: 0 success, 2 failure (one line on the standard error stream tells why), 130 interrupted.\n"
+    "Exit codes: 0 success, 1 compared images differ, 2 failure (one line on the standard error stream tells why),\n"
+    "130 interrupted.\n"
     "An output file is replaced once it is complete; it is never left half written.";
 
 std::string namesOfVerbs()
@@ -137,7 +138,10 @@ int parseAndRun(int argc, const char* const* argv)
     parser.getRun()(context);
     progress.wipe();
     flushOutput();
-    return context.bSomeFailed ? eExitCode::eFailure : eExitCode::eSuccess;
+    if (context.bSomeFailed) {
+        return eExitCode::eFailure;
+    }
+    return context.bDifferent ? eExitCode::eDifferent : eExitCode::eSuccess;
 }
 
 int fail(const std::string& message)

@@ -35,7 +35,12 @@ const std::vector<MessageText>& MessageCatalogue<eCommandMessage>::texts()
         {eCommandMessage::eOutputClosed, "the standard output can't be written (%s)"},
         {eCommandMessage::eNoMemory, "there is not enough memory; free some or work on a smaller image"},
         {eCommandMessage::eUnknownFailure, "an unknown exception ended the work; please report it"},
-        {eCommandMessage::eInterrupted, "interrupted"}};
+        {eCommandMessage::eInterrupted, "interrupted"},
+        {eCommandMessage::eNotComparable,
+         "%s is %s, %s is %s: only images of the same sizes and element type can be compared; `orlix convert` changes "
+         "the type"},
+        {eCommandMessage::ePictureNotPng,
+         "--picture: the picture is a PNG file, but its name is %s: let it end in .png"}};
     return g_texts;
 }
 

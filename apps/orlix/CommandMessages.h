@@ -26,7 +26,9 @@ struct eCommandMessage
         eOutputClosed = 6,          ///< reason of the system
         eNoMemory = 7,
         eUnknownFailure = 8,
-        eInterrupted = 9
+        eInterrupted = 9,
+        eNotComparable = 10, ///< file, geometry, file, geometry
+        ePictureNotPng = 11  ///< file
     };
     ORLIX_ENUMERATION(eCommandMessage, eBadArguments);
 };

@@ -79,18 +79,29 @@ void JsonWriter::value(unsigned long number)
 
 void JsonWriter::value(float number)
 {
-    if (!std::isfinite(number)) {
-        null();
-        return;
-    }
-    startValue();
-    m_out << shortest(number);
+    writeNumber(number);
+}
+
+void JsonWriter::value(double number)
+{
+    writeNumber(number);
 }
 
 void JsonWriter::null()
 {
     startValue();
     m_out << "null";
+}
+
+template <class T>
+void JsonWriter::writeNumber(T number)
+{
+    if (!std::isfinite(number)) {
+        null();
+        return;
+    }
+    startValue();
+    m_out << shortest(number);
 }
 
 void JsonWriter::begin(char bracket)

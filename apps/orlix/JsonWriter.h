@@ -25,6 +25,7 @@ public:
     void value(bool bValue);
     void value(unsigned long number);
     void value(float number);
+    void value(double number);
     void null();
 
     template <class TValue>
@@ -40,6 +41,8 @@ private:
     void startValue();
     void breakLine();
     void writeString(std::string_view text);
+    template <class T>
+    void writeNumber(T number);
 
     std::ostream& m_out;
     unsigned m_depth = 0;

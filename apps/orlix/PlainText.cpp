@@ -26,11 +26,26 @@ std::string printable(std::string_view text)
     return out;
 }
 
-std::string shortest(float value)
+namespace {
+
+template <class T>
+std::string shortestOf(T value)
 {
     char digits[32];
     const std::to_chars_result end = std::to_chars(digits, digits + sizeof(digits), value);
     return std::string(digits, end.ptr);
+}
+
+} // namespace
+
+std::string shortest(float value)
+{
+    return shortestOf(value);
+}
+
+std::string shortest(double value)
+{
+    return shortestOf(value);
 }
 
 std::string errorLine(std::string_view message)

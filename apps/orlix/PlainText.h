@@ -11,6 +11,7 @@ std::string printable(std::string_view text);
 
 /// The shortest decimal number that reads back as `value`; "nan", "inf" and "-inf" for what is no number.
 std::string shortest(float value);
+std::string shortest(double value);
 
 /// "orlix: ", the message made printable, and a line end.
 std::string errorLine(std::string_view message);

@@ -5,6 +5,7 @@
 #define ORLIX_VERBS(verb)                                                                                              \
     verb(info)                                                                                                         \
     verb(copy)                                                                                                         \
+    verb(compare)                                                                                                      \
     verb(processors)
 // clang-format on
 

@@ -86,9 +86,13 @@ TEST(PlanIndexedColl, takesEachPlanOnce)
 {
     Points points;
     points.insert({0, 1, 2}, point(1, 1));
-    EXPECT_EQ(messageOf([&] { points.insert({0, 1, 2}, point(2, 2)); }),
+    EXPECT_EQ(messageOf([&] {
+                  points.insert({0, 1, 2}, point(2, 2));
+              }),
               "The collection has an entry at plan (0, 1, 2) already: insert each plan once");
-    EXPECT_EQ(messageOf([&] { points.insert({g_max, 0, 0}, point(2, 2)); }),
+    EXPECT_EQ(messageOf([&] {
+                  points.insert({g_max, 0, 0}, point(2, 2));
+              }),
               "Plan (18446744073709551615, 0, 0) can't be counted in 64 bits: use smaller indices");
     EXPECT_EQ(points.size(), 1u);
     EXPECT_EQ(points.find({0, 1, 2})->get<Point::X>(), 1);

@@ -5,6 +5,7 @@
 #include "ORLIXBaseProcessing/TestLibrary.h"
 #include "ORLIXCore/TestActions.h"
 
+#include <mutex>
 #include <stdexcept>
 
 namespace orlix::processor::test {
@@ -16,8 +17,11 @@ struct Record
     std::string failing;
     std::string throwing;
 
+    std::mutex mutex; ///< elements note their steps at the same time
+
     ProcessingResult<bool> note(const std::string& step)
     {
+        const std::lock_guard<std::mutex> lock(mutex);
         steps.push_back(step);
         if (step == throwing) {
             throw std::runtime_error(step + " threw");
@@ -66,7 +70,10 @@ protected:
             return ProviderResult::none();
         }
         provider = boost::make_shared<core::TestProvider>(2, [this](unsigned long, core::RunContext&) {
-            accessAttribute<OutNumbers>()->getDataItemNode().push_back(accessAttribute<InNumber>()->getValue() + 1);
+            {
+                const std::lock_guard<std::mutex> lock(m_record->mutex);
+                accessAttribute<OutNumbers>()->getDataItemNode().push_back(accessAttribute<InNumber>()->getValue() + 1);
+            }
             return m_record->note("element");
         });
         return ProviderResult::ready();

@@ -16,12 +16,12 @@ struct eSplitBaseType
 };
 struct eSplitStaticType
 {
-    enum domain { eStaticNoSplit = 0, eSubImageSplit = 1 };
+    enum domain { eStaticNoSplit = 0, eSubImageSplit = 1, ePlanIndexedSplit = 2 };
     ORLIX_ENUMERATION(eSplitStaticType, eStaticNoSplit);
 };
 struct eSplitDynamicType
 {
-    enum domain { eDynamicNoSplit = 0, eImageStripSplit = 1 };
+    enum domain { eDynamicNoSplit = 0, eImageStripSplit = 1, eDynamicByCreationResultSplit = 2 };
     ORLIX_ENUMERATION(eSplitDynamicType, eDynamicNoSplit);
 };
 

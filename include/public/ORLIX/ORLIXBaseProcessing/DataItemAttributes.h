@@ -25,6 +25,14 @@ private:
     StorageType m_node;
 };
 
+/// The same for one that may be left out.
+template <class TNode>
+class BaseInputOptionalDataItemAttribute : public BaseInputMandatoryDataItemAttribute<TNode>
+{
+public:
+    bool isOptional() const override { return true; }
+};
+
 /// Output attribute that holds a data item: given, or made by an output initializer.
 template <class TNode>
 class BaseOutputDataItemAttribute : public BaseAttribute

@@ -6,4 +6,5 @@
 #include "ORLIXIPL/ORLIXIPLUtility/Logger/OutputInitializerLogMessages.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Logger/ProcessorLogMessages.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Logger/RuleLogMessages.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Processor/CompareImg/CompareImg.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/CopyImg/CopyImg.h"

@@ -50,7 +50,10 @@ const std::vector<MessageText>& MessageCatalogue<imaproc::eImageSplitMessage>::t
         {Message::eSeveralPlans, "Strips are cut from one plan, but the image is %s: cut it into plans first"},
         {Message::eBadCut, "An element is either a plan of a volume cut plan by plan or a whole volume: ask for one of the two"},
         {Message::eNoSuchElement, "There is no element %d in a list of %d"},
-        {Message::eInputMissing, "The output image can't be made, since the input is not there: set the input before the run"}};
+        {Message::eInputMissing, "The output image can't be made, since the input is not there: set the input before the run"},
+        {Message::eNoCollection, "There is no collection to take the entries of plans from: set the attribute that holds it"},
+        {Message::eTooManyPlans, "%d plans of %d channels at %d times are more than can be counted"},
+        {Message::ePlanLacksEntry, "%s has no entry for plan %d of channel %d at time %d: every plan needs one"}};
     return g_texts;
 }
 

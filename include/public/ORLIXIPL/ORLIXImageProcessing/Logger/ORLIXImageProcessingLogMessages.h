@@ -32,7 +32,10 @@ struct eImageSplitMessage
         eSeveralPlans = 1, ///< geometry
         eBadCut = 2,
         eNoSuchElement = 3, ///< index, count
-        eInputMissing = 4
+        eInputMissing = 4,
+        eNoCollection = 5,
+        eTooManyPlans = 6, ///< sizes on z, c, t
+        ePlanLacksEntry = 7 ///< attribute, z, c, t
     };
     ORLIX_ENUMERATION(eImageSplitMessage, eNullImage);
 };

@@ -1,9 +1,11 @@
 // A level's way down: its dispatcher and splits, kept from run to run, and how they are set up.
 #pragma once
 
+#include "ORLIX/ORLIXBaseProcessing/DynamicByCreationResultSplit.h"
 #include "ORLIX/ORLIXBaseProcessing/NoSplit.h"
 #include "ORLIX/ORLIXBaseProcessing/ProcessorDispatchers.h"
 #include "ORLIXIPL/ORLIXImageProcessing/Split/ImageYStrip2dSplit.h"
+#include "ORLIXIPL/ORLIXImageProcessing/Split/PlanIndexedSplit.h"
 #include "ORLIXIPL/ORLIXImageProcessing/Split/SubImageSplit.h"
 
 #include <tuple>
@@ -75,6 +77,47 @@ template <class TValue>
 ValueSource<TValue> sameForAll(const TValue& value)
 {
     return {value};
+}
+
+/// What a split by created results is set up with.
+template <class TResult>
+struct CreationSource
+{
+    const processor::CreationFunction<TResult>& create;
+    processor::CreationResultMap<TResult>& results;
+
+    template <class TSplit>
+    ProcessingResult<bool> init(TSplit& split) const
+    {
+        return split.initBase(create, results);
+    }
+};
+/// A result of its own for every range, filed in `results`, which the level merges after the run.
+template <class TResult>
+CreationSource<TResult> resultByRange(const processor::CreationFunction<TResult>& create,
+                                      processor::CreationResultMap<TResult>& results)
+{
+    return {create, results};
+}
+
+/// What a split by plans is set up with.
+struct PlanIndexedSource
+{
+    const boost::shared_ptr<BasePlanIndexedColl>& coll;
+    const image::BaseImage& image;
+    bool bMayLack;
+
+    template <class TSplit>
+    ProcessingResult<bool> init(TSplit& split) const
+    {
+        return split.initBase(coll, image.getSizeZ(), image.getSizeC(), image.getSizeT(), bMayLack);
+    }
+};
+/// The entry of each plan of `image`.
+inline PlanIndexedSource entryByPlan(const boost::shared_ptr<BasePlanIndexedColl>& coll, const image::BaseImage& image,
+                                     bool bMayLack = false)
+{
+    return {coll, image, bMayLack};
 }
 
 /// One dispatcher of class `TDispatcher` with one split of each class of `TSplits`. A processor that is used again finds

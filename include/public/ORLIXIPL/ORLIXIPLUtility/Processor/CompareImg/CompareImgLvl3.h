@@ -1,0 +1,62 @@
+// Two strips, line by line, by a kernel chosen by element type and instruction set.
+#pragma once
+
+#include "ORLIXIPL/ORLIXIPLAttributes/ComparisonAttributes.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Processor/UtilityProcessor.h"
+#include "ORLIXIPL/ORLIXImageProcessing/StripAlgorithm.h"
+
+namespace orlix::imaproc::util {
+
+class ORLIXIPLUTILITY_API CompareImgLvl3 final
+    : public StripAlgorithm<CompareImgLvl3, UtilityLibrary, LineStripParserMode, TypedBy<attr::InYStrip2d1>,
+                            attr::InYStrip2d1, attr::InYStrip2d2, attr::InImgComparisonTolerance,
+                            attr::OutCompareResult>
+{
+public:
+    static constexpr const char* g_name = "CompareImgLvl3";
+    static constexpr auto g_toolTip = eProcessorMessage::eCompareImgLvl3;
+    static constexpr const char* g_header = __FILE__;
+
+    /// Same line length, same number of lines, same element type.
+    processor::RulePtr createRule() const;
+
+    /// Compares the `info.nbElements` elements of a line with instruction set ISA, and adds what it finds to the
+    /// result.
+    template <class T, eInstructionSet::domain ISA>
+    ProcessingResult<bool> genericProcessFunction(const processor::ProcessingInfo& info);
+
+    /// The tolerances as kernels of each type compare with them.
+    struct Limits
+    {
+        unsigned int mode;
+        int absoluteInt;           ///< the absolute tolerance, truncated to 32 bits
+        unsigned int absoluteUInt; ///< the same, truncated to 64 bits, of which the low 32
+        float absolute;
+        double relative;
+    };
+
+protected:
+    /// Sets the strip's result to its start values.
+    processor::StepResult preProcess() override;
+
+private:
+    /// What a kernel works on.
+    struct Line
+    {
+        const void* first;
+        const void* second;
+        const Limits* limits;
+    };
+    Line accessKernelLine() const;
+    template <class TMode, class T, eInstructionSet::domain ISA>
+    void compareLine(const processor::ProcessingInfo& info, const Line& line);
+    /// Must the kernel say where the first of its differences lies?
+    bool isSearching() const;
+    void recordFirst(const processor::ProcessingInfo& info, unsigned long x, double value1, double value2);
+    void addCounts(unsigned long nbDifferent, unsigned long nbCompared);
+
+    Limits m_limits{};
+    attr::CompareResult* m_result = nullptr; ///< the one that the output attribute holds during a run
+};
+
+} // namespace orlix::imaproc::util

@@ -1,0 +1,66 @@
+#include "ORLIX/ORLIXBaseProcessing/ProcessorRegistration.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Processor/CompareImg/CompareImgLvl3.kernel.h"
+#include "ORLIXIPL/ORLIXImageProcessing/Rule/ImageRules.h"
+
+#include <xmmintrin.h>
+
+ORLIX_KERNEL_TABLE(CompareImgLvl3, plain, eInstructionSet::eNone, EveryBufferType)
+
+namespace orlix::imaproc::util {
+
+namespace {
+
+const processor::ProcessorRegistration<CompareImgLvl3, eProcessorMessage> g_registration{
+    &g_CompareImgLvl3_plain, &g_CompareImgLvl3_sse2, &g_CompareImgLvl3_avx2, &g_CompareImgLvl3_avx512};
+
+/// The truncations are the processor's, which are defined for every value: the most negative number stands for all that
+/// doesn't fit.
+CompareImgLvl3::Limits limitsOf(const attr::ImgComparisonTolerance& tolerance)
+{
+    const __m128 absolute = _mm_set_ss(tolerance.absoluteTolerance);
+    return {tolerance.mode, _mm_cvttss_si32(absolute), static_cast<unsigned int>(_mm_cvttss_si64(absolute)),
+            tolerance.absoluteTolerance, static_cast<double>(tolerance.relativeTolerance)};
+}
+
+} // namespace
+
+processor::RulePtr CompareImgLvl3::createRule() const
+{
+    return matchSizeAndType(accessAttribute<attr::InYStrip2d1>(), accessAttribute<attr::InYStrip2d2>());
+}
+
+processor::StepResult CompareImgLvl3::preProcess()
+{
+    m_limits = limitsOf(accessAttribute<attr::InImgComparisonTolerance>()->getDataItemNode());
+    m_result = &accessAttribute<attr::OutCompareResult>()->getDataItemNode();
+    m_result->reset();
+    return processor::StepResult::success();
+}
+
+CompareImgLvl3::Line CompareImgLvl3::accessKernelLine() const
+{
+    return {accessBlock<attr::InYStrip2d1>(), accessBlock<attr::InYStrip2d2>(), &m_limits};
+}
+
+bool CompareImgLvl3::isSearching() const
+{
+    return !m_result->hasFirstDifference();
+}
+
+void CompareImgLvl3::recordFirst(const processor::ProcessingInfo& info, unsigned long x, double value1, double value2)
+{
+    const image::BaseImageYStrip2d& strip = accessAttribute<attr::InYStrip2d1>()->getBaseImageYStrip2d();
+    m_result->firstDifference.x = info.firstElement + x;
+    m_result->firstDifference.y = strip.getStripStartOffsetY() + info.currentLine;
+    m_result->firstValue1 = value1;
+    m_result->firstValue2 = value2;
+}
+
+void CompareImgLvl3::addCounts(unsigned long nbDifferent, unsigned long nbCompared)
+{
+    m_result->nbDifferentPixels += nbDifferent;
+    m_result->nbComparedPixels += nbCompared;
+    m_result->identical = m_result->nbDifferentPixels == 0;
+}
+
+} // namespace orlix::imaproc::util

@@ -1,0 +1,234 @@
+// compareImg as a caller sees it: five axes, strips, threads, tolerances, refusals.
+#include "ORLIX/ORLIXBaseProcessing/ProcessorFactory.h"
+#include "ORLIX/ORLIXUtil/DynamicObjectFactory.h"
+#include "ORLIXIPL/ORLIXIPLUtility/ORLIXIPLUtility.h"
+#include "ORLIXIPL/ORLIXImage/ImageFactory.h"
+#include "ORLIXIPLUtility/Processor/CompareImg/CompareOracle.h"
+#include "support/Executors.h"
+#include "support/Images.h"
+
+namespace orlix::imaproc::util::test {
+namespace {
+
+using image::createImage;
+using image::eImageBufferType;
+using image::geometry2d;
+using image::geometry5d;
+
+constexpr unsigned long g_nowhere = attr::PixelPosition::s_nowhere;
+
+ImagePtr makeRandom(const image::BaseImageGeometry& geometry, unsigned long seed = 1)
+{
+    const ImagePtr image = createImage(geometry);
+    testing::fillRandom(*image, seed);
+    return image;
+}
+
+std::string messageOf(const std::function<void()>& call)
+{
+    try {
+        call();
+    } catch (const BaseException& error) {
+        return error.what();
+    }
+    return "no exception";
+}
+
+void flip(image::BaseImage& image, const attr::PixelPosition& at)
+{
+    image.accessRow(at.y, at.z, at.c, at.t)[at.x * image::elementSize(image.getBufferType(at.t))] ^= std::byte{1};
+}
+
+TEST(CompareImgTest, EqualImagesHaveNoDifference)
+{
+    for (const eImageBufferType type : image::g_allBufferTypes) {
+        const auto geometry = geometry5d(type, 37, 29, 4, 3, 2);
+        const ImagePtr image = createImage(*geometry);
+        testing::forEachRow(*image, [](unsigned long, std::byte* row) { std::memset(row, 1, 37); });
+        const auto result = compareImg(image, copyImg(image));
+        EXPECT_TRUE(result->identical);
+        EXPECT_EQ(result->nbDifferentPixels, 0u);
+        EXPECT_EQ(result->nbComparedPixels, 37u * 29 * 4 * 3 * 2);
+        EXPECT_EQ(result->firstDifference, attr::PixelPosition());
+        EXPECT_EQ(result->firstDifference.x, g_nowhere);
+        EXPECT_EQ(result->firstValue1, NumericLimits<double>::s_max);
+        EXPECT_EQ(result->firstValue2, NumericLimits<double>::s_max);
+    }
+}
+
+TEST(CompareImgTest, AnyOnePixelIsFoundWhereItIs)
+{
+    const auto geometry = geometry5d(eImageBufferType::UInt16, 13, 11, 3, 2, 2);
+    const ImagePtr first = makeRandom(*geometry);
+    for (const attr::PixelPosition at :
+         {attr::PixelPosition{0, 0, 0, 0, 0}, {12, 10, 2, 1, 1}, {5, 0, 0, 0, 1}, {0, 10, 2, 1, 0}, {7, 3, 1, 0, 1}}) {
+        const ImagePtr second = copyImg(first);
+        flip(*second, at);
+        const auto result = compareImg(first, second);
+        EXPECT_FALSE(result->identical);
+        EXPECT_EQ(result->nbDifferentPixels, 1u);
+        EXPECT_EQ(result->nbComparedPixels, 13u * 11 * 3 * 2 * 2);
+        EXPECT_EQ(result->firstDifference, at);
+        EXPECT_EQ(result->firstValue1, image::planData<unsigned short>(*first, at.z, at.c, at.t)[at.y * 13 + at.x]);
+        EXPECT_EQ(result->firstValue2, image::planData<unsigned short>(*second, at.z, at.c, at.t)[at.y * 13 + at.x]);
+    }
+}
+
+TEST(CompareImgTest, TheFirstOfSeveralPlansCountsByZThenCThenT)
+{
+    const ImagePtr first = makeRandom(*geometry5d(eImageBufferType::UInt8, 5, 5, 2, 2, 2));
+    const ImagePtr second = copyImg(first);
+    flip(*second, {0, 0, 0, 1, 0});
+    flip(*second, {4, 4, 1, 0, 0});
+    flip(*second, {0, 0, 0, 0, 1});
+    const auto result = compareImg(first, second);
+    EXPECT_EQ(result->nbDifferentPixels, 3u);
+    EXPECT_EQ(result->firstDifference, (attr::PixelPosition{4, 4, 1, 0, 0}));
+}
+
+/// 28 strips of which many differ: whoever ends first, the upper one counts.
+TEST(CompareImgTest, StripsAndThreadsGiveTheSameResult)
+{
+    const auto geometry = geometry5d(eImageBufferType::UInt16, 701, 997, 2, 1, 2);
+    const ImagePtr first = makeRandom(*geometry, 1);
+    const ImagePtr second = copyImg(first);
+    for (const unsigned long y : {996UL, 700UL, 500UL, 333UL, 332UL}) {
+        flip(*second, {y % 701, y, 1, 0, 0});
+        flip(*second, {3, y, 1, 0, 1});
+    }
+    const attr::CompareResult expected = expectedResult(*first, *second, {});
+    EXPECT_EQ(expected.firstDifference, (attr::PixelPosition{332, 332, 1, 0, 0}));
+    for (const testing::NamedExecutor& each : testing::makeAllExecutors()) {
+        const testing::ScopedExecutor scope(each.executor);
+        for (int repetition = 0; repetition < 3; ++repetition) {
+            EXPECT_TRUE(sameResult(expected, *compareImg(first, second))) << each.name;
+        }
+    }
+}
+
+TEST(CompareImgTest, RandomImagesOfEveryTypeInEveryMode)
+{
+    for (const eImageBufferType type : image::g_allBufferTypes) {
+        const ImagePtr first = makeRandom(*geometry2d(type, 301, 117), 1);
+        const ImagePtr second = makeRandom(*geometry2d(type, 301, 117), 2);
+        for (const Tolerance& tolerance : {Tolerance{0, 0, 0}, {1, 20, 0}, {2, 0, 0.5f}, {3, 20, 0.5f}}) {
+            EXPECT_TRUE(comparesAsExpected(first, second, tolerance));
+        }
+    }
+}
+
+TEST(CompareImgTest, EmptyAxes)
+{
+    for (int axis = 0; axis < 5; ++axis) {
+        unsigned long sizes[] = {7, 5, 3, 2, 2};
+        sizes[axis] = 0;
+        const ImagePtr image =
+            createImage(*geometry5d(eImageBufferType::Real32, sizes[0], sizes[1], sizes[2], sizes[3], sizes[4]));
+        EXPECT_EQ(*compareImg(image, image), attr::CompareResult());
+    }
+}
+
+TEST(CompareImgTest, MemoryOfOthers)
+{
+    for (const testing::WrapForm& form : {testing::WrapForm{testing::GuardEdge::eEnd, 0, 0},
+                                          testing::WrapForm{testing::GuardEdge::eEnd, 3, 7},
+                                          testing::WrapForm{testing::GuardEdge::eBegin, 1, 0, 1, false}}) {
+        const auto geometry = geometry5d(eImageBufferType::Int16, 67, 9, 2, 2, 1);
+        const testing::WatchedImage first(*geometry, form);
+        const testing::WatchedImage second(*geometry, {});
+        testing::fillRandom(*first.get(), 5);
+        testing::fillRandom(*second.get(), 5);
+        flip(*second.get(), {66, 8, 1, 1, 0});
+        EXPECT_TRUE(comparesAsExpected(first.get(), second.get(), {}));
+        EXPECT_TRUE(first.isOutsideIntact());
+    }
+}
+
+TEST(CompareImgTest, AnImageIsTheSameAsItself)
+{
+    const ImagePtr image = createImage(*geometry2d(eImageBufferType::UInt8, 64, 64));
+    EXPECT_TRUE(compareImg(image, image)->identical);
+}
+
+TEST(CompareImgTest, AsynchronousForms)
+{
+    const ImagePtr first = makeRandom(*geometry2d(eImageBufferType::UInt8, 100, 100));
+    const ImagePtr second = copyImg(first);
+    image::planData<unsigned char>(*second, 0, 0, 0)[205] ^= 4;
+    const auto exact = compareImg_async(first, second);
+    ASSERT_TRUE(exact->wait().getValue());
+    EXPECT_TRUE(sameResult(expectedResult(*first, *second, {}), *getAsyncProcessorOutput(exact)));
+    const auto tolerant = compareImg_async(first, second, attr::createImgComparisonAbsoluteTolerance(4));
+    ASSERT_TRUE(tolerant->wait().getValue());
+    EXPECT_TRUE(getAsyncProcessorOutput(tolerant)->identical);
+}
+
+TEST(CompareImgTest, ToleranceMakersSetTheirMode)
+{
+    const auto both = attr::createImgComparisonTolerance(2, 0.5f);
+    EXPECT_EQ(both->mode, 3u);
+    EXPECT_EQ(both->absoluteTolerance, 2);
+    EXPECT_EQ(both->relativeTolerance, 0.5f);
+    EXPECT_EQ(attr::createImgComparisonNoTolerance()->mode, 0u);
+    EXPECT_EQ(attr::createImgComparisonAbsoluteTolerance(1)->mode, 1u);
+    EXPECT_EQ(attr::createImgComparisonRelativeTolerance(1)->mode, 2u);
+}
+
+TEST(CompareImgTest, TheDefaultToleranceStaysOnAProcessorThatRunsAgain)
+{
+    const ImagePtr image = makeRandom(*geometry2d(eImageBufferType::UInt8, 10, 10));
+    const auto processor = boost::make_shared<CompareImgLvl1>();
+    ASSERT_TRUE(processor->init(processor::eProcessorRulePolicy::eRulePolicyCheck).getValue());
+    processor->set<attr::InImg1>(image);
+    processor->set<attr::InImg2>(image);
+    processor::executeSyncRun(processor);
+    EXPECT_TRUE(processor->getAttribute("InOptImgComparisonTolerance").isSet());
+    const auto given = processor->getStorage<attr::OutCompareResult>();
+    const ImagePtr other = makeRandom(*geometry2d(eImageBufferType::UInt8, 10, 10), 2);
+    processor->set<attr::InImg2>(other);
+    processor::executeSyncRun(processor);
+    EXPECT_EQ(processor->getStorage<attr::OutCompareResult>(), given) << "the result that it holds is filled again";
+    EXPECT_TRUE(sameResult(expectedResult(*image, *other, {}), *given));
+}
+
+TEST(CompareImgTest, ImagesThatCannotBeComparedAreRefused)
+{
+    const ImagePtr image = createImage(*geometry2d(eImageBufferType::UInt8, 10, 10));
+    const ImagePtr larger = createImage(*geometry2d(eImageBufferType::UInt8, 11, 10));
+    const ImagePtr like = createImage(*geometry2d(eImageBufferType::eBufferUInt8Like, 10, 10));
+    EXPECT_EQ(messageOf([&] { static_cast<void>(compareImg(image, larger)); }),
+              "InImg2 is 11x10x1x1x1 UInt8, InImg1 is 10x10x1x1x1 UInt8: sizes and element types have to be the same");
+    EXPECT_EQ(messageOf([&] { static_cast<void>(compareImg(image, like)); }),
+              "InImg2 is 10x10x1x1x1 UInt8Like, InImg1 is 10x10x1x1x1 UInt8: sizes and element types have to be the same");
+    EXPECT_NE(messageOf([&] { static_cast<void>(compareImg(nullptr, image)); }).find("InImg1"), std::string::npos);
+    EXPECT_NE(messageOf([&] { static_cast<void>(compareImg(image, nullptr)); }).find("InImg2"), std::string::npos);
+    EXPECT_NE(messageOf([&] { static_cast<void>(compareImg(image, image, nullptr)); }).find("ImgComparisonTolerance"),
+              std::string::npos);
+}
+
+TEST(CompareImgTest, LevelsAreMadeByNameAndCarryTheirAttributesInOrder)
+{
+    const std::vector<std::pair<std::string, std::vector<std::string>>> levels = {
+        {"Lvl1", {"InImg1", "InImg2", "InOptImgComparisonTolerance", "OutCompareResult"}},
+        {"Lvl2", {"InSubImg2d1", "InSubImg2d2", "InImgComparisonTolerance", "OutCompareResult"}},
+        {"Lvl3", {"InYStrip2d1", "InYStrip2d2", "InImgComparisonTolerance", "OutCompareResult"}}};
+    for (const auto& [level, attributes] : levels) {
+        const std::string name = "orlix::imaproc::util::CompareImg" + level;
+        const auto processor = processor::ProcessorFactory::getInstance().createProcessor(name);
+        ASSERT_TRUE(processor->init(processor::eProcessorRulePolicy::eRulePolicyCheck).getValue());
+        EXPECT_EQ(processor->getAttributeNameColl(), attributes);
+        EXPECT_EQ(processor->getToolTip(), "Image comparison algorithm level " + level.substr(3));
+        EXPECT_EQ(DynamicObjectFactory::getInstance().createShared(name)->getClassName(), name);
+    }
+}
+
+TEST(CompareImgTest, ALineOfNothingLeavesTheResultAsItWas)
+{
+    const ImagePtr image = createImage(*geometry2d(eImageBufferType::UInt8, 0, 3));
+    const auto result = compareImg(image, image);
+    EXPECT_TRUE(result->identical);
+    EXPECT_EQ(result->nbComparedPixels, 0u);
+}
+
+} // namespace
+} // namespace orlix::imaproc::util::test
