@@ -3,11 +3,11 @@
 #include "copy/CopyGoals.h"
 #include "copy/SmallCall.h"
 #include "support/FlowLimits.h"
+#include "support/ForcedSet.h"
 #include "support/MemoryPlace.h"
 #include "support/Suite.h"
 #include "support/Table.h"
 
-#include "ORLIX/ORLIXBaseProcessing/AlgorithmFunctionSelector.h"
 #include "ORLIX/ORLIXCore/BaseExecutor.h"
 #include "ORLIX/ORLIXCore/InstructionSetAvailability.h"
 #include "ORLIXIPL/ORLIXIPLUtility/ORLIXIPLUtility.h"
@@ -33,13 +33,6 @@ void copyByLibrary(const std::byte* source, std::byte* destination, unsigned lon
     std::memcpy(destination, source, bytesWritten);
 }
 
-void forceSet(const eInstructionSet& set)
-{
-    processor::InstructionSetsIdentifier sets;
-    sets.init(set);
-    processor::AlgorithmFunctionSelector::setDefaultForcedInstructionSets(sets);
-}
-
 void addOperator(Comparison& comparison, const FixturePtr& fixture, const eInstructionSet& set)
 {
     const char* const name = core::getInstructionSetName(set);
@@ -63,10 +56,12 @@ void addFirstCall(Comparison& comparison, const FixturePtr& fixture, const eInst
 
 void addLimits(Comparison& comparison, const FixturePtr& fixture)
 {
-    addFlowLimits(comparison, [fixture]() -> const FlowWork& { return fixture->getWork(); }, 1, 1);
-    comparison.add({"memcpy", eRole::eCLibrary, [fixture] { fixture->getWork().forEachStretch(copyByLibrary); }});
+    addFlowLimits(
+        comparison, [fixture]() -> const FlowWork& { return fixture->getWork(); }, 1, 1);
+    comparison.add({"memcpy", eRole::ePeer, [fixture] { fixture->getWork().forEachStretch(copyByLibrary); }});
     const auto copyToFresh = [fixture] {
-        const std::unique_ptr<void, void (*)(void*)> block(std::malloc(fixture->getWork().getBytesWritten()), std::free);
+        const std::unique_ptr<void, void (*)(void*)> block(std::malloc(fixture->getWork().getBytesWritten()),
+                                                           std::free);
         fixture->getWork().forEachStretchInto(static_cast<std::byte*>(block.get()), copyByLibrary);
         benchmark::DoNotOptimize(block.get());
     };
@@ -89,7 +84,7 @@ void addComparison(Suite& suite, const CopyCase& copyCase, unsigned long nbThrea
     comparison.setFixture([fixture] { fixture->setUp(); },
                           [fixture] {
                               fixture->tearDown();
-                              processor::AlgorithmFunctionSelector::setDefaultForcedInstructionSets({});
+                              unforceSet();
                           });
     const std::vector<eInstructionSet> sets = suite.getOptions().selectInstructionSets();
     for (const eInstructionSet& set : sets) {

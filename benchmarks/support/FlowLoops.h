@@ -1,4 +1,5 @@
-// Bare loops that read and write as many bytes as an operator: what the machine can do at most, whatever is built above.
+// Bare loops that read and write as many bytes as an operator: what the machine can do at most, whatever is built
+// above.
 #pragma once
 
 #include "ORLIX/ORLIXUtil/InstructionSet.h"

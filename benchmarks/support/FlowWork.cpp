@@ -22,8 +22,7 @@ FlowWork::FlowWork(const image::BaseImage* source, image::BaseImage* destination
     const unsigned long nbInPlan = geometry.getSizeX() * geometry.getSizeY();
     m_nbPixels = nbInPlan * geometry.getSizeZ();
     const unsigned long nbShares = getBytesRead() + getBytesWritten() < g_sharedBytes ? 1 : nbThreads;
-    const unsigned long nbInShare =
-        (m_nbPixels / g_nbPixelsTogether + nbShares - 1) / nbShares * g_nbPixelsTogether;
+    const unsigned long nbInShare = (m_nbPixels / g_nbPixelsTogether + nbShares - 1) / nbShares * g_nbPixelsTogether;
     m_shares.resize(nbShares);
     for (unsigned long first = 0; first < m_nbPixels;) {
         const unsigned long plan = first / nbInPlan;
@@ -43,10 +42,10 @@ void FlowWork::run(FlowLoop loop) const
     const FlowRatio ratio = getLoops().ratio;
     const bool bReading = ratio.linesRead > 0;
     const unsigned long stepBytes = (bReading ? ratio.linesRead : ratio.linesWritten) * g_lineBytes;
-    forEachStretch([=](const std::byte* source, std::byte* destination, unsigned long bytesRead,
-                       unsigned long bytesWritten) {
-        loop(source, destination, (bReading ? bytesRead : bytesWritten) / stepBytes);
-    });
+    forEachStretch(
+        [=](const std::byte* source, std::byte* destination, unsigned long bytesRead, unsigned long bytesWritten) {
+            loop(source, destination, (bReading ? bytesRead : bytesWritten) / stepBytes);
+        });
 }
 
 } // namespace orlix::bench

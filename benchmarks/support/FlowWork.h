@@ -55,7 +55,9 @@ private:
 template <class TUse>
 void FlowWork::forEach(const TUse& use) const
 {
-    const auto runShare = [&](std::size_t share) { std::for_each(m_shares[share].begin(), m_shares[share].end(), use); };
+    const auto runShare = [&](std::size_t share) {
+        std::for_each(m_shares[share].begin(), m_shares[share].end(), use);
+    };
     if (m_shares.size() == 1) {
         runShare(0);
     } else {

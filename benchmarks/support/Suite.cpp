@@ -35,12 +35,12 @@ struct References
     explicit References(const ComparisonResult& result)
         : ordinaryLoop(result.findFastest({eRole::eOrdinaryLoop})),
           bestLoop(result.findFastest({eRole::eOrdinaryLoop, eRole::eStreamingLoop})),
-          library(result.findFastest({eRole::eCLibrary}))
+          peer(result.findFastest({eRole::ePeer}))
     {}
 
     const Series* ordinaryLoop;
     const Series* bestLoop;
-    const Series* library;
+    const Series* peer;
 };
 
 benchmark::TimeUnit unitFor(unsigned long bytes)
@@ -77,7 +77,7 @@ void Suite::add(const std::string& name, Comparison comparison, PrintResult prin
             const References references(result);
             countShare(state, "of_ordinary_loop", result.getShare(series, references.ordinaryLoop));
             countShare(state, "of_best_loop", result.getShare(series, references.bestLoop));
-            countShare(state, "of_C_library", result.getShare(series, references.library));
+            countShare(state, "of_peer", result.getShare(series, references.peer));
         };
         const std::string row = name + "/" + entry.comparison.getCandidates()[i].name;
         benchmark::RegisterBenchmark(row.c_str(), tell)
@@ -130,12 +130,12 @@ void Suite::printRates(std::ostream& stream, const ComparisonResult& result)
 {
     const References references(result);
     Table table({"", "a pass", "GB/s", "of ordinary loop", "of best loop",
-                 references.library ? "of " + references.library->name : ""});
+                 references.peer ? "of " + references.peer->name : ""});
     for (const Series& series : result.getSeries()) {
         table.addRow({series.name, secondsToText(result.getSeconds(series)), toText(result.getRate(series) * 1e-9, 1),
                       shareToText(result.getShare(series, references.ordinaryLoop)),
                       shareToText(result.getShare(series, references.bestLoop)),
-                      shareToText(result.getShare(series, references.library))});
+                      shareToText(result.getShare(series, references.peer))});
     }
     table.print(stream);
 }
