@@ -42,7 +42,7 @@ void CopyFixture::setUp()
     fillPattern(*input, m_case);
     m_input = input;
     m_output = image::createImage(*makeGeometry(m_case));
-    m_work.emplace(*m_input, *m_output, m_nbThreads);
+    m_work.emplace(m_input.get(), m_output.get(), m_nbThreads);
     checkCopies();
 }
 
@@ -61,8 +61,8 @@ void CopyFixture::checkCopies() const
     imaproc::util::copyImg(m_input, m_output);
     checkOutput(*m_output, "copyImg");
     checkOutput(*imaproc::util::copyImg(m_input), "copyImg");
-    const CopyLoops& loops = selectCopyLoops();
-    for (const CopyLoop loop :
+    const FlowLoops& loops = m_work->getLoops();
+    for (const FlowLoop loop :
          {loops.ordinary, loops.ordinaryBlocks, loops.ordinaryAhead, loops.streaming, loops.streamingGroups}) {
         fillZero(*m_output, m_case);
         m_work->run(loop);

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "copy/CopyCases.h"
-#include "support/CopyWork.h"
+#include "support/FlowWork.h"
 
 #include "ORLIXIPL/ORLIXImage/BaseImage.h"
 
@@ -22,7 +22,7 @@ public:
 
     const ImageConstPtr& getInput() const { return m_input; }
     const ImagePtr& getOutput() const { return m_output; }
-    const CopyWork& getWork() const { return *m_work; }
+    const FlowWork& getWork() const { return *m_work; }
 
 private:
     void checkCopies() const;
@@ -32,7 +32,7 @@ private:
     unsigned long m_nbThreads;
     ImageConstPtr m_input;
     ImagePtr m_output;
-    std::optional<CopyWork> m_work;
+    std::optional<FlowWork> m_work;
 };
 
 } // namespace orlix::bench

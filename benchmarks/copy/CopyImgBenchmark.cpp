@@ -2,11 +2,12 @@
 #include "copy/CopyFixture.h"
 #include "copy/CopyGoals.h"
 #include "copy/SmallCall.h"
+#include "support/FlowLimits.h"
+#include "support/ForcedSet.h"
 #include "support/MemoryPlace.h"
 #include "support/Suite.h"
 #include "support/Table.h"
 
-#include "ORLIX/ORLIXBaseProcessing/AlgorithmFunctionSelector.h"
 #include "ORLIX/ORLIXCore/BaseExecutor.h"
 #include "ORLIX/ORLIXCore/InstructionSetAvailability.h"
 #include "ORLIXIPL/ORLIXIPLUtility/ORLIXIPLUtility.h"
@@ -27,16 +28,9 @@ using FixturePtr = std::shared_ptr<CopyFixture>;
 constexpr unsigned long g_pooledBytes = 1UL
                                         << 20; ///< from here on, memory of a new image comes from the library's pool
 
-void copyByLibrary(const std::byte* source, std::byte* destination, std::size_t bytes)
+void copyByLibrary(const std::byte* source, std::byte* destination, unsigned long, unsigned long bytesWritten)
 {
-    std::memcpy(destination, source, bytes);
-}
-
-void forceSet(const eInstructionSet& set)
-{
-    processor::InstructionSetsIdentifier sets;
-    sets.init(set);
-    processor::AlgorithmFunctionSelector::setDefaultForcedInstructionSets(sets);
+    std::memcpy(destination, source, bytesWritten);
 }
 
 void addOperator(Comparison& comparison, const FixturePtr& fixture, const eInstructionSet& set)
@@ -62,19 +56,13 @@ void addFirstCall(Comparison& comparison, const FixturePtr& fixture, const eInst
 
 void addLimits(Comparison& comparison, const FixturePtr& fixture)
 {
-    const CopyLoops& loops = selectCopyLoops();
-    const auto add = [&](const char* name, eRole role, CopyLoop loop) {
-        comparison.add({name, role, [fixture, loop] { fixture->getWork().run(loop); }});
-    };
-    add("loop/ordinary", eRole::eOrdinaryLoop, loops.ordinary);
-    add("loop/ordinary-blocks", eRole::eOrdinaryLoop, loops.ordinaryBlocks);
-    add("loop/ordinary-ahead", eRole::eOrdinaryLoop, loops.ordinaryAhead);
-    add("loop/streaming", eRole::eStreamingLoop, loops.streaming);
-    add("loop/streaming-groups", eRole::eStreamingLoop, loops.streamingGroups);
-    add("memcpy", eRole::eCLibrary, copyByLibrary);
+    addFlowLimits(
+        comparison, [fixture]() -> const FlowWork& { return fixture->getWork(); }, 1, 1);
+    comparison.add({"memcpy", eRole::ePeer, [fixture] { fixture->getWork().forEachStretch(copyByLibrary); }});
     const auto copyToFresh = [fixture] {
-        const std::unique_ptr<void, void (*)(void*)> block(std::malloc(fixture->getWork().getBytes() / 2), std::free);
-        fixture->getWork().runInto(copyByLibrary, static_cast<std::byte*>(block.get()));
+        const std::unique_ptr<void, void (*)(void*)> block(std::malloc(fixture->getWork().getBytesWritten()),
+                                                           std::free);
+        fixture->getWork().forEachStretchInto(static_cast<std::byte*>(block.get()), copyByLibrary);
         benchmark::DoNotOptimize(block.get());
     };
     comparison.add({"malloc-and-memcpy", eRole::eOther, copyToFresh});
@@ -96,7 +84,7 @@ void addComparison(Suite& suite, const CopyCase& copyCase, unsigned long nbThrea
     comparison.setFixture([fixture] { fixture->setUp(); },
                           [fixture] {
                               fixture->tearDown();
-                              processor::AlgorithmFunctionSelector::setDefaultForcedInstructionSets({});
+                              unforceSet();
                           });
     const std::vector<eInstructionSet> sets = suite.getOptions().selectInstructionSets();
     for (const eInstructionSet& set : sets) {

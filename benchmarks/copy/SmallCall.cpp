@@ -88,7 +88,7 @@ Comparison makeComparison(const ImagesPtr& images)
     addCopy(g_noLines, &Images::noLines);
     addCopy(g_noPlans, &Images::noPlans);
     comparison.add({g_inSitu, eRole::eOperator, [images] { copyImg(images->whole.input, images->whole.pixels); }});
-    comparison.add({g_memcpy, eRole::eCLibrary, [images] {
+    comparison.add({g_memcpy, eRole::ePeer, [images] {
                         std::memcpy(images->whole.output->accessRow(0, 0, 0, 0),
                                     images->whole.input->accessRow(0, 0, 0, 0), g_pixels);
                     }});

@@ -17,7 +17,7 @@ struct eRole
         eOperator = 0,      ///< what is judged
         eOrdinaryLoop = 1,  ///< a bare loop with ordinary stores
         eStreamingLoop = 2, ///< a bare loop with stores past the caches
-        eCLibrary = 3,      ///< the C library's function for it
+        ePeer = 3,          ///< what people would call instead
         eOther = 4
     };
     ORLIX_ENUMERATION(eRole, eOperator);

@@ -3,7 +3,7 @@
 #include "ORLIX/ORLIXCore/BaseExecutor.h"
 #include "ORLIX/ORLIXCore/InstructionSetAvailability.h"
 #include "ORLIX/ORLIXHardware/ORLIXHardware.h"
-#include "support/CopyLoops.h"
+#include "support/FlowLoops.h"
 #include "support/Table.h"
 
 #include <benchmark/benchmark.h>
@@ -35,12 +35,12 @@ struct References
     explicit References(const ComparisonResult& result)
         : ordinaryLoop(result.findFastest({eRole::eOrdinaryLoop})),
           bestLoop(result.findFastest({eRole::eOrdinaryLoop, eRole::eStreamingLoop})),
-          library(result.findFastest({eRole::eCLibrary}))
+          peer(result.findFastest({eRole::ePeer}))
     {}
 
     const Series* ordinaryLoop;
     const Series* bestLoop;
-    const Series* library;
+    const Series* peer;
 };
 
 benchmark::TimeUnit unitFor(unsigned long bytes)
@@ -54,7 +54,7 @@ void describeMachine()
     benchmark::AddCustomContext("usable_threads", std::to_string(core::getNbUsableThreads()));
     benchmark::AddCustomContext("L2", bytesToText(hard::getL2CacheBytes()));
     benchmark::AddCustomContext("last_level_cache", bytesToText(hard::getLastLevelCacheBytes()));
-    benchmark::AddCustomContext("loops", core::getInstructionSetName(selectCopyLoops().set));
+    benchmark::AddCustomContext("loops", core::getInstructionSetName(selectFlowLoops(1, 1).set));
 }
 
 } // namespace
@@ -77,7 +77,7 @@ void Suite::add(const std::string& name, Comparison comparison, PrintResult prin
             const References references(result);
             countShare(state, "of_ordinary_loop", result.getShare(series, references.ordinaryLoop));
             countShare(state, "of_best_loop", result.getShare(series, references.bestLoop));
-            countShare(state, "of_C_library", result.getShare(series, references.library));
+            countShare(state, "of_peer", result.getShare(series, references.peer));
         };
         const std::string row = name + "/" + entry.comparison.getCandidates()[i].name;
         benchmark::RegisterBenchmark(row.c_str(), tell)
@@ -130,12 +130,12 @@ void Suite::printRates(std::ostream& stream, const ComparisonResult& result)
 {
     const References references(result);
     Table table({"", "a pass", "GB/s", "of ordinary loop", "of best loop",
-                 references.library ? "of " + references.library->name : ""});
+                 references.peer ? "of " + references.peer->name : ""});
     for (const Series& series : result.getSeries()) {
         table.addRow({series.name, secondsToText(result.getSeconds(series)), toText(result.getRate(series) * 1e-9, 1),
                       shareToText(result.getShare(series, references.ordinaryLoop)),
                       shareToText(result.getShare(series, references.bestLoop)),
-                      shareToText(result.getShare(series, references.library))});
+                      shareToText(result.getShare(series, references.peer))});
     }
     table.print(stream);
 }

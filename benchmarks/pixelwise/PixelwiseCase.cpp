@@ -1,0 +1,81 @@
+#include "pixelwise/PixelwiseCase.h"
+
+#include "ORLIX/ORLIXBaseProcessing/OperatorCall.h"
+#include "ORLIXIPL/ORLIXIPLUtility/ORLIXIPLUtility.h"
+
+namespace orlix::bench {
+
+namespace {
+
+using namespace imaproc;
+using image::eImageBufferType;
+
+constexpr eImageBufferType::domain g_types[] = {
+    eImageBufferType::Int8,  eImageBufferType::UInt8,  eImageBufferType::Int16, eImageBufferType::UInt16,
+    eImageBufferType::Int32, eImageBufferType::UInt32, eImageBufferType::Real32};
+
+constexpr double g_value = 42;
+constexpr double g_min = 20;
+constexpr double g_max = 100;
+
+void erase(const ImageConstPtr&, const ImagePtr& out)
+{
+    util::eraseImg(out, g_value);
+}
+
+PeerPass eraseByPeer(const image::BaseImage*, image::BaseImage& out)
+{
+    return makeOpenCvFill(out, g_value);
+}
+
+void threshold(const ImageConstPtr& in, const ImagePtr& out)
+{
+    processor::run<util::BasicThresholdImgLvl1>(
+        processor::with<attr::InImg>(in), processor::with<attr::InThresholdMin>(g_min),
+        processor::with<attr::InThresholdMax>(g_max), processor::with<attr::OutBinImg>(out));
+}
+
+PeerPass thresholdByPeer(const image::BaseImage* in, image::BaseImage& out)
+{
+    return makeOpenCvInRange(*in, out, g_min, g_max);
+}
+
+void convert(const ImageConstPtr& in, const ImagePtr& out)
+{
+    util::convertImg(in, out);
+}
+
+PeerPass convertByPeer(const image::BaseImage* in, image::BaseImage& out)
+{
+    return makeOpenCvConversion(*in, out);
+}
+
+} // namespace
+
+std::string namePixelwise(const PixelwiseCase& work, const PixelwiseSize& size, unsigned long nbThreads)
+{
+    return work.name + '/' + size.name + "/threads:" + std::to_string(nbThreads);
+}
+
+std::vector<PixelwiseCase> makePixelwiseCases()
+{
+    std::vector<PixelwiseCase> cases;
+    for (const eImageBufferType type : g_types) {
+        cases.push_back({std::string("erase/") + image::getBufferTypeName(type), eImageBufferType::eNoBuffer, type,
+                         erase, eraseByPeer});
+    }
+    for (const eImageBufferType type : g_types) {
+        cases.push_back({std::string("threshold/") + image::getBufferTypeName(type), type,
+                         eImageBufferType::eBufferBinary, threshold, thresholdByPeer});
+    }
+    for (const eImageBufferType in : g_types) {
+        for (const eImageBufferType out : g_types) {
+            cases.push_back(
+                {std::string("convert/") + image::getBufferTypeName(in) + '-' + image::getBufferTypeName(out), in, out,
+                 convert, convertByPeer});
+        }
+    }
+    return cases;
+}
+
+} // namespace orlix::bench
