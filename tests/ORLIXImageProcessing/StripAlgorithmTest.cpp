@@ -30,7 +30,8 @@ void enterKernel(const processor::DataTypeIdentifierColl& types, processor::Kern
 }
 
 /// out = in + 1 for bytes. Like a kernel without a tail it always works on whole blocks of 64.
-class AddOne final : public StripAlgorithm<AddOne, PictureLibrary, RawStripParserMode, TypedBy<InStrip>, InStrip, OutStrip>
+class AddOne final
+    : public StripAlgorithm<AddOne, PictureLibrary, RawStripParserMode, TypedBy<InStrip>, InStrip, OutStrip>
 {
 public:
     static constexpr const char* g_name = "AddOne";
@@ -52,30 +53,33 @@ public:
     std::vector<processor::ProcessingInfo> m_infos;
 };
 
-/// The same line by line, with a tail: it stays within its line.
-class AddOneByLine final
-    : public StripAlgorithm<AddOneByLine, PictureLibrary, LineStripParserMode, TypedBy<InStrip>, InStrip, OutStrip>
+/// The same line by line, with a tail: it stays within its line, or the lines that were joined.
+template <class TMode>
+class AddOneByLineOf final
+    : public StripAlgorithm<AddOneByLineOf<TMode>, PictureLibrary, TMode, TypedBy<InStrip>, InStrip, OutStrip>
 {
 public:
-    static constexpr const char* g_name = "AddOneByLine";
+    static constexpr const char* g_name = TMode::g_bJoinsLines ? "AddOneByJoinedLines" : "AddOneByLine";
     static constexpr int g_toolTip = 0;
 
     ProcessingResult<bool> kernel(const processor::ProcessingInfo& info)
     {
-        const auto* source = static_cast<const unsigned char*>(accessBlock<InStrip>());
-        auto* destination = static_cast<unsigned char*>(accessBlock<OutStrip>());
+        const auto* source = static_cast<const unsigned char*>(this->template accessBlock<InStrip>());
+        auto* destination = static_cast<unsigned char*>(this->template accessBlock<OutStrip>());
         for (unsigned long i = 0; i < info.nbElements; ++i) {
             destination[i] = static_cast<unsigned char>(source[i] + 1);
         }
         m_infos.push_back(info);
-        return succeed();
+        return this->succeed();
     }
     std::vector<processor::ProcessingInfo> m_infos;
 };
+using AddOneByLine = AddOneByLineOf<LineStripParserMode>;
+using AddOneByJoinedLines = AddOneByLineOf<JoinedLineStripParserMode>;
 
 /// Kernels by two types, with a strip that may be left out.
-class ByTwoTypes final : public StripAlgorithm<ByTwoTypes, PictureLibrary, RawStripParserMode, TypedBy<InStrip, OutStrip>,
-                                               InStrip, InOptStrip, OutStrip>
+class ByTwoTypes final : public StripAlgorithm<ByTwoTypes, PictureLibrary, RawStripParserMode,
+                                               TypedBy<InStrip, OutStrip>, InStrip, InOptStrip, OutStrip>
 {
 public:
     static constexpr const char* g_name = "ByTwoTypes";
@@ -114,7 +118,8 @@ boost::shared_ptr<TAlgorithm> makeAlgorithm()
 }
 
 template <class TAlgorithm>
-std::string runOn(TAlgorithm& algorithm, const ImagePtr& in, const ImagePtr& out, unsigned long start, unsigned long size)
+std::string runOn(TAlgorithm& algorithm, const ImagePtr& in, const ImagePtr& out, unsigned long start,
+                  unsigned long size)
 {
     algorithm.template set<InStrip>(boost::make_shared<image::InputImageYStrip2d>(*in, start, size));
     algorithm.template set<OutStrip>(boost::make_shared<image::OutputImageYStrip2d>(*out, start, size));
@@ -167,6 +172,7 @@ TEST(StripAlgorithm, KernelsWithoutATailReachNothingBesideTheStrip)
 TEST(StripAlgorithm, KernelsByLineReachNothingBesideTheStrip)
 {
     expectAddsOneOverAnyMemory<AddOneByLine>();
+    expectAddsOneOverAnyMemory<AddOneByJoinedLines>();
 }
 
 TEST(StripAlgorithm, TheModeDecidesHowManyCallsThereAre)
@@ -188,6 +194,34 @@ TEST(StripAlgorithm, TheModeDecidesHowManyCallsThereAre)
     EXPECT_EQ(byLine->m_infos.size(), 4u) << "no lines, no call";
 }
 
+TEST(StripAlgorithm, LinesAreJoinedWhereTheyTouchInEveryStrip)
+{
+    using enum GuardEdge;
+    enterKernel<AddOneByJoinedLines>(typesOf(g_uint8),
+                                     static_cast<processor::KernelFunction>(&AddOneByJoinedLines::kernel));
+    const auto geometry = geometry2d(g_uint8, 100, 6);
+    const WatchedImage pitched(*geometry, {eEnd, 3, 0, 0, true});
+    const ImagePtr in = createImage(*geometry);
+    const ImagePtr out = createImage(*geometry);
+    const auto algorithm = makeAlgorithm<AddOneByJoinedLines>();
+    const auto expectCalls = [&](const ImagePtr& from, const ImagePtr& to, unsigned long nbCalls) {
+        algorithm->m_infos.clear();
+        EXPECT_EQ(runOn(*algorithm, from, to, 1, 4), "no failure");
+        ASSERT_EQ(algorithm->m_infos.size(), nbCalls);
+        for (unsigned long call = 0; call < nbCalls; ++call) {
+            EXPECT_EQ(algorithm->m_infos[call].nbElements, 400 / nbCalls);
+            EXPECT_EQ(algorithm->m_infos[call].currentLine, call);
+            EXPECT_EQ(algorithm->m_infos[call].firstElement, 0u);
+        }
+    };
+    expectCalls(in, out, 1);
+    expectCalls(pitched.get(), out, 4);
+    expectCalls(in, pitched.get(), 4);
+    expectCalls(in, out, 1);
+    EXPECT_EQ(runOn(*algorithm, in, out, 1, 0), "no failure");
+    EXPECT_EQ(algorithm->m_infos.size(), 1u) << "no lines, no call";
+}
+
 TEST(StripAlgorithm, OneProcessorServesStripsOfManyTypesAndSizes)
 {
     for (const eImageBufferType type : image::g_allBufferTypes) {
@@ -196,8 +230,8 @@ TEST(StripAlgorithm, OneProcessorServesStripsOfManyTypesAndSizes)
         }
     }
     const auto algorithm = makeAlgorithm<AddOne>();
-    for (const eImageBufferType::domain type :
-         {g_uint8, eImageBufferType::Int8, eImageBufferType::eBufferBinary, g_uint8, eImageBufferType::eBufferUInt8Like}) {
+    for (const eImageBufferType::domain type : {g_uint8, eImageBufferType::Int8, eImageBufferType::eBufferBinary,
+                                                g_uint8, eImageBufferType::eBufferUInt8Like}) {
         for (const unsigned long sizeY : {5UL, 50UL, 1UL}) {
             const ImagePtr in = createImage(*geometry2d(type, 70, sizeY));
             const ImagePtr out = createImage(*geometry2d(type, 70, sizeY));
@@ -231,7 +265,8 @@ TEST(StripAlgorithm, KernelsGoByTheTypesOfTheAttributesThatTheClassNames)
     EXPECT_EQ(algorithm->m_which, 1);
     EXPECT_EQ(runOn(*algorithm, wide, narrow, 0, 4), "no failure");
     EXPECT_EQ(algorithm->m_which, 2);
-    EXPECT_EQ(runOn(*algorithm, wide, wide, 0, 4), "ByTwoTypes has no kernel for types 4 and 4: convert the data first");
+    EXPECT_EQ(runOn(*algorithm, wide, wide, 0, 4),
+              "ByTwoTypes has no kernel for types 4 and 4: convert the data first");
 }
 
 TEST(StripAlgorithm, AStripThatIsNotSetHasNoParser)

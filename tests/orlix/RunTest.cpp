@@ -12,6 +12,7 @@ namespace orlix::test {
 namespace {
 
 using image::eImageBufferType;
+using orlix::testing::sameImages;
 using NameSet = std::set<std::string>;
 
 class RunTest : public testing::Test
@@ -57,7 +58,7 @@ TEST_F(RunTest, ReadsInputsAndWritesOutputs)
     for (const eImageBufferType type : image::g_allBufferTypes) {
         const ImagePtr in = writeInput("in.tif", *image::geometry5d(type, 67, 33, 3, 2, 2));
         runQuietly({"orlix::imaproc::util::CopyImgLvl1", m_in, m_out});
-        EXPECT_TRUE(areSame(*image::io::readImage(m_folder / "out.tif"), *in)) << image::getBufferTypeName(type);
+        EXPECT_TRUE(sameImages(*image::io::readImage(m_folder / "out.tif"), *in)) << image::getBufferTypeName(type);
     }
     EXPECT_EQ(m_folder.getNames(), (NameSet{"in.tif", "out.tif"}));
 }
@@ -66,7 +67,7 @@ TEST_F(RunTest, NamespaceMayBeLeftOutAndOptionsStandAnywhere)
 {
     const ImagePtr in = writeInput("in.tif", *image::geometry2d(eImageBufferType::Int16, 50, 40));
     runQuietly({"--compression", "lzw", "CopyImgLvl1", m_in, "--tile-size", "16", m_out, "--threads", "2"});
-    EXPECT_TRUE(areSame(*image::io::readImage(m_folder / "out.tif"), *in));
+    EXPECT_TRUE(sameImages(*image::io::readImage(m_folder / "out.tif"), *in));
     EXPECT_TRUE(image::io::readImageInfo(m_folder / "out.tif").bTiled);
 }
 
@@ -87,7 +88,7 @@ TEST_F(RunTest, FileNamesMayHoldEqualsSigns)
 {
     const ImagePtr in = writeInput("a=b.tif", *image::geometry2d(eImageBufferType::UInt8, 9, 8));
     runQuietly({"CopyImgLvl1", "InImg=" + (m_folder / "a=b.tif"), "OutImg=" + (m_folder / "c=d=.png")});
-    EXPECT_TRUE(areSame(*image::io::readImage(m_folder / "c=d=.png"), *in));
+    EXPECT_TRUE(sameImages(*image::io::readImage(m_folder / "c=d=.png"), *in));
 }
 
 TEST_F(RunTest, OutputsWithoutAFileAreDropped)
@@ -105,7 +106,7 @@ TEST_F(RunTest, GivenImageIsWrittenInto)
     image::io::writeImage(m_folder / "given.tif", given);
     const std::string before = contentOf(m_folder / "given.tif");
     runQuietly({"CopyImgLvl1", m_in, m_out, "--given", "OutImg=" + (m_folder / "given.tif")});
-    EXPECT_TRUE(areSame(*image::io::readImage(m_folder / "out.tif"), *in));
+    EXPECT_TRUE(sameImages(*image::io::readImage(m_folder / "out.tif"), *in));
     EXPECT_EQ(contentOf(m_folder / "given.tif"), before);
 }
 
@@ -125,7 +126,7 @@ TEST_F(RunTest, ProcessorOfAPlanTakesImagesOfOnePlan)
     writeInput("given.tif", *image::geometry2d(eImageBufferType::UInt8, 9, 8));
     const std::string given = "OutImg=" + (m_folder / "given.tif");
     runQuietly({"CopyImgLvl2", "InSubImg2d=" + (m_folder / "in.tif"), m_out, "--given", given});
-    EXPECT_TRUE(areSame(*image::io::readImage(m_folder / "out.tif"), *in));
+    EXPECT_TRUE(sameImages(*image::io::readImage(m_folder / "out.tif"), *in));
     EXPECT_NE(refusal({"CopyImgLvl2", "InSubImg2d=" + (m_folder / "volume.tif"), "--given",
                        "OutImg=" + (m_folder / "volume.tif")})
                   .find("Strips are cut from one plan, but the image is 9x8x2x1x1 UInt8"),

@@ -15,8 +15,7 @@ struct TypedBy
 namespace details {
 
 template <class TAttribute>
-using StripBaseOf =
-    std::conditional_t<TAttribute::g_bOutput, BaseOutputYStrip2dAttribute, BaseInputYStrip2dAttribute>;
+using StripBaseOf = std::conditional_t<TAttribute::g_bOutput, BaseOutputYStrip2dAttribute, BaseInputYStrip2dAttribute>;
 
 /// The place for the parser of one attribute; empty for an attribute that is no strip.
 template <class TMode, class TAttribute, bool bStrip = std::is_base_of_v<BaseYStrip2dAttribute, TAttribute>>
@@ -63,6 +62,10 @@ protected:
         unsigned long nbParsers = 0;
         (createParser<TAttributes>(parsers, nbParsers), ...);
         parsers.resize(nbParsers);
+        if constexpr (TMode::g_bJoinsLines) {
+            const bool bTouch = (doLinesTouch<TAttributes>() && ...);
+            (joinLines<TAttributes>(bTouch), ...);
+        }
         return true;
     }
     void clearDataParserColl() override { (clearParser<TAttributes>(), ...); }
@@ -94,6 +97,27 @@ private:
                 parsers[nbParsers] = slot.parser;
             }
             ++nbParsers;
+        }
+    }
+    template <class TAttribute>
+    bool doLinesTouch() const
+    {
+        using Slot = details::ParserSlot<TMode, TAttribute>;
+        if constexpr (Slot::g_bStrip) {
+            const auto& parser = std::get<Slot>(m_slots).parser;
+            return !parser || !this->template accessAttribute<TAttribute>()->isHeld() || parser->doLinesTouch();
+        } else {
+            return true;
+        }
+    }
+    template <class TAttribute>
+    void joinLines(bool bJoined)
+    {
+        using Slot = details::ParserSlot<TMode, TAttribute>;
+        if constexpr (Slot::g_bStrip) {
+            if (const auto& parser = std::get<Slot>(m_slots).parser) {
+                parser->joinLines(bJoined);
+            }
         }
     }
     template <class TAttribute>

@@ -50,7 +50,8 @@ void BaseRawYStrip2dParser<TAttribute>::endBlock()
 template <class TAttribute>
 unsigned long BaseLineYStrip2dParser<TAttribute>::getNbBlocks() const
 {
-    return this->m_strip->getSizeX() == 0 ? 0 : this->m_strip->getStripSizeY();
+    const unsigned long nbLines = this->m_strip->getSizeX() == 0 ? 0 : this->m_strip->getStripSizeY();
+    return m_bJoined && nbLines > 0 ? 1 : nbLines;
 }
 
 template <class TAttribute>
@@ -58,7 +59,8 @@ void BaseLineYStrip2dParser<TAttribute>::startBlock(unsigned long block, process
 {
     const image::BaseImageYStrip2d& strip = *this->m_strip;
     this->m_block = this->firstElement() + block * strip.getLineBytes();
-    info = {strip.getSizeX(), strip.getStripSizeY(), block, 0};
+    info = m_bJoined ? processor::ProcessingInfo{strip.getSizeX() * strip.getStripSizeY(), 1, 0, 0}
+                     : processor::ProcessingInfo{strip.getSizeX(), strip.getStripSizeY(), block, 0};
 }
 
 template class BaseRawYStrip2dParser<BaseInputYStrip2dAttribute>;

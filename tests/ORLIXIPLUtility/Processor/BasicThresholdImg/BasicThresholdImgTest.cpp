@@ -2,6 +2,7 @@
 #include "ORLIX/ORLIXHardware/CacheInfo.h"
 #include "ORLIXIPLUtility/Processor/BasicThresholdImg/ThresholdOracle.h"
 #include "support/Executors.h"
+#include "support/SameImages.h"
 
 #include <rapidcheck.h>
 
@@ -71,7 +72,7 @@ TEST(BasicThresholdImgTest, stripsAndExecutorsGiveTheSameBytes)
     }
     for (const testing::NamedExecutor& named : executors) {
         const testing::ScopedExecutor scope(named.executor);
-        EXPECT_TRUE(testing::sameElements(*expected, *threshold(in, 1000, 30000))) << named.name;
+        EXPECT_TRUE(testing::sameImages(*expected, *threshold(in, 1000, 30000))) << named.name;
     }
 }
 

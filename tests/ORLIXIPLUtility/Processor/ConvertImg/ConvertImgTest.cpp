@@ -2,6 +2,7 @@
 #include "ORLIXIPL/ORLIXBaseImageTools/SubImageExtractor.h"
 #include "ORLIXIPLUtility/Processor/ConvertImg/ConvertImgChecks.h"
 #include "support/Executors.h"
+#include "support/SameImages.h"
 
 #include <gtest/gtest.h>
 #include <rapidcheck.h>
@@ -16,7 +17,7 @@ using image::geometry2d;
 using image::geometry5d;
 using testing::fillRandom;
 using testing::isConverted;
-using testing::sameElements;
+using testing::sameImages;
 using testing::WatchedImage;
 using testing::WrapForm;
 
@@ -49,9 +50,9 @@ TEST(ConvertImgTest, everyPairOfTypesInBothForms)
             EXPECT_TRUE(isConverted(*in, *made));
             const ImagePtr given = makeRandom(made->getGeometry(), 99);
             convertImg(in, given);
-            EXPECT_TRUE(sameElements(*made, *given));
+            EXPECT_TRUE(sameImages(*made, *given));
         }
-        EXPECT_TRUE(sameElements(*before, *in));
+        EXPECT_TRUE(sameImages(*before, *in));
     }
 }
 
@@ -63,7 +64,7 @@ TEST(ConvertImgTest, toItsOwnTypeItIsACopyButForBinary)
         EXPECT_NE(out, in);
         EXPECT_FALSE(out->sharesPixelsWith(*in));
         if (type != eImageBufferType::eBufferBinary) {
-            EXPECT_TRUE(sameElements(*in, *out));
+            EXPECT_TRUE(sameImages(*in, *out));
         } else {
             for (unsigned long i = 0; i < 6000; ++i) {
                 const unsigned char value = image::planData<unsigned char>(*in, 0, 0, 0)[i];
@@ -78,7 +79,7 @@ TEST(ConvertImgTest, thereAndBackForValuesThatBothTypesHold)
     const ImagePtr in = makeRandom(*geometry2d(eImageBufferType::UInt8, 511, 33));
     for (const eImageBufferType by : image::g_allBufferTypes) {
         if (by != eImageBufferType::eBufferBinary) {
-            EXPECT_TRUE(sameElements(*in, *convertImg(convertImg(in, by), eImageBufferType::UInt8)))
+            EXPECT_TRUE(sameImages(*in, *convertImg(convertImg(in, by), eImageBufferType::UInt8)))
                 << image::getBufferTypeName(by);
         }
     }
@@ -135,7 +136,7 @@ TEST(ConvertImgTest, wrappedMemoryIsTouchedNowhereElse)
                     convertImg(in.get(), out.get());
                     EXPECT_TRUE(isConverted(*in.get(), *out.get()));
                     EXPECT_TRUE(in.isOutsideIntact() && out.isOutsideIntact()) << sizeX;
-                    EXPECT_TRUE(sameElements(*out.get(), *convertImg(in.get(), to)));
+                    EXPECT_TRUE(sameImages(*out.get(), *convertImg(in.get(), to)));
                 }
             }
         }

@@ -7,7 +7,7 @@
 
 namespace orlix::imaproc {
 
-/// `TMode` is RawStripParserMode or LineStripParserMode, `TAttribute` the base class of the strip attribute.
+/// `TMode` is one of the modes of StripParsers.h, `TAttribute` the base class of the strip attribute.
 template <class TMode, class TAttribute, class TStripAttribute>
 struct StripParserInfo
 {

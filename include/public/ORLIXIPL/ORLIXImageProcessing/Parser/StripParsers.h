@@ -50,14 +50,22 @@ private:
     bool m_bScratch = false;
 };
 
-/// Each line is one block. Kernels of this mode stay within their line.
+/// Each line is one block, or the whole strip is, as one long line. Kernels of this mode stay within their block.
 template <class TAttribute>
 class ORLIXIMAGEPROCESSING_API BaseLineYStrip2dParser : public BaseYStrip2dParser<TAttribute>
 {
 public:
+    /// Does every line start where the one before ends?
+    bool doLinesTouch() const { return this->m_strip->isDense(); }
+    /// Whether to hand out the strip as one line; only for lines that touch. Holds until the next call.
+    void joinLines(bool bJoined) { m_bJoined = bJoined; }
+
     unsigned long getNbBlocks() const override;
     void startBlock(unsigned long block, processor::ProcessingInfo& info) override;
     void endBlock() override {}
+
+private:
+    bool m_bJoined = false;
 };
 
 extern template class BaseRawYStrip2dParser<BaseInputYStrip2dAttribute>;
@@ -76,6 +84,7 @@ class LineYStrip2dParser final : public BaseLineYStrip2dParser<TAttribute>
 /// The whole strip at once.
 struct RawStripParserMode
 {
+    static constexpr bool g_bJoinsLines = false;
     template <class TAttribute>
     using BaseParser = BaseRawYStrip2dParser<TAttribute>;
     template <class T, class TAttribute>
@@ -84,10 +93,17 @@ struct RawStripParserMode
 /// Line by line.
 struct LineStripParserMode
 {
+    static constexpr bool g_bJoinsLines = false;
     template <class TAttribute>
     using BaseParser = BaseLineYStrip2dParser<TAttribute>;
     template <class T, class TAttribute>
     using Parser = LineYStrip2dParser<T, TAttribute>;
+};
+/// Line by line, but as one long line where the lines touch in every strip: for kernels to which each element is one
+/// by itself, so that short lines do not cost a call each.
+struct JoinedLineStripParserMode : LineStripParserMode
+{
+    static constexpr bool g_bJoinsLines = true;
 };
 
 } // namespace orlix::imaproc

@@ -54,11 +54,12 @@ bool CompareImgLvl3::isSearching() const
     return !m_result->hasFirstDifference();
 }
 
-void CompareImgLvl3::recordFirst(const processor::ProcessingInfo& info, unsigned long x, double value1, double value2)
+void CompareImgLvl3::recordFirst(const processor::ProcessingInfo& info, unsigned long index, double value1, double value2)
 {
     const image::BaseImageYStrip2d& strip = accessAttribute<attr::InYStrip2d1>()->getBaseImageYStrip2d();
-    m_result->firstDifference.x = info.firstElement + x;
-    m_result->firstDifference.y = strip.getStripStartOffsetY() + info.currentLine;
+    const unsigned long inLines = info.firstElement + index;
+    m_result->firstDifference.x = inLines % strip.getSizeX();
+    m_result->firstDifference.y = strip.getStripStartOffsetY() + info.currentLine + inLines / strip.getSizeX();
     m_result->firstValue1 = value1;
     m_result->firstValue2 = value2;
 }

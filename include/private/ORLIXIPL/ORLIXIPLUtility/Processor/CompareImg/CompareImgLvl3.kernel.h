@@ -45,20 +45,29 @@ ORLIX_SIMD_INLINE unsigned long countDifferent(const T* first, const T* second, 
     return nbDifferent;
 }
 
-/// Counts the line. Its first difference is looked for only where it has one and none is recorded yet, which happens
-/// once a strip.
+/// Counts the block. While the strip has no difference yet, it goes in steps, so that only the step with the first one
+/// is searched element by element.
 template <class TMode, class T, eInstructionSet::domain ISA>
 ORLIX_SIMD_INLINE void CompareImgLvl3::compareLine(const processor::ProcessingInfo& info, const Line& line)
 {
+    constexpr unsigned long searchStep = 4096; // a multiple of every set's blocking
     const T* const first = static_cast<const T*>(line.first);
     const T* const second = static_cast<const T*>(line.second);
-    const unsigned long nbDifferent = countDifferent<TMode, T, ISA>(first, second, info.nbElements, *line.limits);
-    if (nbDifferent > 0 && isSearching()) {
-        unsigned long x = 0;
-        while (x + 1 < info.nbElements && !TMode::differ(first[x], second[x], *line.limits)) {
-            ++x;
+    unsigned long nbDifferent = 0;
+    unsigned long step = 0;
+    for (unsigned long start = 0; start < info.nbElements; start += step) {
+        const unsigned long nbLeft = info.nbElements - start;
+        const bool bSearching = isSearching();
+        step = bSearching && nbLeft > searchStep ? searchStep : nbLeft;
+        const unsigned long nbFound = countDifferent<TMode, T, ISA>(first + start, second + start, step, *line.limits);
+        if (nbFound > 0 && bSearching) {
+            unsigned long index = start;
+            while (index + 1 < start + step && !TMode::differ(first[index], second[index], *line.limits)) {
+                ++index;
+            }
+            recordFirst(info, index, static_cast<double>(first[index]), static_cast<double>(second[index]));
         }
-        recordFirst(info, x, static_cast<double>(first[x]), static_cast<double>(second[x]));
+        nbDifferent += nbFound;
     }
     addCounts(nbDifferent, info.nbElements);
 }

@@ -8,7 +8,7 @@
 namespace orlix::imaproc::util {
 
 class ORLIXIPLUTILITY_API CompareImgLvl3 final
-    : public StripAlgorithm<CompareImgLvl3, UtilityLibrary, LineStripParserMode, TypedBy<attr::InYStrip2d1>,
+    : public StripAlgorithm<CompareImgLvl3, UtilityLibrary, JoinedLineStripParserMode, TypedBy<attr::InYStrip2d1>,
                             attr::InYStrip2d1, attr::InYStrip2d2, attr::InImgComparisonTolerance,
                             attr::OutCompareResult>
 {
@@ -20,8 +20,8 @@ public:
     /// Same line length, same number of lines, same element type.
     processor::RulePtr createRule() const;
 
-    /// Compares the `info.nbElements` elements of a line with instruction set ISA, and adds what it finds to the
-    /// result.
+    /// Compares the `info.nbElements` elements of a line, or of lines that touch, with instruction set ISA, and adds
+    /// what it finds to the result.
     template <class T, eInstructionSet::domain ISA>
     ProcessingResult<bool> genericProcessFunction(const processor::ProcessingInfo& info);
 
@@ -65,7 +65,8 @@ private:
     void compareLine(const processor::ProcessingInfo& info, const Line& line);
     /// Must the kernel say where the first of its differences lies?
     bool isSearching() const;
-    void recordFirst(const processor::ProcessingInfo& info, unsigned long x, double value1, double value2);
+    /// `index` counts from the first element of the block.
+    void recordFirst(const processor::ProcessingInfo& info, unsigned long index, double value1, double value2);
     void addCounts(unsigned long nbDifferent, unsigned long nbCompared);
 
     Limits m_limits{};
