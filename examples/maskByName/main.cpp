@@ -24,7 +24,7 @@ ImagePtr maskOf(const ImagePtr& image, double lowest, double highest)
     dynamic_cast<attr::InThresholdMin&>(threshold->getAttribute("InThresholdMin")).init(lowest);
     dynamic_cast<attr::InThresholdMax&>(threshold->getAttribute("InThresholdMax")).init(highest);
     processor::executeSyncRun(threshold); // throws what the rules refuse
-    return dynamic_cast<attr::OutBinImg&>(threshold->getAttribute("OutBinImg")).getImage();
+    return dynamic_cast<attr::OutBinImg&>(threshold->getAttribute("OutBinImg")).getStorage();
 }
 
 } // namespace

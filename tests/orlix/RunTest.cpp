@@ -15,7 +15,7 @@ using image::eImageBufferType;
 using orlix::testing::sameImages;
 using NameSet = std::set<std::string>;
 
-class RunTest : public testing::Test
+class RunTest : public ::testing::Test
 {
 protected:
     static ProgramResult run(std::vector<std::string> arguments)

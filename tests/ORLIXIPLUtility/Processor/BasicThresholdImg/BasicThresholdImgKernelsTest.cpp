@@ -138,13 +138,15 @@ TEST(BasicThresholdImgKernelsTest, boundsThatARuleWouldRefuse)
     forEachKernel([&](eInstructionSet::domain, eImageBufferType type) {
         const ImagePtr in = makeRandom(*geometry2d(type, 200, 3));
         const auto nbSelected = [&](double low, double high) {
-            BasicThresholdImgLvl1 level;
+            const ImagePtr out = createImage(*geometry2d(g_binary, 200, 3));
+            BasicThresholdImgLvl3 level;
             EXPECT_TRUE(level.init(processor::eProcessorRulePolicy::eRulePolicySkip));
-            level.set<attr::InImg>(in);
+            level.set<attr::InYStrip2d>(boost::make_shared<image::InputImageYStrip2d>(*in, 0, 3));
             level.set<attr::InThresholdMin>(low);
             level.set<attr::InThresholdMax>(high);
+            level.set<attr::OutBinYStrip2d>(boost::make_shared<image::OutputImageYStrip2d>(*out, 0, 3));
             EXPECT_TRUE(level.run(g_sync));
-            const std::vector<std::byte> bytes = testing::bytesOf(*level.getStorage<attr::OutBinImg>());
+            const std::vector<std::byte> bytes = testing::bytesOf(*out);
             EXPECT_EQ(static_cast<unsigned long>(std::count(bytes.begin(), bytes.end(), std::byte{0}) +
                                                  std::count(bytes.begin(), bytes.end(), std::byte{1})),
                       bytes.size());

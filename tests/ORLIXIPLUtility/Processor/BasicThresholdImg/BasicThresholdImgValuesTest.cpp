@@ -102,8 +102,10 @@ TEST(BasicThresholdImgValuesTest, everyValueOf16Bits)
     const auto few = [](const eImageBufferType& type) {
         const double smallest = image::getMinValue(type);
         const double largest = image::getMaxValue(type);
-        return std::vector<double>{smallest,    smallest + 0.9, smallest + 1,  0.5,    127.9,
+        std::vector<double> bounds{smallest,    smallest + 0.9, smallest + 1,  0.5,    127.9,
                                    largest / 2, largest - 1,    largest - 0.5, largest};
+        std::sort(bounds.begin(), bounds.end());
+        return bounds;
     };
     checkAllPairs(imageOf(eImageBufferType::Int16, everyValue<short>()), few(eImageBufferType::Int16));
     for (const auto type : {eImageBufferType::UInt16, eImageBufferType::eBufferUInt16Like}) {

@@ -44,7 +44,8 @@ TEST(CompareImgTest, EqualImagesHaveNoDifference)
     for (const eImageBufferType type : image::g_allBufferTypes) {
         const auto geometry = geometry5d(type, 37, 29, 4, 3, 2);
         const ImagePtr image = createImage(*geometry);
-        testing::forEachRow(*image, [](unsigned long, std::byte* row) { std::memset(row, 1, 37); });
+        testing::forEachRow(*image,
+                            [&](unsigned long, std::byte* row) { std::memset(row, 1, 37 * image::elementSize(type)); });
         const auto result = compareImg(image, copyImg(image));
         EXPECT_TRUE(result->identical);
         EXPECT_EQ(result->nbDifferentPixels, 0u);
