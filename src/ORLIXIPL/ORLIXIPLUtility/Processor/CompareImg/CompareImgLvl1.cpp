@@ -10,6 +10,8 @@ namespace {
 
 const processor::ProcessorRegistration<CompareImgLvl1, eProcessorMessage> g_registration;
 
+constexpr unsigned long g_maxKeptResults = 1024;
+
 } // namespace
 
 processor::RulePtr CompareImgLvl1::createRule() const
@@ -25,7 +27,23 @@ void CompareImgLvl1::initOutputInitializers(processor::OutputInitializerMap& ini
 
 void CompareImgLvl1::clearIntermediateData()
 {
-    m_results.reset();
+    if (m_results && m_results->size() > g_maxKeptResults) {
+        m_results.reset();
+    }
+}
+
+void CompareImgLvl1::initResults(const image::BaseImage& image)
+{
+    const PlanIndex sizes(image.getSizeZ(), image.getSizeC(), image.getSizeT());
+    if (!m_results || m_resultSizes != sizes) {
+        m_results = boost::make_shared<attr::PlanIndexedCompareResult>();
+        m_results->initPlanIndexed(sizes.z, sizes.c, sizes.t);
+        m_resultSizes = sizes;
+        return;
+    }
+    for (unsigned long i = 0; i < m_results->size(); ++i) {
+        m_results->getItem(i)->reset();
+    }
 }
 
 processor::ProviderResult CompareImgLvl1::retrieveProvider(const core::BasePriority& priority,
@@ -35,11 +53,13 @@ processor::ProviderResult CompareImgLvl1::retrieveProvider(const core::BasePrior
     const attr::InImg2& second = *accessAttribute<attr::InImg2>();
     attr::InOptImgComparisonTolerance& tolerance = *accessAttribute<attr::InOptImgComparisonTolerance>();
     if (!tolerance.isSet()) {
-        tolerance.init(attr::createImgComparisonNoTolerance());
+        if (!m_noTolerance) {
+            m_noTolerance = attr::createImgComparisonNoTolerance();
+        }
+        tolerance.init(m_noTolerance);
     }
     const image::BaseImage& image = first.getImage();
-    m_results = boost::make_shared<attr::PlanIndexedCompareResult>();
-    m_results->initPlanIndexed(image.getSizeZ(), image.getSizeC(), image.getSizeT());
+    initResults(image);
     return m_lower.dispatch(priority, provider, entryByPlan(m_results, image), sameForAll(tolerance.getStorage()),
                             planByPlan(first.getStorage()), planByPlan(second.getStorage()));
 }

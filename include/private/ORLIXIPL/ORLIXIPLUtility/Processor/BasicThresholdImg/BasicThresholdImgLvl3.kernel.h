@@ -2,9 +2,8 @@
 // BasicThresholdImgLvl3 only.
 #pragma once
 
-#include "ORLIX/ORLIXMath/Simd/PackLoop.h"
+#include "ORLIX/ORLIXMath/Simd/PackMap.h"
 #include "ORLIX/ORLIXMath/Simd/RangeTest.h"
-#include "ORLIX/ORLIXMath/Simd/StreamFence.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/BasicThresholdImg/BasicThresholdImgLvl3.h"
 #include "ORLIXIPL/ORLIXImageProcessing/KernelRows.h"
 
@@ -29,15 +28,9 @@ ProcessingResult<bool> BasicThresholdImgLvl3::genericProcessFunction(const proce
         simd::forEachPack<width>(info.nbElements, [=, &test](unsigned long i) ORLIX_SIMD_LAMBDA {
             test(Pack::load(source + i)).store(destination + i);
         });
-    } else if (block.bStreaming && reinterpret_cast<unsigned long>(destination) % width == 0) {
-        simd::forEachPackInterleaved<width, 128 / width>(
-            info.nbElements,
-            [=, &test](unsigned long i) ORLIX_SIMD_LAMBDA { test(Pack::load(source + i)).stream(destination + i); });
-        simd::streamFence();
     } else {
-        simd::forEachPack<width, 4 / Pack::s_nbRegisters>(
-            info.nbElements,
-            [=, &test](unsigned long i) ORLIX_SIMD_LAMBDA { test(Pack::load(source + i)).store(destination + i); });
+        simd::mapPacks<width>(source, destination, info.nbElements, block.bStreaming,
+                              [&test](const T* from) ORLIX_SIMD_LAMBDA { return test(Pack::load(from)); });
     }
     return succeed();
 }

@@ -2,8 +2,7 @@
 // only.
 #pragma once
 
-#include "ORLIX/ORLIXMath/Simd/PackLoop.h"
-#include "ORLIX/ORLIXMath/Simd/StreamFence.h"
+#include "ORLIX/ORLIXMath/Simd/PackMap.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/ConvertImg/ConvertImgCast.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/ConvertImg/ConvertImgLvl3.h"
 #include "ORLIXIPL/ORLIXImageProcessing/KernelRows.h"
@@ -25,45 +24,12 @@ ORLIX_SIMD_INLINE void castElements(const TIn* source, TOut* destination, unsign
                          [=](unsigned long i) ORLIX_SIMD_LAMBDA { TCast::apply(source + i).store(destination + i); });
 }
 
-/// Elements that are cast in one step: of any type they are whole cache lines, whatever the width of a pack.
-inline constexpr unsigned long g_nbStep = 64;
-inline constexpr unsigned long g_cacheLine = 64;
-
-/// Has the cache lines of a step fetched that lie so many bytes behind `elements`.
-template <class T>
-ORLIX_SIMD_INLINE void prefetchStep(const T* elements, unsigned long nbBytesAhead)
-{
-    const unsigned char* const first = reinterpret_cast<const unsigned char*>(elements) + nbBytesAhead;
-    for (unsigned long byte = 0; byte < g_nbStep * sizeof(T); byte += g_cacheLine) {
-        simd::prefetch(first + byte);
-    }
-}
-
-/// Casts packs, step by step; the last step may run into the room behind the block.
+/// Casts packs; the last one may run into the room behind the block.
 template <class TCast, class TIn, class TOut>
 ORLIX_SIMD_INLINE void castPacks(const TIn* source, TOut* destination, unsigned long nbElements, bool bStreaming)
 {
-    if (bStreaming && reinterpret_cast<unsigned long>(destination) % g_cacheLine == 0) {
-        simd::forEachPackInterleaved<g_nbStep, 1>(nbElements, [=](unsigned long i) ORLIX_SIMD_LAMBDA {
-            prefetchStep(source + i, 512);
-            for (unsigned long k = i; k < i + g_nbStep; k += TCast::s_nbElements) {
-                TCast::apply(source + k).stream(destination + k);
-            }
-        });
-        simd::streamFence();
-    } else {
-        // What fits the first-level cache gains nothing, and what lies behind it would be fetched for nobody.
-        const bool bFetchAhead = nbElements * (sizeof(TIn) + sizeof(TOut)) > 64 * 1024;
-        simd::forEachPack<g_nbStep>(nbElements, [=](unsigned long i) ORLIX_SIMD_LAMBDA {
-            if (bFetchAhead) {
-                prefetchStep(source + i, 1024);
-                prefetchStep(destination + i, 1024);
-            }
-            for (unsigned long k = i; k < i + g_nbStep; k += TCast::s_nbElements) {
-                TCast::apply(source + k).store(destination + k);
-            }
-        });
-    }
+    simd::mapPacks<TCast::s_nbElements>(source, destination, nbElements, bStreaming,
+                                        [](const TIn* from) ORLIX_SIMD_LAMBDA { return TCast::apply(from); });
 }
 
 } // namespace details

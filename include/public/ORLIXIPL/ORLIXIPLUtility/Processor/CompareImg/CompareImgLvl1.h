@@ -21,6 +21,7 @@ public:
     /// A missing result is made.
     void initOutputInitializers(processor::OutputInitializerMap& initializers) const;
 
+    /// Keeps results that a next run of the same number of plans can use again, unless they are many.
     void clearIntermediateData() override;
 
 protected:
@@ -32,6 +33,9 @@ protected:
     processor::StepResult postProcess() override;
 
 private:
+    /// A result at its start values for each plan.
+    void initResults(const image::BaseImage& image);
+
     StaticDispatch<
         CompareImgLvl2,
         PlanIndexedSplit<CompareImgLvl2, boost::shared_ptr<attr::PlanIndexedCompareResult>, attr::OutCompareResult>,
@@ -39,6 +43,8 @@ private:
         SubImageSplit<CompareImgLvl2, attr::InSubImg2d1>, SubImageSplit<CompareImgLvl2, attr::InSubImg2d2>>
         m_lower;
     boost::shared_ptr<attr::PlanIndexedCompareResult> m_results;
+    PlanIndex m_resultSizes; ///< for which the results were made
+    boost::shared_ptr<const attr::ImgComparisonTolerance> m_noTolerance; ///< made for the first run without one
 };
 
 } // namespace orlix::imaproc::util
