@@ -50,6 +50,14 @@ inline void fillRandom(image::BaseImage& image, unsigned long seed)
     });
 }
 
+/// A new image so filled.
+inline ImagePtr makeRandom(const image::BaseImageGeometry& geometry, unsigned long seed = 1)
+{
+    const ImagePtr image = image::createImage(geometry);
+    fillRandom(*image, seed);
+    return image;
+}
+
 /// How an image lies in memory of the caller's.
 struct WrapForm
 {

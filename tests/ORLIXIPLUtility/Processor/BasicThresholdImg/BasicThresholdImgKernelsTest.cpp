@@ -1,5 +1,6 @@
 // Every kernel of BasicThresholdImgLvl3 by itself: how far it writes, and that it stays within what it may touch.
 #include "ORLIX/ORLIXCore/InstructionSetAvailability.h"
+#include "ORLIXIPLUtility/KernelChecks.h"
 #include "ORLIXIPLUtility/Processor/BasicThresholdImg/ThresholdOracle.h"
 #include "support/TestSettings.h"
 
@@ -10,8 +11,6 @@ namespace {
 
 using image::eImageBufferType;
 using image::geometry2d;
-using processor::AlgorithmFunctionIdentifier;
-using processor::InstructionSetsIdentifier;
 
 constexpr auto g_binary = eImageBufferType::eBufferBinary;
 constexpr auto g_sync = core::eSynchroType::eSynchroSync;
@@ -29,71 +28,22 @@ unsigned long stepOf(eInstructionSet::domain set)
     }
 }
 
-eInstructionSet selectedSet(eImageBufferType type, const InstructionSetsIdentifier& forced)
-{
-    processor::DataTypeIdentifierColl types;
-    types.init(ImageBufferTypeIdentifier(type));
-    const AlgorithmFunctionIdentifier* row = BasicThresholdImgLvl3::accessFunctionSelector().select(types, forced);
-    return row == nullptr ? eInstructionSet() : row->getInstructionSets().getHighest();
-}
-
-/// Calls `check(set, type)` for every kernel of this processor, with the set forced on the class.
-void forEachKernel(const std::function<void(eInstructionSet::domain, eImageBufferType)>& check)
-{
-    struct Release
-    {
-        ~Release() { BasicThresholdImgLvl3::releaseForcedInstructionSets(); }
-    } release;
-    for (const eInstructionSet::domain set : g_sets) {
-        BasicThresholdImgLvl3::forceInstructionSets({set});
-        for (const eImageBufferType type : image::g_allBufferTypes) {
-            if (core::isAvailable(set)) {
-                ASSERT_EQ(selectedSet(type, BasicThresholdImgLvl3::accessForcedInstructionSets()), set);
-                SCOPED_TRACE(std::string(image::getBufferTypeName(type)) + " with " + core::getInstructionSetName(set));
-                check(set, type);
-            }
-        }
-    }
-}
+const testing::KernelTable g_table{{std::begin(g_sets), std::end(g_sets)}};
 
 TEST(BasicThresholdImgKernelsTest, rowsInTheOrderOfTheTable)
 {
-    std::vector<std::pair<unsigned, eInstructionSet::domain>> expected;
-    for (const eInstructionSet::domain set : g_sets) {
-        for (const eImageBufferType::domain type : image::g_allBufferTypes) {
-            if (core::isAvailable(set)) {
-                processor::DataTypeIdentifierColl types;
-                types.init(ImageBufferTypeIdentifier(type));
-                expected.emplace_back(types.getKey(), set);
-            }
-        }
-    }
-    std::vector<std::pair<unsigned, eInstructionSet::domain>> found;
-    for (const AlgorithmFunctionIdentifier& row : BasicThresholdImgLvl3::accessFunctionSelector().getFunctions()) {
-        found.emplace_back(row.getDataTypes().getKey(), row.getInstructionSets().getHighest());
-    }
-    EXPECT_EQ(found, expected);
+    testing::expectRows<BasicThresholdImgLvl3>(g_table);
 }
 
 TEST(BasicThresholdImgKernelsTest, forcedSetIsTheOneThatRuns)
 {
-    const std::optional<eInstructionSet> forced = testing::getForcedInstructionSet();
-    for (const eImageBufferType type : image::g_allBufferTypes) {
-        eInstructionSet::domain expected = eInstructionSet::eNone;
-        for (const eInstructionSet::domain set : g_sets) {
-            if (core::isAvailable(set) && (!forced || set <= *forced)) {
-                expected = set;
-            }
-        }
-        EXPECT_EQ(selectedSet(type, BasicThresholdImgLvl3::accessForcedInstructionSets()), expected)
-            << image::getBufferTypeName(type);
-    }
+    testing::expectForcedSetRuns<BasicThresholdImgLvl3>(g_table);
 }
 
 /// An owned line has room behind it, where the last pack may end, and shows where it does.
 TEST(BasicThresholdImgKernelsTest, writesWholePacksAndNoMore)
 {
-    forEachKernel([](eInstructionSet::domain set, eImageBufferType type) {
+    testing::forEachKernel<BasicThresholdImgLvl3>(g_table, [](eInstructionSet::domain set, eImageBufferType type) {
         const unsigned long step = stepOf(set);
         const Bounds bounds = middleOf(type);
         for (unsigned long length = 1; length <= 3 * step + 17; ++length) {
@@ -113,7 +63,7 @@ TEST(BasicThresholdImgKernelsTest, writesWholePacksAndNoMore)
 
 TEST(BasicThresholdImgKernelsTest, everySetTypeAndLengthStaysWithinItsElements)
 {
-    forEachKernel([](eInstructionSet::domain, eImageBufferType type) {
+    testing::forEachKernel<BasicThresholdImgLvl3>(g_table, [](eInstructionSet::domain, eImageBufferType type) {
         const Bounds bounds = middleOf(type);
         for (unsigned long length = 0; length <= 3 * 64 + 1; ++length) {
             for (const testing::WrapForm& form :
@@ -135,7 +85,7 @@ TEST(BasicThresholdImgKernelsTest, boundsThatARuleWouldRefuse)
 {
     const double infinity = std::numeric_limits<double>::infinity();
     const double nan = std::numeric_limits<double>::quiet_NaN();
-    forEachKernel([&](eInstructionSet::domain, eImageBufferType type) {
+    testing::forEachKernel<BasicThresholdImgLvl3>(g_table, [&](eInstructionSet::domain, eImageBufferType type) {
         const ImagePtr in = makeRandom(*geometry2d(type, 200, 3));
         const auto nbSelected = [&](double low, double high) {
             const ImagePtr out = createImage(*geometry2d(g_binary, 200, 3));

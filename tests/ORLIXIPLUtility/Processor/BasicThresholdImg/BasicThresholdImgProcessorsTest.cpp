@@ -2,6 +2,7 @@
 #include "ORLIX/ORLIXBaseProcessing/ProcessorFactory.h"
 #include "ORLIX/ORLIXUtil/DynamicObjectFactory.h"
 #include "ORLIXIPLUtility/Processor/BasicThresholdImg/ThresholdOracle.h"
+#include "ORLIXIPLUtility/ProcessorChecks.h"
 
 namespace orlix::imaproc::util::test {
 namespace {
@@ -23,24 +24,17 @@ TYPED_TEST_SUITE(BasicThresholdImgProcessorsTest, Processors);
 
 TYPED_TEST(BasicThresholdImgProcessorsTest, namesAndVersion)
 {
-    const std::string name = TypeParam::g_name;
-    EXPECT_EQ(TypeParam::getTypeName(), "orlix::imaproc::util::" + name);
-    EXPECT_EQ(TypeParam::getObjectNameStr(), name);
-    EXPECT_EQ(TypeParam::getToolTipStr(),
-              "Level " + name.substr(name.size() - 1) + " algorithm: binary basic threshold on one image");
-    EXPECT_EQ(TypeParam::getVersion(), 1U);
-    EXPECT_FALSE(TypeParam().hasCopySupport());
+    testing::expectNames<TypeParam>("Level # algorithm: binary basic threshold on one image");
 }
 
 TYPED_TEST(BasicThresholdImgProcessorsTest, createdByName)
 {
-    const std::string name = TypeParam::getTypeName();
-    EXPECT_NE(boost::dynamic_pointer_cast<TypeParam>(DynamicObjectFactory::getInstance().createShared(name)), nullptr);
-    const processor::ProcessorFactory& factory = processor::ProcessorFactory::getInstance();
-    EXPECT_NE(boost::dynamic_pointer_cast<TypeParam>(factory.createProcessor(name)), nullptr);
-    EXPECT_EQ(factory.getProcessorInfo(name).libraryName, "ORLIXIPLUtility");
-    EXPECT_EQ(factory.getProcessorInfo(name).headerPath.string(),
-              "ORLIXIPL/ORLIXIPLUtility/Processor/BasicThresholdImg/" + std::string(TypeParam::g_name) + ".h");
+    testing::expectCreatedByName<TypeParam>("BasicThresholdImg");
+}
+
+TYPED_TEST(BasicThresholdImgProcessorsTest, noCopy)
+{
+    testing::expectNoCopy<TypeParam>();
 }
 
 void runByName(const boost::shared_ptr<processor::BaseProcessor>& created)

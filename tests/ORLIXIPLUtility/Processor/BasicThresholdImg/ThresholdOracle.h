@@ -9,6 +9,8 @@
 
 namespace orlix::imaproc::util::test {
 
+using testing::makeRandom;
+
 /// Is the element at `element` between the bounds as its type takes them? Whole numbers of all types are exact in a
 /// long double.
 inline bool isBetween(const image::eImageBufferType& type, const std::byte* element, double low, double high)
@@ -88,13 +90,6 @@ inline ImagePtr threshold(const ImageConstPtr& in, double low, double high)
     const auto level = makeThreshold(in, low, high);
     processor::executeSyncRun(level);
     return level->getStorage<attr::OutBinImg>();
-}
-
-inline ImagePtr makeRandom(const image::BaseImageGeometry& geometry, unsigned long seed = 1)
-{
-    const ImagePtr image = image::createImage(geometry);
-    testing::fillRandom(*image, seed);
-    return image;
 }
 
 /// Two bounds within the range of the type, which about half of all random pixels lie between.

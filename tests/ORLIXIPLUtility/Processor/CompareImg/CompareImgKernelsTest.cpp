@@ -1,6 +1,7 @@
 // Every kernel of CompareImgLvl3 between forbidden pages: none reads past a line.
 #include "ORLIX/ORLIXCore/InstructionSetAvailability.h"
 #include "ORLIXIPL/ORLIXIPLUtility/ORLIXIPLUtility.h"
+#include "ORLIXIPLUtility/KernelChecks.h"
 #include "ORLIXIPLUtility/Processor/CompareImg/CompareOracle.h"
 #include "support/Images.h"
 
@@ -8,37 +9,9 @@ namespace orlix::imaproc::util::test {
 namespace {
 
 using image::eImageBufferType;
-using processor::AlgorithmFunctionIdentifier;
 
 constexpr eInstructionSet::domain g_sets[] = {eInstructionSet::eNone, eInstructionSet::eSSE2, eInstructionSet::eAVX2,
                                               eInstructionSet::eAVX512};
-
-/// Forces a set on the class for as long as it lives.
-class ForcedSet
-{
-public:
-    explicit ForcedSet(eInstructionSet::domain set) { CompareImgLvl3::forceInstructionSets({set}); }
-    ~ForcedSet() { CompareImgLvl3::releaseForcedInstructionSets(); }
-};
-
-TEST(CompareImgKernelsTest, RowsInTheOrderOfTheTable)
-{
-    std::vector<std::pair<unsigned, eInstructionSet::domain>> expected;
-    for (const eInstructionSet::domain set : g_sets) {
-        for (const eImageBufferType::domain type : image::g_allBufferTypes) {
-            if (core::isAvailable(set)) {
-                processor::DataTypeIdentifierColl types;
-                types.init(ImageBufferTypeIdentifier(type));
-                expected.emplace_back(types.getKey(), set);
-            }
-        }
-    }
-    std::vector<std::pair<unsigned, eInstructionSet::domain>> found;
-    for (const AlgorithmFunctionIdentifier& row : CompareImgLvl3::accessFunctionSelector().getFunctions()) {
-        found.emplace_back(row.getDataTypes().getKey(), row.getInstructionSets().getHighest());
-    }
-    EXPECT_EQ(found, expected);
-}
 
 /// Copies the pixels and changes those at `places`.
 void makeDifferent(const image::BaseImage& from, image::BaseImage& to, const std::vector<unsigned long>& places)
@@ -74,13 +47,25 @@ void checkLength(const eImageBufferType& type, unsigned long length, const testi
     ASSERT_TRUE(first.isOutsideIntact() && second.isOutsideIntact());
 }
 
+const testing::KernelTable g_table{{std::begin(g_sets), std::end(g_sets)}};
+
+TEST(CompareImgKernelsTest, RowsInTheOrderOfTheTable)
+{
+    testing::expectRows<CompareImgLvl3>(g_table);
+}
+
+TEST(CompareImgKernelsTest, ForcedSetIsTheOneThatRuns)
+{
+    testing::expectForcedSetRuns<CompareImgLvl3>(g_table);
+}
+
 TEST(CompareImgKernelsTest, EverySetTypeAndLengthStaysWithinItsLines)
 {
     for (const eInstructionSet::domain set : g_sets) {
         if (!core::isAvailable(set)) {
             continue;
         }
-        const ForcedSet forced(set);
+        const testing::ForcedSet<CompareImgLvl3> forced(set);
         for (const eImageBufferType type : image::g_allBufferTypes) {
             SCOPED_TRACE(std::string(image::getBufferTypeName(type)) + " with " + core::getInstructionSetName(set));
             for (unsigned long length = 0; length <= 3 * 64 + 1; ++length) {
@@ -98,7 +83,7 @@ TEST(CompareImgKernelsTest, LongLinesCountEveryPixel)
         if (!core::isAvailable(set)) {
             continue;
         }
-        const ForcedSet forced(set);
+        const testing::ForcedSet<CompareImgLvl3> forced(set);
         for (const eImageBufferType type :
              {eImageBufferType::UInt8, eImageBufferType::Int16, eImageBufferType::Real32}) {
             constexpr unsigned long nbPixels = (1UL << 22) + 77;

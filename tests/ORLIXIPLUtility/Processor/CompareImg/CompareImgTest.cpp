@@ -4,6 +4,7 @@
 #include "ORLIXIPL/ORLIXIPLUtility/ORLIXIPLUtility.h"
 #include "ORLIXIPL/ORLIXImage/ImageFactory.h"
 #include "ORLIXIPLUtility/Processor/CompareImg/CompareOracle.h"
+#include "ORLIXIPLUtility/ProcessorChecks.h"
 #include "support/Executors.h"
 #include "support/Images.h"
 
@@ -14,25 +15,10 @@ using image::createImage;
 using image::eImageBufferType;
 using image::geometry2d;
 using image::geometry5d;
+using testing::makeRandom;
+using testing::messageOf;
 
 constexpr unsigned long g_nowhere = attr::PixelPosition::s_nowhere;
-
-ImagePtr makeRandom(const image::BaseImageGeometry& geometry, unsigned long seed = 1)
-{
-    const ImagePtr image = createImage(geometry);
-    testing::fillRandom(*image, seed);
-    return image;
-}
-
-std::string messageOf(const std::function<void()>& call)
-{
-    try {
-        call();
-    } catch (const BaseException& error) {
-        return error.what();
-    }
-    return "no exception";
-}
 
 void flip(image::BaseImage& image, const attr::PixelPosition& at)
 {

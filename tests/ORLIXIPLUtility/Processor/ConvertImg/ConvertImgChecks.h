@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ORLIXIPL/ORLIXIPLUtility/ORLIXIPLUtility.h"
+#include "ORLIXIPLUtility/KernelChecks.h"
 #include "ORLIXIPLUtility/Processor/ConvertImg/ConvertImgOracle.h"
 #include "support/Images.h"
 #include "support/TestSettings.h"
@@ -41,15 +42,7 @@ inline Set runningSet(BufferType from, BufferType to)
         .getHighest();
 }
 
-/// Forces a set on the class for as long as it lives.
-class ForcedConvertSet
-{
-public:
-    explicit ForcedConvertSet(Set set) { imaproc::util::ConvertImgLvl3::forceInstructionSets({set}); }
-    ~ForcedConvertSet() { imaproc::util::ConvertImgLvl3::releaseForcedInstructionSets(); }
-    ForcedConvertSet(const ForcedConvertSet&) = delete;
-    ForcedConvertSet& operator=(const ForcedConvertSet&) = delete;
-};
+using ForcedConvertSet = ForcedSet<imaproc::util::ConvertImgLvl3>;
 
 inline std::uint32_t bitsAt(const std::byte* elements, unsigned long index, unsigned long size)
 {

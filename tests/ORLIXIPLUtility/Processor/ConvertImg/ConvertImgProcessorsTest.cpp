@@ -7,6 +7,7 @@
 #include "ORLIX/ORLIXUtil/DynamicObjectFactory.h"
 #include "ORLIX/ORLIXUtil/ORLIXUtilException.h"
 #include "ORLIXIPLUtility/Processor/ConvertImg/ConvertImgChecks.h"
+#include "ORLIXIPLUtility/ProcessorChecks.h"
 
 #include <gtest/gtest.h>
 
@@ -17,23 +18,10 @@ using image::createImage;
 using image::eImageBufferType;
 using image::geometry2d;
 using image::geometry5d;
+using testing::makeInitialised;
+using testing::makeRandom;
 
 constexpr auto g_sync = core::eSynchroType::eSynchroSync;
-
-template <class TProcessor>
-boost::shared_ptr<TProcessor> makeInitialised()
-{
-    auto made = boost::make_shared<TProcessor>();
-    EXPECT_TRUE(made->init(processor::eProcessorRulePolicy::eRulePolicyCheck));
-    return made;
-}
-
-ImagePtr makeRandom(const image::BaseImageGeometry& geometry)
-{
-    const ImagePtr image = createImage(geometry);
-    testing::fillRandom(*image, 1);
-    return image;
-}
 
 template <class TProcessor>
 class ConvertImgProcessorsTest : public ::testing::Test
@@ -44,38 +32,17 @@ TYPED_TEST_SUITE(ConvertImgProcessorsTest, Processors);
 
 TYPED_TEST(ConvertImgProcessorsTest, namesAndVersion)
 {
-    const std::string name = TypeParam::g_name;
-    EXPECT_EQ(TypeParam::getTypeName(), "orlix::imaproc::util::" + name);
-    EXPECT_EQ(TypeParam::getObjectNameStr(), name);
-    EXPECT_EQ(TypeParam::getToolTipStr(), "Image data type conversion algorithm level " + name.substr(name.size() - 1));
-    EXPECT_EQ(TypeParam::getVersion(), 1U);
-    const TypeParam processor;
-    EXPECT_EQ(processor.getClassName(), TypeParam::getTypeName());
-    EXPECT_EQ(processor.getObjectName(), name);
-    EXPECT_EQ(processor.getToolTip(), TypeParam::getToolTipStr());
-    EXPECT_FALSE(processor.hasCopySupport());
+    testing::expectNames<TypeParam>("Image data type conversion algorithm level #");
 }
 
 TYPED_TEST(ConvertImgProcessorsTest, createdByName)
 {
-    const std::string name = TypeParam::getTypeName();
-    EXPECT_NE(boost::dynamic_pointer_cast<TypeParam>(DynamicObjectFactory::getInstance().createShared(name)), nullptr);
-    const processor::ProcessorFactory& factory = processor::ProcessorFactory::getInstance();
-    EXPECT_NE(boost::dynamic_pointer_cast<TypeParam>(factory.createProcessor(name)), nullptr);
-    const processor::ProcessorFactory::ProcessorInfo info = factory.getProcessorInfo(name);
-    EXPECT_EQ(info.objectName, TypeParam::g_name);
-    EXPECT_EQ(info.toolTip, TypeParam::getToolTipStr());
-    EXPECT_EQ(info.libraryName, "ORLIXIPLUtility");
-    EXPECT_EQ(info.headerPath.string(),
-              "ORLIXIPL/ORLIXIPLUtility/Processor/ConvertImg/" + std::string(TypeParam::g_name) + ".h");
+    testing::expectCreatedByName<TypeParam>("ConvertImg");
 }
 
 TYPED_TEST(ConvertImgProcessorsTest, noCopy)
 {
-    TypeParam processor;
-    EXPECT_THROW(static_cast<void>(processor.duplicate()), ORLIXUtilException);
-    EXPECT_THROW(static_cast<void>(processor.duplicateShared()), ORLIXUtilException);
-    EXPECT_THROW(processor.copy(TypeParam()), ORLIXUtilException);
+    testing::expectNoCopy<TypeParam>();
 }
 
 TYPED_TEST(ConvertImgProcessorsTest, archives)

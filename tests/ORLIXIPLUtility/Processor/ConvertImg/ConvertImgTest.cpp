@@ -1,6 +1,7 @@
 // convertImg as a caller sees it: its forms, sizes, layouts, executors, and what it refuses.
 #include "ORLIXIPL/ORLIXBaseImageTools/SubImageExtractor.h"
 #include "ORLIXIPLUtility/Processor/ConvertImg/ConvertImgChecks.h"
+#include "ORLIXIPLUtility/ProcessorChecks.h"
 #include "support/Executors.h"
 #include "support/SameImages.h"
 
@@ -17,26 +18,11 @@ using image::geometry2d;
 using image::geometry5d;
 using testing::fillRandom;
 using testing::isConverted;
+using testing::makeRandom;
+using testing::messageOf;
 using testing::sameImages;
 using testing::WatchedImage;
 using testing::WrapForm;
-
-ImagePtr makeRandom(const BaseImageGeometry& geometry, unsigned long seed = 1)
-{
-    const ImagePtr image = createImage(geometry);
-    fillRandom(*image, seed);
-    return image;
-}
-
-std::string messageOf(const std::function<void()>& call)
-{
-    try {
-        call();
-    } catch (const BaseException& error) {
-        return error.what();
-    }
-    return "no exception";
-}
 
 TEST(ConvertImgTest, everyPairOfTypesInBothForms)
 {

@@ -5,6 +5,7 @@
 #include "ORLIX/ORLIXUtil/DynamicObjectFactory.h"
 #include "ORLIX/ORLIXUtil/ORLIXUtilException.h"
 #include "ORLIXIPL/ORLIXIPLUtility/ORLIXIPLUtility.h"
+#include "ORLIXIPLUtility/ProcessorChecks.h"
 #include "support/Images.h"
 #include "support/SameImages.h"
 
@@ -22,38 +23,17 @@ TYPED_TEST_SUITE(CopyImgProcessorsTest, Processors);
 
 TYPED_TEST(CopyImgProcessorsTest, namesAndVersion)
 {
-    const std::string name = TypeParam::g_name;
-    EXPECT_EQ(TypeParam::getTypeName(), "orlix::imaproc::util::" + name);
-    EXPECT_EQ(TypeParam::getObjectNameStr(), name);
-    EXPECT_EQ(TypeParam::getToolTipStr(), "Image copy algorithm level " + name.substr(name.size() - 1));
-    EXPECT_EQ(TypeParam::getVersion(), 1U);
-    const TypeParam processor;
-    EXPECT_EQ(processor.getClassName(), TypeParam::getTypeName());
-    EXPECT_EQ(processor.getObjectName(), name);
-    EXPECT_EQ(processor.getToolTip(), TypeParam::getToolTipStr());
-    EXPECT_FALSE(processor.hasCopySupport());
+    testing::expectNames<TypeParam>("Image copy algorithm level #");
 }
 
 TYPED_TEST(CopyImgProcessorsTest, createdByName)
 {
-    const std::string name = TypeParam::getTypeName();
-    EXPECT_NE(boost::dynamic_pointer_cast<TypeParam>(DynamicObjectFactory::getInstance().createShared(name)), nullptr);
-    const processor::ProcessorFactory& factory = processor::ProcessorFactory::getInstance();
-    EXPECT_NE(boost::dynamic_pointer_cast<TypeParam>(factory.createProcessor(name)), nullptr);
-    const processor::ProcessorFactory::ProcessorInfo info = factory.getProcessorInfo(name);
-    EXPECT_EQ(info.objectName, TypeParam::g_name);
-    EXPECT_EQ(info.toolTip, TypeParam::getToolTipStr());
-    EXPECT_EQ(info.libraryName, "ORLIXIPLUtility");
-    EXPECT_EQ(info.headerPath.string(),
-              "ORLIXIPL/ORLIXIPLUtility/Processor/CopyImg/" + std::string(TypeParam::g_name) + ".h");
+    testing::expectCreatedByName<TypeParam>("CopyImg");
 }
 
 TYPED_TEST(CopyImgProcessorsTest, noCopy)
 {
-    TypeParam processor;
-    EXPECT_THROW(static_cast<void>(processor.duplicate()), ORLIXUtilException);
-    EXPECT_THROW(static_cast<void>(processor.duplicateShared()), ORLIXUtilException);
-    EXPECT_THROW(processor.copy(TypeParam()), ORLIXUtilException);
+    testing::expectNoCopy<TypeParam>();
 }
 
 TEST(CopyImgLvl1Test, attributesBeforeInit)

@@ -4,6 +4,7 @@
 #include "ORLIX/ORLIXSerialization/ORLIXSerializationException.h"
 #include "ORLIX/ORLIXSerialization/TextIArchive.h"
 #include "ORLIXIPL/ORLIXIPLUtility/ORLIXIPLUtility.h"
+#include "ORLIXIPLUtility/ProcessorChecks.h"
 #include "support/Executors.h"
 #include "support/Images.h"
 #include "support/SameImages.h"
@@ -22,16 +23,10 @@ using image::createImage;
 using image::eImageBufferType;
 using image::geometry2d;
 using image::geometry5d;
+using testing::makeInitialised;
+using testing::makeRandom;
 
 constexpr auto g_sync = core::eSynchroType::eSynchroSync;
-
-template <class TProcessor>
-boost::shared_ptr<TProcessor> makeInitialised()
-{
-    auto made = boost::make_shared<TProcessor>();
-    EXPECT_TRUE(made->init(processor::eProcessorRulePolicy::eRulePolicyCheck));
-    return made;
-}
 
 boost::shared_ptr<CopyImgLvl1> makeCopy(const ImageConstPtr& in, const ImagePtr& out)
 {
@@ -39,13 +34,6 @@ boost::shared_ptr<CopyImgLvl1> makeCopy(const ImageConstPtr& in, const ImagePtr&
     copy->set<attr::InImg>(in);
     copy->set<attr::OutImg>(out);
     return copy;
-}
-
-ImagePtr makeRandom(const image::BaseImageGeometry& geometry)
-{
-    const ImagePtr image = createImage(geometry);
-    testing::fillRandom(*image, 1);
-    return image;
 }
 
 TEST(CopyImgRunsTest, anObserverSeesEveryPlanAndStrip)

@@ -2,6 +2,7 @@
 #include "ORLIX/ORLIXCore/BaseExecutor.h"
 #include "ORLIXIPL/ORLIXBaseImageTools/SubImageExtractor.h"
 #include "ORLIXIPL/ORLIXIPLUtility/ORLIXIPLUtility.h"
+#include "ORLIXIPLUtility/ProcessorChecks.h"
 #include "support/Executors.h"
 #include "support/Images.h"
 #include "support/SameImages.h"
@@ -18,26 +19,11 @@ using image::eImageBufferType;
 using image::geometry2d;
 using image::geometry5d;
 using testing::fillRandom;
+using testing::makeRandom;
+using testing::messageOf;
 using testing::sameImages;
 using testing::WatchedImage;
 using testing::WrapForm;
-
-ImagePtr makeRandom(const BaseImageGeometry& geometry, unsigned long seed = 1)
-{
-    const ImagePtr image = createImage(geometry);
-    fillRandom(*image, seed);
-    return image;
-}
-
-std::string messageOf(const std::function<void()>& call)
-{
-    try {
-        call();
-    } catch (const BaseException& error) {
-        return error.what();
-    }
-    return "no exception";
-}
 
 TEST(CopyImgTest, everyTypeAndLineLength)
 {

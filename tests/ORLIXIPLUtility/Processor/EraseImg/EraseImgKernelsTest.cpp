@@ -1,6 +1,7 @@
 // Every kernel of EraseImgLvl3 by itself: how far it writes, and that it stays within what it may touch.
 #include "ORLIX/ORLIXCore/InstructionSetAvailability.h"
 #include "ORLIXIPL/ORLIXIPLUtility/ORLIXIPLUtility.h"
+#include "ORLIXIPLUtility/KernelChecks.h"
 #include "ORLIXIPLUtility/Processor/EraseImg/EraseOracle.h"
 #include "support/TestSettings.h"
 
@@ -8,14 +9,12 @@ namespace orlix::imaproc::util::test {
 namespace {
 
 using image::eImageBufferType;
-using processor::AlgorithmFunctionIdentifier;
-using processor::InstructionSetsIdentifier;
 
 constexpr eInstructionSet::domain g_sets[] = {eInstructionSet::eNone, eInstructionSet::eSSE2, eInstructionSet::eAVX,
                                               eInstructionSet::eAVX2, eInstructionSet::eAVX512};
 
 /// Has a file of the set a kernel for the type? As the table of the operator's kernels says.
-bool hasRow(eInstructionSet::domain set, eImageBufferType type)
+bool hasRow(testing::Set set, testing::BufferType type)
 {
     const bool bReal = type == eImageBufferType::Real32;
     const bool bEvery = set == eInstructionSet::eNone || set == eInstructionSet::eSSE2;
@@ -33,71 +32,22 @@ unsigned long roundOf(eInstructionSet::domain set)
     }
 }
 
-eInstructionSet selectedSet(eImageBufferType type, const InstructionSetsIdentifier& forced)
-{
-    processor::DataTypeIdentifierColl types;
-    types.init(ImageBufferTypeIdentifier(type));
-    const AlgorithmFunctionIdentifier* row = EraseImgLvl3::accessFunctionSelector().select(types, forced);
-    return row == nullptr ? eInstructionSet() : row->getInstructionSets().getHighest();
-}
-
-/// Calls `check(set, type)` for every kernel of this processor, with the set forced on the class.
-void forEachKernel(const std::function<void(eInstructionSet::domain, eImageBufferType)>& check)
-{
-    struct Release
-    {
-        ~Release() { EraseImgLvl3::releaseForcedInstructionSets(); }
-    } release;
-    for (const eInstructionSet::domain set : g_sets) {
-        EraseImgLvl3::forceInstructionSets({set});
-        for (const eImageBufferType type : image::g_allBufferTypes) {
-            if (core::isAvailable(set) && hasRow(set, type)) {
-                ASSERT_EQ(selectedSet(type, EraseImgLvl3::accessForcedInstructionSets()), set);
-                SCOPED_TRACE(std::string(image::getBufferTypeName(type)) + " with " + core::getInstructionSetName(set));
-                check(set, type);
-            }
-        }
-    }
-}
+const testing::KernelTable g_table{{std::begin(g_sets), std::end(g_sets)}, hasRow};
 
 TEST(EraseImgKernelsTest, rowsInTheOrderOfTheTable)
 {
-    std::vector<std::pair<unsigned, eInstructionSet::domain>> expected;
-    for (const eInstructionSet::domain set : g_sets) {
-        for (const eImageBufferType::domain type : image::g_allBufferTypes) {
-            if (core::isAvailable(set) && hasRow(set, type)) {
-                processor::DataTypeIdentifierColl types;
-                types.init(ImageBufferTypeIdentifier(type));
-                expected.emplace_back(types.getKey(), set);
-            }
-        }
-    }
-    std::vector<std::pair<unsigned, eInstructionSet::domain>> found;
-    for (const AlgorithmFunctionIdentifier& row : EraseImgLvl3::accessFunctionSelector().getFunctions()) {
-        found.emplace_back(row.getDataTypes().getKey(), row.getInstructionSets().getHighest());
-    }
-    EXPECT_EQ(found, expected);
+    testing::expectRows<EraseImgLvl3>(g_table);
 }
 
 TEST(EraseImgKernelsTest, forcedSetIsTheOneThatRuns)
 {
-    const std::optional<eInstructionSet> forced = testing::getForcedInstructionSet();
-    for (const eImageBufferType type : image::g_allBufferTypes) {
-        eInstructionSet::domain expected = eInstructionSet::eNone;
-        for (const eInstructionSet::domain set : g_sets) {
-            if (core::isAvailable(set) && hasRow(set, type) && (!forced || set <= *forced)) {
-                expected = set;
-            }
-        }
-        EXPECT_EQ(selectedSet(type, EraseImgLvl3::accessForcedInstructionSets()), expected)
-            << image::getBufferTypeName(type);
-    }
+    testing::expectForcedSetRuns<EraseImgLvl3>(g_table);
 }
 
 /// Whole rounds: an owned line has room behind it, where the last round may end, and shows where it does.
 TEST(EraseImgKernelsTest, writesWholeRoundsAndNoMore)
 {
-    forEachKernel([](eInstructionSet::domain set, eImageBufferType type) {
+    testing::forEachKernel<EraseImgLvl3>(g_table, [](eInstructionSet::domain set, eImageBufferType type) {
         const unsigned long size = image::elementSize(type);
         const unsigned long round = roundOf(set);
         const std::vector<std::byte> element = expectedElement(type, 300.25);
@@ -136,7 +86,7 @@ TEST(EraseImgKernelsTest, seventeenElementsAreTwoRoundsOfSSE2)
 
 TEST(EraseImgKernelsTest, everySetTypeAndLengthStaysWithinItsElements)
 {
-    forEachKernel([](eInstructionSet::domain, eImageBufferType type) {
+    testing::forEachKernel<EraseImgLvl3>(g_table, [](eInstructionSet::domain, eImageBufferType type) {
         for (unsigned long length = 0; length <= 3 * 64 + 1; ++length) {
             const auto geometry = image::geometry2d(type, length, 1);
             for (const testing::WrapForm& form :

@@ -3,6 +3,7 @@
 #include "ORLIX/ORLIXUtil/DynamicObjectFactory.h"
 #include "ORLIXIPL/ORLIXIPLUtility/ORLIXIPLUtility.h"
 #include "ORLIXIPLUtility/Processor/EraseImg/EraseOracle.h"
+#include "ORLIXIPLUtility/ProcessorChecks.h"
 
 namespace orlix::imaproc::util::test {
 namespace {
@@ -10,27 +11,11 @@ namespace {
 using image::createImage;
 using image::eImageBufferType;
 using image::geometry2d;
+using testing::makeInitialised;
+using testing::messageOf;
 
 constexpr auto g_sync = core::eSynchroType::eSynchroSync;
 const std::string g_null = "EraseImgLvl1: attribute OutImg holds a null pointer: give it an object that exists";
-
-template <class TProcessor>
-boost::shared_ptr<TProcessor> makeInitialised()
-{
-    auto made = boost::make_shared<TProcessor>();
-    EXPECT_TRUE(made->init(processor::eProcessorRulePolicy::eRulePolicyCheck));
-    return made;
-}
-
-std::string messageOf(const std::function<void()>& call)
-{
-    try {
-        call();
-    } catch (const BaseException& error) {
-        return error.what();
-    }
-    return "no exception";
-}
 
 template <class TProcessor>
 class EraseImgProcessorsTest : public ::testing::Test
@@ -41,22 +26,17 @@ TYPED_TEST_SUITE(EraseImgProcessorsTest, Processors);
 
 TYPED_TEST(EraseImgProcessorsTest, namesAndVersion)
 {
-    const std::string name = TypeParam::g_name;
-    EXPECT_EQ(TypeParam::getTypeName(), "orlix::imaproc::util::" + name);
-    EXPECT_EQ(TypeParam::getObjectNameStr(), name);
-    EXPECT_EQ(TypeParam::getToolTipStr(), "Image erasing algorithm level " + name.substr(name.size() - 1));
-    EXPECT_EQ(TypeParam::getVersion(), 1U);
-    EXPECT_FALSE(TypeParam().hasCopySupport());
+    testing::expectNames<TypeParam>("Image erasing algorithm level #");
 }
 
 TYPED_TEST(EraseImgProcessorsTest, createdByName)
 {
-    const std::string name = TypeParam::getTypeName();
-    EXPECT_NE(boost::dynamic_pointer_cast<TypeParam>(DynamicObjectFactory::getInstance().createShared(name)), nullptr);
-    const processor::ProcessorFactory& factory = processor::ProcessorFactory::getInstance();
-    EXPECT_NE(boost::dynamic_pointer_cast<TypeParam>(factory.createProcessor(name)), nullptr);
-    EXPECT_EQ(factory.getProcessorInfo(name).headerPath.string(),
-              "ORLIXIPL/ORLIXIPLUtility/Processor/EraseImg/" + std::string(TypeParam::g_name) + ".h");
+    testing::expectCreatedByName<TypeParam>("EraseImg");
+}
+
+TYPED_TEST(EraseImgProcessorsTest, noCopy)
+{
+    testing::expectNoCopy<TypeParam>();
 }
 
 TEST(EraseImgLvl1Test, byNameThroughTheFactory)

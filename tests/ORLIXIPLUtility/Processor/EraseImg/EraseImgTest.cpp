@@ -13,18 +13,12 @@ using image::createImage;
 using image::eImageBufferType;
 using image::geometry2d;
 using image::geometry5d;
+using testing::makeRandom;
 using testing::WatchedImage;
 using testing::WrapForm;
 
 constexpr double g_infinity = std::numeric_limits<double>::infinity();
 constexpr double g_nan = std::numeric_limits<double>::quiet_NaN();
-
-ImagePtr makeRandom(const image::BaseImageGeometry& geometry)
-{
-    const ImagePtr image = createImage(geometry);
-    testing::fillRandom(*image, 1);
-    return image;
-}
 
 template <class T>
 T erasedTo(const eImageBufferType& type, double value)
