@@ -3,6 +3,7 @@
 #include "ORLIX/ORLIXCore/BaseExecutor.h"
 #include "ORLIXIPL/ORLIXIPLUtility/ORLIXIPLUtility.h"
 #include "ORLIXIPL/ORLIXImage/ORLIXImage.h"
+#include "peers/ArrayPasses.h"
 
 #include <benchmark/benchmark.h>
 
@@ -35,6 +36,7 @@ void CompareFixture::setUp()
     m_first = makeImage(m_case.type, m_size.sizeX, m_size.sizeY);
     m_second = makeImage(m_case.type, m_size.sizeX, m_size.sizeY);
     m_peer = makePeer(*m_first, *m_second);
+    m_arrays = makeArrays(*m_first, *m_second);
     m_firstWork.emplace(m_first.get(), nullptr, m_nbThreads);
     m_secondWork.emplace(m_second.get(), nullptr, m_nbThreads);
     m_bothWork.emplace(m_first.get(), m_second.get(), m_nbThreads);
@@ -49,6 +51,7 @@ void CompareFixture::tearDown()
     m_secondWork.reset();
     m_bothWork.reset();
     m_peer = {};
+    m_arrays = {};
     m_first.reset();
     m_second.reset();
     core::setNbThreads(0);
@@ -82,8 +85,20 @@ PeerPass CompareFixture::makePeer(const image::BaseImage& first, const image::Ba
 
 bool CompareFixture::hasPeer() const
 {
-    const ImagePtr image = image::createImage(*image::geometry2d(m_case.type, 1, 1));
-    return static_cast<bool>(makePeer(*image, *image));
+    return static_cast<bool>(makePeer(*makeSmall(), *makeSmall()));
+}
+
+PeerPass CompareFixture::makeArrays(const image::BaseImage& first, const image::BaseImage& second) const
+{
+    return m_case.mode == eImgComparisonToleranceMode::eNoTolerance ? makeArrayCount(first, second)
+           : m_case.mode == eImgComparisonToleranceMode::eAbsoluteTolerance
+               ? makeArrayCountBeyond(first, second, m_case.makeTolerance()->getRecord().absoluteTolerance)
+               : PeerPass();
+}
+
+ImagePtr CompareFixture::makeSmall() const
+{
+    return image::createImage(*image::geometry2d(m_case.type, 1, 1));
 }
 
 } // namespace orlix::bench

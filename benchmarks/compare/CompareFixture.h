@@ -22,14 +22,19 @@ public:
 
     void runOperator() const;
     void runPeer() const { m_peer(); }
+    void runArrays() const { m_arrays(); }
     /// `memcmp` of both, each thread its part.
     void runLibrary() const;
     /// A bare loop that reads both.
     void runLoop(FlowLoop loop) const;
     bool hasPeer() const;
+    /// Exact and absolute comparisons alone have one.
+    bool hasArrays() const { return static_cast<bool>(makeArrays(*makeSmall(), *makeSmall())); }
 
 private:
     PeerPass makePeer(const image::BaseImage& first, const image::BaseImage& second) const;
+    PeerPass makeArrays(const image::BaseImage& first, const image::BaseImage& second) const;
+    ImagePtr makeSmall() const; ///< to find out what there is
 
     CompareCase m_case;
     CompareSize m_size;
@@ -38,6 +43,7 @@ private:
     ImagePtr m_first;
     ImagePtr m_second;
     PeerPass m_peer;
+    PeerPass m_arrays;
     std::optional<FlowWork> m_firstWork;
     std::optional<FlowWork> m_secondWork;
     std::optional<FlowWork> m_bothWork; ///< the second in the destination's place

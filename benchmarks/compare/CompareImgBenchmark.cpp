@@ -1,4 +1,4 @@
-// compareImg on equal images in every mode, beside bare loops that read them, memcmp and OpenCV.
+// compareImg on equal images in every mode, beside bare loops that read them, memcmp, OpenCV, and NumPy's way.
 #include "compare/CompareFixture.h"
 #include "support/ForcedSet.h"
 #include "support/MemoryPlace.h"
@@ -48,6 +48,9 @@ void addComparison(Suite& suite, const CompareCase& work, const CompareSize& siz
     }
     if (fixture->hasPeer()) {
         comparison.add({"OpenCV", eRole::ePeer, [fixture] { fixture->runPeer(); }});
+    }
+    if (fixture->hasArrays()) {
+        comparison.add({"array passes", eRole::eOther, [fixture] { fixture->runArrays(); }});
     }
     comparison.add({"memcmp", eRole::eOther, [fixture] { fixture->runLibrary(); }});
     addLimits(comparison, fixture);

@@ -1,4 +1,5 @@
 // Layout of owned images, and what cannot be made.
+#include "ORLIX/ORLIXHardware/CacheInfo.h"
 #include "ORLIXIPL/ORLIXImage/ImageFactory.h"
 #include "ORLIXIPL/ORLIXImage/ORLIXImageException.h"
 
@@ -95,10 +96,17 @@ TEST(CreateImage, StepsOfSeveralTypesLieApart)
     }
 }
 
-TEST(CreateImage, LargePlansPastTheCacheAskForStreamingStores)
+TEST(CreateImage, TheSizeTellsWhichCacheMayHoldTheImage)
 {
-    EXPECT_FALSE(createImage(*geometry2d(g_uint8, 64, 64))->getPixelLayout().bStreamingPays);
-    EXPECT_TRUE(createImage(*geometry3d(g_uint8, 1ul << 15, 1ul << 15, 1))->getPixelLayout().bStreamingPays);
+    using simd::eMemoryPlace;
+    const auto placeOf = [](unsigned long sizeX, unsigned long sizeY) {
+        return createImage(*geometry2d(g_uint8, sizeX, sizeY))->getPixelLayout().place;
+    };
+    EXPECT_EQ(placeOf(64, 64), eMemoryPlace::secondLevelCache);
+    EXPECT_EQ(placeOf(1ul << 15, 1ul << 15), eMemoryPlace::memory);
+    const unsigned long beyondL2 = hard::getL2CacheBytes() / 2 + 64;
+    EXPECT_EQ(placeOf(beyondL2, 1),
+              beyondL2 < hard::getLastLevelCacheBytes() / 2 ? eMemoryPlace::lastLevelCache : eMemoryPlace::memory);
 }
 
 TEST(CreateImage, SizesOfZeroAreLegalOnEveryAxis)

@@ -25,7 +25,7 @@ TEST(ImageYStrip2d, TellsItsLines)
     EXPECT_EQ(strip.accessBuffer(), planData<unsigned short>(*image, 2, 0, 0) + 50);
     EXPECT_TRUE(strip.isDense());
     EXPECT_TRUE(strip.hasRoomBehind());
-    EXPECT_FALSE(strip.isStreamingPaying());
+    EXPECT_EQ(strip.getMemoryPlace(), simd::eMemoryPlace::secondLevelCache);
 }
 
 TEST(ImageYStrip2d, WrappedMemoryHasGapsAndNoRoom)

@@ -29,7 +29,7 @@ TEST(ImageZStrip3d, TellsItsPlans)
     EXPECT_EQ(strip.accessBuffer(1), planData<unsigned short>(*image, 5, 2, 0));
     EXPECT_TRUE(strip.isDense());
     EXPECT_TRUE(strip.hasRoomBehind());
-    EXPECT_FALSE(strip.isStreamingPaying());
+    EXPECT_EQ(strip.getMemoryPlace(), simd::eMemoryPlace::secondLevelCache);
 }
 
 TEST(ImageZStrip3d, WritersReachTheSamePixels)

@@ -4,7 +4,7 @@
 #include "ORLIX/ORLIXUtil/Raise.h"
 #include "ORLIXIPL/ORLIXImage/CheckedArithmetic.h"
 #include "ORLIXIPL/ORLIXImage/Logger/ORLIXImageLogMessages.h"
-#include "ORLIXIPL/ORLIXImage/StreamingStores.h"
+#include "ORLIXIPL/ORLIXImage/FindMemoryPlace.h"
 
 #include <boost/make_shared.hpp>
 
@@ -95,7 +95,7 @@ DenseLayout makeDenseLayout(const BaseImageGeometry& geometry)
     result.layout.channelBytes = channel.getValue() * firstSize;
     result.layout.stepBytes = step.getValue() * firstSize;
     result.layout.bRoomBehindPlans = true;
-    result.layout.bStreamingPays = isStreamingPaying(result.bytes);
+    result.layout.place = findMemoryPlace(result.bytes);
     return result;
 }
 

@@ -5,7 +5,7 @@
 #include "ORLIXIPL/ORLIXImage/HostImage.h"
 #include "ORLIXIPL/ORLIXImage/ImageFactory.h"
 #include "ORLIXIPL/ORLIXImage/Logger/ORLIXImageLogMessages.h"
-#include "ORLIXIPL/ORLIXImage/StreamingStores.h"
+#include "ORLIXIPL/ORLIXImage/FindMemoryPlace.h"
 
 #include <boost/make_shared.hpp>
 
@@ -100,7 +100,7 @@ ImagePtr wrapImage(const BaseImageGeometry& geometry, void* data, const BufferSt
         layout.planBytes = distance(geometry.getSizeZ(), strides.z);
         layout.channelBytes = distance(geometry.getSizeC(), strides.c);
         layout.stepBytes = distance(geometry.getSizeT(), strides.t);
-        layout.bStreamingPays = isStreamingPaying(geometry.getNbPixels() * size); // gaps are not written
+        layout.place = findMemoryPlace(geometry.getNbPixels() * size); // gaps are not written
     }
     // An image without elements has no use for its pointer, which may well be that of an empty container.
     alignas(g_planAlignment) static std::byte nothing;

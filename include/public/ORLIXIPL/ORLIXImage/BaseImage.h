@@ -1,6 +1,7 @@
 // An image of up to five axes, and how its pixels are reached.
 #pragma once
 
+#include "ORLIX/ORLIXMath/Simd/MemoryPlace.h"
 #include "ORLIXIPL/ORLIXImage/Export.h"
 #include "ORLIXIPL/ORLIXImage/GeometricCalibration.h"
 #include "ORLIXIPL/ORLIXImage/ImageGeometry.h"
@@ -34,9 +35,9 @@ struct PixelLayout
     boost::shared_ptr<const std::vector<unsigned long>> stepOffsets;
     bool bDense = true;            ///< rows touch
     bool bRoomBehindPlans = false; ///< 64 elements behind each plan may be read and written
-    bool bStreamingPays = false;   ///< the whole buffer is at least half the last-level cache
-    eImageType imageType;          ///< whose memory it is
-    boost::shared_ptr<void> owner; ///< keeps the memory alive
+    simd::eMemoryPlace place = simd::eMemoryPlace::secondLevelCache; ///< of the whole buffer, as far as its size tells
+    eImageType imageType;                                            ///< whose memory it is
+    boost::shared_ptr<void> owner;                                   ///< keeps the memory alive
 };
 
 /// An image: geometry, optional calibration, pixels. Reading from several threads is safe; writing is the affair of

@@ -27,8 +27,8 @@ public:
     /// May up to 64 elements behind the strip's last be read and, by a writer, overwritten with anything? True where
     /// they are padding of the plan or lines of a later strip of it that the cutter keeps out of reach.
     bool hasRoomBehind() const { return m_image->getPixelLayout().bRoomBehindPlans; }
-    /// Do stores past the cache pay on this output?
-    bool isStreamingPaying() const { return m_image->getPixelLayout().bStreamingPays; }
+    /// Where the image that is written lies.
+    simd::eMemoryPlace getMemoryPlace() const { return m_image->getPixelLayout().place; }
 
 protected:
     std::byte* getFirst() const { return m_first; }

@@ -27,8 +27,8 @@ public:
     bool isDense() const { return m_image->getPixelLayout().bDense; }                 ///< do lines of a plan touch?
     /// May up to 64 elements behind each plan be read and, by a writer, overwritten with anything?
     bool hasRoomBehind() const { return m_image->getPixelLayout().bRoomBehindPlans; }
-    /// Do stores past the cache pay on this output?
-    bool isStreamingPaying() const { return m_image->getPixelLayout().bStreamingPays; }
+    /// Where the image that is written lies.
+    simd::eMemoryPlace getMemoryPlace() const { return m_image->getPixelLayout().place; }
 
 protected:
     std::byte* getPlan(unsigned long plan) const { return m_image->accessRow(0, m_startOffsetZ + plan, 0, 0); }

@@ -176,7 +176,7 @@ TEST(EraseImgTest, largeImage)
     constexpr unsigned long sizeX = 16381;
     const unsigned long sizeY = hard::getLastLevelCacheBytes() / 2 / sizeX + 2;
     const ImagePtr image = createImage(*geometry2d(eImageBufferType::UInt8, sizeX, sizeY));
-    ASSERT_TRUE(image->getPixelLayout().bStreamingPays);
+    ASSERT_EQ(image->getPixelLayout().place, simd::eMemoryPlace::memory);
     eraseImg(image, 250.0);
     EXPECT_TRUE(isErased(*image, 250.0));
 }

@@ -1,6 +1,7 @@
 // The loop of kernels whose output element depends on the input element at the same place alone.
 #pragma once
 
+#include "ORLIX/ORLIXMath/Simd/MemoryPlace.h"
 #include "ORLIX/ORLIXMath/Simd/PackLoop.h"
 #include "ORLIX/ORLIXMath/Simd/Register.h"
 #include "ORLIX/ORLIXMath/Simd/StreamFence.h"
@@ -26,16 +27,15 @@ ORLIX_SIMD_INLINE void prefetchStep(const T* elements, unsigned long nbBytesAhea
 } // namespace details
 
 /// Stores `map(source + i)`, a pack of `nbPack` elements, to `destination + i` for i = 0, nbPack, 2 nbPack … below
-/// `nbElements`; the last pack is taken whole, past the count. With `bStreaming`, which is for outputs that no cache
-/// holds, it stores past the caches where the destination begins with a cache line. `map` is a lambda marked
-/// ORLIX_SIMD_LAMBDA; `nbPack` divides 64.
+/// `nbElements`; the last pack is taken whole, past the count. `place` is the output's; stores go past the caches only
+/// where the destination begins with a cache line. `map` is a lambda marked ORLIX_SIMD_LAMBDA; `nbPack` divides 64.
 template <unsigned long nbPack, class TIn, class TOut, class TMap>
-ORLIX_SIMD_INLINE void mapPacks(const TIn* source, TOut* destination, unsigned long nbElements, bool bStreaming,
+ORLIX_SIMD_INLINE void mapPacks(const TIn* source, TOut* destination, unsigned long nbElements, eMemoryPlace place,
                                 const TMap& map)
 {
     using details::g_mapStep;
     const unsigned long nbWhole = nbElements - nbElements % g_mapStep;
-    if (bStreaming && reinterpret_cast<unsigned long>(destination) % details::g_cacheLine == 0) {
+    if (place == eMemoryPlace::memory && reinterpret_cast<unsigned long>(destination) % details::g_cacheLine == 0) {
         forEachPackInterleaved<g_mapStep, sizeof(TOut) == 1 ? 2 : 1>(nbWhole, [=](unsigned long i) ORLIX_SIMD_LAMBDA {
             details::prefetchStep(source + i, 512);
             for (unsigned long k = i; k < i + g_mapStep; k += nbPack) {
@@ -44,8 +44,7 @@ ORLIX_SIMD_INLINE void mapPacks(const TIn* source, TOut* destination, unsigned l
         });
         streamFence();
     } else {
-        // What fits the first-level cache gains nothing, and what lies behind it would be fetched for nobody.
-        const bool bFetchAhead = nbElements * (sizeof(TIn) + sizeof(TOut)) > 64 * 1024;
+        const bool bFetchAhead = place != eMemoryPlace::secondLevelCache;
         forEachPack<g_mapStep>(nbWhole, [=](unsigned long i) ORLIX_SIMD_LAMBDA {
             if (bFetchAhead) {
                 details::prefetchStep(source + i, 1024);

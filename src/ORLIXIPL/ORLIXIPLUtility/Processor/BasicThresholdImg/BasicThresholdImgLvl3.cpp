@@ -27,7 +27,7 @@ BasicThresholdImgLvl3::Block BasicThresholdImgLvl3::accessKernelBlock() const
     return {accessBlock<attr::InYStrip2d>(), accessBlock<attr::OutBinYStrip2d>(),
             toElementValue(accessAttribute<attr::InThresholdMin>()->getValue()),
             toElementValue(accessAttribute<attr::InThresholdMax>()->getValue()),
-            accessAttribute<attr::OutBinYStrip2d>()->getBaseImageYStrip2d().isStreamingPaying()};
+            accessAttribute<attr::OutBinYStrip2d>()->getBaseImageYStrip2d().getMemoryPlace()};
 }
 
 } // namespace orlix::imaproc::util

@@ -22,7 +22,7 @@ ConvertImgLvl3::Block ConvertImgLvl3::accessKernelBlock() const
 {
     const image::BaseImageYStrip2d& out = accessAttribute<attr::OutYStrip2d>()->getBaseImageYStrip2d();
     return {accessBlock<attr::InYStrip2d>(), accessBlock<attr::OutYStrip2d>(),
-            out.getImageBufferType() == image::eImageBufferType::eBufferBinary, out.isStreamingPaying()};
+            out.getImageBufferType() == image::eImageBufferType::eBufferBinary, out.getMemoryPlace()};
 }
 
 } // namespace orlix::imaproc::util

@@ -21,7 +21,7 @@ processor::RulePtr CopyImgLvl3::createRule() const
 CopyImgLvl3::Block CopyImgLvl3::accessKernelBlock() const
 {
     return {accessBlock<attr::InYStrip2d>(), accessBlock<attr::OutYStrip2d>(),
-            accessAttribute<attr::OutYStrip2d>()->getBaseImageYStrip2d().isStreamingPaying()};
+            accessAttribute<attr::OutYStrip2d>()->getBaseImageYStrip2d().getMemoryPlace()};
 }
 
 } // namespace orlix::imaproc::util

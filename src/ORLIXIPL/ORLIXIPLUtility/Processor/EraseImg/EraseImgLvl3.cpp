@@ -15,7 +15,7 @@ const processor::ProcessorRegistration<EraseImgLvl3, eProcessorMessage> g_regist
 EraseImgLvl3::Block EraseImgLvl3::accessKernelBlock() const
 {
     return {accessBlock<attr::OutYStrip2d>(), toElementValue(accessAttribute<attr::InOptEraseValue>()->getValue()),
-            accessAttribute<attr::OutYStrip2d>()->getBaseImageYStrip2d().isStreamingPaying()};
+            accessAttribute<attr::OutYStrip2d>()->getBaseImageYStrip2d().getMemoryPlace()};
 }
 
 } // namespace orlix::imaproc::util

@@ -29,7 +29,7 @@ ProcessingResult<bool> BasicThresholdImgLvl3::genericProcessFunction(const proce
             test(Pack::load(source + i)).store(destination + i);
         });
     } else {
-        simd::mapPacks<width>(source, destination, info.nbElements, block.bStreaming,
+        simd::mapPacks<width>(source, destination, info.nbElements, block.place,
                               [&test](const T* from) ORLIX_SIMD_LAMBDA { return test(Pack::load(from)); });
     }
     return succeed();

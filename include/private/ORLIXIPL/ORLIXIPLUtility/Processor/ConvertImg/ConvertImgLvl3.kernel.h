@@ -26,9 +26,10 @@ ORLIX_SIMD_INLINE void castElements(const TIn* source, TOut* destination, unsign
 
 /// Casts packs; the last one may run into the room behind the block.
 template <class TCast, class TIn, class TOut>
-ORLIX_SIMD_INLINE void castPacks(const TIn* source, TOut* destination, unsigned long nbElements, bool bStreaming)
+ORLIX_SIMD_INLINE void castPacks(const TIn* source, TOut* destination, unsigned long nbElements,
+                                 simd::eMemoryPlace place)
 {
-    simd::mapPacks<TCast::s_nbElements>(source, destination, nbElements, bStreaming,
+    simd::mapPacks<TCast::s_nbElements>(source, destination, nbElements, place,
                                         [](const TIn* from) ORLIX_SIMD_LAMBDA { return TCast::apply(from); });
 }
 
@@ -45,7 +46,7 @@ ProcessingResult<bool> ConvertImgLvl3::genericProcessFunction(const processor::P
         if constexpr (ISA == eInstructionSet::eNone) {
             details::castElements<TCast>(source, destination, info.nbElements);
         } else {
-            details::castPacks<TCast>(source, destination, info.nbElements, block.bStreaming);
+            details::castPacks<TCast>(source, destination, info.nbElements, block.place);
         }
     };
     if constexpr (std::is_same_v<TOut, unsigned char>) {

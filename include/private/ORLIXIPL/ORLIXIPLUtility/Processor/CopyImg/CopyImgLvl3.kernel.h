@@ -29,12 +29,15 @@ ProcessingResult<bool> CopyImgLvl3::genericProcessFunction(const processor::Proc
         using Line = simd::CacheLine<ISA>;
         constexpr unsigned long width = Line::s_nbBytes;
         const unsigned long nbWhole = nbBytes - nbBytes % width;
-        if (block.bStreaming && reinterpret_cast<unsigned long>(destination) % width == 0) {
+        if (block.place == simd::eMemoryPlace::memory && reinterpret_cast<unsigned long>(destination) % width == 0) {
             simd::forEachPackInterleaved<width, 4>(nbWhole, [=](unsigned long i) ORLIX_SIMD_LAMBDA {
                 simd::prefetch(source + i + 512);
                 Line::load(source + i).stream(destination + i);
             });
             simd::streamFence();
+        } else if (block.place == simd::eMemoryPlace::secondLevelCache) {
+            simd::forEachPack<width, 4>(
+                nbWhole, [=](unsigned long i) ORLIX_SIMD_LAMBDA { Line::load(source + i).store(destination + i); });
         } else {
             simd::forEachPack<width, 4>(nbWhole, [=](unsigned long i) ORLIX_SIMD_LAMBDA {
                 simd::prefetch(source + i + 1024);

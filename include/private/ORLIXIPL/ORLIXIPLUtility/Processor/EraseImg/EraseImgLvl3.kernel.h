@@ -29,7 +29,7 @@ ProcessingResult<bool> EraseImgLvl3::genericProcessFunction(const processor::Pro
     } else {
         constexpr unsigned long round = Pack::s_nbElements;
         constexpr unsigned long nbUnrolled = 4 / Pack::s_nbRegisters;
-        if (block.bStreaming && reinterpret_cast<unsigned long>(destination) % round == 0) {
+        if (block.place == simd::eMemoryPlace::memory && reinterpret_cast<unsigned long>(destination) % round == 0) {
             simd::forEachPack<round, nbUnrolled>(
                 info.nbElements, [=](unsigned long i) ORLIX_SIMD_LAMBDA { value.stream(destination + i); });
             simd::streamFence();

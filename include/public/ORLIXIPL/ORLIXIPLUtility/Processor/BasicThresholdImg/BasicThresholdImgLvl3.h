@@ -35,7 +35,7 @@ private:
         void* destination;
         ElementValue low;
         ElementValue high;
-        bool bStreaming; ///< stores past the caches pay on this output
+        simd::eMemoryPlace place; ///< of the output
     };
     Block accessKernelBlock() const;
 };

@@ -30,8 +30,8 @@ private:
     {
         const void* source;
         void* destination;
-        bool bBinary;    ///< the output's element type is binary
-        bool bStreaming; ///< stores past the caches pay on this output
+        bool bBinary;             ///< the output's element type is binary
+        simd::eMemoryPlace place; ///< of the output
     };
     Block accessKernelBlock() const;
 };

@@ -29,7 +29,7 @@ private:
     {
         const void* source;
         void* destination;
-        bool bStreaming; ///< stores past the caches pay on this output
+        simd::eMemoryPlace place; ///< of the output
     };
     Block accessKernelBlock() const;
 };

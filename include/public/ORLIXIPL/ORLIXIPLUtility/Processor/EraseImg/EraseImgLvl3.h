@@ -29,7 +29,7 @@ private:
     {
         void* destination;
         ElementValue value;
-        bool bStreaming; ///< stores past the caches pay on this output
+        simd::eMemoryPlace place; ///< of the output
     };
     Block accessKernelBlock() const;
 };
