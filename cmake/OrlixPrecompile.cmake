@@ -1,4 +1,4 @@
-# Headers from outside that nearly every file includes, compiled once for the libraries and once for the tests. No
+# Headers from outside that nearly every file includes, compiled once for the libraries, the commands and the tests. No
 # header of the family is among them, so no layer can lean on them to reach another; the test of public headers and
 # kernel files do without.
 
