@@ -39,7 +39,7 @@ function(orlix_add_tests library)
     target_include_directories(${program} PRIVATE
         "${PROJECT_BINARY_DIR}/layers/${library}/include/private" "${PROJECT_SOURCE_DIR}/tests")
     target_compile_definitions(${program} PRIVATE ORLIX_TEST_SKIPPED=${ORLIX_TEST_SKIPPED})
-    target_compile_options(${program} PRIVATE ${ORLIX_TEST_OPTIMISATION})
+    target_compile_options(${program} PRIVATE ${ORLIX_TEST_OPTIMISATION} ${ORLIX_LIGHT_SANITIZERS})
     if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
         target_compile_options(${program} PRIVATE -Wno-array-bounds -Wno-stringop-overflow) # GCC 12 finds them in std::string's own code at -O1
     endif()

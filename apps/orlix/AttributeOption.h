@@ -2,8 +2,7 @@
 #pragma once
 
 #include "CommandMessages.h"
-
-#include <CLI/CLI.hpp>
+#include "OptionList.h"
 
 #include <optional>
 #include <string>
@@ -13,18 +12,18 @@ namespace orlix::cli {
 /// Declares an option whose text is read as an attribute of class `TAttribute` reads it. `value`, empty until the
 /// option was given, has to outlive the parser.
 template <class TAttribute>
-CLI::Option* addAttributeOption(CLI::App& app, const std::string& name,
-                                std::optional<typename TAttribute::StorageType>& value, const std::string& description)
+Option addAttributeOption(OptionList& options, const std::string& name,
+                          std::optional<typename TAttribute::StorageType>& value, const std::string& description)
 {
-    const auto read = [name, &value](const std::string& text) {
+    const auto read = [&value](const std::string& text) -> std::optional<std::string> {
         TAttribute attribute;
         if (!attribute.setFromText(text)) {
-            throw CLI::ValidationError(
-                name, formatMessage<eCommandMessage>(eCommandMessage::eBadOption, attribute.getValueKind(), text));
+            return formatMessage<eCommandMessage>(eCommandMessage::eBadOption, attribute.getValueKind(), text);
         }
         value = attribute.getValue();
+        return std::nullopt;
     };
-    return app.add_option_function<std::string>(name, read, description);
+    return options.add(name, read, description);
 }
 
 } // namespace orlix::cli

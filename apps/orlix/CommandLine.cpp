@@ -46,13 +46,15 @@ public:
         m_app.set_help_flag("-h,--help", "Print this help; `orlix VERB --help` tells about one verb");
         m_app.get_formatter()->column_width(30);
         m_app.get_formatter()->label("SUBCOMMAND", "VERB");
-        addCommonOptions(m_app, m_options);
+        OptionList options(m_app);
+        addCommonOptions(options, m_options);
         for (const Verb* verb : getVerbs()) {
             CLI::App* app = m_app.add_subcommand(verb->name, verb->summary);
             app->group("Verbs");
             app->set_help_flag("-h,--help", "Print this help");
-            m_runs.emplace_back(app, verb->setUp(*app));
-            addCommonOptions(*app, m_options);
+            OptionList optionsOfVerb(*app);
+            m_runs.emplace_back(app, verb->setUp(optionsOfVerb));
+            addCommonOptions(optionsOfVerb, m_options);
             app->footer(g_exitCodes);
         }
         m_app.require_subcommand(0, 1); // what follows the verb is a name even if a verb is called so

@@ -8,8 +8,6 @@
 #include "ORLIX/ORLIXCore/InstructionSetAvailability.h"
 #include "ORLIX/ORLIXUtil/Raise.h"
 
-#include <CLI/CLI.hpp>
-
 namespace orlix::cli {
 
 namespace {
@@ -41,21 +39,21 @@ eInstructionSet instructionSetNamed(const std::string& name)
 
 } // namespace
 
-void addCommonOptions(CLI::App& app, CommonOptions& options)
+void addCommonOptions(OptionList& list, CommonOptions& options)
 {
     const std::string group = "Options of all verbs";
-    app.add_option("--threads", options.nbThreads,
-                   "Threads that work at a time, at most 1024; default, and 0:\nall that this process may use")
-        ->option_text("N")
-        ->check(CLI::Range(0UL, g_maxThreads))
-        ->group(group);
-    app.add_option("--instruction-set", options.instructionSet,
-                   "Use no kernel above this instruction set: plain, SSE2, AVX, AVX2\n"
-                   "or AVX512; default: the best that this processor has")
-        ->option_text("NAME")
-        ->group(group);
-    app.add_flag("--json", options.bJson, "Print the result as JSON (UTF-8)")->group(group);
-    app.add_flag("--quiet", options.bQuiet, "Show no progress; it is shown on terminals only")->group(group);
+    list.add("--threads", options.nbThreads,
+             "Threads that work at a time, at most 1024; default, and 0:\nall that this process may use")
+        .placeholder("N")
+        .atMost(g_maxThreads)
+        .group(group);
+    list.add("--instruction-set", options.instructionSet,
+             "Use no kernel above this instruction set: plain, SSE2, AVX, AVX2\n"
+             "or AVX512; default: the best that this processor has")
+        .placeholder("NAME")
+        .group(group);
+    list.addFlag("--json", options.bJson, "Print the result as JSON (UTF-8)").group(group);
+    list.addFlag("--quiet", options.bQuiet, "Show no progress; it is shown on terminals only").group(group);
 }
 
 void applyCommonOptions(const CommonOptions& options)

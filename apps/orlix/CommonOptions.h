@@ -1,11 +1,9 @@
 // Options that every verb has.
 #pragma once
 
-#include <string>
+#include "OptionList.h"
 
-namespace CLI {
-class App;
-}
+#include <string>
 
 namespace orlix::cli {
 
@@ -17,9 +15,8 @@ struct CommonOptions
     bool bQuiet = false;
 };
 
-/// Declares the options on a part of the parser. Declared on several parts, the one nearest to the verb's arguments
-/// wins.
-void addCommonOptions(CLI::App& app, CommonOptions& options);
+/// Declares the options. Declared for the program and for its verb, what stands nearest to the verb's arguments wins.
+void addCommonOptions(OptionList& list, CommonOptions& options);
 
 /// Sets threads and instruction set for the whole process. Throws CommandException for a set that doesn't exist or that
 /// this processor lacks.

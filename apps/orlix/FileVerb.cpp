@@ -5,14 +5,12 @@
 #include "ImageFiles.h"
 #include "Interruption.h"
 
-#include <CLI/CLI.hpp>
-
 namespace orlix::cli {
 
-void addFileArguments(CLI::App& app, FileArguments& arguments)
+void addFileArguments(OptionList& options, FileArguments& arguments)
 {
-    app.add_option("IN", arguments.input, "TIFF or PNG file to read")->option_text(" ")->required();
-    addOutputOptions(app, arguments.output);
+    options.add("IN", arguments.input, "TIFF or PNG file to read").placeholder(" ").required();
+    addOutputOptions(options, arguments.output);
 }
 
 void transformFile(const FileArguments& arguments, CommandContext& context, const ImageWork& work)

@@ -18,7 +18,7 @@ struct FileArguments
 };
 
 /// Declares the arguments IN and OUT and the options of outputs. `arguments` has to outlive the parser.
-void addFileArguments(CLI::App& app, FileArguments& arguments);
+void addFileArguments(OptionList& options, FileArguments& arguments);
 
 /// Makes the output of the input, which belongs to nobody else.
 using ImageWork = std::function<ImagePtr(const ImagePtr& in)>;

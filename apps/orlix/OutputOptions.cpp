@@ -6,8 +6,6 @@
 #include "ORLIX/ORLIXUtil/Raise.h"
 #include "ORLIXIPL/ORLIXImageIO/WriteImage.h"
 
-#include <CLI/CLI.hpp>
-
 #include <utility>
 #include <vector>
 
@@ -25,34 +23,24 @@ constexpr const char* g_group = "TIFF output";
 
 /// An option whose value is one of a few words.
 template <class TEnum>
-CLI::Option* addChoice(CLI::App& app, const std::string& name, TEnum& target,
-                       const std::vector<std::pair<std::string, typename TEnum::domain>>& choices,
-                       const std::string& description)
+Option addChoice(OptionList& list, const std::string& name, TEnum& target,
+                 const std::vector<std::pair<std::string, typename TEnum::domain>>& choices,
+                 const std::string& description)
 {
     std::vector<std::string> words;
-    std::string shown;
     for (const auto& [word, value] : choices) {
         words.push_back(word);
-        shown.append(shown.empty() ? "" : "|").append(word);
     }
-    const auto choose = [&target, choices](const std::string& given) {
-        for (const auto& [word, value] : choices) {
-            if (word == given) {
-                target = value;
-            }
-        }
-    };
-    return app.add_option_function<std::string>(name, choose, description)
-        ->option_text(shown)
-        ->transform(CLI::IsMember(words, CLI::ignore_case));
+    const auto choose = [&target, choices](std::size_t index) { target = choices[index].second; };
+    return list.addChoice(name, words, choose, description);
 }
 
 /// Notes that the option was given.
-void markTiffOption(CLI::Option* option, FormatOptions& options)
+void markTiffOption(Option option, FormatOptions& options)
 {
-    option->group(g_group)->each([option, &options](const std::string&) {
+    option.group(g_group).whenGiven([option, &options] {
         if (options.firstTiffOption.empty()) {
-            options.firstTiffOption = option->get_name();
+            options.firstTiffOption = option.getName();
         }
     });
 }
@@ -70,10 +58,10 @@ std::string namesOfTypes(const eImageFileFormat& format)
 
 } // namespace
 
-void addFormatOptions(CLI::App& app, FormatOptions& options)
+void addFormatOptions(OptionList& list, FormatOptions& options)
 {
     image::io::WriteOptions& write = options.write;
-    markTiffOption(addChoice(app, "--compression", write.compression,
+    markTiffOption(addChoice(list, "--compression", write.compression,
                              {{"none", eTiffCompression::eNone},
                               {"packbits", eTiffCompression::ePackBits},
                               {"lzw", eTiffCompression::eLzw},
@@ -82,41 +70,41 @@ void addFormatOptions(CLI::App& app, FormatOptions& options)
                               {"lzma", eTiffCompression::eLzma}},
                              "Lossless compression; default: none"),
                    options);
-    markTiffOption(app.add_flag_callback(
+    markTiffOption(list.addFlag(
                        "--no-predictor", [&write] { write.bPredictor = false; },
                        "Compress pixel values themselves, not differences of\nneighbours (lzw, deflate, zstd)"),
                    options);
-    markTiffOption(app.add_flag("--tiled", write.bTiled, "Store tiles instead of strips"), options);
-    markTiffOption(app.add_option("--tile-size", write.tileSize,
-                                  "Pixels along each side of a tile, a multiple of 16;\ndefault: 256; implies --tiled")
-                       ->option_text("PIXELS"),
+    markTiffOption(list.addFlag("--tiled", write.bTiled, "Store tiles instead of strips"), options);
+    markTiffOption(list.add("--tile-size", write.tileSize,
+                            "Pixels along each side of a tile, a multiple of 16;\ndefault: 256; implies --tiled")
+                       .placeholder("PIXELS")
+                       .whenGiven([&write] { write.bTiled = true; }),
                    options);
     markTiffOption(
         addChoice(
-            app, "--channels", write.channelLayout,
+            list, "--channels", write.channelLayout,
             {{"auto", eChannelLayout::eAuto}, {"pages", eChannelLayout::ePages}, {"rgb", eChannelLayout::eRgbSamples}},
             "Where channels go: pages of their own, or samples of RGB\n"
             "pixels; default: rgb for 3 or 4 channels of UInt8, else pages"),
         options);
-    markTiffOption(addChoice(app, "--byte-order", write.byteOrder,
+    markTiffOption(addChoice(list, "--byte-order", write.byteOrder,
                              {{"little", eByteOrder::eLittleEndian}, {"big", eByteOrder::eBigEndian}},
                              "Byte order; default: little"),
                    options);
-    markTiffOption(app.add_flag_callback(
+    markTiffOption(list.addFlag(
                        "--big-tiff", [&write] { write.bigTiff = eBigTiff::eAlways; },
                        "Use 64-bit offsets; default: where the file could pass 4 GiB"),
                    options);
-    app.get_option("--tile-size")->each([&write](const std::string&) { write.bTiled = true; });
 }
 
-void addOutputOptions(CLI::App& app, OutputOptions& options)
+void addOutputOptions(OptionList& list, OutputOptions& options)
 {
-    app.add_option("OUT", options.file,
-                   "File to write: TIFF (.tif, .tiff) or PNG (.png); it is replaced\n"
-                   "once the new one is complete")
-        ->option_text(" ")
-        ->required();
-    addFormatOptions(app, options.format);
+    list.add("OUT", options.file,
+             "File to write: TIFF (.tif, .tiff) or PNG (.png); it is replaced\n"
+             "once the new one is complete")
+        .placeholder(" ")
+        .required();
+    addFormatOptions(list, options.format);
 }
 
 void checkOutput(const std::string& file, const FormatOptions& options)

@@ -1,14 +1,12 @@
 // Options of every verb that writes images.
 #pragma once
 
+#include "OptionList.h"
+
 #include "ORLIXIPL/ORLIXImage/BaseImage.h"
 #include "ORLIXIPL/ORLIXImageIO/WriteOptions.h"
 
 #include <string>
-
-namespace CLI {
-class App;
-}
 
 namespace orlix::cli {
 
@@ -26,9 +24,9 @@ struct OutputOptions
 };
 
 /// Declares the options that tell how files are written. `options` has to outlive the parser.
-void addFormatOptions(CLI::App& app, FormatOptions& options);
+void addFormatOptions(OptionList& list, FormatOptions& options);
 /// Declares the positional argument OUT too.
-void addOutputOptions(CLI::App& app, OutputOptions& options);
+void addOutputOptions(OptionList& list, OutputOptions& options);
 
 /// Throws ORLIXImageIOException where the name of the output stands for no format, and CommandException where an option
 /// doesn't fit the format. Called before any work is done.

@@ -2,13 +2,10 @@
 #pragma once
 
 #include "CommandContext.h"
+#include "OptionList.h"
 
 #include <functional>
 #include <span>
-
-namespace CLI {
-class App;
-}
 
 namespace orlix::cli {
 
@@ -20,8 +17,8 @@ struct Verb
 {
     const char* name;
     const char* summary; ///< one line, for the list of verbs
-    /// Declares the verb's arguments and options on its part of the parser; what it returns runs once they are known.
-    VerbRun (*setUp)(CLI::App& app);
+    /// Declares the verb's arguments and options ; what it returns runs once they are known.
+    VerbRun (*setUp)(OptionList& options);
 };
 
 /// In the order of the help text.

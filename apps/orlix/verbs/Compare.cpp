@@ -13,8 +13,6 @@
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/CompareImg/CompareImgLvl1.h"
 #include "ORLIXIPL/ORLIXImageIO/WriteImage.h"
 
-#include <CLI/CLI.hpp>
-
 #include <optional>
 
 namespace orlix::cli {
@@ -167,25 +165,28 @@ void runCompare(const CompareArguments& arguments, CommandContext& context)
     }
 }
 
-VerbRun setUpCompare(CLI::App& app)
+VerbRun setUpCompare(OptionList& options)
 {
     const auto arguments = boost::make_shared<CompareArguments>();
-    app.add_option("FIRST", arguments->first, "TIFF or PNG file")->option_text(" ")->required();
-    app.add_option("SECOND", arguments->second, "TIFF or PNG file of the same sizes and element type")
-        ->option_text(" ")
-        ->required();
-    app.add_option("--absolute", arguments->absolute,
-                   "Let differences of up to so many grey values pass; on\ninteger images the fraction is dropped")
-        ->option_text("VALUE")
-        ->check(CLI::NonNegativeNumber);
-    app.add_option("--relative", arguments->relative,
-                   "Let differences of up to this part of the larger absolute\nvalue pass; with --absolute too, those "
-                   "within either")
-        ->option_text("PART")
-        ->check(CLI::NonNegativeNumber);
-    app.add_option("--picture", arguments->picture,
-                   "Draw the plan of the first difference in both images and\nits differences into a PNG file")
-        ->option_text("FILE");
+    options.add("FIRST", arguments->first, "TIFF or PNG file").placeholder(" ").required();
+    options.add("SECOND", arguments->second, "TIFF or PNG file of the same sizes and element type")
+        .placeholder(" ")
+        .required();
+    options
+        .add("--absolute", arguments->absolute,
+             "Let differences of up to so many grey values pass; on\ninteger images the fraction is dropped")
+        .placeholder("VALUE")
+        .nonNegative();
+    options
+        .add("--relative", arguments->relative,
+             "Let differences of up to this part of the larger absolute\nvalue pass; with --absolute too, those "
+             "within either")
+        .placeholder("PART")
+        .nonNegative();
+    options
+        .add("--picture", arguments->picture,
+             "Draw the plan of the first difference in both images and\nits differences into a PNG file")
+        .placeholder("FILE");
     return [arguments](CommandContext& context) { runCompare(*arguments, context); };
 }
 

@@ -26,16 +26,16 @@ ImagePtr convert(const ImagePtr& in, const image::eImageBufferType& type, Comman
         ->getStorage<attr::OutImg>();
 }
 
-VerbRun setUpConvert(CLI::App& app)
+VerbRun setUpConvert(OptionList& options)
 {
     const auto arguments = boost::make_shared<ConvertArguments>();
-    addFileArguments(app, arguments->files);
-    addAttributeOption<InConvertImageBufferType>(app, "--type", arguments->type,
+    addFileArguments(options, arguments->files);
+    addAttributeOption<InConvertImageBufferType>(options, "--type", arguments->type,
                                                  "Element type of the output: Int8, UInt8, Int16, UInt16, Int32,\n"
                                                  "UInt32, Real32, Binary, UInt8Like, UInt16Like or UInt32Like.\n"
                                                  "Values are converted as they stand, nothing is scaled")
-        ->option_text("TYPE")
-        ->required();
+        .placeholder("TYPE")
+        .required();
     return [arguments](CommandContext& context) {
         transformFile(arguments->files, context,
                       [&](const ImagePtr& in) { return convert(in, *arguments->type, context); });

@@ -16,10 +16,10 @@ ImagePtr copy(const ImagePtr& in, CommandContext& context)
         ->getStorage<attr::OutImg>();
 }
 
-VerbRun setUpCopy(CLI::App& app)
+VerbRun setUpCopy(OptionList& options)
 {
     const auto arguments = boost::make_shared<FileArguments>();
-    addFileArguments(app, *arguments);
+    addFileArguments(options, *arguments);
     return [arguments](CommandContext& context) {
         transformFile(*arguments, context, [&](const ImagePtr& in) { return copy(in, context); });
     };

@@ -27,14 +27,14 @@ ImagePtr erase(const ImagePtr& image, const EraseArguments& arguments, CommandCo
         ->getStorage<attr::OutImg>();
 }
 
-VerbRun setUpErase(CLI::App& app)
+VerbRun setUpErase(OptionList& options)
 {
     const auto arguments = boost::make_shared<EraseArguments>();
-    addFileArguments(app, arguments->files);
-    addAttributeOption<InOptEraseValue>(app, "--value", arguments->value,
+    addFileArguments(options, arguments->files);
+    addAttributeOption<InOptEraseValue>(options, "--value", arguments->value,
                                         "Value of every pixel; integers take its low bytes without its\n"
                                         "fraction, nothing saturates; default: 0")
-        ->option_text("VALUE");
+        .placeholder("VALUE");
     return [arguments](CommandContext& context) {
         transformFile(arguments->files, context, [&](const ImagePtr& in) { return erase(in, *arguments, context); });
     };

@@ -7,8 +7,6 @@
 
 #include <boost/make_shared.hpp>
 
-#include <CLI/CLI.hpp>
-
 namespace orlix::cli {
 
 namespace {
@@ -92,10 +90,10 @@ void runInfo(const std::vector<std::string>& files, CommandContext& context)
     }
 }
 
-VerbRun setUpInfo(CLI::App& app)
+VerbRun setUpInfo(OptionList& options)
 {
     const auto files = boost::make_shared<std::vector<std::string>>();
-    app.add_option("FILE", *files, "TIFF or PNG files; only their headers are read")->option_text("...")->required();
+    options.add("FILE", *files, "TIFF or PNG files; only their headers are read").placeholder("...").required();
     return [files](CommandContext& context) { runInfo(*files, context); };
 }
 

@@ -7,8 +7,6 @@
 
 #include <boost/make_shared.hpp>
 
-#include <CLI/CLI.hpp>
-
 namespace orlix::cli {
 
 namespace {
@@ -68,10 +66,10 @@ void showProcessor(const std::string& name, CommandContext& context)
     json.endObject();
 }
 
-VerbRun setUpProcessors(CLI::App& app)
+VerbRun setUpProcessors(OptionList& options)
 {
     const auto name = boost::make_shared<std::string>();
-    app.add_option("PROCESSOR", *name, "Tell this one alone, with its attributes")->option_text(" ");
+    options.add("PROCESSOR", *name, "Tell this one alone, with its attributes").placeholder(" ");
     return [name](CommandContext& context) {
         name->empty() ? listProcessors(context) : showProcessor(findProcessor(*name), context);
     };

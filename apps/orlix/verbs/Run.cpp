@@ -6,8 +6,6 @@
 #include "RunProcessor.h"
 #include "Verb.h"
 
-#include <CLI/CLI.hpp>
-
 namespace orlix::cli {
 
 namespace {
@@ -60,25 +58,28 @@ std::string helpOnAttributes(const std::string& processor)
     return "Attributes of " + name + ":\n" + describeAttributes(*makeProcessor(name));
 }
 
-VerbRun setUpRun(CLI::App& app)
+VerbRun setUpRun(OptionList& options)
 {
     const auto arguments = boost::make_shared<RunArguments>();
-    app.add_option("PROCESSOR", arguments->processor,
-                   "Name of the processor as `orlix processors` tells it; what stands\n"
-                   "before the last :: may be left out")
-        ->option_text(" ")
-        ->required();
-    app.add_option("ATTRIBUTE=VALUE", arguments->assignments,
-                   "Value of an input; for images the file to read or, for an\n"
-                   "output, to write. Outputs that no file is named for are dropped")
-        ->option_text("...");
-    app.add_option("--given", arguments->given,
-                   "Read the image that an output holds before the run; for\n"
-                   "processors that write into an image that is there")
-        ->option_text("ATTRIBUTE=FILE")
-        ->allow_extra_args(false);
-    addFormatOptions(app, arguments->format);
-    app.footer([arguments] { return helpOnAttributes(arguments->processor); });
+    options
+        .add("PROCESSOR", arguments->processor,
+             "Name of the processor as `orlix processors` tells it; what stands\n"
+             "before the last :: may be left out")
+        .placeholder(" ")
+        .required();
+    options
+        .add("ATTRIBUTE=VALUE", arguments->assignments,
+             "Value of an input; for images the file to read or, for an\n"
+             "output, to write. Outputs that no file is named for are dropped")
+        .placeholder("...");
+    options
+        .add("--given", arguments->given,
+             "Read the image that an output holds before the run; for\n"
+             "processors that write into an image that is there")
+        .placeholder("ATTRIBUTE=FILE")
+        .oneValueEach();
+    addFormatOptions(options, arguments->format);
+    options.setFooter([arguments] { return helpOnAttributes(arguments->processor); });
     return [arguments](CommandContext& context) { runNamed(*arguments, context); };
 }
 

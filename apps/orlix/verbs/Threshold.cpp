@@ -31,18 +31,18 @@ ImagePtr threshold(const ImagePtr& in, const ThresholdArguments& arguments, Comm
         ->getStorage<attr::OutBinImg>();
 }
 
-VerbRun setUpThreshold(CLI::App& app)
+VerbRun setUpThreshold(OptionList& options)
 {
     const auto arguments = boost::make_shared<ThresholdArguments>();
-    addFileArguments(app, arguments->files);
-    addAttributeOption<InThresholdMin>(app, "--min", arguments->min,
+    addFileArguments(options, arguments->files);
+    addAttributeOption<InThresholdMin>(options, "--min", arguments->min,
                                        "Smallest value that becomes 1; on integers its fraction is\n"
                                        "dropped; default: the smallest of the element type")
-        ->option_text("VALUE");
-    addAttributeOption<InThresholdMax>(app, "--max", arguments->max,
+        .placeholder("VALUE");
+    addAttributeOption<InThresholdMax>(options, "--max", arguments->max,
                                        "Largest value that becomes 1; on integers its fraction is\n"
                                        "dropped; default: the largest of the element type")
-        ->option_text("VALUE");
+        .placeholder("VALUE");
     return [arguments](CommandContext& context) {
         transformFile(arguments->files, context,
                       [&](const ImagePtr& in) { return threshold(in, *arguments, context); });
