@@ -4,6 +4,7 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <charconv>
 
 namespace orlix::cli {
 
@@ -33,7 +34,11 @@ Option& Option::atMost(unsigned long limit)
 
 Option& Option::nonNegative()
 {
-    m_option->check(CLI::NonNegativeNumber);
+    m_option->check([](const std::string& text) -> std::string {
+        double value = 0; // of text that is no number, which the option itself refuses
+        std::from_chars(text.data(), text.data() + text.size(), value);
+        return value < 0 ? "expected a number from 0 on, found \"" + text + "\"" : "";
+    });
     return *this;
 }
 
