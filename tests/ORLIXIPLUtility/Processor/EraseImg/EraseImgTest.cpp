@@ -3,8 +3,11 @@
 #include "ORLIXIPL/ORLIXIPLUtility/ORLIXIPLUtility.h"
 #include "ORLIXIPLUtility/Processor/EraseImg/EraseOracle.h"
 #include "support/Executors.h"
+#include "support/SameImages.h"
 
 #include <rapidcheck.h>
+
+#include <algorithm>
 
 namespace orlix::imaproc::util::test {
 namespace {
@@ -14,6 +17,7 @@ using image::eImageBufferType;
 using image::geometry2d;
 using image::geometry5d;
 using testing::makeRandom;
+using testing::sameImages;
 using testing::WatchedImage;
 using testing::WrapForm;
 
@@ -108,17 +112,24 @@ TEST(EraseImgTest, emptyAxes)
 
 TEST(EraseImgTest, stripsAndExecutorsGiveTheSameBytes)
 {
-    const ImagePtr image = makeRandom(*geometry5d(eImageBufferType::UInt16, 701, 997, 2, 1, 2)); // 28 strips
-    double value = 1;
+    const auto geometry = geometry5d(eImageBufferType::UInt16, 701, 997, 2, 1, 2); // 28 strips
+    const ImagePtr image = makeRandom(*geometry);
+    const ImagePtr expected = createImage(*geometry);
+    unsigned short value = 1;
+    const auto check = [&](const std::string& name) {
+        eraseImg(image, ++value);
+        for (unsigned long plan = 0; plan < 4; ++plan) {
+            std::fill_n(image::planData<unsigned short>(*expected, plan % 2, 0, plan / 2), 701 * 997, value);
+        }
+        EXPECT_TRUE(sameImages(*expected, *image)) << name;
+    };
     for (const testing::NamedExecutor& named : testing::makeAllExecutors()) {
         const testing::ScopedExecutor scope(named.executor);
-        eraseImg(image, ++value);
-        EXPECT_TRUE(isErased(*image, value)) << named.name;
+        check(named.name);
     }
     for (unsigned long nbThreads = 1; nbThreads <= 8; ++nbThreads) {
         const testing::ScopedExecutor scope(core::makePlainThreadExecutor(nbThreads));
-        eraseImg(image, ++value);
-        EXPECT_TRUE(isErased(*image, value)) << nbThreads << " threads";
+        check(std::to_string(nbThreads) + " threads");
     }
 }
 
