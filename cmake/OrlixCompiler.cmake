@@ -42,7 +42,7 @@ if(ORLIX_WARNINGS_AS_ERRORS)
     add_compile_options(-Werror)
 endif()
 # For code that only calls the libraries, or parses options once: checks of undefined behaviour that stand at every
-# pointer take most of the time to compile it, and AddressSanitizer finds what they would.
+# pointer take most of the time to compile it. The libraries themselves have all of them.
 set(ORLIX_LIGHT_SANITIZERS "")
 if(ORLIX_SANITIZE)
     add_compile_options(-fsanitize=${ORLIX_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
