@@ -44,13 +44,13 @@ void addCommonOptions(OptionList& list, CommonOptions& options)
     const std::string group = "Options of all verbs";
     list.add("--threads", options.nbThreads,
              "Threads that work at a time, at most 1024; default, and 0:\nall that this process may use")
-        .placeholder("N")
+        .valueName("N")
         .atMost(g_maxThreads)
         .group(group);
     list.add("--instruction-set", options.instructionSet,
              "Use no kernel above this instruction set: plain, SSE2, AVX, AVX2\n"
              "or AVX512; default: the best that this processor has")
-        .placeholder("NAME")
+        .valueName("NAME")
         .group(group);
     list.addFlag("--json", options.bJson, "Print the result as JSON (UTF-8)").group(group);
     list.addFlag("--quiet", options.bQuiet, "Show no progress; it is shown on terminals only").group(group);

@@ -9,7 +9,7 @@ namespace orlix::cli {
 
 void addFileArguments(OptionList& options, FileArguments& arguments)
 {
-    options.add("IN", arguments.input, "TIFF or PNG file to read").placeholder(" ").required();
+    options.add("IN", arguments.input, "TIFF or PNG file to read").valueName(" ").required();
     addOutputOptions(options, arguments.output);
 }
 

@@ -8,7 +8,7 @@
 
 namespace orlix::cli {
 
-Option& Option::placeholder(const std::string& text)
+Option& Option::valueName(const std::string& text)
 {
     m_option->option_text(text);
     return *this;

@@ -21,7 +21,7 @@ public:
     explicit Option(CLI::Option& option) : m_option(&option) {}
 
     /// What the help shows in the place of the value.
-    Option& placeholder(const std::string& text);
+    Option& valueName(const std::string& text);
     Option& required();
     /// The heading in the help under which the option stands.
     Option& group(const std::string& heading);

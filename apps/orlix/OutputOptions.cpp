@@ -77,7 +77,7 @@ void addFormatOptions(OptionList& list, FormatOptions& options)
     markTiffOption(list.addFlag("--tiled", write.bTiled, "Store tiles instead of strips"), options);
     markTiffOption(list.add("--tile-size", write.tileSize,
                             "Pixels along each side of a tile, a multiple of 16;\ndefault: 256; implies --tiled")
-                       .placeholder("PIXELS")
+                       .valueName("PIXELS")
                        .whenGiven([&write] { write.bTiled = true; }),
                    options);
     markTiffOption(
@@ -102,7 +102,7 @@ void addOutputOptions(OptionList& list, OutputOptions& options)
     list.add("OUT", options.file,
              "File to write: TIFF (.tif, .tiff) or PNG (.png); it is replaced\n"
              "once the new one is complete")
-        .placeholder(" ")
+        .valueName(" ")
         .required();
     addFormatOptions(list, options.format);
 }

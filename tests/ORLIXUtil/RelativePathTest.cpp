@@ -43,7 +43,7 @@ TEST(RelativePath, isEmptyForTheRootItself)
 
 TEST(RelativePath, takesTheLastOfSeveralRoots)
 {
-    EXPECT_EQ(cut("/work/include/public/orlix/include/public/A.h", "include/public"), "A.h");
+    EXPECT_EQ(cut("/src/include/public/orlix/include/public/A.h", "include/public"), "A.h");
 }
 
 TEST(RelativePath, seesThroughOtherSpellings)

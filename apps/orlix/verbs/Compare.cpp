@@ -168,25 +168,25 @@ void runCompare(const CompareArguments& arguments, CommandContext& context)
 VerbRun setUpCompare(OptionList& options)
 {
     const auto arguments = boost::make_shared<CompareArguments>();
-    options.add("FIRST", arguments->first, "TIFF or PNG file").placeholder(" ").required();
+    options.add("FIRST", arguments->first, "TIFF or PNG file").valueName(" ").required();
     options.add("SECOND", arguments->second, "TIFF or PNG file of the same sizes and element type")
-        .placeholder(" ")
+        .valueName(" ")
         .required();
     options
         .add("--absolute", arguments->absolute,
              "Let differences of up to so many grey values pass; on\ninteger images the fraction is dropped")
-        .placeholder("VALUE")
+        .valueName("VALUE")
         .nonNegative();
     options
         .add("--relative", arguments->relative,
              "Let differences of up to this part of the larger absolute\nvalue pass; with --absolute too, those "
              "within either")
-        .placeholder("PART")
+        .valueName("PART")
         .nonNegative();
     options
         .add("--picture", arguments->picture,
              "Draw the plan of the first difference in both images and\nits differences into a PNG file")
-        .placeholder("FILE");
+        .valueName("FILE");
     return [arguments](CommandContext& context) { runCompare(*arguments, context); };
 }
 

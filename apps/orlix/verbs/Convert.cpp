@@ -34,7 +34,7 @@ VerbRun setUpConvert(OptionList& options)
                                                  "Element type of the output: Int8, UInt8, Int16, UInt16, Int32,\n"
                                                  "UInt32, Real32, Binary, UInt8Like, UInt16Like or UInt32Like.\n"
                                                  "Values are converted as they stand, nothing is scaled")
-        .placeholder("TYPE")
+        .valueName("TYPE")
         .required();
     return [arguments](CommandContext& context) {
         transformFile(arguments->files, context,

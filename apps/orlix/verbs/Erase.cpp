@@ -34,7 +34,7 @@ VerbRun setUpErase(OptionList& options)
     addAttributeOption<InOptEraseValue>(options, "--value", arguments->value,
                                         "Value of every pixel; integers take its low bytes without its\n"
                                         "fraction, nothing saturates; default: 0")
-        .placeholder("VALUE");
+        .valueName("VALUE");
     return [arguments](CommandContext& context) {
         transformFile(arguments->files, context, [&](const ImagePtr& in) { return erase(in, *arguments, context); });
     };

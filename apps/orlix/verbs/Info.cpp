@@ -93,7 +93,7 @@ void runInfo(const std::vector<std::string>& files, CommandContext& context)
 VerbRun setUpInfo(OptionList& options)
 {
     const auto files = boost::make_shared<std::vector<std::string>>();
-    options.add("FILE", *files, "TIFF or PNG files; only their headers are read").placeholder("...").required();
+    options.add("FILE", *files, "TIFF or PNG files; only their headers are read").valueName("...").required();
     return [files](CommandContext& context) { runInfo(*files, context); };
 }
 

@@ -69,7 +69,7 @@ void showProcessor(const std::string& name, CommandContext& context)
 VerbRun setUpProcessors(OptionList& options)
 {
     const auto name = boost::make_shared<std::string>();
-    options.add("PROCESSOR", *name, "Tell this one alone, with its attributes").placeholder(" ");
+    options.add("PROCESSOR", *name, "Tell this one alone, with its attributes").valueName(" ");
     return [name](CommandContext& context) {
         name->empty() ? listProcessors(context) : showProcessor(findProcessor(*name), context);
     };

@@ -65,18 +65,18 @@ VerbRun setUpRun(OptionList& options)
         .add("PROCESSOR", arguments->processor,
              "Name of the processor as `orlix processors` tells it; what stands\n"
              "before the last :: may be left out")
-        .placeholder(" ")
+        .valueName(" ")
         .required();
     options
         .add("ATTRIBUTE=VALUE", arguments->assignments,
              "Value of an input; for images the file to read or, for an\n"
              "output, to write. Outputs that no file is named for are dropped")
-        .placeholder("...");
+        .valueName("...");
     options
         .add("--given", arguments->given,
              "Read the image that an output holds before the run; for\n"
              "processors that write into an image that is there")
-        .placeholder("ATTRIBUTE=FILE")
+        .valueName("ATTRIBUTE=FILE")
         .oneValueEach();
     addFormatOptions(options, arguments->format);
     options.setFooter([arguments] { return helpOnAttributes(arguments->processor); });

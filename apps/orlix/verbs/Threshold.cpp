@@ -38,11 +38,11 @@ VerbRun setUpThreshold(OptionList& options)
     addAttributeOption<InThresholdMin>(options, "--min", arguments->min,
                                        "Smallest value that becomes 1; on integers its fraction is\n"
                                        "dropped; default: the smallest of the element type")
-        .placeholder("VALUE");
+        .valueName("VALUE");
     addAttributeOption<InThresholdMax>(options, "--max", arguments->max,
                                        "Largest value that becomes 1; on integers its fraction is\n"
                                        "dropped; default: the largest of the element type")
-        .placeholder("VALUE");
+        .valueName("VALUE");
     return [arguments](CommandContext& context) {
         transformFile(arguments->files, context,
                       [&](const ImagePtr& in) { return threshold(in, *arguments, context); });
