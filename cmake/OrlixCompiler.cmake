@@ -30,6 +30,17 @@ if(ORLIX_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
     endif()
 endif()
 
+# What an error in our code could be used for is kept small: buffers and the stack are checked where the compiler can,
+# and tables of addresses are read-only once a program has started. Sanitizers see more, and get in its way.
+if(NOT ORLIX_SANITIZE)
+    add_compile_options(-fstack-protector-strong "$<$<NOT:$<CONFIG:Debug>>:-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=2>")
+endif()
+add_link_options(-Wl,-z,relro,-z,now)
+# A symbol that is unique in the process would keep its library loaded for ever.
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    add_compile_options(-fno-gnu-unique)
+endif()
+
 # Calls within a library go straight to their target.
 add_compile_options(-fno-semantic-interposition)
 add_link_options(-Wl,-Bsymbolic-functions)
