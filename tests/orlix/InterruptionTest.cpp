@@ -97,11 +97,55 @@ TEST(InterruptionTest, IgnoredSignalStaysIgnored)
     EXPECT_EQ(folder.getNames(), (NameSet{"in.tif", "out.tif"}));
 }
 
+/// Signals that this process ignores and blocks while the object lives, as one does that runs in the background.
+class Background
+{
+public:
+    explicit Background(const std::vector<int>& signals)
+    {
+        sigset_t set;
+        ::sigemptyset(&set);
+        for (const int number : signals) {
+            m_handlers.emplace_back(number, std::signal(number, SIG_IGN));
+            ::sigaddset(&set, number);
+        }
+        ::pthread_sigmask(SIG_BLOCK, &set, &m_mask);
+    }
+    ~Background()
+    {
+        ::pthread_sigmask(SIG_SETMASK, &m_mask, nullptr);
+        for (const auto& [number, handler] : m_handlers) {
+            std::signal(number, handler);
+        }
+    }
+    Background(const Background&) = delete;
+    Background& operator=(const Background&) = delete;
+
+private:
+    std::vector<std::pair<int, void (*)(int)>> m_handlers;
+    sigset_t m_mask{};
+};
+
+TEST(InterruptionTest, TestsThatRunInTheBackgroundSeeIt)
+{
+    const TemporaryFolder folder;
+    writeSlowInput(folder / "in.tif", 48);
+    for (const int number : {SIGINT, SIGHUP, SIGTERM}) {
+        const Background background({SIGINT, SIGHUP, SIGTERM});
+        Program program({"copy", folder / "in.tif", folder / "out.tif", "--compression", "lzma"});
+        ASSERT_TRUE(waitForTemporaryFile(folder));
+        program.signal(number);
+        EXPECT_EQ(program.finish().exitCode, 130) << number;
+        EXPECT_EQ(folder.getNames(), NameSet{"in.tif"});
+    }
+}
+
 TEST(InterruptionTest, EndsAtOnceWhereNothingIsToTidyUp)
 {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     EXPECT_EXIT(
         {
+            forgetSignals();
             cli::handleSignals("the line\n");
             std::raise(SIGTERM);
             std::_Exit(1);
@@ -129,6 +173,7 @@ public:
 /// 0 where a copy of 30 plans, interrupted before the tenth, ended as it should.
 int interruptCopy()
 {
+    forgetSignals();
     cli::handleSignals("at once\n");
     core::setExecutor(boost::make_shared<InterruptingExecutor>());
     const ImagePtr in = makeNoise(*image::geometry3d(eImageBufferType::UInt8, 16, 16, 30));

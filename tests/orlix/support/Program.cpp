@@ -20,6 +20,7 @@ constexpr int g_patience = 60000; // milliseconds
 
 [[noreturn]] void becomeProgram(std::vector<char*>& arguments, const std::function<void()>& prepare)
 {
+    forgetSignals();
     if (prepare) {
         prepare();
     }
@@ -57,6 +58,16 @@ std::vector<std::string> orlixCommand(const std::vector<std::string>& arguments)
 }
 
 } // namespace
+
+void forgetSignals()
+{
+    for (int number = 1; number < NSIG; ++number) {
+        ::signal(number, SIG_DFL); // fails for those that can't be caught, which need none
+    }
+    sigset_t none;
+    ::sigemptyset(&none);
+    ::sigprocmask(SIG_SETMASK, &none, nullptr);
+}
 
 Program::Program(const std::vector<std::string>& arguments, eStreams streams, const std::function<void()>& prepare)
     : Program(Plain(), orlixCommand(arguments), streams, prepare)

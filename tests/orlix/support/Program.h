@@ -17,6 +17,10 @@ struct ProgramResult
     std::string err;
 };
 
+/// Makes every signal act on this process as it does on a program that a shell starts in the foreground. `nohup`, a job
+/// in the background and their kin hand down ignored and blocked ones.
+void forgetSignals();
+
 /// A program that runs. It is killed where it outlives the object.
 class Program
 {
@@ -24,7 +28,8 @@ public:
     /// Whether the standard streams are pipes, or one terminal that also sends Ctrl-C.
     enum class eStreams { pipes, terminal };
 
-    /// Starts orlix with `arguments`. `prepare` runs in the new process before it becomes orlix.
+    /// Starts orlix with `arguments`, without the signals that this process ignores or blocks. `prepare` runs in the
+    /// new process before it becomes orlix.
     explicit Program(const std::vector<std::string>& arguments, eStreams streams = eStreams::pipes,
                      const std::function<void()>& prepare = {});
     /// Starts any program; `command` begins with its name.
