@@ -6,6 +6,7 @@
 #include "ORLIXIPL/ORLIXImageIO/Logger/ORLIXImageIOLogMessages.h"
 #include "ORLIXIPL/ORLIXImageIO/SamplePacking.h"
 #include "ORLIXIPL/ORLIXImageIO/Tiff/TiffPage.h"
+#include "ORLIXIPL/ORLIXImageIO/WriteImage.h"
 
 #include <algorithm>
 #include <bit>
@@ -112,13 +113,18 @@ void checkSizes(const BaseImage& image, const WriteOptions& options, const std::
 
 } // namespace
 
+bool isBuiltIn(const eTiffCompression& compression)
+{
+    return TIFFIsCODECConfigured(schemeOf(compression)) != 0;
+}
+
 TiffLayout tiffLayoutOf(const BaseImage& image, const WriteOptions& options, const std::string& file)
 {
     checkSizes(image, options, file);
     const eImageBufferType type = image.getBufferType();
     TiffLayout layout;
     layout.compression = schemeOf(options.compression);
-    if (!TIFFIsCODECConfigured(layout.compression)) {
+    if (!isBuiltIn(options.compression)) {
         raise<eORLIXImageIOMessage>(ORLIX_HERE, eORLIXImageIOMessage::eNoCompression, file,
                                     compressionName(layout.compression));
     }
