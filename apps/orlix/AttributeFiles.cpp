@@ -1,6 +1,7 @@
 // The attributes of one processor as text and files: values, images that are read, images that are written.
 #include "AttributeFiles.h"
 
+#include "AttributeText.h"
 #include "CommandMessages.h"
 #include "DescribeAttributes.h"
 #include "DescribeImage.h"
@@ -76,6 +77,7 @@ BaseAttribute& AttributeFiles::attributeNamed(const std::string& name) const
         }
     }
     raise<eCommandMessage>(ORLIX_HERE, eCommandMessage::eUnknownAttribute, m_processor->getObjectName(), name,
+                           nearHint(name, m_processor->getAttributeNameColl()),
                            joinNames(m_processor->getAttributeNameColl()));
 }
 
@@ -90,9 +92,9 @@ void AttributeFiles::assign(const std::string& assignment)
     if (attribute.isSet()) {
         raise<eCommandMessage>(ORLIX_HERE, eCommandMessage::eAssignedTwice, parts.name);
     }
-    if (const ProcessingResult<bool> result = attribute.setFromText(parts.value); !result) {
+    if (const ProcessingResult<bool> result = setFromUserText(attribute, parts.value); !result) {
         raise<eCommandMessage>(ORLIX_HERE, eCommandMessage::eBadAssignment, result.getMessage(),
-                               m_processor->getObjectName());
+                               nearValueHint(attribute, parts.value), m_processor->getObjectName());
     }
 }
 

@@ -1,7 +1,9 @@
 // Options of verbs that set an attribute of their processor.
 #pragma once
 
+#include "AttributeText.h"
 #include "CommandMessages.h"
+#include "GivenValue.h"
 #include "OptionList.h"
 
 #include <optional>
@@ -13,14 +15,16 @@ namespace orlix::cli {
 /// option was given, has to outlive the parser.
 template <class TAttribute>
 Option addAttributeOption(OptionList& options, const std::string& name,
-                          std::optional<typename TAttribute::StorageType>& value, const std::string& description)
+                          std::optional<GivenValue<typename TAttribute::StorageType>>& value,
+                          const std::string& description)
 {
     const auto read = [&value](const std::string& text) -> std::optional<std::string> {
         TAttribute attribute;
-        if (!attribute.setFromText(text)) {
-            return formatMessage<eCommandMessage>(eCommandMessage::eBadOption, attribute.getValueKind(), text);
+        if (!setFromUserText(attribute, text)) {
+            return formatMessage<eCommandMessage>(eCommandMessage::eBadOption, attribute.getValueKind(), text,
+                                                  nearValueHint(attribute, text));
         }
-        value = attribute.getValue();
+        value = {attribute.getValue(), text};
         return std::nullopt;
     };
     return options.add(name, read, description);

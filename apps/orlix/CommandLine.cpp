@@ -3,6 +3,7 @@
 
 #include "CommandMessages.h"
 #include "Interruption.h"
+#include "NearNames.h"
 #include "PlainText.h"
 #include "Verb.h"
 
@@ -12,6 +13,7 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <iostream>
@@ -27,11 +29,13 @@ constexpr const char* g_exitCodes =
     "on the standard error stream tells why.\n"
     "An output file is replaced once it is complete; it is never left half written.";
 
-std::string namesOfVerbs()
+constexpr const char* g_endOfOptions = "--";
+
+std::vector<std::string> namesOfVerbs()
 {
-    std::string names;
+    std::vector<std::string> names;
     for (const Verb* verb : getVerbs()) {
-        names.append(names.empty() ? "" : ", ").append(verb->name);
+        names.push_back(verb->name);
     }
     return names;
 }
@@ -56,6 +60,7 @@ public:
             m_runs.emplace_back(app, verb->setUp(optionsOfVerb));
             addCommonOptions(optionsOfVerb, m_options);
             app->footer(g_exitCodes);
+            app->allow_extras(); // so that a word that is no option can be named
         }
         m_app.require_subcommand(0, 1); // what follows the verb is a name even if a verb is called so
         m_app.allow_extras();           // so that a word that is no verb can be named
@@ -64,16 +69,26 @@ public:
 
     void parse(int argc, const char* const* argv)
     {
-        m_app.parse(argc, argv);
-        const std::vector<std::string> left = m_app.remaining();
+        try {
+            m_app.parse(argc, argv);
+        } catch (const CLI::RequiredError&) { // of an option that was misspelt, maybe
+            refuseUnknownOptions();
+            throw;
+        } catch (const CLI::ArgumentMismatch&) {
+            refuseRepeatedOptions();
+            throw;
+        }
+        refuseUnknownOptions();
+        const std::vector<std::string> left = getLeft();
         if (m_app.get_subcommands().empty()) {
-            if (left.empty()) {
-                raise<eCommandMessage>(ORLIX_HERE, eCommandMessage::eNoVerb, namesOfVerbs());
+            if (left.empty() || m_app.remaining().front() == g_endOfOptions) {
+                raise<eCommandMessage>(ORLIX_HERE, eCommandMessage::eNoVerb, joinNames(namesOfVerbs()));
             }
-            raise<eCommandMessage>(ORLIX_HERE, eCommandMessage::eUnknownVerb, left.front(), namesOfVerbs());
+            raise<eCommandMessage>(ORLIX_HERE, eCommandMessage::eUnknownVerb, left.front(),
+                                   nearHint(left.front(), namesOfVerbs()), joinNames(namesOfVerbs()));
         }
         if (!left.empty()) {
-            throw CLI::ExtrasError(left);
+            throw CLI::ExtrasError(std::vector<std::string>{left.front()});
         }
     }
 
@@ -84,7 +99,7 @@ public:
                 return run;
             }
         }
-        raise<eCommandMessage>(ORLIX_HERE, eCommandMessage::eNoVerb, namesOfVerbs());
+        raise<eCommandMessage>(ORLIX_HERE, eCommandMessage::eNoVerb, joinNames(namesOfVerbs()));
     }
 
     /// Prints what --help or --version asked for and returns true, or tells what is wrong with the arguments.
@@ -96,17 +111,65 @@ public:
             std::cout << answer.str();
             return true;
         }
-        std::string command = "orlix";
-        for (const CLI::App* app : m_app.get_subcommands()) {
-            command += " " + app->get_name();
-        }
-        std::cerr << errorLine(formatMessage<eCommandMessage>(eCommandMessage::eBadArguments, error.what(), command));
+        std::cerr << errorLine(
+            formatMessage<eCommandMessage>(eCommandMessage::eBadArguments, error.what(), getCommand()));
         return false;
     }
 
     const CommonOptions& getOptions() const { return m_options; }
 
 private:
+    /// "orlix copy"
+    std::string getCommand() const
+    {
+        std::string command = "orlix";
+        for (const CLI::App* app : m_app.get_subcommands()) {
+            command += " " + app->get_name();
+        }
+        return command;
+    }
+
+    /// The options of the verb, or of the program where none was given.
+    std::vector<const CLI::Option*> getKnownOptions() const
+    {
+        const CLI::App& app = m_app.get_subcommands().empty() ? m_app : *m_app.get_subcommands().front();
+        return app.get_options([](const CLI::Option* option) { return !option->get_lnames().empty(); });
+    }
+
+    /// The words that stand for nothing.
+    std::vector<std::string> getLeft() const
+    {
+        std::vector<std::string> left = m_app.remaining(true);
+        std::erase(left, g_endOfOptions);
+        return left;
+    }
+
+    void refuseUnknownOptions() const
+    {
+        const std::vector<std::string> left = getLeft();
+        const auto isOption = [](const std::string& word) { return word.size() > 1 && word.starts_with('-'); };
+        const auto found = std::ranges::find_if(left, isOption);
+        if (found == left.end()) {
+            return;
+        }
+        const std::string name = found->substr(0, found->find('='));
+        std::vector<std::string> names;
+        for (const CLI::Option* option : getKnownOptions()) {
+            names.push_back(option->get_name());
+        }
+        raise<eCommandMessage>(ORLIX_HERE, eCommandMessage::eUnknownOption, name, getCommand(), nearHint(name, names),
+                               getCommand());
+    }
+
+    void refuseRepeatedOptions() const
+    {
+        for (const CLI::Option* option : getKnownOptions()) {
+            if (static_cast<int>(option->count()) > option->get_items_expected_max()) {
+                raise<eCommandMessage>(ORLIX_HERE, eCommandMessage::eAssignedTwice, option->get_name());
+            }
+        }
+    }
+
     CLI::App m_app;
     CommonOptions m_options;
     std::vector<std::pair<const CLI::App*, VerbRun>> m_runs;

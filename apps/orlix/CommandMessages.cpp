@@ -25,9 +25,9 @@ const std::vector<MessageText>& MessageCatalogue<eCommandMessage>::texts()
     static const std::vector<MessageText> g_texts = {
         {eCommandMessage::eBadArguments, "%s; `%s --help` tells more"},
         {eCommandMessage::eNoVerb, "a verb is needed, one of %s; `orlix --help` tells more"},
-        {eCommandMessage::eUnknownVerb, "\"%s\" is no verb; use one of %s; `orlix --help` tells more"},
+        {eCommandMessage::eUnknownVerb, "\"%s\" is no verb%s; use one of %s; `orlix --help` tells more"},
         {eCommandMessage::eUnknownInstructionSet,
-         "--instruction-set: \"%s\" is no instruction set; use one that this processor has: %s"},
+         "--instruction-set: \"%s\" is no instruction set%s; use one that this processor has: %s"},
         {eCommandMessage::eInstructionSetMissing,
          "--instruction-set: this processor lacks %s; use one that it has: %s"},
         {eCommandMessage::eOptionForTiffOnly,
@@ -43,13 +43,13 @@ const std::vector<MessageText>& MessageCatalogue<eCommandMessage>::texts()
          "--picture: the picture is a PNG file, but its name is %s: let it end in .png"},
         {eCommandMessage::eTypeNotHeld, "%s: PNG files hold %s, but the image is %s: let `orlix convert` change the "
                                         "type, or let the name end in .tif"},
-        {eCommandMessage::eBadOption, "expected %s, found \"%s\""},
-        {eCommandMessage::eUnknownProcessor, "\"%s\" is no processor; %s`orlix processors` lists all"},
+        {eCommandMessage::eBadOption, "expected %s, found \"%s\"%s"},
+        {eCommandMessage::eUnknownProcessor, "\"%s\" is no processor%s; `orlix processors` lists all"},
         {eCommandMessage::eAmbiguousProcessor, "\"%s\" means several processors; use one of %s"},
         {eCommandMessage::eNoAssignment, "\"%s\" must be an ATTRIBUTE=VALUE; `orlix run --help` tells more"},
-        {eCommandMessage::eUnknownAttribute, "%s has no attribute \"%s\"; it has %s"},
+        {eCommandMessage::eUnknownAttribute, "%s has no attribute \"%s\"%s; it has %s"},
         {eCommandMessage::eAssignedTwice, "%s is given twice; leave one out"},
-        {eCommandMessage::eBadAssignment, "%s; `orlix run %s --help` tells more"},
+        {eCommandMessage::eBadAssignment, "%s%s; `orlix run %s --help` tells more"},
         {eCommandMessage::eNotGiven, "--given is for outputs that are images, but %s is none; write %s=VALUE alone"},
         {eCommandMessage::eNeedsGivenImage,
          "%s writes %s into an image that is there already: read one with --given %s=FILE"},
@@ -57,7 +57,13 @@ const std::vector<MessageText>& MessageCatalogue<eCommandMessage>::texts()
         {eCommandMessage::eNotFromOutside,
          "%s needs %s (%s), which neither a file nor a text can give: run a processor of level 1"},
         {eCommandMessage::eSameTarget, "%s and %s can't both go to %s: name two files"},
-        {eCommandMessage::eOutputNotMade, "%s made no %s: there is nothing to write"}};
+        {eCommandMessage::eOutputNotMade, "%s made no %s: there is nothing to write"},
+        {eCommandMessage::eUnknownOption, "\"%s\" is no option of `%s`%s; `%s --help` lists all"},
+        {eCommandMessage::eBeyondTolerance, "%s %s: tolerances on %s go from 0 to %d"},
+        {eCommandMessage::eBeyondType, "%s %s: %s holds %s to %s"},
+        {eCommandMessage::eBoundsCross, "%s %s is above %s %s: exchange the two"},
+        {eCommandMessage::eNoCodec,
+         "--compression: %s is not built into the TIFF library of this system; use one of %s"}};
     return g_texts;
 }
 

@@ -19,8 +19,8 @@ struct eCommandMessage
     enum domain {
         eBadArguments = 0,          ///< what is wrong, command that tells more
         eNoVerb = 1,                ///< verbs
-        eUnknownVerb = 2,           ///< what was given, verbs
-        eUnknownInstructionSet = 3, ///< what was given, sets of this processor
+        eUnknownVerb = 2,           ///< what was given, hint of `nearHint`, verbs
+        eUnknownInstructionSet = 3, ///< what was given, hint of `nearHint`, sets of this processor
         eInstructionSetMissing = 4, ///< name of the set, sets of this processor
         eOptionForTiffOnly = 5,     ///< option, output file
         eOutputClosed = 6,          ///< reason of the system
@@ -30,19 +30,24 @@ struct eCommandMessage
         eNotComparable = 10,      ///< file, geometry, file, geometry
         ePictureNotPng = 11,      ///< file
         eTypeNotHeld = 12,        ///< output file, types that its format can hold, geometry
-        eBadOption = 13,          ///< kind of value, what was given
-        eUnknownProcessor = 14,   ///< what was given, "near it are ...; " or nothing
+        eBadOption = 13,          ///< kind of value, what was given, hint of `nearHint`
+        eUnknownProcessor = 14,   ///< what was given, hint of `nearHint`
         eAmbiguousProcessor = 15, ///< what was given, names
         eNoAssignment = 16,       ///< what was given
-        eUnknownAttribute = 17,   ///< processor, what was given, attributes
-        eAssignedTwice = 18,      ///< attribute
-        eBadAssignment = 19,      ///< reason, processor
+        eUnknownAttribute = 17,   ///< processor, what was given, hint of `nearHint`, attributes
+        eAssignedTwice = 18,      ///< attribute or option
+        eBadAssignment = 19,      ///< reason, hint of `nearHint`, processor
         eNotGiven = 20,           ///< attribute, attribute
         eNeedsGivenImage = 21,    ///< processor, attribute, attribute
         eNeedsValue = 22,         ///< processor, attribute, its tool tip, attribute, "FILE" or "VALUE"
         eNotFromOutside = 23,     ///< processor, attribute, kind of its value
         eSameTarget = 24,         ///< attribute, attribute, file
-        eOutputNotMade = 25       ///< processor, attribute
+        eOutputNotMade = 25,      ///< processor, attribute
+        eUnknownOption = 26,      ///< what was given, command, hint of `nearHint`, command
+        eBeyondTolerance = 27,    ///< option, what was given, element type, largest tolerance
+        eBeyondType = 28,         ///< option, what was given, element type, smallest and largest value
+        eBoundsCross = 29,        ///< option, what was given, option, what was given
+        eNoCodec = 30             ///< what was given, compressions that can be had
     };
     ORLIX_ENUMERATION(eCommandMessage, eBadArguments);
 };

@@ -2,6 +2,7 @@
 #include "CommonOptions.h"
 
 #include "CommandMessages.h"
+#include "NearNames.h"
 
 #include "ORLIX/ORLIXBaseProcessing/AlgorithmFunctionSelector.h"
 #include "ORLIX/ORLIXCore/BaseExecutor.h"
@@ -12,13 +13,11 @@ namespace orlix::cli {
 
 namespace {
 
-constexpr unsigned long g_maxThreads = 1024;
-
-std::string namesOf(const std::vector<eInstructionSet>& sets)
+std::vector<std::string> namesOf(const std::vector<eInstructionSet>& sets)
 {
-    std::string names;
+    std::vector<std::string> names;
     for (const eInstructionSet& set : sets) {
-        names.append(names.empty() ? "" : ", ").append(core::getInstructionSetName(set));
+        names.push_back(core::getInstructionSetName(set));
     }
     return names;
 }
@@ -27,12 +26,13 @@ eInstructionSet instructionSetNamed(const std::string& name)
 {
     const std::optional<eInstructionSet> set = core::findInstructionSet(name);
     if (!set) {
-        raise<eCommandMessage>(ORLIX_HERE, eCommandMessage::eUnknownInstructionSet, name,
-                               namesOf(core::getAvailableInstructionSets()));
+        const std::vector<std::string> names = namesOf(core::getAvailableInstructionSets());
+        raise<eCommandMessage>(ORLIX_HERE, eCommandMessage::eUnknownInstructionSet, name, nearHint(name, names),
+                               joinNames(names));
     }
     if (!core::isAvailable(*set)) {
         raise<eCommandMessage>(ORLIX_HERE, eCommandMessage::eInstructionSetMissing, core::getInstructionSetName(*set),
-                               namesOf(core::getAvailableInstructionSets()));
+                               joinNames(namesOf(core::getAvailableInstructionSets())));
     }
     return *set;
 }
@@ -42,12 +42,15 @@ eInstructionSet instructionSetNamed(const std::string& name)
 void addCommonOptions(OptionList& list, CommonOptions& options)
 {
     const std::string group = "Options of all verbs";
-    list.add("--threads", options.nbThreads,
-             "Threads that work at a time, at most 1024; default, and 0:\nall that this process may use")
+    list.addNumber("--threads", options.nbThreads, {.smallest = 1},
+                   "Threads that work at a time; default: all that this process\nmay use")
         .valueName("N")
-        .atMost(g_maxThreads)
         .group(group);
-    list.add("--instruction-set", options.instructionSet,
+    const auto takeSet = [&options](const std::string& text) {
+        options.instructionSet = text; // judged when all have been given: the last one wins
+        return std::nullopt;
+    };
+    list.add("--instruction-set", takeSet,
              "Use no kernel above this instruction set: plain, SSE2, AVX, AVX2\n"
              "or AVX512; default: the best that this processor has")
         .valueName("NAME")
@@ -61,9 +64,9 @@ void applyCommonOptions(const CommonOptions& options)
     if (options.nbThreads != 0) {
         core::setNbThreads(options.nbThreads);
     }
-    if (!options.instructionSet.empty()) {
+    if (options.instructionSet) {
         processor::InstructionSetsIdentifier sets;
-        sets.init(instructionSetNamed(options.instructionSet));
+        sets.init(instructionSetNamed(*options.instructionSet));
         processor::AlgorithmFunctionSelector::setDefaultForcedInstructionSets(sets);
     }
 }

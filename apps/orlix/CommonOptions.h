@@ -3,14 +3,15 @@
 
 #include "OptionList.h"
 
+#include <optional>
 #include <string>
 
 namespace orlix::cli {
 
 struct CommonOptions
 {
-    unsigned long nbThreads = 0; ///< 0: all that the process may use
-    std::string instructionSet;  ///< empty: the best that the processor has
+    unsigned long nbThreads = 0;               ///< 0: all that the process may use
+    std::optional<std::string> instructionSet; ///< none: the best that the processor has
     bool bJson = false;
     bool bQuiet = false;
 };

@@ -36,9 +36,8 @@ std::string findProcessor(const std::string& name)
         raise<eCommandMessage>(ORLIX_HERE, eCommandMessage::eAmbiguousProcessor, name, joinNames(meant));
     }
     if (meant.empty()) {
-        const std::vector<std::string> near = nearNames(withoutNamespace(name), shortNames);
         raise<eCommandMessage>(ORLIX_HERE, eCommandMessage::eUnknownProcessor, name,
-                               near.empty() ? "" : "near it are " + joinNames(near) + "; ");
+                               nearHint(withoutNamespace(name), shortNames));
     }
     return meant.front();
 }

@@ -13,21 +13,25 @@ namespace {
 
 constexpr std::size_t g_maxNames = 5;
 
-/// Letters to insert, drop or exchange to get from one to the other.
+/// Letters to insert, drop or exchange, and neighbours to swap, to get from one to the other.
 std::size_t distance(const std::string& from, const std::string& to)
 {
-    std::vector<std::size_t> row(to.size() + 1); // to each start of `to`, from the start of `from` that is reached
-    std::iota(row.begin(), row.end(), 0);
+    std::vector<std::size_t> before(to.size() + 1); // the row before `last`
+    std::vector<std::size_t> last(to.size() + 1);   // to each start of `to`, from the start of `from` that is reached
+    std::vector<std::size_t> row(to.size() + 1);
+    std::iota(last.begin(), last.end(), 0);
     for (std::size_t i = 0; i < from.size(); ++i) {
-        std::size_t diagonal = row[0];
         row[0] = i + 1;
         for (std::size_t j = 0; j < to.size(); ++j) {
-            const std::size_t exchanged = diagonal + (from[i] == to[j] ? 0 : 1);
-            diagonal = row[j + 1];
-            row[j + 1] = std::min({exchanged, diagonal + 1, row[j] + 1});
+            row[j + 1] = std::min({last[j] + (from[i] == to[j] ? 0 : 1), last[j + 1] + 1, row[j] + 1});
+            if (i > 0 && j > 0 && from[i] == to[j - 1] && from[i - 1] == to[j]) {
+                row[j + 1] = std::min(row[j + 1], before[j - 1] + 1);
+            }
         }
+        std::swap(before, last);
+        std::swap(last, row);
     }
-    return row.back();
+    return last.back();
 }
 
 struct Candidate
@@ -55,6 +59,12 @@ std::vector<std::string> nearNames(const std::string& given, const std::vector<s
     std::vector<std::string> near;
     std::ranges::transform(candidates, std::back_inserter(near), &Candidate::name);
     return near;
+}
+
+std::string nearHint(const std::string& given, const std::vector<std::string>& names)
+{
+    const std::vector<std::string> near = nearNames(given, names);
+    return near.empty() ? "" : (near.size() == 1 ? "; near it is " : "; near it are ") + joinNames(near);
 }
 
 std::string joinNames(const std::vector<std::string>& names)

@@ -10,6 +10,9 @@ namespace orlix::cli {
 /// five.
 std::vector<std::string> nearNames(const std::string& given, const std::vector<std::string>& names);
 
+/// What a message says of them: "; near it is a", "; near it are a, b", or nothing where there are none.
+std::string nearHint(const std::string& given, const std::vector<std::string>& names);
+
 /// "a, b, c"
 std::string joinNames(const std::vector<std::string>& names);
 

@@ -1,16 +1,35 @@
 // The arguments and options that a verb declares.
 #include "OptionList.h"
 
+#include "CommandMessages.h"
+#include "NearNames.h"
+
+#include <boost/algorithm/string/predicate.hpp>
+
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
 #include <charconv>
+#include <locale>
 
 namespace orlix::cli {
 
+namespace {
+
+/// What a message says was expected.
+std::string describe(const OptionList::Range& range)
+{
+    std::string text = range.multipleOf == 1 ? "a whole number" : "a multiple of " + std::to_string(range.multipleOf);
+    text += " from " + std::to_string(range.smallest);
+    return range.largest == std::numeric_limits<unsigned long>::max() ? text + " on"
+                                                                      : text + " to " + std::to_string(range.largest);
+}
+
+} // namespace
+
 Option& Option::valueName(const std::string& text)
 {
-    m_option->option_text(text);
+    m_option->option_text(text)->type_name(text); // of the help, and of what a message says is missing
     return *this;
 }
 
@@ -23,22 +42,6 @@ Option& Option::required()
 Option& Option::group(const std::string& heading)
 {
     m_option->group(heading);
-    return *this;
-}
-
-Option& Option::atMost(unsigned long limit)
-{
-    m_option->check(CLI::Range(0UL, limit));
-    return *this;
-}
-
-Option& Option::nonNegative()
-{
-    m_option->check([](const std::string& text) -> std::string {
-        double value = 0; // of text that is no number, which the option itself refuses
-        std::from_chars(text.data(), text.data() + text.size(), value);
-        return value < 0 ? "expected a number from 0 on, found \"" + text + "\"" : "";
-    });
     return *this;
 }
 
@@ -64,16 +67,6 @@ Option OptionList::add(const std::string& name, std::string& target, const std::
     return Option(*m_app->add_option(name, target, description));
 }
 
-Option OptionList::add(const std::string& name, unsigned long& target, const std::string& description)
-{
-    return Option(*m_app->add_option(name, target, description));
-}
-
-Option OptionList::add(const std::string& name, std::optional<float>& target, const std::string& description)
-{
-    return Option(*m_app->add_option(name, target, description));
-}
-
 Option OptionList::add(const std::string& name, std::vector<std::string>& target, const std::string& description)
 {
     return Option(*m_app->add_option(name, target, description));
@@ -89,6 +82,23 @@ Option OptionList::add(const std::string& name, const Read& read, const std::str
     return Option(*m_app->add_option_function<std::string>(name, readOrThrow, description));
 }
 
+Option OptionList::addNumber(const std::string& name, unsigned long& target, const Range& range,
+                             const std::string& description)
+{
+    const auto readNumber = [&target, range](const std::string& text) -> std::optional<std::string> {
+        unsigned long number = 0;
+        const char* const end = text.data() + text.size();
+        const auto [stop, error] = std::from_chars(text.data(), end, number);
+        if (error != std::errc() || stop != end || number < range.smallest || number > range.largest ||
+            number % range.multipleOf != 0) {
+            return formatMessage<eCommandMessage>(eCommandMessage::eBadOption, describe(range), text, "");
+        }
+        target = number;
+        return std::nullopt;
+    };
+    return add(name, readNumber, description);
+}
+
 Option OptionList::addChoice(const std::string& name, const std::vector<std::string>& words,
                              const std::function<void(std::size_t index)>& choose, const std::string& description)
 {
@@ -96,12 +106,19 @@ Option OptionList::addChoice(const std::string& name, const std::vector<std::str
     for (const std::string& word : words) {
         shown.append(shown.empty() ? "" : "|").append(word);
     }
-    const auto chooseWord = [words, choose](const std::string& given) {
-        choose(static_cast<std::size_t>(std::find(words.begin(), words.end(), given) - words.begin()));
+    const auto chooseWord = [words, choose](const std::string& given) -> std::optional<std::string> {
+        const auto isGiven = [&given](const std::string& word) {
+            return boost::algorithm::iequals(word, given, std::locale::classic());
+        };
+        const auto found = std::ranges::find_if(words, isGiven);
+        if (found == words.end()) {
+            return formatMessage<eCommandMessage>(eCommandMessage::eBadOption, "one of " + joinNames(words), given,
+                                                  nearHint(given, words));
+        }
+        choose(static_cast<std::size_t>(found - words.begin()));
+        return std::nullopt;
     };
-    return Option(*m_app->add_option_function<std::string>(name, chooseWord, description)
-                       ->option_text(shown)
-                       ->transform(CLI::IsMember(words, CLI::ignore_case)));
+    return add(name, chooseWord, description).valueName(shown);
 }
 
 Option OptionList::addFlag(const std::string& name, bool& target, const std::string& description)

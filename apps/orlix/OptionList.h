@@ -3,6 +3,7 @@
 #pragma once
 
 #include <functional>
+#include <limits>
 #include <optional>
 #include <string>
 #include <vector>
@@ -25,8 +26,6 @@ public:
     Option& required();
     /// The heading in the help under which the option stands.
     Option& group(const std::string& heading);
-    Option& atMost(unsigned long limit);
-    Option& nonNegative();
     /// A list of which every value needs the name of the option before it.
     Option& oneValueEach();
     /// Called after the value was accepted.
@@ -48,14 +47,22 @@ public:
     explicit OptionList(CLI::App& app) : m_app(&app) {}
 
     Option add(const std::string& name, std::string& target, const std::string& description);
-    Option add(const std::string& name, unsigned long& target, const std::string& description);
-    Option add(const std::string& name, std::optional<float>& target, const std::string& description);
     Option add(const std::string& name, std::vector<std::string>& target, const std::string& description);
 
     /// Tells what is wrong with the text, or returns nothing once it has taken it.
     using Read = std::function<std::optional<std::string>(const std::string& text)>;
     /// A value that is read as `read` does it.
     Option add(const std::string& name, const Read& read, const std::string& description);
+
+    /// A whole number. Multiples of more than 1 are told as such.
+    struct Range
+    {
+        unsigned long smallest = 0;
+        unsigned long largest = std::numeric_limits<unsigned long>::max();
+        unsigned long multipleOf = 1;
+    };
+    Option addNumber(const std::string& name, unsigned long& target, const Range& range,
+                     const std::string& description);
 
     /// One of a few words, in any case; `choose` gets the place in `words` of the one that was given.
     Option addChoice(const std::string& name, const std::vector<std::string>& words,

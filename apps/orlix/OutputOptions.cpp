@@ -2,6 +2,7 @@
 #include "OutputOptions.h"
 
 #include "CommandMessages.h"
+#include "NearNames.h"
 
 #include "ORLIX/ORLIXUtil/Raise.h"
 #include "ORLIXIPL/ORLIXImageIO/WriteImage.h"
@@ -20,11 +21,19 @@ using image::io::eImageFileFormat;
 using image::io::eTiffCompression;
 
 constexpr const char* g_group = "TIFF output";
+constexpr unsigned long g_largestTile = 65520;
+
+template <class TEnum>
+using Choices = std::vector<std::pair<std::string, typename TEnum::domain>>;
+
+const Choices<eTiffCompression> g_compressions = {
+    {"none", eTiffCompression::eNone}, {"packbits", eTiffCompression::ePackBits},
+    {"lzw", eTiffCompression::eLzw},   {"deflate", eTiffCompression::eDeflate},
+    {"zstd", eTiffCompression::eZstd}, {"lzma", eTiffCompression::eLzma}};
 
 /// An option whose value is one of a few words.
 template <class TEnum>
-Option addChoice(OptionList& list, const std::string& name, TEnum& target,
-                 const std::vector<std::pair<std::string, typename TEnum::domain>>& choices,
+Option addChoice(OptionList& list, const std::string& name, TEnum& target, const Choices<TEnum>& choices,
                  const std::string& description)
 {
     std::vector<std::string> words;
@@ -56,27 +65,40 @@ std::string namesOfTypes(const eImageFileFormat& format)
     return names;
 }
 
+void checkCompression(const eTiffCompression& compression)
+{
+    if (image::io::isBuiltIn(compression)) {
+        return;
+    }
+    std::string given;
+    std::vector<std::string> builtIn;
+    for (const auto& [word, value] : g_compressions) {
+        if (image::io::isBuiltIn(value)) {
+            builtIn.push_back(word);
+        } else if (compression == value) {
+            given = word;
+        }
+    }
+    raise<eCommandMessage>(ORLIX_HERE, eCommandMessage::eNoCodec, given, joinNames(builtIn));
+}
+
 } // namespace
 
 void addFormatOptions(OptionList& list, FormatOptions& options)
 {
     image::io::WriteOptions& write = options.write;
-    markTiffOption(addChoice(list, "--compression", write.compression,
-                             {{"none", eTiffCompression::eNone},
-                              {"packbits", eTiffCompression::ePackBits},
-                              {"lzw", eTiffCompression::eLzw},
-                              {"deflate", eTiffCompression::eDeflate},
-                              {"zstd", eTiffCompression::eZstd},
-                              {"lzma", eTiffCompression::eLzma}},
-                             "Lossless compression; default: none"),
-                   options);
+    markTiffOption(
+        addChoice(list, "--compression", write.compression, g_compressions, "Lossless compression; default: none"),
+        options);
     markTiffOption(list.addFlag(
                        "--no-predictor", [&write] { write.bPredictor = false; },
                        "Compress pixel values themselves, not differences of\nneighbours (lzw, deflate, zstd)"),
                    options);
     markTiffOption(list.addFlag("--tiled", write.bTiled, "Store tiles instead of strips"), options);
-    markTiffOption(list.add("--tile-size", write.tileSize,
-                            "Pixels along each side of a tile, a multiple of 16;\ndefault: 256; implies --tiled")
+    markTiffOption(list.addNumber("--tile-size", write.tileSize,
+                                  {.smallest = 16, .largest = g_largestTile, .multipleOf = 16},
+                                  "Pixels along each side of a tile, a multiple of 16;\n"
+                                  "default: 256; implies --tiled")
                        .valueName("PIXELS")
                        .whenGiven([&write] { write.bTiled = true; }),
                    options);
@@ -112,6 +134,7 @@ void checkOutput(const std::string& file, const FormatOptions& options)
     if (image::io::formatByEnding(file) != eImageFileFormat::eTiff && !options.firstTiffOption.empty()) {
         raise<eCommandMessage>(ORLIX_HERE, eCommandMessage::eOptionForTiffOnly, options.firstTiffOption, file);
     }
+    checkCompression(options.write.compression);
 }
 
 void checkElementType(const std::string& file, const image::BaseImage& image)

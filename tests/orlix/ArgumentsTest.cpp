@@ -1,11 +1,17 @@
 // Arguments, help, version and what is said about mistakes.
+#include "CommandLine.h"
 #include "orlix/support/Program.h"
 #include "orlix/support/TemporaryFolder.h"
 #include "orlix/support/TestImages.h"
 
+#include "ORLIX/ORLIXCore/BaseExecutor.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdlib>
+#include <iostream>
+#include <sstream>
 
 namespace orlix::test {
 namespace {
@@ -32,33 +38,57 @@ TEST_P(MistakeTest, EndsWithOneLineAndExitCode2)
 
 INSTANTIATE_TEST_SUITE_P(
     Arguments, MistakeTest,
-    ::testing::Values(Mistake{{},
-                              "a verb is needed, one of info, copy, convert, threshold, erase, compare, run, "
-                              "processors"},
-                      Mistake{{"frobnicate"}, "\"frobnicate\" is no verb"}, Mistake{{"--json"}, "a verb is needed"},
-                      Mistake{{"info"}, "FILE is required; `orlix info --help` tells more"},
-                      Mistake{{"info", "--bogus", "a.tif"}, "not expected: --bogus"},
-                      Mistake{{"--bogus", "info", "a.tif"}, "not expected: --bogus"},
-                      Mistake{{"processors", "nothing"}, "\"nothing\" is no processor"},
-                      Mistake{{"processors", "CopyImgLvl1", "surplus"}, "not expected: surplus"},
-                      Mistake{{"run"}, "PROCESSOR is required; `orlix run --help` tells more"},
-                      Mistake{{"run", "CopyImgLvl1", "--given"}, "--given"},
-                      Mistake{{"copy", "a.tif"}, "OUT is required"},
-                      Mistake{{"copy", "a.tif", "b.tif", "c.tif"}, "not expected: c.tif"},
-                      Mistake{{"copy", "a.tif", "b.jpg"}, "the ending \".jpg\" names no format"},
-                      Mistake{{"copy", "a.tif", "b"}, "names no format"},
-                      Mistake{{"copy", "a.tif", "b.png", "--tiled"}, "--tiled is for TIFF files"},
-                      Mistake{{"copy", "a.tif", "b.png", "--compression", "lzw"}, "--compression is for TIFF files"},
-                      Mistake{{"copy", "a.tif", "b.tif", "--compression", "zip"}, "zip not in"},
-                      Mistake{{"copy", "a.tif", "b.tif", "--tile-size", "many"}, "--tile-size"},
-                      Mistake{{"compare", "a.tif", "b.tif", "--absolute", "-1"},
-                              "--absolute: expected a number from 0 on, found \"-1\"; `orlix compare --help`"},
-                      Mistake{{"compare", "a.tif", "b.tif", "--relative", "few"}, "--relative"},
-                      Mistake{{"--threads", "x", "processors"}, "--threads"},
-                      Mistake{{"--threads", "-1", "processors"}, "--threads"},
-                      Mistake{{"processors", "--threads", "1025"}, "not in range 0 to 1024"},
-                      Mistake{{"processors", "--threads"}, "--threads"},
-                      Mistake{{"processors", "--instruction-set", "AVX9"}, "\"AVX9\" is no instruction set"}));
+    ::testing::Values(
+        Mistake{{},
+                "a verb is needed, one of info, copy, convert, threshold, erase, compare, run, "
+                "processors"},
+        Mistake{{"frobnicate"}, "\"frobnicate\" is no verb"}, Mistake{{"--json"}, "a verb is needed"},
+        Mistake{{"info"}, "FILE is required; `orlix info --help` tells more"},
+        Mistake{{"info", "--bogus", "a.tif"},
+                "\"--bogus\" is no option of `orlix info`; `orlix info --help` lists all"},
+        Mistake{{"--versoin"}, "\"--versoin\" is no option of `orlix`; near it is --version; `orlix --help`"},
+        Mistake{{"convert", "a.tif", "b.tif", "--typ", "UInt8"},
+                "\"--typ\" is no option of `orlix convert`; near it is --type;"},
+        Mistake{{"convert", "a.tif", "b.tif", "--Typ=UInt8"}, "\"--Typ\" is no option"},
+        Mistake{{"info", "-x"}, "\"-x\" is no option of `orlix info`"}, Mistake{{"--"}, "a verb is needed"},
+        Mistake{{"erase", "a.tif", "b.tif", "--value", "1", "--value=2"}, "--value is given twice; leave one out"},
+        Mistake{{"erase", "a.tif", "b.tif", "--value"}, "--value: 1 required VALUE missing; `orlix erase"},
+        Mistake{{"--qiet", "info", "a.tif"}, "near it is --quiet"},
+        Mistake{{"copy", "a.tif", "b.tif", "--compresion=lzw"},
+                "\"--compresion\" is no option of `orlix copy`; near it is --compression;"},
+        Mistake{{"comapre", "a.tif", "b.tif"}, "\"comapre\" is no verb; near it is compare; use one of info, copy, "},
+        Mistake{{"--bogus", "info", "a.tif"}, "\"--bogus\" is no option of `orlix info`"},
+        Mistake{{"processors", "nothing"}, "\"nothing\" is no processor"},
+        Mistake{{"processors", "CopyImgLvl1", "surplus"}, "not expected: surplus"},
+        Mistake{{"run"}, "PROCESSOR is required; `orlix run --help` tells more"},
+        Mistake{{"run", "CopyImgLvl1", "--given"}, "--given"}, Mistake{{"copy", "a.tif"}, "OUT is required"},
+        Mistake{{"copy", "a.tif", "b.tif", "c.tif"}, "not expected: c.tif"},
+        Mistake{{"copy", "a.tif", "b.jpg"}, "the ending \".jpg\" names no format"},
+        Mistake{{"copy", "a.tif", "b"}, "names no format"},
+        Mistake{{"copy", "a.tif", "b.png", "--tiled"}, "--tiled is for TIFF files"},
+        Mistake{{"copy", "a.tif", "b.png", "--compression", "lzw"}, "--compression is for TIFF files"},
+        Mistake{{"copy", "a.tif", "b.tif", "--compression", "defalte"},
+                "--compression: expected one of none, packbits, lzw, deflate, zstd, lzma, found "
+                "\"defalte\"; near it is deflate; `orlix copy --help`"},
+        Mistake{{"copy", "a.tif", "b.tif", "--tile-size", "many"},
+                "--tile-size: expected a multiple of 16 from 16 to 65520, found \"many\""},
+        Mistake{{"copy", "a.tif", "b.tif", "--tile-size", "0"}, "--tile-size: expected"},
+        Mistake{{"copy", "a.tif", "b.tif", "--tile-size", "40"}, "--tile-size: expected"},
+        Mistake{{"copy", "a.tif", "b.tif", "--tile-size", "65536"}, "--tile-size: expected"},
+        Mistake{{"threshold", "a.tif", "b.tif", "--min", "2.50", "--max", "1e0"}, "--min 2.50 is above --max 1e0"},
+        Mistake{{"compare", "a.tif", "b.tif", "--absolute", "-1"},
+                "--absolute: expected a number from 0 to 3.4028235e+38, found \"-1\"; `orlix compare"},
+        Mistake{{"compare", "a.tif", "b.tif", "--relative", "few"}, "--relative"},
+        Mistake{{"--threads", "x", "processors"},
+                "--threads: expected a whole number from 1 on, found \"x\"; `orlix processors --help`"},
+        Mistake{{"processors", "--threads", "0"}, "--threads: expected a whole number from 1 on"},
+        Mistake{{"processors", "--threads", "2.5"}, "--threads: expected a whole number from 1 on"},
+        Mistake{{"processors", "--threads", "18446744073709551617"}, "--threads: expected"},
+        Mistake{{"processors", "--threads="}, "--threads: 1 required N missing"},
+        Mistake{{"--threads", "-1", "processors"}, "--threads"}, Mistake{{"processors", "--threads"}, "--threads"},
+        Mistake{{"processors", "--instruction-set", "SSSE2"},
+                "\"SSSE2\" is no instruction set; near it is SSE2; use one that this processor has: plain"},
+        Mistake{{"processors", "--instruction-set", ""}, "\"\" is no instruction set; use one"}));
 
 INSTANTIATE_TEST_SUITE_P(
     Files, MistakeTest,
@@ -85,6 +115,27 @@ TEST(ArgumentsTest, ThoseAfterTheVerbWin)
 {
     EXPECT_EQ(runOrlix({"--instruction-set", "bogus", "processors", "--instruction-set", "plain"}).exitCode, 0);
     EXPECT_EQ(runOrlix({"--instruction-set", "plain", "processors", "--instruction-set", "bogus"}).exitCode, 2);
+}
+
+/// Runs the command in this process; 0 where it succeeds and leaves an executor of `nbThreads` threads.
+int threadsAfter(const std::vector<const char*>& arguments, unsigned long nbThreads)
+{
+    const std::ostringstream unread;
+    std::cout.rdbuf(unread.rdbuf());
+    return cli::runCommandLine(static_cast<int>(arguments.size()), arguments.data()) == 0 &&
+                   core::accessExecutor().getNbThreads() == nbThreads
+               ? 0
+               : 1;
+}
+
+TEST(ArgumentsTest, ThreadsAreAsManyAsWereAskedFor)
+{
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    const auto leftWith = ::testing::ExitedWithCode(0);
+    EXPECT_EXIT(std::_Exit(threadsAfter({"orlix", "processors", "--threads", "3"}, 3)), leftWith, "");
+    EXPECT_EXIT(std::_Exit(threadsAfter({"orlix", "--threads", "5", "processors"}, 5)), leftWith, "");
+    EXPECT_EXIT(std::_Exit(threadsAfter({"orlix", "--threads=5", "processors", "--threads=1"}, 1)), leftWith, "");
+    EXPECT_EXIT(std::_Exit(threadsAfter({"orlix", "processors"}, core::getNbUsableThreads())), leftWith, "");
 }
 
 TEST(ArgumentsTest, FileMayHaveTheNameOfAVerbOrLookLikeAnOption)

@@ -86,6 +86,34 @@ TEST_F(ConvertTest, SameFileWhateverThreadsAndInstructionSet)
     }
 }
 
+/// 300 has no place in a byte: plain code keeps its low bits, vector code clamps it.
+TEST_F(ConvertTest, InstructionSetIsTheOneThatWasAskedFor)
+{
+    const ImagePtr in = image::createImage(*image::geometry2d(eImageBufferType::Int32, 1, 1));
+    setRow<int>(in, {300});
+    const auto converted = [&](const std::string& before, const std::string& after) {
+        image::io::writeImage(m_folder / "in.tif", in);
+        const std::vector<std::string> verb = {"convert", m_folder / "in.tif", m_folder / "out.tif", "--type", "UInt8"};
+        std::vector<std::string> arguments;
+        if (!before.empty()) {
+            arguments = {"--instruction-set", before};
+        }
+        arguments.insert(arguments.end(), verb.begin(), verb.end());
+        if (!after.empty()) {
+            arguments.insert(arguments.end(), {"--instruction-set", after});
+        }
+        EXPECT_EQ(runOrlix(arguments).exitCode, 0);
+        return static_cast<int>(*image::planData<unsigned char>(*image::io::readImage(m_folder / "out.tif"), 0, 0, 0));
+    };
+    EXPECT_EQ(converted("", "plain"), 44);
+    EXPECT_EQ(converted("", "SSE2"), 255);
+    EXPECT_EQ(converted("plain", ""), 44);
+    EXPECT_EQ(converted("sse2", ""), 255);
+    EXPECT_EQ(converted("plain", "sse2"), 255);
+    EXPECT_EQ(converted("sse2", "PLAIN"), 44);
+    EXPECT_EQ(converted("", ""), 255) << "every processor has SSE2";
+}
+
 TEST_F(ConvertTest, JsonTellsWhatWasWritten)
 {
     const ProgramResult result =
@@ -93,6 +121,26 @@ TEST_F(ConvertTest, JsonTellsWhatWasWritten)
     const JsonDocument document = parseJson(result.out);
     EXPECT_EQ(document["output"].text, m_folder / "out.tif");
     EXPECT_EQ(document["type"].text, "UInt8");
+}
+
+TEST_F(ConvertTest, TypesByOtherNames)
+{
+    const ImagePtr in = makeNoise(*image::geometry2d(eImageBufferType::UInt8, 4, 3));
+    const std::vector<std::pair<std::string, eImageBufferType::domain>> types = {
+        {"int8", eImageBufferType::Int8},          {"UINT8", eImageBufferType::UInt8},
+        {"int16", eImageBufferType::Int16},        {"uint16", eImageBufferType::UInt16},
+        {"Int32", eImageBufferType::Int32},        {"uint32", eImageBufferType::UInt32},
+        {"float32", eImageBufferType::Real32},     {"Float32", eImageBufferType::Real32},
+        {"bool", eImageBufferType::eBufferBinary}, {"BOOL", eImageBufferType::eBufferBinary}};
+    for (const auto& [name, type] : types) {
+        const ProgramResult result = convert(in, {"--type", name});
+        EXPECT_EQ(result.exitCode, 0) << result.err;
+        EXPECT_EQ(image::io::readImage(m_folder / "out.tif")->getBufferType(), type) << name;
+        const ProgramResult run = runOrlix({"run", "ConvertImgLvl1", "InImg=" + (m_folder / "in.tif"),
+                                            "OutImg=" + (m_folder / "run.tif"), "InConvertImageBufferType=" + name});
+        EXPECT_EQ(run.exitCode, 0) << run.err;
+        EXPECT_EQ(image::io::readImage(m_folder / "run.tif")->getBufferType(), type) << name;
+    }
 }
 
 TEST_F(ConvertTest, TypeIsNeededAndHasToBeOne)
@@ -105,6 +153,16 @@ TEST_F(ConvertTest, TypeIsNeededAndHasToBeOne)
     EXPECT_EQ(unknown.exitCode, 2);
     EXPECT_NE(unknown.err.find("--type"), std::string::npos) << unknown.err;
     EXPECT_NE(unknown.err.find("Float64"), std::string::npos) << unknown.err;
+    for (const auto& [name, near] : {std::pair("Unit8", "UInt8"), std::pair("flaot32", "float32")}) {
+        const std::string hint = "found \"" + std::string(name) + "\"; near it is " + near;
+        const ProgramResult mistyped = convert(in, {"--type", name});
+        EXPECT_EQ(mistyped.exitCode, 2);
+        EXPECT_NE(mistyped.err.find("--type: expected one of Int8, "), std::string::npos) << mistyped.err;
+        EXPECT_NE(mistyped.err.find(hint), std::string::npos) << mistyped.err;
+        const ProgramResult run = runOrlix({"run", "ConvertImgLvl1", "InConvertImageBufferType=" + std::string(name)});
+        EXPECT_EQ(run.exitCode, 2);
+        EXPECT_NE(run.err.find(hint), std::string::npos) << run.err;
+    }
     EXPECT_EQ(m_folder.getNames(), NameSet{"in.tif"});
 }
 

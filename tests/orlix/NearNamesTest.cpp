@@ -15,6 +15,9 @@ TEST(NearNamesTest, FewLettersAway)
     EXPECT_EQ(cli::nearNames("cpy", names), Names{"Copy"});
     EXPECT_EQ(cli::nearNames("Copyy", names), Names{"Copy"});
     EXPECT_EQ(cli::nearNames("CONVERT", names), Names{"Convert"});
+    EXPECT_EQ(cli::nearNames("comapre", names), Names{"Compare"});
+    EXPECT_EQ(cli::nearNames("ocpy", names), Names{"Copy"});
+    EXPECT_EQ(cli::nearNames("ocyp", names), Names());
     EXPECT_EQ(cli::nearNames("Cnvrt", names), Names());
 }
 
@@ -30,6 +33,13 @@ TEST(NearNamesTest, AtMostFive)
               (Names{"aa1", "aa2", "aa3", "aa4", "aa5"}));
     EXPECT_EQ(cli::nearNames("", {"a", "bcd"}), Names{"a"});
     EXPECT_EQ(cli::nearNames("a", {}), Names());
+}
+
+TEST(NearNamesTest, Hint)
+{
+    EXPECT_EQ(cli::nearHint("cop", {"copy", "erase"}), "; near it is copy");
+    EXPECT_EQ(cli::nearHint("cop", {"copy", "coop", "erase"}), "; near it are copy, coop");
+    EXPECT_EQ(cli::nearHint("cop", {"erase"}), "");
 }
 
 TEST(NearNamesTest, JoinedByCommas)

@@ -184,6 +184,8 @@ TEST_F(RunTest, MistakesAreToldBeforeAnyFileIsTouched)
     EXPECT_EQ(refusal({"CopyImgLvl1", in, "InImg=b.tif"}), "InImg is given twice; leave one out");
     EXPECT_EQ(refusal({"CopyImgLvl1", "InPicture=b.tif"}),
               "CopyImgLvl1 has no attribute \"InPicture\"; it has InImg, OutImg");
+    EXPECT_EQ(refusal({"CopyImgLvl1", "inImgg=b.tif"}),
+              "CopyImgLvl1 has no attribute \"inImgg\"; near it is InImg; it has InImg, OutImg");
     for (const char* word : {"b.tif", "=b.tif"}) {
         EXPECT_EQ(refusal({"CopyImgLvl1", word}).find("\"" + std::string(word) + "\" must be an ATTRIBUTE=VALUE"), 0U);
         EXPECT_EQ(refusal({"CopyImgLvl1", "--given", word}).find("\"" + std::string(word) + "\" must be"), 0U);

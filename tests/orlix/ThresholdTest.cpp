@@ -105,12 +105,24 @@ TEST_F(ThresholdTest, KeepsAxesAndCalibration)
 TEST_F(ThresholdTest, BoundsTheTypeCannotHoldAreRefused)
 {
     const ImagePtr in = makeNoise(*geometry2d(eImageBufferType::UInt8, 4, 3));
-    EXPECT_NE(refusal(in, {"--min", "-1"}).find("InThresholdMin"), std::string::npos);
-    EXPECT_NE(refusal(in, {"--max", "256"}).find("InThresholdMax"), std::string::npos);
-    EXPECT_NE(refusal(in, {"--min", "100", "--max", "99"}).find("InThresholdMin"), std::string::npos);
-    EXPECT_NE(refusal(in, {"--min", "nan"}).find("InThresholdMin"), std::string::npos);
-    EXPECT_NE(refusal(in, {"--max", "inf"}).find("InThresholdMax"), std::string::npos);
-    EXPECT_NE(refusal(in, {"--min", "bright"}).find("--min"), std::string::npos);
+    for (const std::string option : {"--min", "--max"}) {
+        for (const std::string value : {"-1", "255.5", "256", "nan", "inf", "-inf"}) {
+            EXPECT_EQ(refusal(in, {option + "=" + value}),
+                      "orlix: " + option + " " + value + ": UInt8 holds 0 to 255\n");
+        }
+    }
+    EXPECT_EQ(refusal(in, {"--min", "100", "--max", "99"}), "orlix: --min 100 is above --max 99: exchange the two\n");
+    EXPECT_EQ(refusal(in, {"--min", "bright"}), "orlix: --min: expected number, found \"bright\"; `orlix threshold "
+                                                "--help` tells more\n");
+    const auto refusalOf = [&](eImageBufferType type, const std::string& value) {
+        return refusal(makeNoise(*geometry2d(type, 4, 3)), {"--max", value});
+    };
+    EXPECT_EQ(refusalOf(eImageBufferType::Int16, "32768"), "orlix: --max 32768: Int16 holds -32768 to 32767\n");
+    EXPECT_EQ(refusalOf(eImageBufferType::eBufferBinary, "2"), "orlix: --max 2: Binary holds 0 to 1\n");
+    EXPECT_EQ(refusalOf(eImageBufferType::Real32, "1e39"),
+              "orlix: --max 1e39: Real32 holds -3.4028234663852886e+38 to 3.4028234663852886e+38\n");
+    EXPECT_EQ(refusalOf(eImageBufferType::UInt32, "4294967296"),
+              "orlix: --max 4294967296: UInt32 holds 0 to 4294967295\n");
 }
 
 } // namespace

@@ -7,6 +7,7 @@
 #include "JsonWriter.h"
 #include "PlainText.h"
 #include "RunProcessor.h"
+#include "Tolerances.h"
 #include "Verb.h"
 
 #include "ORLIX/ORLIXUtil/Raise.h"
@@ -22,12 +23,14 @@ namespace {
 using imaproc::attr::CompareResult;
 using imaproc::attr::ImgComparisonTolerance;
 
+constexpr const char* g_absolute = "--absolute";
+
 struct CompareArguments
 {
     std::string first;
     std::string second;
-    std::optional<float> absolute;
-    std::optional<float> relative;
+    std::optional<GivenTolerance> absolute;
+    std::optional<GivenTolerance> relative;
     std::string picture; ///< empty for none
 };
 
@@ -35,12 +38,12 @@ boost::shared_ptr<const ImgComparisonTolerance> toleranceOf(const CompareArgumen
 {
     using namespace imaproc::attr;
     if (arguments.absolute && arguments.relative) {
-        return createImgComparisonTolerance(*arguments.absolute, *arguments.relative);
+        return createImgComparisonTolerance(arguments.absolute->value, arguments.relative->value);
     }
     if (arguments.absolute) {
-        return createImgComparisonAbsoluteTolerance(*arguments.absolute);
+        return createImgComparisonAbsoluteTolerance(arguments.absolute->value);
     }
-    return arguments.relative ? createImgComparisonRelativeTolerance(*arguments.relative)
+    return arguments.relative ? createImgComparisonRelativeTolerance(arguments.relative->value)
                               : createImgComparisonNoTolerance();
 }
 
@@ -100,9 +103,9 @@ void print(std::ostream& out, const CompareArguments& arguments, const CompareRe
 void writeJson(JsonWriter& json, const CompareArguments& arguments, const CompareResult& result,
                const DifferenceStatistics& statistics)
 {
-    const auto optional = [&json](const char* name, const std::optional<float>& value) {
+    const auto optional = [&json](const char* name, const std::optional<GivenTolerance>& tolerance) {
         json.key(name);
-        value ? json.value(*value) : json.null();
+        tolerance ? json.value(tolerance->value) : json.null();
     };
     json.beginObject();
     json.member("first", arguments.first);
@@ -149,6 +152,9 @@ void runCompare(const CompareArguments& arguments, CommandContext& context)
     const ImagePtr first = readInput(arguments.first, context);
     const ImagePtr second = readInput(arguments.second, context);
     checkComparable(arguments, *first, *second);
+    if (arguments.absolute) {
+        checkAbsoluteTolerance(g_absolute, *arguments.absolute, first->getGeometry());
+    }
     const boost::shared_ptr<CompareResult> result = compare(arguments, first, second, context);
     if (!arguments.picture.empty()) {
         writePicture(arguments, *first, *second, *result, context);
@@ -172,17 +178,13 @@ VerbRun setUpCompare(OptionList& options)
     options.add("SECOND", arguments->second, "TIFF or PNG file of the same sizes and element type")
         .valueName(" ")
         .required();
-    options
-        .add("--absolute", arguments->absolute,
-             "Let differences of up to so many grey values pass; on\ninteger images the fraction is dropped")
-        .valueName("VALUE")
-        .nonNegative();
-    options
-        .add("--relative", arguments->relative,
-             "Let differences of up to this part of the larger absolute\nvalue pass; with --absolute too, those "
-             "within either")
-        .valueName("PART")
-        .nonNegative();
+    addToleranceOption(options, g_absolute, arguments->absolute,
+                       "Let differences of up to so many grey values pass; on\ninteger images the fraction is dropped")
+        .valueName("VALUE");
+    addToleranceOption(options, "--relative", arguments->relative,
+                       "Let differences of up to this part of the larger absolute\nvalue pass; with --absolute too, "
+                       "those within either")
+        .valueName("PART");
     options
         .add("--picture", arguments->picture,
              "Draw the plan of the first difference in both images and\nits differences into a PNG file")

@@ -15,7 +15,7 @@ using imaproc::attr::InConvertImageBufferType;
 struct ConvertArguments
 {
     FileArguments files;
-    std::optional<image::eImageBufferType> type;
+    std::optional<GivenValue<image::eImageBufferType>> type;
 };
 
 ImagePtr convert(const ImagePtr& in, const image::eImageBufferType& type, CommandContext& context)
@@ -32,13 +32,14 @@ VerbRun setUpConvert(OptionList& options)
     addFileArguments(options, arguments->files);
     addAttributeOption<InConvertImageBufferType>(options, "--type", arguments->type,
                                                  "Element type of the output: Int8, UInt8, Int16, UInt16, Int32,\n"
-                                                 "UInt32, Real32, Binary, UInt8Like, UInt16Like or UInt32Like.\n"
+                                                 "UInt32, Real32, Binary, UInt8Like, UInt16Like or UInt32Like;\n"
+                                                 "float32 and bool for Real32 and Binary. Upper or lower case.\n"
                                                  "Values are converted as they stand, nothing is scaled")
         .valueName("TYPE")
         .required();
     return [arguments](CommandContext& context) {
         transformFile(arguments->files, context,
-                      [&](const ImagePtr& in) { return convert(in, *arguments->type, context); });
+                      [&](const ImagePtr& in) { return convert(in, arguments->type->value, context); });
     };
 }
 

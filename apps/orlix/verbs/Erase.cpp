@@ -15,13 +15,13 @@ using imaproc::attr::InOptEraseValue;
 struct EraseArguments
 {
     FileArguments files;
-    std::optional<double> value;
+    std::optional<GivenValue<double>> value;
 };
 
 ImagePtr erase(const ImagePtr& image, const EraseArguments& arguments, CommandContext& context)
 {
     using namespace imaproc;
-    const double value = arguments.value.value_or(InOptEraseValue().getValue());
+    const double value = arguments.value ? arguments.value->value : InOptEraseValue().getValue();
     return runProcessor<util::EraseImgLvl1>("erase", context, processor::with<attr::OutImg>(image),
                                             processor::with<InOptEraseValue>(value))
         ->getStorage<attr::OutImg>();
