@@ -187,6 +187,36 @@ TEST(DifferencePictureTest, PanelsShowBothPlansAndTheirDifference)
     EXPECT_EQ(colourAt(*picture, scale, 26 + 2 * 85 - 1), cli::colourOf(0));
 }
 
+/// Sizes of 3x2x3x2x2; the images differ from plan z 2, c 0, t 1 on, in each plan at a pixel of its own.
+TEST_F(CompareTest, PictureShowsThePlanOfTheFirstDifference)
+{
+    const auto geometry = geometry5d(eImageBufferType::UInt8, 3, 2, 3, 2, 2);
+    const ImagePtr one = image::createImage(*geometry);
+    const ImagePtr two = image::createImage(*geometry);
+    for (unsigned long t = 0; t < 2; ++t) {
+        for (unsigned long c = 0; c < 2; ++c) {
+            for (unsigned long z = 0; z < 3; ++z) {
+                std::memset(image::planData<unsigned char>(*one, z, c, t), 100, 6);
+                std::memset(image::planData<unsigned char>(*two, z, c, t), 100, 6);
+            }
+        }
+    }
+    image::planData<unsigned char>(*two, 2, 0, 1)[5] = 200;
+    for (unsigned long z = 0; z < 3; ++z) {
+        image::planData<unsigned char>(*two, z, 1, 1)[z] = 200;
+    }
+    const std::string picture = m_folder / "difference.png";
+    const ProgramResult result = compare(one, two, {"--picture", picture});
+    EXPECT_NE(result.out.find("first       x 2, y 1, z 2, c 0, t 1: 100 in"), std::string::npos) << result.out;
+    const ImagePtr drawn = image::io::readImage(picture);
+    for (unsigned long i = 0; i < 6; ++i) {
+        const unsigned long x = 8 + 2 * (3 * 85 + 8) + i % 3 * 85 + 40;
+        EXPECT_EQ(colourAt(*drawn, x, 26 + i / 3 * 85 + 40), cli::colourOf(i == 5 ? 1 : 0)) << i;
+    }
+    EXPECT_EQ(compare(two, two, {"--picture", picture}).exitCode, 0);
+    EXPECT_EQ(colourAt(*image::io::readImage(picture), 8 + 2 * (3 * 85 + 8) + 40, 66), cli::colourOf(0));
+}
+
 TEST(DifferencePictureTest, LightnessGrowsAllTheWay)
 {
     const auto lightness = [](const cli::Colour& colour) {
