@@ -58,6 +58,20 @@ inline ImagePtr makeRandom(const image::BaseImageGeometry& geometry, unsigned lo
     return image;
 }
 
+/// A new image of the same geometry and elements, made row by row: no operator has a hand in it.
+inline ImagePtr plainCopy(const image::BaseImage& image)
+{
+    const ImagePtr copy = image::createImage(image.getGeometry());
+    const std::vector<std::byte> bytes = bytesOf(image);
+    const std::byte* next = bytes.data();
+    forEachRow(*copy, [&](unsigned long t, std::byte* row) {
+        const unsigned long nbBytes = image.getSizeX() * image::elementSize(image.getBufferType(t));
+        std::memcpy(row, next, nbBytes);
+        next += nbBytes;
+    });
+    return copy;
+}
+
 /// How an image lies in memory of the caller's.
 struct WrapForm
 {

@@ -32,7 +32,7 @@ TEST(CompareImgTest, EqualImagesHaveNoDifference)
         const ImagePtr image = createImage(*geometry);
         testing::forEachRow(*image,
                             [&](unsigned long, std::byte* row) { std::memset(row, 1, 37 * image::elementSize(type)); });
-        const auto result = compareImg(image, copyImg(image));
+        const auto result = compareImg(image, testing::plainCopy(*image));
         EXPECT_TRUE(result->identical);
         EXPECT_EQ(result->nbDifferentPixels, 0u);
         EXPECT_EQ(result->nbComparedPixels, 37u * 29 * 4 * 3 * 2);
@@ -49,7 +49,7 @@ TEST(CompareImgTest, AnyOnePixelIsFoundWhereItIs)
     const ImagePtr first = makeRandom(*geometry);
     for (const attr::PixelPosition at :
          {attr::PixelPosition{0, 0, 0, 0, 0}, {12, 10, 2, 1, 1}, {5, 0, 0, 0, 1}, {0, 10, 2, 1, 0}, {7, 3, 1, 0, 1}}) {
-        const ImagePtr second = copyImg(first);
+        const ImagePtr second = testing::plainCopy(*first);
         flip(*second, at);
         const auto result = compareImg(first, second);
         EXPECT_FALSE(result->identical);
@@ -64,7 +64,7 @@ TEST(CompareImgTest, AnyOnePixelIsFoundWhereItIs)
 TEST(CompareImgTest, TheFirstOfSeveralPlansCountsByZThenCThenT)
 {
     const ImagePtr first = makeRandom(*geometry5d(eImageBufferType::UInt8, 5, 5, 2, 2, 2));
-    const ImagePtr second = copyImg(first);
+    const ImagePtr second = testing::plainCopy(*first);
     flip(*second, {0, 0, 0, 1, 0});
     flip(*second, {4, 4, 1, 0, 0});
     flip(*second, {0, 0, 0, 0, 1});
@@ -78,7 +78,7 @@ TEST(CompareImgTest, StripsAndThreadsGiveTheSameResult)
 {
     const auto geometry = geometry5d(eImageBufferType::UInt16, 701, 997, 2, 1, 2);
     const ImagePtr first = makeRandom(*geometry, 1);
-    const ImagePtr second = copyImg(first);
+    const ImagePtr second = testing::plainCopy(*first);
     for (const unsigned long y : {996UL, 700UL, 500UL, 333UL, 332UL}) {
         flip(*second, {y % 701, y, 1, 0, 0});
         flip(*second, {3, y, 1, 0, 1});
@@ -140,7 +140,7 @@ TEST(CompareImgTest, AnImageIsTheSameAsItself)
 TEST(CompareImgTest, AsynchronousForms)
 {
     const ImagePtr first = makeRandom(*geometry2d(eImageBufferType::UInt8, 100, 100));
-    const ImagePtr second = copyImg(first);
+    const ImagePtr second = testing::plainCopy(*first);
     image::planData<unsigned char>(*second, 0, 0, 0)[205] ^= 4;
     const auto exact = compareImg_async(first, second);
     ASSERT_TRUE(exact->wait().getValue());

@@ -28,7 +28,7 @@ TEST(ConvertImgTest, everyPairOfTypesInBothForms)
 {
     for (const eImageBufferType from : image::g_allBufferTypes) {
         const ImagePtr in = makeRandom(*geometry5d(from, 37, 29, 2, 3, 2));
-        const ImagePtr before = copyImg(in);
+        const ImagePtr before = testing::plainCopy(*in);
         for (const eImageBufferType to : image::g_allBufferTypes) {
             const ImagePtr made = convertImg(in, to);
             EXPECT_NE(made, in);
