@@ -4,6 +4,7 @@
 #include "ORLIX/ORLIXUtil/Raise.h"
 #include "ORLIXIPL/ORLIXImageIO/Logger/ORLIXImageIOLogMessages.h"
 
+#include <boost/filesystem/operations.hpp>
 #include <boost/system/error_code.hpp>
 
 #include <fcntl.h>
@@ -31,6 +32,11 @@ const char* kindOf(const struct stat& status)
 } // namespace
 
 ByteSource::~ByteSource() = default;
+
+std::unique_ptr<ByteSource> ByteSource::openBeside(const std::string&) const
+{
+    return nullptr;
+}
 
 FileSource::FileSource(const boost::filesystem::path& file)
     : ByteSource(file.string(), 0), m_descriptor(::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK))
@@ -70,6 +76,13 @@ unsigned long FileSource::read(unsigned long offset, void* target, unsigned long
     const unsigned long available = std::min(bytes, m_windowSize - skipped);
     std::memcpy(target, m_window.data() + skipped, available);
     return available;
+}
+
+std::unique_ptr<ByteSource> FileSource::openBeside(const std::string& name) const
+{
+    const boost::filesystem::path file = boost::filesystem::path(m_name).parent_path() / name;
+    boost::system::error_code ignored;
+    return boost::filesystem::exists(file, ignored) ? std::make_unique<FileSource>(file) : nullptr;
 }
 
 unsigned long FileSource::readFile(unsigned long offset, void* target, unsigned long bytes) noexcept

@@ -45,7 +45,8 @@ const std::vector<MessageText>& MessageCatalogue<eORLIXImageIOMessage>::texts()
          "damaged or cut short, get a whole copy of it"},
         {eORLIXImageIOMessage::eBadDescription, "%s: its %s description is wrong: %s; remove or mend the description"},
         {eORLIXImageIOMessage::eOutsideFile,
-         "%s: its OME-XML description puts pixels into another file, %s: join the files to one first"},
+         "%s: its OME-XML description puts pixels into another file, %s, which is not read (%s): put all files of the "
+         "set, with the names that the description has, into one folder, or join them to one file"},
         {eORLIXImageIOMessage::eMissingPlan,
          "%s: its OME-XML description names no page for the plan z=%d, c=%d, t=%d: mend the description"},
         {eORLIXImageIOMessage::eDamagedPng,
@@ -79,7 +80,11 @@ const std::vector<MessageText>& MessageCatalogue<eORLIXImageIOMessage>::texts()
         {eORLIXImageIOMessage::eWriteFailed,
          "%s: can't be written (%s); what was there before is unchanged: make room or choose another folder"},
         {eORLIXImageIOMessage::eCannotReplace,
-         "%s: the finished file can't take its place (%s): check the permissions of the file and its folder"}};
+         "%s: the finished file can't take its place (%s): check the permissions of the file and its folder"},
+        {eORLIXImageIOMessage::eVolumePage,
+         "%s: page %d holds a volume (ImageDepth %d, TileDepth %d), of which libtiff reads the first plan alone: write "
+         "each plan as a page of its own"},
+        {eORLIXImageIOMessage::eNotForImageJ, "%s: ImageJ can't read %s: %s"}};
     return g_texts;
 }
 

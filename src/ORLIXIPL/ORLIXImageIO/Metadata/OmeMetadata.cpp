@@ -33,14 +33,6 @@ OmeAxes axesOf(pugi::xml_node pixels, const PageFacts& facts)
                              std::to_string(facts.samples) + " channels");
     }
     axes.sizeC = channels / facts.samples;
-
-    unsigned long plans = 0;
-    if (__builtin_mul_overflow(axes.sizeZ, axes.sizeC, &plans) || __builtin_mul_overflow(plans, axes.sizeT, &plans) ||
-        plans == 0 || plans > facts.pages) {
-        refuseOme(facts, "it tells of " + std::to_string(axes.sizeZ) + " plans, " + std::to_string(channels) +
-                             " channels and " + std::to_string(axes.sizeT) + " time steps, but the file has " +
-                             std::to_string(facts.pages) + " pages");
-    }
     return axes;
 }
 
@@ -82,6 +74,20 @@ CalibrationPtr calibrationFrom(pugi::xml_node pixels)
     return calibrationOf(unit == "pixel" ? "px" : unit, *sizeX, *sizeY, sizeZ);
 }
 
+// Of the image to read.
+pugi::xml_node pixelsOfImage(pugi::xml_node ome, const OmeIdentity& identity)
+{
+    const auto isHere = [&](pugi::xml_node image) {
+        const pugi::xml_node pixels = childNamed(image, "Pixels");
+        return hasName(image, "Image") &&
+               (!childNamed(pixels, "TiffData") || pixels.find_child([&](pugi::xml_node child) {
+                   return hasName(child, "TiffData") && identity.isOwn(child);
+               }));
+    };
+    const pugi::xml_node image = ome.find_child(isHere);
+    return childNamed(image ? image : childNamed(ome, "Image"), "Pixels");
+}
+
 } // namespace
 
 bool isOmeDescription(std::string_view text)
@@ -90,7 +96,14 @@ bool isOmeDescription(std::string_view text)
     return root != text.npos && text[root] == '<' && (text.find("<OME") != text.npos || text.find(":OME") != text.npos);
 }
 
-ImageMetadata metadataOfOme(std::string_view text, const PageFacts& facts)
+std::string uuidOfOme(std::string_view text)
+{
+    pugi::xml_document document;
+    document.load_buffer(text.data(), text.size());
+    return childNamed(document, "OME").attribute("UUID").value();
+}
+
+ImageMetadata metadataOfOme(std::string_view text, const PageFacts& facts, OmeFiles* files)
 {
     pugi::xml_document document;
     const pugi::xml_parse_result result = document.load_buffer(text.data(), text.size());
@@ -101,9 +114,11 @@ ImageMetadata metadataOfOme(std::string_view text, const PageFacts& facts)
     const pugi::xml_node ome = childNamed(document, "OME");
     if (const pugi::xml_node binaryOnly = childNamed(ome, "BinaryOnly")) {
         raise<eORLIXImageIOMessage>(ORLIX_HERE, eORLIXImageIOMessage::eOutsideFile, facts.file,
-                                    binaryOnly.attribute("MetadataFile").value());
+                                    binaryOnly.attribute("MetadataFile").value(),
+                                    "that file has the description of the axes: read it, if it is a TIFF file");
     }
-    const pugi::xml_node pixels = childNamed(childNamed(ome, "Image"), "Pixels");
+    const OmeIdentity identity(ome, facts);
+    const pugi::xml_node pixels = pixelsOfImage(ome, identity);
     if (!pixels) {
         refuseOme(facts, "it tells of no image");
     }
@@ -122,7 +137,7 @@ ImageMetadata metadataOfOme(std::string_view text, const PageFacts& facts)
         metadata.temporal.initSequence(axes.sizeT);
     }
     metadata.calibration = calibrationFrom(pixels);
-    metadata.places = placesOfPlanes(ome, pixels, axes, facts);
+    metadata.places = placesOfPlanes(pixels, axes, identity, facts, files);
     followAnnotation(ome, metadata);
     return metadata;
 }

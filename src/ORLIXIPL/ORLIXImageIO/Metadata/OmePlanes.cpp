@@ -8,7 +8,8 @@
 #include "ORLIXIPL/ORLIXImageIO/Metadata/XmlNames.h"
 
 #include <algorithm>
-#include <cstring>
+#include <set>
+#include <utility>
 
 namespace orlix::image::io {
 
@@ -20,9 +21,19 @@ constexpr unsigned long g_noPage = NumericLimits<unsigned long>::s_max;
 class PlaneTable
 {
 public:
-    PlaneTable(const OmeAxes& axes, const PageFacts& facts)
-        : m_axes(axes), m_facts(facts), m_pages(axes.sizeZ * axes.sizeC * axes.sizeT, g_noPage)
-    {}
+    /// `pages` are those of all files.
+    PlaneTable(const OmeAxes& axes, const PageFacts& facts, unsigned long pages) : m_axes(axes), m_facts(facts)
+    {
+        unsigned long plans = 0;
+        if (__builtin_mul_overflow(axes.sizeZ, axes.sizeC, &plans) ||
+            __builtin_mul_overflow(plans, axes.sizeT, &plans) || plans == 0 || plans > pages) {
+            refuseOme(facts, "it tells of " + std::to_string(axes.sizeZ) + " plans, " +
+                                 std::to_string(axes.sizeC * facts.samples) + " channels and " +
+                                 std::to_string(axes.sizeT) + " time steps, but the file has " + std::to_string(pages) +
+                                 " pages");
+        }
+        m_pages.resize(plans);
+    }
 
     unsigned long getSize() const { return m_pages.size(); }
 
@@ -36,13 +47,13 @@ public:
         return index;
     }
 
-    void set(unsigned long index, unsigned long page)
+    void set(unsigned long index, unsigned long file, unsigned long page)
     {
-        if (m_pages[index] != g_noPage) {
-            refuseOme(m_facts, "two pages, " + std::to_string(m_pages[index]) + " and " + std::to_string(page) +
+        if (m_pages[index].page != g_noPage) {
+            refuseOme(m_facts, "two pages, " + std::to_string(m_pages[index].page) + " and " + std::to_string(page) +
                                    ", are given for one plan");
         }
-        m_pages[index] = page;
+        m_pages[index] = {file, page};
     }
 
     std::vector<PagePlace> toPlaces() const
@@ -56,17 +67,23 @@ public:
                 rest /= sizeOf(name);
             }
             const unsigned long channel = position[1] * m_facts.channels;
-            if (m_pages[index] == g_noPage) {
+            if (m_pages[index].page == g_noPage) {
                 raise<eORLIXImageIOMessage>(ORLIX_HERE, eORLIXImageIOMessage::eMissingPlan, m_facts.file, position[0],
                                             channel, position[2]);
             }
-            places.push_back({m_pages[index], position[0], channel, position[2]});
+            places.push_back({m_pages[index].page, position[0], channel, position[2], m_pages[index].file});
         }
-        std::ranges::sort(places, {}, &PagePlace::page);
+        std::ranges::sort(places, {}, [](const PagePlace& place) { return std::pair(place.file, place.page); });
         return places;
     }
 
 private:
+    struct FilePage
+    {
+        unsigned long file = 0;
+        unsigned long page = g_noPage;
+    };
+
     unsigned long sizeOf(char axis) const
     {
         return axis == 'Z' ? m_axes.sizeZ : axis == 'C' ? m_axes.sizeC : m_axes.sizeT;
@@ -74,22 +91,11 @@ private:
 
     const OmeAxes& m_axes;
     const PageFacts& m_facts;
-    std::vector<unsigned long> m_pages;
+    std::vector<FilePage> m_pages;
 };
 
-// Each file of a set carries the whole set's description; its own identity is the root's UUID.
-void checkFile(pugi::xml_node ome, pugi::xml_node tiffData, const PageFacts& facts)
-{
-    const char* const own = ome.attribute("UUID").value();
-    const pugi::xml_node uuid = childNamed(tiffData, "UUID");
-    if (uuid && *own != '\0' && std::strcmp(uuid.text().get(), own) != 0) {
-        const char* const fileName = uuid.attribute("FileName").value();
-        raise<eORLIXImageIOMessage>(ORLIX_HERE, eORLIXImageIOMessage::eOutsideFile, facts.file,
-                                    *fileName != '\0' ? fileName : uuid.text().get());
-    }
-}
-
-void placeRun(pugi::xml_node tiffData, const OmeAxes& axes, const PageFacts& facts, PlaneTable& table)
+void placeRun(pugi::xml_node tiffData, unsigned long file, unsigned long pages, const OmeAxes& axes,
+              const PageFacts& facts, PlaneTable& table)
 {
     const unsigned long page = numberAttribute(tiffData, "IFD", 0, facts);
     const bool bCountTold = tiffData.attribute("PlaneCount") || tiffData.attribute("IFD");
@@ -103,34 +109,40 @@ void placeRun(pugi::xml_node tiffData, const OmeAxes& axes, const PageFacts& fac
     }
     const unsigned long first = table.indexOf(z, c, t);
     if (!bCountTold) {
-        count = std::min(facts.pages, table.getSize() - first);
+        count = std::min(pages, table.getSize() - first);
     }
-    if (page > facts.pages || count > facts.pages - page || count > table.getSize() - first) {
+    if (page > pages || count > pages - page || count > table.getSize() - first) {
         refuseOme(facts, "pages " + std::to_string(page) + " and following, " + std::to_string(count) +
-                             " in all, are told of, but the file has " + std::to_string(facts.pages) +
+                             " in all, are told of, but the file has " + std::to_string(pages) +
                              " pages and the image " + std::to_string(table.getSize()) + " plans");
     }
     for (unsigned long i = 0; i < count; ++i) {
-        table.set(first + i, page + i);
+        table.set(first + i, file, page + i);
     }
 }
 
 } // namespace
 
-std::vector<PagePlace> placesOfPlanes(pugi::xml_node ome, pugi::xml_node pixels, const OmeAxes& axes,
-                                      const PageFacts& facts)
+std::vector<PagePlace> placesOfPlanes(pugi::xml_node pixels, const OmeAxes& axes, const OmeIdentity& identity,
+                                      const PageFacts& facts, OmeFiles* files)
 {
-    PlaneTable table(axes, facts);
-    bool bTold = false;
+    std::vector<std::pair<pugi::xml_node, unsigned long>> elements; // and the file that each means
+    std::set<unsigned long> used;
+    unsigned long pages = 0; // of all files
+    const auto pagesOf = [&](unsigned long file) { return file == 0 ? facts.pages : files->pagesOf(file); };
     for (const pugi::xml_node child : pixels.children()) {
         if (hasName(child, "TiffData")) {
-            checkFile(ome, child, facts);
-            placeRun(child, axes, facts, table);
-            bTold = true;
+            const unsigned long file = fileOf(child, identity, facts, files);
+            elements.emplace_back(child, file);
+            pages += used.insert(file).second ? pagesOf(file) : 0;
         }
     }
-    for (unsigned long index = 0; !bTold && index < table.getSize(); ++index) {
-        table.set(index, index);
+    PlaneTable table(axes, facts, elements.empty() ? facts.pages : pages);
+    for (const auto& [element, file] : elements) {
+        placeRun(element, file, pagesOf(file), axes, facts, table);
+    }
+    for (unsigned long index = 0; elements.empty() && index < table.getSize(); ++index) {
+        table.set(index, 0, index);
     }
     return table.toPlaces();
 }

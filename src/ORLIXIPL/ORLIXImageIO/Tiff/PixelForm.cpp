@@ -54,6 +54,10 @@ bool isDecodedRight(const TiffPage& page)
 
 PixelForm pixelFormOf(const TiffPage& page, unsigned long index, const std::string& file)
 {
+    if (page.depth != 1 || page.blockDepth != 1) {
+        raise<eORLIXImageIOMessage>(ORLIX_HERE, eORLIXImageIOMessage::eVolumePage, file, index, page.depth,
+                                    page.blockDepth);
+    }
     PixelForm form;
     form.type = typeOf(page);
     form.channels = page.samples;

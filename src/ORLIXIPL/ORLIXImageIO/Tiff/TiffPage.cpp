@@ -138,6 +138,8 @@ TiffPage describePage(TiffHandle& tiff, unsigned long index)
         page.blockHeight = fieldOf<std::uint32_t>(tiff, TIFFTAG_ROWSPERSTRIP, 0xffffffffu);
         page.blockHeight = std::min(page.blockHeight, page.height);
     }
+    page.depth = fieldOf<std::uint32_t>(tiff, TIFFTAG_IMAGEDEPTH, 1);
+    page.blockDepth = fieldOf<std::uint32_t>(tiff, TIFFTAG_TILEDEPTH, 1);
     page.bGreyPalette = page.photometric == PHOTOMETRIC_PALETTE && hasGreyPalette(tiff, page.bits);
     if (page.width == 0 || page.height == 0 || page.samples == 0 || page.blockWidth == 0 || page.blockHeight == 0) {
         tiff.messages().error = "it has " + page.toString();

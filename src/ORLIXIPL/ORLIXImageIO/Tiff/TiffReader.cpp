@@ -7,6 +7,8 @@
 #include "ORLIXIPL/ORLIXImageIO/Metadata/OmeMetadata.h"
 #include "ORLIXIPL/ORLIXImageIO/Tiff/RawPageReader.h"
 
+#include <algorithm>
+
 namespace orlix::image::io {
 
 namespace {
@@ -32,35 +34,33 @@ WideSize samplesBytes(const TiffPage& page)
 
 } // namespace
 
-TiffReader::TiffReader(ByteSource& source, const ReadLimits& limits) : m_source(source), m_tiff(source, limits.maxBytes)
+TiffReader::TiffReader(ByteSource& source, const ReadLimits& limits) : m_files(source, limits.maxBytes)
 {
-    const TiffFileFacts file = describeFile(m_tiff);
-    m_pages = describePages(m_tiff);
-    m_currentPage = m_pages.size() - 1;
-    while (m_firstPage + 1 < m_pages.size() && firstPage().bLeftOut) {
+    while (m_firstPage + 1 < pages().size() && firstPage().bLeftOut) {
         ++m_firstPage;
     }
-    m_form = pixelFormOf(firstPage(), m_firstPage, m_source.getName());
-    readMetadata(file);
+    m_form = pixelFormOf(firstPage(), m_firstPage, source.getName());
+    readMetadata();
     checkPages(limits);
 }
 
-void TiffReader::readMetadata(const TiffFileFacts& file)
+void TiffReader::readMetadata()
 {
+    const TiffFileFacts& file = m_files.first().getFacts();
     PageFacts facts;
-    facts.file = m_source.getName();
+    facts.file = m_files.getPathOf(0);
     facts.sizeX = firstPage().width;
     facts.sizeY = firstPage().height;
     facts.samples = firstPage().samples;
     facts.channels = m_form.channels;
     facts.type = m_form.type;
-    facts.pages = m_pages.size();
+    facts.pages = pages().size();
     if (isOmeDescription(file.description)) { // counts all pages
-        m_metadata = metadataOfOme(file.description, facts);
+        m_metadata = metadataOfOme(file.description, facts, &m_files);
     } else {
         std::vector<unsigned long> kept;
-        for (unsigned long page = m_firstPage; page < m_pages.size(); ++page) {
-            if (page == m_firstPage || !m_pages[page].bLeftOut) {
+        for (unsigned long page = m_firstPage; page < pages().size(); ++page) {
+            if (page == m_firstPage || !pages()[page].bLeftOut) {
                 kept.push_back(page);
             }
         }
@@ -82,47 +82,44 @@ void TiffReader::readMetadata(const TiffFileFacts& file)
 
 void TiffReader::checkPages(const ReadLimits& limits)
 {
-    const std::string& name = m_source.getName();
-    const auto plausible = [&](const TiffPage& page, unsigned long index, WideSize bytes) {
-        if (limits.bMustBePlausible) {
-            checkPlausibility(index, bytes, m_source.getSize(), largestRatio(page), name);
-        }
-    };
     WideSize scratchBytes = 0;
     for (const PagePlace& place : m_metadata.places) {
-        const TiffPage& page = m_pages[place.page];
+        const TiffPage& page = m_files.getPage(place);
+        const std::string& name = m_files.getPathOf(place.file);
         const PixelForm form = pixelFormOf(page, place.page, name);
         if (page.width != firstPage().width || page.height != firstPage().height || form.type != m_form.type ||
             form.channels != m_form.channels) {
             raise<eORLIXImageIOMessage>(ORLIX_HERE, eORLIXImageIOMessage::ePagesDiffer, name, m_firstPage,
                                         firstPage().toString(), place.page, page.toString());
         }
-        plausible(page, place.page, samplesBytes(page));
-        if (page.bTiled) {
-            plausible(page, place.page, scratchBytesOf(page, form));
+        const WideSize pageScratch = scratchBytesOf(page, form);
+        if (limits.bMustBePlausible) {
+            checkPlausibility(place.page, std::max(samplesBytes(page), page.bTiled ? pageScratch : 0),
+                              m_files.getBytesOf(place.file), largestRatio(page), name);
         }
-        scratchBytes = std::max(scratchBytes, scratchBytesOf(page, form));
+        scratchBytes = std::max(scratchBytes, pageScratch);
     }
     if (m_metadata.bRawStack) {
-        checkRawStack(m_tiff, firstPage(), m_form, m_geometry, m_source);
+        checkRawStack(m_files.first().getTiff(), firstPage(), m_form, m_geometry, m_files.first().getSource());
     }
-    checkLimits(m_geometry, scratchBytes, limits, name);
+    checkLimits(m_geometry, scratchBytes, limits, m_files.getPathOf(0));
 }
 
 ImageFileInfo TiffReader::getInfo() const
 {
+    TIFF* const tiff = m_files.first().getTiff();
     ImageFileInfo info;
     info.geometry = m_geometry;
     info.calibration = m_metadata.calibration;
     info.format = eImageFileFormat::eTiff;
     info.compression = compressionName(firstPage().compression);
     info.metadata = m_metadata.kind;
-    info.pages = m_pages.size();
+    info.pages = pages().size();
     info.bitsPerSample = firstPage().bits;
-    info.fileBytes = m_source.getSize();
+    info.fileBytes = m_files.getBytesOf(0);
     info.bTiled = firstPage().bTiled;
-    info.bBigTiff = TIFFIsBigTIFF(m_tiff) != 0;
-    info.bBigEndian = TIFFIsBigEndian(m_tiff) != 0;
+    info.bBigTiff = TIFFIsBigTIFF(tiff) != 0;
+    info.bBigEndian = TIFFIsBigEndian(tiff) != 0;
     return info;
 }
 
@@ -131,51 +128,46 @@ ImagePtr TiffReader::read(const ProgressFunction& function)
     Progress progress(function, m_geometry.getNbPlans());
     const ImagePtr image = createImage(m_geometry);
     image->setGeometricCalibration(m_metadata.calibration);
-    m_tiff.setProgress(&progress);
     if (m_metadata.bRawStack) {
-        RawPageReader(m_tiff, m_source, progress, *image).readStack(firstPage(), m_form);
-    } else {
-        readPages(*image, progress);
+        TiffFile& file = m_files.first();
+        file.getTiff().setProgress(&progress);
+        RawPageReader(file.getTiff(), file.getSource(), progress, *image).readStack(firstPage(), m_form);
+        file.getTiff().setProgress(nullptr);
+        return image;
     }
-    m_tiff.setProgress(nullptr);
+    for (std::span<const PagePlace> rest = m_metadata.places; !rest.empty();) { // file by file
+        const auto next =
+            std::ranges::find_if(rest, [&](const PagePlace& place) { return place.file != rest.front().file; });
+        const auto count = static_cast<std::size_t>(next - rest.begin());
+        readPages(*image, progress, rest.first(count));
+        rest = rest.subspan(count);
+    }
     return image;
 }
 
-void TiffReader::readPages(BaseImage& image, Progress& progress)
+// All of one file.
+void TiffReader::readPages(BaseImage& image, Progress& progress, std::span<const PagePlace> places)
 {
-    TiffPageDecoder decoder(m_tiff, progress, image);
-    RawPageReader rawReader(m_tiff, m_source, progress, image);
-    for (const PagePlace& place : m_metadata.places) {
-        const TiffPage& page = m_pages[place.page];
-        const PixelForm form = pixelFormOf(page, place.page, m_source.getName());
+    TiffFile& file = m_files.open(places.front().file);
+    TiffHandle& tiff = file.getTiff();
+    tiff.setProgress(&progress);
+    TiffPageDecoder decoder(tiff, progress, image);
+    RawPageReader rawReader(tiff, file.getSource(), progress, image);
+    for (const PagePlace& place : places) {
+        const TiffPage& page = m_files.getPage(place);
+        const PixelForm form = pixelFormOf(page, place.page, file.getSource().getName());
         if (RawPageReader::suits(page, form)) {
             rawReader.read(page, form, page.rawOffset, place);
         } else {
-            goToPage(place.page);
+            file.goToPage(place.page);
             decoder.decode(page, form, place);
         }
         progress.addPlans(m_form.channels);
         if (!progress.goesOn()) {
-            m_tiff.raiseDamaged(place.page);
+            tiff.raiseDamaged(place.page);
         }
     }
-}
-
-// Pages come in order, so that going on from one to the next is the rule.
-void TiffReader::goToPage(unsigned long page)
-{
-    if (page < m_currentPage) {
-        if (TIFFSetDirectory(m_tiff, 0) != 1) {
-            m_tiff.raiseDamaged(0);
-        }
-        m_currentPage = 0;
-    }
-    for (; m_currentPage < page; ++m_currentPage) {
-        if (TIFFReadDirectory(m_tiff) != 1) {
-            m_tiff.raiseDamaged(m_currentPage + 1);
-        }
-    }
-    prepareDecoders(m_tiff);
+    tiff.setProgress(nullptr);
 }
 
 } // namespace orlix::image::io

@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cstddef>
+#include <memory>
 #include <span>
 #include <string>
 
@@ -21,6 +22,10 @@ public:
     /// Copies `bytes` bytes from `offset` on and returns how many were copied: fewer at the end or on an error. Called
     /// from inside C libraries, hence noexcept.
     virtual unsigned long read(unsigned long offset, void* target, unsigned long bytes) noexcept = 0;
+
+    /// The file `name` in the folder of this one; null where there is no such file or this is none itself. Throws as
+    /// FileSource does.
+    virtual std::unique_ptr<ByteSource> openBeside(const std::string& name) const;
 
     unsigned long getSize() const { return m_size; }
     const std::string& getName() const { return m_name; } ///< as messages call it
@@ -40,6 +45,7 @@ public:
     explicit FileSource(const boost::filesystem::path& file);
     ~FileSource() override;
     unsigned long read(unsigned long offset, void* target, unsigned long bytes) noexcept override;
+    std::unique_ptr<ByteSource> openBeside(const std::string& name) const override;
 
 private:
     static constexpr unsigned long g_windowBytes = 16ul << 10;

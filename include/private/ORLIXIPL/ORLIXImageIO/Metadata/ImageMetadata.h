@@ -29,6 +29,7 @@ struct PageFacts
 struct PagePlace
 {
     unsigned long page, z, c, t;
+    unsigned long file = 0; ///< of the set that the image lies in; 0 is the file that was asked for
 };
 
 struct ImageMetadata
@@ -39,7 +40,7 @@ struct ImageMetadata
     unsigned long sizeC = 1;
     eImageBufferType type;
     CalibrationPtr calibration;    ///< null where nothing tells
-    std::vector<PagePlace> places; ///< by page; empty under `bRawStack`
+    std::vector<PagePlace> places; ///< by file and page; empty under `bRawStack`
     bool bRawStack = false;        ///< plans follow the first page's pixels without directories, c fastest, then z, t
 };
 

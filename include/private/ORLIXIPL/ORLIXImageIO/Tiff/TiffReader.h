@@ -4,12 +4,15 @@
 #include "ORLIXIPL/ORLIXImage/BaseImage.h"
 #include "ORLIXIPL/ORLIXImageIO/ImageFileInfo.h"
 #include "ORLIXIPL/ORLIXImageIO/ReadOptions.h"
+#include "ORLIXIPL/ORLIXImageIO/Tiff/TiffFileSet.h"
 #include "ORLIXIPL/ORLIXImageIO/Tiff/TiffPageDecoder.h"
+
+#include <span>
 
 namespace orlix::image::io {
 
-/// One file, used by one thread. The constructor reads and checks all headers; it throws ORLIXImageIOException where
-/// the file is damaged, not supported, or passes a limit.
+/// One image, used by one thread. The constructor reads and checks all headers; it throws ORLIXImageIOException where
+/// the file, or another one that holds a part of the image, is damaged, not supported, or passes a limit.
 class TiffReader
 {
 public:
@@ -20,18 +23,15 @@ public:
     ImagePtr read(const ProgressFunction& function);
 
 private:
-    const TiffPage& firstPage() const { return m_pages[m_firstPage]; }
-    void readMetadata(const TiffFileFacts& file);
+    const std::vector<TiffPage>& pages() const { return m_files.first().getPages(); }
+    const TiffPage& firstPage() const { return pages()[m_firstPage]; }
+    void readMetadata();
     void checkPages(const ReadLimits& limits);
-    void readPages(BaseImage& image, Progress& progress);
-    void goToPage(unsigned long page);
+    void readPages(BaseImage& image, Progress& progress, std::span<const PagePlace> places);
 
-    ByteSource& m_source;
-    TiffHandle m_tiff;
-    std::vector<TiffPage> m_pages;
-    unsigned long m_currentPage = 0; ///< where libtiff stands
-    unsigned long m_firstPage = 0;   ///< that is not left out
-    PixelForm m_form;                ///< of the first page; the others give the same elements
+    TiffFileSet m_files;
+    unsigned long m_firstPage = 0; ///< of the file that was asked for; it is not left out
+    PixelForm m_form;              ///< of the first page; the others give the same elements
     ImageMetadata m_metadata;
     BaseImageGeometry m_geometry;
 };

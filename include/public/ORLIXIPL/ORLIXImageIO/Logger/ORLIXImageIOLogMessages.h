@@ -24,7 +24,7 @@ struct eORLIXImageIOMessage
         eTooManyBytes = 9,     ///< sizes, bytes, limit
         eImplausibleSize = 10, ///< page, bytes it claims, smallest file that could hold them, bytes of the file
         eBadDescription = 11,  ///< kind of description, what is wrong
-        eOutsideFile = 12,     ///< name of the other file
+        eOutsideFile = 12,     ///< name of the other file, why it is not read
         eMissingPlan = 13,     ///< z, c, t
         eDamagedPng = 14,      ///< reason of libpng
         eNoMemory = 15,        ///< reason
@@ -41,7 +41,9 @@ struct eORLIXImageIOMessage
         eTooLongForTiff = 26,   ///< geometry
         eCannotCreate = 27,     ///< folder, reason of the system
         eWriteFailed = 28,      ///< reason
-        eCannotReplace = 29     ///< reason of the system
+        eCannotReplace = 29,    ///< reason of the system
+        eVolumePage = 30,       ///< page, ImageDepth, TileDepth
+        eNotForImageJ = 31      ///< what does not suit, what to do
     };
     ORLIX_ENUMERATION(eORLIXImageIOMessage, eCannotOpen);
 };
