@@ -22,11 +22,8 @@ if(ORLIX_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
     set(CMAKE_CXX_COMPILER_LAUNCHER env "CCACHE_BASEDIR=${PROJECT_SOURCE_DIR}"
         CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
         "${ORLIX_CCACHE}")
-    # Precompiled headers can be cached only so.
-    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU") # precompiled headers can be cached only so
         add_compile_options(-fpch-preprocess)
-    else()
-        add_compile_options("SHELL:-Xclang -fno-pch-timestamp")
     endif()
 endif()
 

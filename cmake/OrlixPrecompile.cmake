@@ -1,8 +1,14 @@
 # Headers from outside that nearly every file includes, compiled once for the libraries, the commands and the tests. No
 # header of the family is among them, so no layer can lean on them to reach another; the test of public headers and
-# kernel files do without.
+# kernel files do without. Clang gains little by them, and names them by their full path, which hides its objects from a
+# compiler cache that another clone has filled.
 
-option(ORLIX_PRECOMPILE "Precompile the headers of Boost, log4cplus and the standard library" ON)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    set(precompile_default ON)
+else()
+    set(precompile_default OFF)
+endif()
+option(ORLIX_PRECOMPILE "Precompile the headers of Boost, log4cplus and the standard library" ${precompile_default})
 
 # orlix_add_precompiled(<name> [HEADERS <further headers>] [LIBS <their targets>] [OPTIONS <compiler options>])
 # The options have to be those of the targets that use it: -fPIE for programs, -fPIC for libraries.
