@@ -30,6 +30,8 @@ file(RELATIVE_PATH ORLIX_PREFIX_FROM_PC "/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/"
 configure_file(cmake/ORLIX.pc.in "${PROJECT_BINARY_DIR}/ORLIX.pc" @ONLY)
 install(FILES "${PROJECT_BINARY_DIR}/ORLIX.pc" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
 
+install(FILES LICENSE README.md SECURITY.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+
 if(TARGET orlix)
     file(RELATIVE_PATH lib_from_bin "/${CMAKE_INSTALL_BINDIR}" "/${CMAKE_INSTALL_LIBDIR}")
     set_target_properties(orlix PROPERTIES INSTALL_RPATH "$ORIGIN/${lib_from_bin}")
