@@ -19,6 +19,7 @@ foreach(library IN LISTS libraries)
         string(PREPEND ORLIX_LINK_FLAGS "-l${library} ")
     endif()
 endforeach()
+install(TARGETS ORLIXLog4cplus LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
 
 configure_package_config_file(cmake/ORLIXConfig.cmake.in "${PROJECT_BINARY_DIR}/ORLIXConfig.cmake"
     INSTALL_DESTINATION "${package_dir}")

@@ -4,8 +4,6 @@
 #include "ORLIX/ORLIXBaseProcessing/Logger/ORLIXBaseProcessingLog.h"
 #include "ORLIX/ORLIXUtil/Logger/BaseLogger.h"
 
-#include <log4cplus/logger.h>
-
 namespace orlix::processor {
 
 namespace {
@@ -44,9 +42,8 @@ void registerKernels(AlgorithmFunctionSelector& selector, const KernelTable& tab
             errors += result.getMessage() + "\n";
         }
     }
-    log4cplus::Logger logger = getORLIXBaseProcessingLogger();
-    if (!errors.empty() && logger.isEnabledFor(log4cplus::TRACE_LOG_LEVEL)) {
-        logMessage(logger, log4cplus::TRACE_LOG_LEVEL,
+    if (!errors.empty()) {
+        logMessage(getORLIXBaseProcessingLoggerName(), g_traceLogLevel,
                    formatMessage<eAlgorithmFunctionMessage>(eAlgorithmFunctionMessage::eRegistrationFailed, errors),
                    __FILE__, __LINE__);
     }
