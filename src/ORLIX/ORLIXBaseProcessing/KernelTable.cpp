@@ -1,7 +1,8 @@
 #include "ORLIX/ORLIXBaseProcessing/KernelTable.h"
 
-#include "ORLIX/ORLIXBaseProcessing/Logger/ORLIXBaseProcessingLogMessages.h"
 #include "ORLIX/ORLIXBaseProcessing/Logger/ORLIXBaseProcessingLog.h"
+#include "ORLIX/ORLIXBaseProcessing/Logger/ORLIXBaseProcessingLogMessages.h"
+#include "ORLIX/ORLIXBaseProcessing/ProcessEnd.h"
 #include "ORLIX/ORLIXUtil/Logger/BaseLogger.h"
 
 namespace orlix::processor {
@@ -46,6 +47,16 @@ void registerKernels(AlgorithmFunctionSelector& selector, const KernelTable& tab
         logMessage(getORLIXBaseProcessingLoggerName(), g_traceLogLevel,
                    formatMessage<eAlgorithmFunctionMessage>(eAlgorithmFunctionMessage::eRegistrationFailed, errors),
                    __FILE__, __LINE__);
+    }
+}
+
+void unRegisterKernels(AlgorithmFunctionSelector& selector, const KernelTable& table) noexcept
+{
+    if (isProcessEnding()) {
+        return; // threads may still choose kernels
+    }
+    for (const KernelRow* row = table.rows; row != table.rows + table.nbRows; ++row) {
+        selector.unRegisterFunction(row->function);
     }
 }
 
