@@ -11,6 +11,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <iterator>
+#include <system_error>
 #include <thread>
 
 #include <linux/filter.h>
@@ -33,6 +34,26 @@ long countThreads()
     return std::distance(begin(tasks), end(tasks));
 }
 
+template <std::size_t n>
+bool filterCalls(const sock_filter (&filter)[n])
+{
+    const sock_fprog program = {n, const_cast<sock_filter*>(filter)};
+    return ::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0 && ::prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &program) == 0;
+}
+
+/// From here on the system ends this process if it opens a file.
+bool endOnOpening()
+{
+    const sock_filter filter[] = {
+        BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
+        BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, SYS_openat, 1, 0),
+        BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, SYS_open, 0, 1),
+        BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_KILL_PROCESS),
+        BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW),
+    };
+    return filterCalls(filter);
+}
+
 /// From here on the system gives this process and its children no thread, but still new processes.
 bool refuseThreads()
 {
@@ -46,8 +67,7 @@ bool refuseThreads()
         BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | EAGAIN),
         BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW),
     };
-    const sock_fprog program = {std::size(filter), const_cast<sock_filter*>(filter)};
-    return ::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0 && ::prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &program) == 0;
+    return filterCalls(filter);
 }
 
 bool canStartThreads()
@@ -101,6 +121,7 @@ int work()
     check(statusOfChild(30, [] { return 3; }) == 3, "the end of a forked child");
     check(raiseError(), "the text of an error");
     check(statusOfChild(30, [] { return raiseError() ? 4 : 5; }) == 4, "the end of a child forked after an error");
+    check(statusOfChild(30, [] { return endOnOpening() && raiseError() ? 6 : 7; }) == 6, "an error opens no file");
     check(countThreads() == 1, "threads after a small image and an error: " + std::to_string(countThreads()));
     check(!orlix::test::isMapped("log4cplus"), "log4cplus is loaded by an error that nobody wants to hear");
     return orlix::test::g_nbFailures == 0 ? 0 : 1;

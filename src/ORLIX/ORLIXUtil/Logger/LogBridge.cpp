@@ -2,8 +2,10 @@
 #include "ORLIX/ORLIXUtil/Logger/LogBridge.h"
 
 #include <atomic>
+#include <string_view>
 
 #include <dlfcn.h>
+#include <link.h>
 
 namespace orlix {
 
@@ -28,9 +30,20 @@ LogFunction loadLogFunction()
     return module == nullptr ? nullptr : reinterpret_cast<LogFunction>(::dlsym(module, g_logFunctionName));
 }
 
+/// Looks among what is loaded; the loader alone would search its folders for each error of a program without log4cplus.
+bool isAnyLog4cplusLoaded()
+{
+    const auto isIt = [](dl_phdr_info* library, std::size_t, void*) {
+        const std::string_view file = library->dlpi_name;
+        return file.substr(file.rfind('/') + 1).starts_with("liblog4cplus") ? 1 : 0;
+    };
+    return ::dl_iterate_phdr(isIt, nullptr) != 0;
+}
+
+/// The one that the module is linked with?
 bool isLog4cplusLoaded()
 {
-    void* const log4cplus = ::dlopen(ORLIX_LOG4CPLUS_FILE, RTLD_LAZY | RTLD_NOLOAD);
+    void* const log4cplus = isAnyLog4cplusLoaded() ? ::dlopen(ORLIX_LOG4CPLUS_FILE, RTLD_LAZY | RTLD_NOLOAD) : nullptr;
     if (log4cplus != nullptr) {
         ::dlclose(log4cplus);
     }
