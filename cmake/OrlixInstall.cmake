@@ -19,6 +19,7 @@ foreach(library IN LISTS libraries)
         string(PREPEND ORLIX_LINK_FLAGS "-l${library} ")
     endif()
 endforeach()
+install(TARGETS ORLIXLog4cplus LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
 
 configure_package_config_file(cmake/ORLIXConfig.cmake.in "${PROJECT_BINARY_DIR}/ORLIXConfig.cmake"
     INSTALL_DESTINATION "${package_dir}")
@@ -29,6 +30,8 @@ install(FILES "${PROJECT_BINARY_DIR}/ORLIXConfig.cmake" "${PROJECT_BINARY_DIR}/O
 file(RELATIVE_PATH ORLIX_PREFIX_FROM_PC "/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/")
 configure_file(cmake/ORLIX.pc.in "${PROJECT_BINARY_DIR}/ORLIX.pc" @ONLY)
 install(FILES "${PROJECT_BINARY_DIR}/ORLIX.pc" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
+
+install(FILES LICENSE README.md SECURITY.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 
 if(TARGET orlix)
     file(RELATIVE_PATH lib_from_bin "/${CMAKE_INSTALL_BINDIR}" "/${CMAKE_INSTALL_LIBDIR}")

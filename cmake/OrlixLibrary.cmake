@@ -3,6 +3,8 @@
 
 include(OrlixInstructionSets)
 
+set(ORLIX_VERSION_SCRIPT "${PROJECT_SOURCE_DIR}/cmake/ORLIX.map")
+
 orlix_add_precompiled(orlix_precompiled OPTIONS -fPIC)
 
 # orlix_add_library(<name> FAMILY <ORLIX|ORLIXIPL> [DEPENDS <libraries of the family>] [PUBLIC <targets>] [PRIVATE <targets>])
@@ -28,6 +30,8 @@ function(orlix_add_library name)
         orlix_set_kernel_flags(${sources})
         target_include_directories(${name} PRIVATE "${layer}/include/private")
         target_link_libraries(${name} PRIVATE ${ARG_PRIVATE})
+        target_link_options(${name} PRIVATE "-Wl,--version-script=${ORLIX_VERSION_SCRIPT}")
+        set_target_properties(${name} PROPERTIES LINK_DEPENDS "${ORLIX_VERSION_SCRIPT}")
         if(NOT ORLIX_SANITIZE OR CMAKE_CXX_COMPILER_ID STREQUAL "GNU") # Clang's sanitizers are linked to programs alone
             target_link_options(${name} PRIVATE -Wl,--no-undefined)
         endif()

@@ -8,7 +8,7 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
 else()
     set(precompile_default OFF)
 endif()
-option(ORLIX_PRECOMPILE "Precompile the headers of Boost, log4cplus and the standard library" ${precompile_default})
+option(ORLIX_PRECOMPILE "Precompile the headers of Boost and the standard library" ${precompile_default})
 
 # orlix_add_precompiled(<name> [HEADERS <further headers>] [LIBS <their targets>] [OPTIONS <compiler options>])
 # The options have to be those of the targets that use it: -fPIE for programs, -fPIC for libraries.
@@ -21,11 +21,11 @@ function(orlix_add_precompiled name)
     add_library(${name} OBJECT "${PROJECT_BINARY_DIR}/${name}.cpp")
     set_target_properties(${name} PROPERTIES POSITION_INDEPENDENT_CODE OFF)
     target_compile_options(${name} PRIVATE ${ARG_OPTIONS})
-    target_link_libraries(${name} PRIVATE Boost::headers log4cplus::log4cplus ${ARG_LIBS})
+    target_link_libraries(${name} PRIVATE Boost::headers ${ARG_LIBS})
     target_precompile_headers(${name} PRIVATE ${ARG_HEADERS}
         <algorithm> <cstring> <functional> <map> <memory> <mutex> <sstream> <string> <string_view> <vector>
         <boost/enable_shared_from_this.hpp> <boost/function.hpp> <boost/make_shared.hpp> <boost/shared_ptr.hpp>
-        <boost/weak_ptr.hpp> <log4cplus/logger.h>)
+        <boost/weak_ptr.hpp>)
 endfunction()
 
 # Compiles the target with the headers of orlix_add_precompiled(<name>).

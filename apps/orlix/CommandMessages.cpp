@@ -1,23 +1,17 @@
 // Messages of the command line.
 #include "CommandMessages.h"
 
-#include "ORLIX/ORLIXUtil/LogMessageManager.h"
-#include "ORLIX/ORLIXUtil/Logger/BaseLogger.h"
-
-#include <log4cplus/logger.h>
+#include "ORLIX/ORLIXUtil/CatalogueRegistration.h"
+#include "ORLIX/ORLIXUtil/Logger/LibraryLog.h"
 
 namespace orlix {
 
 using cli::eCommandMessage;
 
-LogMessageManager& MessageCatalogue<eCommandMessage>::manager()
+LibraryLog& MessageCatalogue<eCommandMessage>::log()
 {
-    return LogMessageManager::getInstance("orlix");
-}
-
-log4cplus::Logger MessageCatalogue<eCommandMessage>::logger()
-{
-    return log4cplus::Logger::getInstance(getBaseLoggerName() + ".orlix");
+    static LibraryLog g_log("orlix");
+    return g_log;
 }
 
 const std::vector<MessageText>& MessageCatalogue<eCommandMessage>::texts()
@@ -66,5 +60,11 @@ const std::vector<MessageText>& MessageCatalogue<eCommandMessage>::texts()
          "--compression: %s is not built into the TIFF library of this system; use one of %s"}};
     return g_texts;
 }
+
+namespace {
+
+const CatalogueRegistration<eCommandMessage> g_registration;
+
+} // namespace
 
 } // namespace orlix

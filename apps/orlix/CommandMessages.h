@@ -60,8 +60,7 @@ template <>
 struct MessageCatalogue<cli::eCommandMessage>
 {
     using Exception = cli::CommandException;
-    static LogMessageManager& manager();
-    static log4cplus::Logger logger();
+    static LibraryLog& log();
     static const std::vector<MessageText>& texts();
 };
 

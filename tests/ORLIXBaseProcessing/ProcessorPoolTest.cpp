@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <future>
 #include <thread>
 
 namespace orlix::processor::test {
@@ -84,6 +85,36 @@ TEST(ProcessorPool, IsBoundedAndOfEachThread)
     }
     EXPECT_GT(nbIdle, 0);
     EXPECT_LT(nbIdle, 20);
+}
+
+TEST(ProcessorPool, EndsInAllThreadsBeforeCodeGoes)
+{
+    emptyPool();
+    boost::weak_ptr<RecordingProcessor> own, other;
+    const auto keep = [](boost::weak_ptr<RecordingProcessor>& kept) {
+        auto processor = makeUsed(boost::make_shared<Numbers>());
+        kept = processor;
+        Pool::giveBack(std::move(processor));
+    };
+    keep(own);
+    std::promise<void> filled, ended;
+    std::thread thread([&] {
+        keep(other);
+        filled.set_value();
+        ended.get_future().get();
+        EXPECT_EQ(Pool::take(), nullptr);
+        keep(other); // for the thread's end
+    });
+    filled.get_future().get();
+    EXPECT_FALSE(own.expired());
+    EXPECT_FALSE(other.expired());
+    endIdleProcessors();
+    EXPECT_TRUE(own.expired());
+    EXPECT_TRUE(other.expired());
+    EXPECT_EQ(Pool::take(), nullptr);
+    ended.set_value();
+    thread.join();
+    EXPECT_TRUE(other.expired()) << "idle processors end with their thread";
 }
 
 TEST(OperatorCall, SetsRunsAndReadsBack)

@@ -6,10 +6,8 @@
 #include "ORLIX/ORLIXBaseProcessing/Scaffold.h"
 #include "ORLIX/ORLIXBaseProcessing/ValueAttributes.h"
 #include "ORLIX/ORLIXUtil/BaseException.h"
-#include "ORLIX/ORLIXUtil/LogMessageManager.h"
+#include "ORLIX/ORLIXUtil/Logger/LibraryLog.h"
 #include "ORLIX/ORLIXUtil/MessageCatalogue.h"
-
-#include <log4cplus/logger.h>
 
 #include <vector>
 
@@ -70,8 +68,11 @@ template <>
 struct MessageCatalogue<processor::test::eTestToolTip>
 {
     using Exception = BaseException;
-    static LogMessageManager& manager() { return LogMessageManager::getInstance("TestLibrary"); }
-    static log4cplus::Logger logger() { return log4cplus::Logger::getInstance("ORLIX.TestLibrary"); }
+    static LibraryLog& log()
+    {
+        static LibraryLog g_log("TestLibrary");
+        return g_log;
+    }
     static const std::vector<MessageText>& texts()
     {
         using Message = processor::test::eTestToolTip;

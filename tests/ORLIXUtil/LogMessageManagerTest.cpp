@@ -61,6 +61,23 @@ TEST(LogMessageManager, takesTheSameTextTwiceButNoOther)
     EXPECT_EQ(manager.getMessage("key", 1), "one");
 }
 
+TEST(LogMessageManager, forgetsTheTextsOfOneKey)
+{
+    LogMessageManager manager("test");
+    manager.addMessage("key", 1, "one");
+    manager.addMessage("key", 7, "seven");
+    manager.addMessage("key2", 1, "other one");
+    manager.addMessage("ke", 1, "another one");
+    manager.removeMessages("unknown");
+    manager.removeMessages("key");
+    EXPECT_FALSE(manager.hasMessage("key", 1));
+    EXPECT_FALSE(manager.hasMessage("key", 7));
+    EXPECT_EQ(manager.getMessage("key2", 1), "other one");
+    EXPECT_EQ(manager.getMessage("ke", 1), "another one");
+    manager.addMessage("key", 1, "now this");
+    EXPECT_EQ(manager.getMessage("key", 1), "now this");
+}
+
 TEST(LogMessageManager, isFilledAndReadFromManyThreads)
 {
     std::vector<std::thread> threads;

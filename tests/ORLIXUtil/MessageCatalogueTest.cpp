@@ -1,8 +1,8 @@
 // Texts out of catalogues, and when catalogues are filled.
 #include "ORLIX/ORLIXUtil/MessageCatalogue.h"
 
+#include "ORLIX/ORLIXUtil/CatalogueRegistration.h"
 #include "ORLIX/ORLIXUtil/Logger/ORLIXUtilLogMessages.h"
-#include "ORLIX/ORLIXUtil/MessageMapRegistrator.h"
 #include "ORLIXUtil/TestCatalogue.h"
 
 #include <gtest/gtest.h>
@@ -18,9 +18,32 @@ struct eLateMessage
     ORLIX_ENUMERATION(eLateMessage, eOnly);
 };
 
+struct eRegisteredMessage
+{
+    enum domain { eThree = 3, eFour = 4 };
+    ORLIX_ENUMERATION(eRegisteredMessage, eThree);
+};
+
 } // namespace orlix::test
 
 namespace orlix {
+
+template <>
+struct MessageCatalogue<test::eRegisteredMessage>
+{
+    using Exception = test::TestException;
+    static LibraryLog& log()
+    {
+        static LibraryLog g_log("RegistrationTests");
+        return g_log;
+    }
+    static const std::vector<MessageText>& texts()
+    {
+        static const std::vector<MessageText> g_texts = {{test::eRegisteredMessage::eThree, "three"},
+                                                         {test::eRegisteredMessage::eFour, "four"}};
+        return g_texts;
+    }
+};
 
 template <>
 struct MessageCatalogue<test::eLateMessage> : MessageCatalogue<test::eTestMessage>
@@ -69,6 +92,20 @@ TEST(MessageMapRegistrator, fillsOnceFromAnyThread)
         thread.join();
     }
     EXPECT_EQ(g_nbTextsAsked, before + 1);
+}
+
+TEST(CatalogueRegistration, takesItsTextsOutAgain)
+{
+    const LogMessageManager& manager = LogMessageManager::getInstance("RegistrationTests");
+    const char* const key = "N5orlix4test18eRegisteredMessage6domainE";
+    {
+        const CatalogueRegistration<eRegisteredMessage> registration;
+        EXPECT_EQ(manager.getMessage(key, 3), "three");
+        EXPECT_EQ(manager.getMessage(key, 4), "four");
+    }
+    EXPECT_FALSE(manager.hasMessage(key, 3));
+    EXPECT_FALSE(manager.hasMessage(key, 4));
+    EXPECT_EQ(formatMessage<eRegisteredMessage>(eRegisteredMessage::eThree), "three") << "a late use still finds it";
 }
 
 TEST(ORLIXUtilErrors, haveEachAnIdAndTellWhatToDo)

@@ -16,9 +16,13 @@ namespace {
 
 constexpr const char* g_failed = "Exception thrown while processing message";
 
-struct Unprintable
+log4cplus::Logger testLogger()
 {
-};
+    return log4cplus::Logger::getInstance("ORLIX.UtilTests");
+}
+
+struct Unprintable
+{};
 
 std::ostream& operator<<(std::ostream&, const Unprintable&)
 {
@@ -72,7 +76,7 @@ TEST(Raise, logsOnceAsAnError)
 TEST(Raise, throwsTheFullTextWhenTheLoggerIsDisabled)
 {
     AttachedAppender<RecordingAppender> appender(getBaseLogger());
-    log4cplus::Logger logger = MessageCatalogue<eTestMessage>::logger();
+    log4cplus::Logger logger = testLogger();
     logger.setLogLevel(log4cplus::OFF_LOG_LEVEL);
     const auto exception = caught<TestException>(eTestMessage::eSizes, "A plan", 3, 2.5);
     logger.setLogLevel(log4cplus::NOT_SET_LOG_LEVEL);
@@ -116,14 +120,13 @@ TEST(Raise, logsTheFailureOnTheBaseLogger)
 
 TEST(Raise, wrapsAStandardExceptionOutOfTheLogger)
 {
-    AttachedAppender<FailingAppender> appender(MessageCatalogue<eTestMessage>::logger(),
-                                               [] { throw std::runtime_error("disk full"); });
+    AttachedAppender<FailingAppender> appender(testLogger(), [] { throw std::runtime_error("disk full"); });
     expectFailedProcessing(caught<BaseException>(eTestMessage::ePlain), "disk full");
 }
 
 TEST(Raise, wrapsABaseExceptionOutOfTheLogger)
 {
-    AttachedAppender<FailingAppender> appender(MessageCatalogue<eTestMessage>::logger(), [] {
+    AttachedAppender<FailingAppender> appender(testLogger(), [] {
         throw ORLIXUtilException("no room", "append", "appender.cpp", 1, std::runtime_error("disk full"));
     });
     expectFailedProcessing(caught<BaseException>(eTestMessage::ePlain), "no room\ndisk full");
@@ -131,7 +134,7 @@ TEST(Raise, wrapsABaseExceptionOutOfTheLogger)
 
 TEST(Raise, wrapsAnythingElseOutOfTheLogger)
 {
-    AttachedAppender<FailingAppender> appender(MessageCatalogue<eTestMessage>::logger(), [] { throw 42; });
+    AttachedAppender<FailingAppender> appender(testLogger(), [] { throw 42; });
     expectFailedProcessing(caught<BaseException>(eTestMessage::ePlain), "");
 }
 

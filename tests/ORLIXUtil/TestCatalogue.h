@@ -4,9 +4,8 @@
 #include "ORLIX/ORLIXUtil/BaseException.h"
 #include "ORLIX/ORLIXUtil/Enumeration.h"
 #include "ORLIX/ORLIXUtil/LogMessageManager.h"
+#include "ORLIX/ORLIXUtil/Logger/LibraryLog.h"
 #include "ORLIX/ORLIXUtil/MessageCatalogue.h"
-
-#include <log4cplus/logger.h>
 
 namespace orlix::test {
 
@@ -32,8 +31,11 @@ template <>
 struct MessageCatalogue<test::eTestMessage>
 {
     using Exception = test::TestException;
-    static LogMessageManager& manager() { return LogMessageManager::getInstance("UtilTests"); }
-    static log4cplus::Logger logger() { return log4cplus::Logger::getInstance("ORLIX.UtilTests"); }
+    static LibraryLog& log()
+    {
+        static LibraryLog g_log("UtilTests");
+        return g_log;
+    }
     static const std::vector<MessageText>& texts()
     {
         static const std::vector<MessageText> g_texts = {{test::eTestMessage::ePlain, "Nothing to add"},

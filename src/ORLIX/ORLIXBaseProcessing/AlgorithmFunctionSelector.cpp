@@ -56,6 +56,26 @@ ProcessingResult<bool> AlgorithmFunctionSelector::registerFunction(const Algorit
     return true;
 }
 
+void AlgorithmFunctionSelector::unRegisterFunction(KernelFunction function) noexcept
+{
+    for (auto row = static_cast<unsigned>(m_functions.size()); row-- > 0;) {
+        if (m_functions[row].getFunction() == function) {
+            unRegisterRow(row);
+        }
+    }
+}
+
+void AlgorithmFunctionSelector::unRegisterRow(unsigned row) noexcept
+{
+    m_functions.erase(m_functions.begin() + row);
+    for (std::vector<unsigned>& rows : m_rowsOfKey) {
+        std::erase(rows, row);
+        for (unsigned& later : rows) {
+            later -= later > row ? 1 : 0;
+        }
+    }
+}
+
 const AlgorithmFunctionIdentifier* AlgorithmFunctionSelector::select(const DataTypeIdentifierColl& types,
                                                                      const InstructionSetsIdentifier& forced) const
 {

@@ -1,10 +1,9 @@
 #include "ORLIX/ORLIXBaseProcessing/KernelTable.h"
 
-#include "ORLIX/ORLIXBaseProcessing/Logger/ORLIXBaseProcessingLogMessages.h"
 #include "ORLIX/ORLIXBaseProcessing/Logger/ORLIXBaseProcessingLog.h"
+#include "ORLIX/ORLIXBaseProcessing/Logger/ORLIXBaseProcessingLogMessages.h"
+#include "ORLIX/ORLIXBaseProcessing/ProcessEnd.h"
 #include "ORLIX/ORLIXUtil/Logger/BaseLogger.h"
-
-#include <log4cplus/logger.h>
 
 namespace orlix::processor {
 
@@ -44,11 +43,20 @@ void registerKernels(AlgorithmFunctionSelector& selector, const KernelTable& tab
             errors += result.getMessage() + "\n";
         }
     }
-    log4cplus::Logger logger = getORLIXBaseProcessingLogger();
-    if (!errors.empty() && logger.isEnabledFor(log4cplus::TRACE_LOG_LEVEL)) {
-        logMessage(logger, log4cplus::TRACE_LOG_LEVEL,
+    if (!errors.empty()) {
+        logMessage(getORLIXBaseProcessingLoggerName(), g_traceLogLevel,
                    formatMessage<eAlgorithmFunctionMessage>(eAlgorithmFunctionMessage::eRegistrationFailed, errors),
                    __FILE__, __LINE__);
+    }
+}
+
+void unRegisterKernels(AlgorithmFunctionSelector& selector, const KernelTable& table) noexcept
+{
+    if (isProcessEnding()) {
+        return; // threads may still choose kernels
+    }
+    for (const KernelRow* row = table.rows; row != table.rows + table.nbRows; ++row) {
+        selector.unRegisterFunction(row->function);
     }
 }
 

@@ -4,8 +4,6 @@
 #include "ORLIX/ORLIXUtil/Logger/BaseLogger.h"
 #include "ORLIX/ORLIXUtil/Logger/ORLIXUtilLog.h"
 
-#include <log4cplus/logger.h>
-
 namespace orlix::details {
 
 bool registerDynamicClass(const std::string& name, DynamicObjectFactory::NewCreator newCreator,
@@ -14,8 +12,7 @@ bool registerDynamicClass(const std::string& name, DynamicObjectFactory::NewCrea
     try {
         const auto registered = DynamicObjectFactory::getInstance().registerClass(name, newCreator, sharedCreator);
         if (!registered) {
-            log4cplus::Logger logger = getORLIXUtilLogger();
-            logMessage(logger, log4cplus::ERROR_LOG_LEVEL, registered.getMessage(), __FILE__, __LINE__);
+            logMessage(getORLIXUtilLoggerName(), g_errorLogLevel, registered.getMessage(), __FILE__, __LINE__);
         }
         return registered.getValue();
     } catch (...) {

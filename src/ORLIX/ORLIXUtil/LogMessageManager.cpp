@@ -30,6 +30,12 @@ void LogMessageManager::addMessage(const std::string& key, int id, const std::st
     }
 }
 
+void LogMessageManager::removeMessages(const std::string& key)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    std::erase_if(m_texts, [&key](const auto& message) { return message.first.first == key; });
+}
+
 bool LogMessageManager::hasMessage(const std::string& key, int id) const
 {
     const std::lock_guard<std::mutex> lock(m_mutex);

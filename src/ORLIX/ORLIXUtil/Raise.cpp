@@ -3,8 +3,7 @@
 
 #include "ORLIX/ORLIXUtil/BaseException.h"
 #include "ORLIX/ORLIXUtil/Logger/BaseLogger.h"
-
-#include <log4cplus/logger.h>
+#include "ORLIX/ORLIXUtil/Logger/LibraryLog.h"
 
 namespace orlix::details {
 
@@ -15,11 +14,8 @@ constexpr const char* g_failedMessage = "Exception thrown while processing messa
 void logFailedMessage(const SourcePlace& place) noexcept
 {
     try {
-        log4cplus::Logger logger = getBaseLogger();
-        if (logger.isEnabledFor(log4cplus::ERROR_LOG_LEVEL)) {
-            logMessage(logger, log4cplus::ERROR_LOG_LEVEL, std::string(g_failedMessage) + " in " + place.function,
-                       place.file, place.line);
-        }
+        logMessage(getBaseLoggerName(), g_errorLogLevel, std::string(g_failedMessage) + " in " + place.function,
+                   place.file, place.line);
     } catch (...) {
         // The exception that follows tells of the failure; a broken appender must not hide it.
     }
@@ -30,10 +26,7 @@ std::exception_ptr prepare(const SourcePlace& place, const CatalogueAccess& cata
                            ExceptionMaker makeException, std::initializer_list<MessageArgument> arguments)
 {
     const std::string message = formatMessage(catalogue, id, arguments);
-    log4cplus::Logger logger = catalogue.logger();
-    if (logger.isEnabledFor(log4cplus::ERROR_LOG_LEVEL)) {
-        logMessage(logger, log4cplus::ERROR_LOG_LEVEL, message, place.file, place.line);
-    }
+    logMessage(catalogue.log().getLoggerName(), g_errorLogLevel, message, place.file, place.line);
     return makeException(message, place);
 }
 

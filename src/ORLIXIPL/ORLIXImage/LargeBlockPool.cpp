@@ -48,6 +48,12 @@ std::byte* mapBlock(unsigned long capacity) noexcept
     return pages + before;
 }
 
+/// When the library is unloaded, what it keeps goes back to the system.
+[[gnu::destructor]] void releaseKeptBlocks()
+{
+    largeBlockPool().releaseAll();
+}
+
 } // namespace
 
 static_assert(std::is_trivially_destructible_v<LargeBlockPool>, "images may outlive every static object");

@@ -50,6 +50,22 @@ TEST(BaseLogger, reachesTheAppendersOfTheProgram)
     }
 }
 
+TEST(BaseLogger, isReachedByNameToo)
+{
+    AttachedAppender<RecordingAppender> appender(getBaseLogger());
+    logMessage("ORLIX.Some", g_errorLogLevel, "something", "file.cpp", 17);
+    getBaseLogger().setLogLevel(log4cplus::WARN_LOG_LEVEL);
+    logMessage("ORLIX.Some", log4cplus::INFO_LOG_LEVEL, "too little", "file.cpp", 18);
+    getBaseLogger().setLogLevel(log4cplus::NOT_SET_LOG_LEVEL);
+    const auto& events = appender.get().m_events;
+    ASSERT_EQ(events.size(), 1u);
+    EXPECT_EQ(events[0].logger, "ORLIX.Some");
+    EXPECT_EQ(events[0].level, log4cplus::ERROR_LOG_LEVEL);
+    EXPECT_EQ(events[0].message, "something");
+    EXPECT_EQ(events[0].file, "file.cpp");
+    EXPECT_EQ(events[0].line, 17);
+}
+
 TEST(BaseLogger, respectsTheLevelOfTheProgram)
 {
     AttachedAppender<RecordingAppender> appender(getBaseLogger());

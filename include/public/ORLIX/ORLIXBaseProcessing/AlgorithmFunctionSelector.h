@@ -51,6 +51,9 @@ public:
     /// Stores a row. Fails for a null function and for types and sets that are there already.
     ProcessingResult<bool> registerFunction(const AlgorithmFunctionIdentifier& function);
 
+    /// Takes out the rows of a function; does nothing if there is none.
+    void unRegisterFunction(KernelFunction function) noexcept;
+
     /// The row for these types with the highest figure not above the highest forced set; where nothing is forced or no
     /// row is that low, the row with the highest figure; null where the types have no row at all.
     const AlgorithmFunctionIdentifier* select(const DataTypeIdentifierColl& types,
@@ -63,6 +66,8 @@ public:
     static void setDefaultForcedInstructionSets(const InstructionSetsIdentifier& sets);
 
 private:
+    void unRegisterRow(unsigned row) noexcept;
+
     std::vector<AlgorithmFunctionIdentifier> m_functions;
     std::vector<std::vector<unsigned>> m_rowsOfKey; ///< by key: indices into m_functions, highest figure first
 };

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "ORLIX/ORLIXBaseProcessing/BaseProcessingAlgorithm.h"
-#include "ORLIX/ORLIXBaseProcessing/KernelClass.h"
 #include "ORLIX/ORLIXBaseProcessing/KernelTable.h"
 #include "ORLIX/ORLIXBaseProcessing/Scaffold.h"
 
@@ -13,11 +12,7 @@ class KernelScaffold : public Scaffold<TDerived, BaseProcessingAlgorithm, TLibra
 {
 public:
     /// The kernel table of the class, made on first use. Filled while the library loads.
-    static AlgorithmFunctionSelector& retrieveFunctionSelector()
-    {
-        static AlgorithmFunctionSelector& g_selector = accessKernelClass(typeid(TDerived).name()).selector;
-        return g_selector;
-    }
+    static AlgorithmFunctionSelector& retrieveFunctionSelector() { return Base::accessStatics().functionSelector; }
     static AlgorithmFunctionSelector& accessFunctionSelector() { return retrieveFunctionSelector(); }
     const AlgorithmFunctionSelector& getFunctionSelector() const override { return retrieveFunctionSelector(); }
 
@@ -25,8 +20,7 @@ public:
     static InstructionSetsIdentifier& retrieveForcedInstructionSets()
     {
         const std::lock_guard<std::mutex> lock(ForcedInstructionSetsMutex());
-        static InstructionSetsIdentifier& g_forced = accessKernelClass(typeid(TDerived).name()).forced;
-        return g_forced;
+        return Base::accessStatics().forcedInstructionSets;
     }
     static InstructionSetsIdentifier& accessForcedInstructionSets() { return retrieveForcedInstructionSets(); }
     /// Every strip asks, so the lock is taken the first time alone.
@@ -38,18 +32,10 @@ public:
     static void forceInstructionSets(const InstructionSetsIdentifier& sets) { retrieveForcedInstructionSets() = sets; }
     static void releaseForcedInstructionSets() { retrieveForcedInstructionSets().clear(); }
 
-    static void createMutexes()
-    {
-        Scaffold<TDerived, BaseProcessingAlgorithm, TLibrary, TAttributes...>::createMutexes();
-        ForcedInstructionSetsMutex();
-    }
-
 private:
-    static std::mutex& ForcedInstructionSetsMutex()
-    {
-        static std::mutex g_mutex;
-        return g_mutex;
-    }
+    using Base = Scaffold<TDerived, BaseProcessingAlgorithm, TLibrary, TAttributes...>;
+
+    static std::mutex& ForcedInstructionSetsMutex() { return Base::accessStatics().forcedInstructionSetsMutex; }
 };
 
 } // namespace orlix::processor

@@ -27,5 +27,7 @@ struct KernelTable
 /// Enters the rows, in their order, where this processor has the set. What cannot be entered is logged at the trace
 /// level and left out: a library with a partial table still loads.
 ORLIXBASEPROCESSING_API void registerKernels(AlgorithmFunctionSelector& selector, const KernelTable& table);
+/// Takes out the kernels of a table whose code goes.
+ORLIXBASEPROCESSING_API void unRegisterKernels(AlgorithmFunctionSelector& selector, const KernelTable& table) noexcept;
 
 } // namespace orlix::processor

@@ -1,11 +1,11 @@
 // Idle processors of one class, kept for the next element or call of the same thread.
 #pragma once
 
-#include "ORLIX/ORLIXBaseProcessing/BaseProcessor.h"
+#include "ORLIX/ORLIXBaseProcessing/IdleProcessors.h"
 
 #include <boost/make_shared.hpp>
 
-#include <vector>
+#include <utility>
 
 namespace orlix::processor {
 
@@ -18,11 +18,11 @@ class ProcessorPool
 public:
     static boost::shared_ptr<TProcessor> take()
     {
-        std::vector<boost::shared_ptr<TProcessor>>& idle = accessIdle();
+        IdleProcessors& idle = accessIdle();
         if (idle.empty()) {
             return {};
         }
-        boost::shared_ptr<TProcessor> processor = std::move(idle.back());
+        auto processor = boost::static_pointer_cast<TProcessor>(std::move(idle.back()));
         idle.pop_back();
         return processor;
     }
@@ -30,7 +30,7 @@ public:
     /// Keeps `processor` where the caller alone holds it; lets it go otherwise.
     static void giveBack(boost::shared_ptr<TProcessor> processor)
     {
-        std::vector<boost::shared_ptr<TProcessor>>& idle = accessIdle();
+        IdleProcessors& idle = accessIdle();
         if (processor.use_count() == 1 && idle.size() < g_maxIdle) {
             processor->clearForReuse();
             idle.push_back(std::move(processor));
@@ -40,10 +40,13 @@ public:
 private:
     static constexpr std::size_t g_maxIdle = 4;
 
-    static std::vector<boost::shared_ptr<TProcessor>>& accessIdle()
+    static IdleProcessors& accessIdle()
     {
-        static thread_local std::vector<boost::shared_ptr<TProcessor>> t_idle;
-        return t_idle;
+        static thread_local IdleProcessors* t_idle = nullptr;
+        if (t_idle == nullptr) {
+            t_idle = &accessIdleProcessors(typeid(TProcessor));
+        }
+        return *t_idle;
     }
 };
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "ORLIX/ORLIXBaseProcessing/BaseProcessor.h"
+#include "ORLIX/ORLIXBaseProcessing/ClassStatics.h"
 #include "ORLIX/ORLIXSerialization/ClassVersion.h"
 #include "ORLIX/ORLIXUtil/DynamicRegistrator.h"
 
@@ -17,11 +18,13 @@ namespace details {
 
 /// A static of a class, made on first use and read under the mutex that guards it.
 template <class TValue, class TMake>
-const TValue& guardedStatic(std::mutex& mutex, TMake&& make)
+const TValue& guardedStatic(std::mutex& mutex, std::optional<TValue>& value, TMake&& make)
 {
     const std::lock_guard<std::mutex> lock(mutex);
-    static const TValue g_value = make();
-    return g_value;
+    if (!value) {
+        value = make();
+    }
+    return *value;
 }
 
 /// "<nameSpace>::<name>".
@@ -39,26 +42,28 @@ class Scaffold : public TBase
 public:
     static const std::string& getTypeName()
     {
-        return details::guardedStatic<std::string>(
-            TypeNameMutex(), [] { return details::makeTypeName(TLibrary::g_namespace, TDerived::g_name); });
+        return details::guardedStatic(TypeNameMutex(), accessStatics().typeName,
+                                      [] { return details::makeTypeName(TLibrary::g_namespace, TDerived::g_name); });
     }
     /// Shares the mutex of the tool tip.
     static const std::string& getObjectNameStr()
     {
-        return details::guardedStatic<std::string>(ToolTipMutex(), [] { return std::string(TDerived::g_name); });
+        return details::guardedStatic(ToolTipMutex(), accessStatics().objectName,
+                                      [] { return std::string(TDerived::g_name); });
     }
     static const std::string& getToolTipStr()
     {
-        return details::guardedStatic<std::string>(ToolTipMutex(), [] { return TLibrary::toolTip(TDerived::g_toolTip); });
+        return details::guardedStatic(ToolTipMutex(), accessStatics().toolTip,
+                                      [] { return TLibrary::toolTip(TDerived::g_toolTip); });
     }
     static unsigned int getVersion()
     {
-        return details::guardedStatic<unsigned int>(VersionMutex(), [] { return 1U; });
+        return details::guardedStatic(VersionMutex(), accessStatics().version, [] { return 1U; });
     }
     /// Valid until the process ends; copy it at once.
     static const ProcessorDispatchPolicy& getDefaultDispatchPolicy()
     {
-        return details::guardedStatic<ProcessorDispatchPolicy>(DispatchPolicyMutex(), [] {
+        return details::guardedStatic(DispatchPolicyMutex(), accessStatics().dispatchPolicy, [] {
             ProcessorDispatchPolicy policy;
             policy.initDefault();
             return policy;
@@ -72,7 +77,7 @@ public:
     static boost::shared_ptr<BaseProcessor> createBaseProcessor() { return boost::make_shared<TDerived>(); }
 
     /// The mutexes of the class's statics exist from load on.
-    static void createMutexes() { TypeNameMutex(), ToolTipMutex(), VersionMutex(), DispatchPolicyMutex(); }
+    static void createMutexes() { accessStatics(); }
 
     const std::string& getClassName() const override { return getTypeName(); }
     std::unique_ptr<BaseDynamicObject> createNew() const override { return createNewObject(); }
@@ -116,6 +121,12 @@ public:
     }
 
 protected:
+    static ClassStatics& accessStatics()
+    {
+        static ClassStatics& g_statics = accessClassStatics(typeid(TDerived));
+        return g_statics;
+    }
+
     /// Null until `init`.
     template <class TAttribute>
     const boost::shared_ptr<TAttribute>& accessAttribute() const
@@ -150,26 +161,10 @@ protected:
     }
 
 private:
-    static std::mutex& TypeNameMutex()
-    {
-        static std::mutex g_mutex;
-        return g_mutex;
-    }
-    static std::mutex& ToolTipMutex()
-    {
-        static std::mutex g_mutex;
-        return g_mutex;
-    }
-    static std::mutex& VersionMutex()
-    {
-        static std::mutex g_mutex;
-        return g_mutex;
-    }
-    static std::mutex& DispatchPolicyMutex()
-    {
-        static std::mutex g_mutex;
-        return g_mutex;
-    }
+    static std::mutex& TypeNameMutex() { return accessStatics().typeNameMutex; }
+    static std::mutex& ToolTipMutex() { return accessStatics().toolTipMutex; }
+    static std::mutex& VersionMutex() { return accessStatics().versionMutex; }
+    static std::mutex& DispatchPolicyMutex() { return accessStatics().dispatchPolicyMutex; }
 
     std::tuple<boost::shared_ptr<TAttributes>...> m_ownAttributes;
 };

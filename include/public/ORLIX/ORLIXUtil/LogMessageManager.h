@@ -27,6 +27,8 @@ public:
 
     /// Adding the same text again changes nothing; another text under a known (key, id) raises ORLIXUtilException.
     void addMessage(const std::string& key, int id, const std::string& text);
+    /// Forgets the texts of a catalogue; does nothing if the key is unknown.
+    void removeMessages(const std::string& key);
     bool hasMessage(const std::string& key, int id) const;
     /// A copy of the unformatted text; raises ORLIXUtilException if there is none.
     std::string getMessage(const std::string& key, int id) const;

@@ -10,12 +10,9 @@
 #include <typeinfo>
 #include <vector>
 
-namespace log4cplus {
-class Logger;
-}
-
 namespace orlix {
 
+class LibraryLog;
 class LogMessageManager;
 
 struct MessageText
@@ -27,8 +24,7 @@ struct MessageText
 /// Specialise next to each catalogue enumeration, exported, with the functions out of line:
 ///
 ///     using Exception = ...;                        // the library's, constructible from (std::string, SourcePlace)
-///     static LogMessageManager& manager();          // the library's
-///     static log4cplus::Logger logger();            // the library's
+///     static LibraryLog& log();                     // the library's
 ///     static const std::vector<MessageText>& texts();
 ///
 /// All of them are called from any thread and from static initialisers, so they return function-local statics.
@@ -41,8 +37,7 @@ namespace details {
 struct CatalogueAccess
 {
     const char* key;
-    LogMessageManager& (*manager)();
-    log4cplus::Logger (*logger)();
+    LibraryLog& (*log)();
     const std::vector<MessageText>& (*texts)();
 };
 
@@ -57,7 +52,7 @@ template <class TEnum>
 CatalogueAccess catalogueAccess()
 {
     using Catalogue = MessageCatalogue<TEnum>;
-    return {typeid(typename TEnum::domain).name(), &Catalogue::manager, &Catalogue::logger, &Catalogue::texts};
+    return {typeid(typename TEnum::domain).name(), &Catalogue::log, &Catalogue::texts};
 }
 
 template <class T>
@@ -69,6 +64,7 @@ MessageArgument messageArgument(const T& value)
 }
 
 ORLIXUTIL_API void fillCatalogue(const CatalogueAccess& catalogue);
+ORLIXUTIL_API void withdrawCatalogue(const CatalogueAccess& catalogue) noexcept;
 ORLIXUTIL_API std::string formatMessage(const CatalogueAccess& catalogue, int id,
                                         std::initializer_list<MessageArgument> arguments);
 

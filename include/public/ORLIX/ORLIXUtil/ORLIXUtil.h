@@ -3,6 +3,7 @@
 
 #include "ORLIX/ORLIXUtil/BaseDynamicObject.h"
 #include "ORLIX/ORLIXUtil/BaseException.h"
+#include "ORLIX/ORLIXUtil/CatalogueRegistration.h"
 #include "ORLIX/ORLIXUtil/DynamicObjectFactory.h"
 #include "ORLIX/ORLIXUtil/DynamicRegistrator.h"
 #include "ORLIX/ORLIXUtil/Enumeration.h"
@@ -13,6 +14,7 @@
 #include "ORLIX/ORLIXUtil/LogMessageFormater.h"
 #include "ORLIX/ORLIXUtil/LogMessageManager.h"
 #include "ORLIX/ORLIXUtil/Logger/BaseLogger.h"
+#include "ORLIX/ORLIXUtil/Logger/LibraryLog.h"
 #include "ORLIX/ORLIXUtil/Logger/ORLIXUtilLog.h"
 #include "ORLIX/ORLIXUtil/Logger/ORLIXUtilLogMessages.h"
 #include "ORLIX/ORLIXUtil/MessageCatalogue.h"
@@ -22,4 +24,5 @@
 #include "ORLIX/ORLIXUtil/ProcessingResult.h"
 #include "ORLIX/ORLIXUtil/Raise.h"
 #include "ORLIX/ORLIXUtil/RelativePath.h"
+#include "ORLIX/ORLIXUtil/ResultMessage.h"
 #include "ORLIX/ORLIXUtil/SourcePlace.h"

@@ -1,11 +1,13 @@
 // The whole public face of ORLIXIPLUtility.
 #pragma once
 
+#include "ORLIX/ORLIXBaseProcessing/ORLIXBaseProcessingException.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Logger/ORLIXIPLUtilityLog.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Logger/ORLIXIPLUtilityLogMessages.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Logger/OutputInitializerLogMessages.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Logger/ProcessorLogMessages.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Logger/RuleLogMessages.h"
+#include "ORLIXIPL/ORLIXIPLUtility/ORLIXIPLUtilityException.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/BasicThresholdImg/BasicThresholdImgLvl1.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/CompareImg/CompareImg.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/ConvertImg/ConvertImg.h"

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ORLIXIPL/ORLIXImageIO/ImageFileInfo.h"
+#include "ORLIXIPL/ORLIXImageIO/Logger/ORLIXImageIOLog.h"
 #include "ORLIXIPL/ORLIXImageIO/Logger/ORLIXImageIOLogMessages.h"
 #include "ORLIXIPL/ORLIXImageIO/ORLIXImageIOException.h"
 #include "ORLIXIPL/ORLIXImageIO/ReadImage.h"

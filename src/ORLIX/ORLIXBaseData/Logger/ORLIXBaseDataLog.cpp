@@ -1,27 +1,22 @@
 // Logger and message manager of ORLIXBaseData.
 #include "ORLIX/ORLIXBaseData/Logger/ORLIXBaseDataLog.h"
 
-#include "ORLIX/ORLIXUtil/LogMessageManager.h"
-#include "ORLIX/ORLIXUtil/Logger/BaseLogger.h"
-
-#include <log4cplus/logger.h>
-
 namespace orlix {
+
+LibraryLog& getORLIXBaseDataLog()
+{
+    static LibraryLog g_log("ORLIXBaseData");
+    return g_log;
+}
 
 const std::string& getORLIXBaseDataLoggerName()
 {
-    static const std::string g_name = getBaseLoggerName() + ".ORLIXBaseData";
-    return g_name;
-}
-
-log4cplus::Logger getORLIXBaseDataLogger()
-{
-    return log4cplus::Logger::getInstance(getORLIXBaseDataLoggerName());
+    return getORLIXBaseDataLog().getLoggerName();
 }
 
 LogMessageManager& getORLIXBaseDataLogMessageManager()
 {
-    return LogMessageManager::getInstance("ORLIXBaseData");
+    return getORLIXBaseDataLog().getMessageManager();
 }
 
 } // namespace orlix

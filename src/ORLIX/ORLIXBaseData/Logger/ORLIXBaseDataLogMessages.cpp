@@ -2,19 +2,13 @@
 #include "ORLIX/ORLIXBaseData/Logger/ORLIXBaseDataLogMessages.h"
 
 #include "ORLIX/ORLIXBaseData/Logger/ORLIXBaseDataLog.h"
-
-#include <log4cplus/logger.h>
+#include "ORLIX/ORLIXUtil/CatalogueRegistration.h"
 
 namespace orlix {
 
-LogMessageManager& MessageCatalogue<eORLIXBaseDataMessage>::manager()
+LibraryLog& MessageCatalogue<eORLIXBaseDataMessage>::log()
 {
-    return getORLIXBaseDataLogMessageManager();
-}
-
-log4cplus::Logger MessageCatalogue<eORLIXBaseDataMessage>::logger()
-{
-    return getORLIXBaseDataLogger();
+    return getORLIXBaseDataLog();
 }
 
 const std::vector<MessageText>& MessageCatalogue<eORLIXBaseDataMessage>::texts()
@@ -29,5 +23,11 @@ const std::vector<MessageText>& MessageCatalogue<eORLIXBaseDataMessage>::texts()
         {e::eOtherCount, "The archive has %d plans for %d items: it was changed by hand, write it anew"}};
     return g_texts;
 }
+
+namespace {
+
+const CatalogueRegistration<eORLIXBaseDataMessage> g_registration;
+
+} // namespace
 
 } // namespace orlix

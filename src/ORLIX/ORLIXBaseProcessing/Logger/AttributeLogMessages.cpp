@@ -2,21 +2,15 @@
 #include "ORLIX/ORLIXBaseProcessing/Logger/AttributeLogMessages.h"
 
 #include "ORLIX/ORLIXBaseProcessing/Logger/ORLIXBaseProcessingLog.h"
-
-#include <log4cplus/logger.h>
+#include "ORLIX/ORLIXUtil/CatalogueRegistration.h"
 
 namespace orlix {
 
 using processor::eAttributeMessage;
 
-LogMessageManager& MessageCatalogue<eAttributeMessage>::manager()
+LibraryLog& MessageCatalogue<eAttributeMessage>::log()
 {
-    return processor::getORLIXBaseProcessingLogMessageManager();
-}
-
-log4cplus::Logger MessageCatalogue<eAttributeMessage>::logger()
-{
-    return processor::getORLIXBaseProcessingLogger();
+    return processor::getORLIXBaseProcessingLog();
 }
 
 const std::vector<MessageText>& MessageCatalogue<eAttributeMessage>::texts()
@@ -26,5 +20,11 @@ const std::vector<MessageText>& MessageCatalogue<eAttributeMessage>::texts()
         {eAttributeMessage::eBadText, "%s: expected %s, found \"%s\""}};
     return g_texts;
 }
+
+namespace {
+
+const CatalogueRegistration<eAttributeMessage> g_registration;
+
+} // namespace
 
 } // namespace orlix

@@ -1,27 +1,22 @@
 // Logger and message manager of ORLIXBaseProcessing.
 #include "ORLIX/ORLIXBaseProcessing/Logger/ORLIXBaseProcessingLog.h"
 
-#include "ORLIX/ORLIXUtil/LogMessageManager.h"
-#include "ORLIX/ORLIXUtil/Logger/BaseLogger.h"
-
-#include <log4cplus/logger.h>
-
 namespace orlix::processor {
+
+LibraryLog& getORLIXBaseProcessingLog()
+{
+    static LibraryLog g_log("ORLIXBaseProcessing");
+    return g_log;
+}
 
 const std::string& getORLIXBaseProcessingLoggerName()
 {
-    static const std::string g_name = getBaseLoggerName() + ".ORLIXBaseProcessing";
-    return g_name;
-}
-
-log4cplus::Logger getORLIXBaseProcessingLogger()
-{
-    return log4cplus::Logger::getInstance(getORLIXBaseProcessingLoggerName());
+    return getORLIXBaseProcessingLog().getLoggerName();
 }
 
 LogMessageManager& getORLIXBaseProcessingLogMessageManager()
 {
-    return LogMessageManager::getInstance("ORLIXBaseProcessing");
+    return getORLIXBaseProcessingLog().getMessageManager();
 }
 
 } // namespace orlix::processor

@@ -2,19 +2,13 @@
 #include "ORLIX/ORLIXBaseProcessing/Logger/ORLIXBaseProcessingLogMessages.h"
 
 #include "ORLIX/ORLIXBaseProcessing/Logger/ORLIXBaseProcessingLog.h"
-
-#include <log4cplus/logger.h>
+#include "ORLIX/ORLIXUtil/CatalogueRegistration.h"
 
 namespace orlix {
 
-LogMessageManager& MessageCatalogue<processor::eProcessorMessage>::manager()
+LibraryLog& MessageCatalogue<processor::eProcessorMessage>::log()
 {
-    return processor::getORLIXBaseProcessingLogMessageManager();
-}
-
-log4cplus::Logger MessageCatalogue<processor::eProcessorMessage>::logger()
-{
-    return processor::getORLIXBaseProcessingLogger();
+    return processor::getORLIXBaseProcessingLog();
 }
 
 const std::vector<MessageText>& MessageCatalogue<processor::eProcessorMessage>::texts()
@@ -37,14 +31,9 @@ const std::vector<MessageText>& MessageCatalogue<processor::eProcessorMessage>::
     return g_texts;
 }
 
-LogMessageManager& MessageCatalogue<processor::eAlgorithmFunctionMessage>::manager()
+LibraryLog& MessageCatalogue<processor::eAlgorithmFunctionMessage>::log()
 {
-    return processor::getORLIXBaseProcessingLogMessageManager();
-}
-
-log4cplus::Logger MessageCatalogue<processor::eAlgorithmFunctionMessage>::logger()
-{
-    return processor::getORLIXBaseProcessingLogger();
+    return processor::getORLIXBaseProcessingLog();
 }
 
 const std::vector<MessageText>& MessageCatalogue<processor::eAlgorithmFunctionMessage>::texts()
@@ -57,14 +46,9 @@ const std::vector<MessageText>& MessageCatalogue<processor::eAlgorithmFunctionMe
     return g_texts;
 }
 
-LogMessageManager& MessageCatalogue<processor::eProcessingRuleMessage>::manager()
+LibraryLog& MessageCatalogue<processor::eProcessingRuleMessage>::log()
 {
-    return processor::getORLIXBaseProcessingLogMessageManager();
-}
-
-log4cplus::Logger MessageCatalogue<processor::eProcessingRuleMessage>::logger()
-{
-    return processor::getORLIXBaseProcessingLogger();
+    return processor::getORLIXBaseProcessingLog();
 }
 
 const std::vector<MessageText>& MessageCatalogue<processor::eProcessingRuleMessage>::texts()
@@ -78,5 +62,13 @@ const std::vector<MessageText>& MessageCatalogue<processor::eProcessingRuleMessa
         {Message::eAttributeEmpty, "%s holds nothing: set it before the run"}};
     return g_texts;
 }
+
+namespace {
+
+const CatalogueRegistration<processor::eProcessorMessage> g_processorMessages;
+const CatalogueRegistration<processor::eAlgorithmFunctionMessage> g_algorithmFunctionMessages;
+const CatalogueRegistration<processor::eProcessingRuleMessage> g_processingRuleMessages;
+
+} // namespace
 
 } // namespace orlix

@@ -1,27 +1,22 @@
 // Logger and message manager of ORLIXCore.
 #include "ORLIX/ORLIXCore/Logger/ORLIXCoreLog.h"
 
-#include "ORLIX/ORLIXUtil/LogMessageManager.h"
-#include "ORLIX/ORLIXUtil/Logger/BaseLogger.h"
-
-#include <log4cplus/logger.h>
-
 namespace orlix::core {
+
+LibraryLog& getORLIXCoreLog()
+{
+    static LibraryLog g_log("ORLIXCore");
+    return g_log;
+}
 
 const std::string& getORLIXCoreLoggerName()
 {
-    static const std::string g_name = getBaseLoggerName() + ".ORLIXCore";
-    return g_name;
-}
-
-log4cplus::Logger getORLIXCoreLogger()
-{
-    return log4cplus::Logger::getInstance(getORLIXCoreLoggerName());
+    return getORLIXCoreLog().getLoggerName();
 }
 
 LogMessageManager& getORLIXCoreLogMessageManager()
 {
-    return LogMessageManager::getInstance("ORLIXCore");
+    return getORLIXCoreLog().getMessageManager();
 }
 
 } // namespace orlix::core

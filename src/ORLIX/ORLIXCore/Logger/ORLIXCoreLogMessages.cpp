@@ -2,19 +2,13 @@
 #include "ORLIX/ORLIXCore/Logger/ORLIXCoreLogMessages.h"
 
 #include "ORLIX/ORLIXCore/Logger/ORLIXCoreLog.h"
-
-#include <log4cplus/logger.h>
+#include "ORLIX/ORLIXUtil/CatalogueRegistration.h"
 
 namespace orlix {
 
-LogMessageManager& MessageCatalogue<core::eORLIXCoreMessage>::manager()
+LibraryLog& MessageCatalogue<core::eORLIXCoreMessage>::log()
 {
-    return core::getORLIXCoreLogMessageManager();
-}
-
-log4cplus::Logger MessageCatalogue<core::eORLIXCoreMessage>::logger()
-{
-    return core::getORLIXCoreLogger();
+    return core::getORLIXCoreLog();
 }
 
 const std::vector<MessageText>& MessageCatalogue<core::eORLIXCoreMessage>::texts()
@@ -27,5 +21,11 @@ const std::vector<MessageText>& MessageCatalogue<core::eORLIXCoreMessage>::texts
         {Message::eUnknownException, "An exception of unknown type ended the run"}};
     return g_texts;
 }
+
+namespace {
+
+const CatalogueRegistration<core::eORLIXCoreMessage> g_registration;
+
+} // namespace
 
 } // namespace orlix

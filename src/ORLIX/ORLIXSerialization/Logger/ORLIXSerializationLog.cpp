@@ -1,27 +1,22 @@
 // Logger and message manager of ORLIXSerialization.
 #include "ORLIX/ORLIXSerialization/Logger/ORLIXSerializationLog.h"
 
-#include "ORLIX/ORLIXUtil/LogMessageManager.h"
-#include "ORLIX/ORLIXUtil/Logger/BaseLogger.h"
-
-#include <log4cplus/logger.h>
-
 namespace orlix {
+
+LibraryLog& getORLIXSerializationLog()
+{
+    static LibraryLog g_log("ORLIXSerialization");
+    return g_log;
+}
 
 const std::string& getORLIXSerializationLoggerName()
 {
-    static const std::string g_name = getBaseLoggerName() + ".ORLIXSerialization";
-    return g_name;
-}
-
-log4cplus::Logger getORLIXSerializationLogger()
-{
-    return log4cplus::Logger::getInstance(getORLIXSerializationLoggerName());
+    return getORLIXSerializationLog().getLoggerName();
 }
 
 LogMessageManager& getORLIXSerializationLogMessageManager()
 {
-    return LogMessageManager::getInstance("ORLIXSerialization");
+    return getORLIXSerializationLog().getMessageManager();
 }
 
 } // namespace orlix

@@ -2,19 +2,13 @@
 #include "ORLIX/ORLIXSerialization/Logger/ORLIXSerializationLogMessages.h"
 
 #include "ORLIX/ORLIXSerialization/Logger/ORLIXSerializationLog.h"
-
-#include <log4cplus/logger.h>
+#include "ORLIX/ORLIXUtil/CatalogueRegistration.h"
 
 namespace orlix {
 
-LogMessageManager& MessageCatalogue<eORLIXSerializationMessage>::manager()
+LibraryLog& MessageCatalogue<eORLIXSerializationMessage>::log()
 {
-    return getORLIXSerializationLogMessageManager();
-}
-
-log4cplus::Logger MessageCatalogue<eORLIXSerializationMessage>::logger()
-{
-    return getORLIXSerializationLogger();
+    return getORLIXSerializationLog();
 }
 
 const std::vector<MessageText>& MessageCatalogue<eORLIXSerializationMessage>::texts()
@@ -50,5 +44,11 @@ const std::vector<MessageText>& MessageCatalogue<eORLIXSerializationMessage>::te
                                 "it with a newer version of the library"}};
     return g_texts;
 }
+
+namespace {
+
+const CatalogueRegistration<eORLIXSerializationMessage> g_registration;
+
+} // namespace
 
 } // namespace orlix

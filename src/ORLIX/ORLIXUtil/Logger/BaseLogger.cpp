@@ -1,26 +1,9 @@
 // The logger above the loggers of all libraries of the family.
 #include "ORLIX/ORLIXUtil/Logger/BaseLogger.h"
 
-#include <log4cplus/logger.h>
+#include "ORLIX/ORLIXUtil/Logger/LogBridge.h"
 
 namespace orlix {
-
-namespace {
-
-/// Would log4cplus find an appender for this logger? It complains on the standard error stream where it finds none.
-bool isHeard(log4cplus::Logger logger)
-{
-    const log4cplus::tstring root = log4cplus::Logger::getRoot().getName();
-    while (logger.getAllAppenders().empty()) {
-        if (logger.getName() == root || !logger.getAdditivity()) {
-            return false;
-        }
-        logger = logger.getParent();
-    }
-    return true;
-}
-
-} // namespace
 
 const std::string& getBaseLoggerName()
 {
@@ -28,16 +11,11 @@ const std::string& getBaseLoggerName()
     return g_name;
 }
 
-log4cplus::Logger getBaseLogger()
-{
-    return log4cplus::Logger::getInstance(getBaseLoggerName());
-}
-
-void logMessage(log4cplus::Logger& logger, const int& level, const std::string& message, const std::string& file,
+void logMessage(const std::string& loggerName, const int& level, const std::string& message, const std::string& file,
                 int line)
 {
-    if (isHeard(logger)) {
-        logger.log(level, message, file.c_str(), line);
+    if (const LogFunction log = findLogFunction()) {
+        log(loggerName, level, message, file, line);
     }
 }
 

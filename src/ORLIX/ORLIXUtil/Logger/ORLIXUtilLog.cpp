@@ -1,27 +1,22 @@
 // Logger and message manager of ORLIXUtil.
 #include "ORLIX/ORLIXUtil/Logger/ORLIXUtilLog.h"
 
-#include "ORLIX/ORLIXUtil/LogMessageManager.h"
-#include "ORLIX/ORLIXUtil/Logger/BaseLogger.h"
-
-#include <log4cplus/logger.h>
-
 namespace orlix {
+
+LibraryLog& getORLIXUtilLog()
+{
+    static LibraryLog g_log("ORLIXUtil");
+    return g_log;
+}
 
 const std::string& getORLIXUtilLoggerName()
 {
-    static const std::string g_name = getBaseLoggerName() + ".ORLIXUtil";
-    return g_name;
-}
-
-log4cplus::Logger getORLIXUtilLogger()
-{
-    return log4cplus::Logger::getInstance(getORLIXUtilLoggerName());
+    return getORLIXUtilLog().getLoggerName();
 }
 
 LogMessageManager& getORLIXUtilLogMessageManager()
 {
-    return LogMessageManager::getInstance("ORLIXUtil");
+    return getORLIXUtilLog().getMessageManager();
 }
 
 } // namespace orlix

@@ -1,20 +1,14 @@
 // Messages of ORLIXUtil.
 #include "ORLIX/ORLIXUtil/Logger/ORLIXUtilLogMessages.h"
 
+#include "ORLIX/ORLIXUtil/CatalogueRegistration.h"
 #include "ORLIX/ORLIXUtil/Logger/ORLIXUtilLog.h"
-
-#include <log4cplus/logger.h>
 
 namespace orlix {
 
-LogMessageManager& MessageCatalogue<eORLIXUtilErrors>::manager()
+LibraryLog& MessageCatalogue<eORLIXUtilErrors>::log()
 {
-    return getORLIXUtilLogMessageManager();
-}
-
-log4cplus::Logger MessageCatalogue<eORLIXUtilErrors>::logger()
-{
-    return getORLIXUtilLogger();
+    return getORLIXUtilLog();
 }
 
 const std::vector<MessageText>& MessageCatalogue<eORLIXUtilErrors>::texts()
@@ -35,5 +29,11 @@ const std::vector<MessageText>& MessageCatalogue<eORLIXUtilErrors>::texts()
          "File %s can't be written: %s. It is as it was before: check its folder, its permissions and the free space"}};
     return g_texts;
 }
+
+namespace {
+
+const CatalogueRegistration<eORLIXUtilErrors> g_registration;
+
+} // namespace
 
 } // namespace orlix

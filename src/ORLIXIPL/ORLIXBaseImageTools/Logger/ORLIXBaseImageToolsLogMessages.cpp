@@ -1,22 +1,16 @@
 // Messages of ORLIXBaseImageTools.
 #include "ORLIXIPL/ORLIXBaseImageTools/Logger/ORLIXBaseImageToolsLogMessages.h"
 
+#include "ORLIX/ORLIXUtil/CatalogueRegistration.h"
 #include "ORLIXIPL/ORLIXBaseImageTools/Logger/ORLIXBaseImageToolsLog.h"
-
-#include <log4cplus/logger.h>
 
 namespace orlix {
 
 using image::tools::eORLIXBaseImageToolsMessage;
 
-LogMessageManager& MessageCatalogue<eORLIXBaseImageToolsMessage>::manager()
+LibraryLog& MessageCatalogue<eORLIXBaseImageToolsMessage>::log()
 {
-    return image::tools::getORLIXBaseImageToolsLogMessageManager();
-}
-
-log4cplus::Logger MessageCatalogue<eORLIXBaseImageToolsMessage>::logger()
-{
-    return image::tools::getORLIXBaseImageToolsLogger();
+    return image::tools::getORLIXBaseImageToolsLog();
 }
 
 const std::vector<MessageText>& MessageCatalogue<eORLIXBaseImageToolsMessage>::texts()
@@ -38,5 +32,11 @@ const std::vector<MessageText>& MessageCatalogue<eORLIXBaseImageToolsMessage>::t
         {eORLIXBaseImageToolsMessage::eTileNotTaken, "%s"}};
     return g_texts;
 }
+
+namespace {
+
+const CatalogueRegistration<eORLIXBaseImageToolsMessage> g_registration;
+
+} // namespace
 
 } // namespace orlix

@@ -1,20 +1,14 @@
 // Messages of the module as a whole.
 #include "ORLIXIPL/ORLIXIPLUtility/Logger/ORLIXIPLUtilityLogMessages.h"
 
+#include "ORLIX/ORLIXUtil/CatalogueRegistration.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Logger/ORLIXIPLUtilityLog.h"
-
-#include <log4cplus/logger.h>
 
 namespace orlix {
 
-LogMessageManager& MessageCatalogue<imaproc::util::eORLIXIPLUtilityMessage>::manager()
+LibraryLog& MessageCatalogue<imaproc::util::eORLIXIPLUtilityMessage>::log()
 {
-    return imaproc::util::getORLIXIPLUtilityLogMessageManager();
-}
-
-log4cplus::Logger MessageCatalogue<imaproc::util::eORLIXIPLUtilityMessage>::logger()
-{
-    return imaproc::util::getORLIXIPLUtilityLogger();
+    return imaproc::util::getORLIXIPLUtilityLog();
 }
 
 const std::vector<MessageText>& MessageCatalogue<imaproc::util::eORLIXIPLUtilityMessage>::texts()
@@ -24,5 +18,11 @@ const std::vector<MessageText>& MessageCatalogue<imaproc::util::eORLIXIPLUtility
         {Message::eOutputImageNotInitialized, "The output image has not been initialized"}};
     return g_texts;
 }
+
+namespace {
+
+const CatalogueRegistration<imaproc::util::eORLIXIPLUtilityMessage> g_registration;
+
+} // namespace
 
 } // namespace orlix

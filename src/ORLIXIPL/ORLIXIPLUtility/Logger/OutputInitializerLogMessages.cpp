@@ -1,20 +1,14 @@
 // Messages of output initializers.
 #include "ORLIXIPL/ORLIXIPLUtility/Logger/OutputInitializerLogMessages.h"
 
+#include "ORLIX/ORLIXUtil/CatalogueRegistration.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Logger/ORLIXIPLUtilityLog.h"
-
-#include <log4cplus/logger.h>
 
 namespace orlix {
 
-LogMessageManager& MessageCatalogue<imaproc::util::eOutputInitializerMessage>::manager()
+LibraryLog& MessageCatalogue<imaproc::util::eOutputInitializerMessage>::log()
 {
-    return imaproc::util::getORLIXIPLUtilityLogMessageManager();
-}
-
-log4cplus::Logger MessageCatalogue<imaproc::util::eOutputInitializerMessage>::logger()
-{
-    return imaproc::util::getORLIXIPLUtilityLogger();
+    return imaproc::util::getORLIXIPLUtilityLog();
 }
 
 const std::vector<MessageText>& MessageCatalogue<imaproc::util::eOutputInitializerMessage>::texts()
@@ -24,5 +18,11 @@ const std::vector<MessageText>& MessageCatalogue<imaproc::util::eOutputInitializ
         {Message::eInputAttributeNull, "Input attribute should not be null"}};
     return g_texts;
 }
+
+namespace {
+
+const CatalogueRegistration<imaproc::util::eOutputInitializerMessage> g_registration;
+
+} // namespace
 
 } // namespace orlix

@@ -1,20 +1,14 @@
 // Tool tips of the processors, and messages of the operators.
 #include "ORLIXIPL/ORLIXIPLUtility/Logger/ProcessorLogMessages.h"
 
+#include "ORLIX/ORLIXUtil/CatalogueRegistration.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Logger/ORLIXIPLUtilityLog.h"
-
-#include <log4cplus/logger.h>
 
 namespace orlix {
 
-LogMessageManager& MessageCatalogue<imaproc::util::eProcessorMessage>::manager()
+LibraryLog& MessageCatalogue<imaproc::util::eProcessorMessage>::log()
 {
-    return imaproc::util::getORLIXIPLUtilityLogMessageManager();
-}
-
-log4cplus::Logger MessageCatalogue<imaproc::util::eProcessorMessage>::logger()
-{
-    return imaproc::util::getORLIXIPLUtilityLogger();
+    return imaproc::util::getORLIXIPLUtilityLog();
 }
 
 const std::vector<MessageText>& MessageCatalogue<imaproc::util::eProcessorMessage>::texts()
@@ -90,5 +84,11 @@ const std::vector<MessageText>& MessageCatalogue<imaproc::util::eProcessorMessag
         {Message::eUnsupportedInterpolation, "Interpolation policy %s is not supported"}};
     return g_texts;
 }
+
+namespace {
+
+const CatalogueRegistration<imaproc::util::eProcessorMessage> g_registration;
+
+} // namespace
 
 } // namespace orlix

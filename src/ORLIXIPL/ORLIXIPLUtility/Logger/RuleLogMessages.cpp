@@ -1,20 +1,14 @@
 // Messages of rules.
 #include "ORLIXIPL/ORLIXIPLUtility/Logger/RuleLogMessages.h"
 
+#include "ORLIX/ORLIXUtil/CatalogueRegistration.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Logger/ORLIXIPLUtilityLog.h"
-
-#include <log4cplus/logger.h>
 
 namespace orlix {
 
-LogMessageManager& MessageCatalogue<imaproc::util::eRuleMessage>::manager()
+LibraryLog& MessageCatalogue<imaproc::util::eRuleMessage>::log()
 {
-    return imaproc::util::getORLIXIPLUtilityLogMessageManager();
-}
-
-log4cplus::Logger MessageCatalogue<imaproc::util::eRuleMessage>::logger()
-{
-    return imaproc::util::getORLIXIPLUtilityLogger();
+    return imaproc::util::getORLIXIPLUtilityLog();
 }
 
 const std::vector<MessageText>& MessageCatalogue<imaproc::util::eRuleMessage>::texts()
@@ -25,5 +19,11 @@ const std::vector<MessageText>& MessageCatalogue<imaproc::util::eRuleMessage>::t
         {Message::eInputAttributeNull, "Input attribute should not be null"}};
     return g_texts;
 }
+
+namespace {
+
+const CatalogueRegistration<imaproc::util::eRuleMessage> g_registration;
+
+} // namespace
 
 } // namespace orlix

@@ -1,22 +1,16 @@
 // Messages of ORLIXImage.
 #include "ORLIXIPL/ORLIXImage/Logger/ORLIXImageLogMessages.h"
 
+#include "ORLIX/ORLIXUtil/CatalogueRegistration.h"
 #include "ORLIXIPL/ORLIXImage/Logger/ORLIXImageLog.h"
-
-#include <log4cplus/logger.h>
 
 namespace orlix {
 
 using image::eORLIXImageMessage;
 
-LogMessageManager& MessageCatalogue<eORLIXImageMessage>::manager()
+LibraryLog& MessageCatalogue<eORLIXImageMessage>::log()
 {
-    return image::getORLIXImageLogMessageManager();
-}
-
-log4cplus::Logger MessageCatalogue<eORLIXImageMessage>::logger()
-{
-    return image::getORLIXImageLogger();
+    return image::getORLIXImageLog();
 }
 
 const std::vector<MessageText>& MessageCatalogue<eORLIXImageMessage>::texts()
@@ -49,5 +43,11 @@ const std::vector<MessageText>& MessageCatalogue<eORLIXImageMessage>::texts()
          "The pixels of an image of %s are not in host memory: copy it to a host image first"}};
     return g_texts;
 }
+
+namespace {
+
+const CatalogueRegistration<eORLIXImageMessage> g_registration;
+
+} // namespace
 
 } // namespace orlix

@@ -1,27 +1,22 @@
 // Logger and message manager of ORLIXImageIO.
 #include "ORLIXIPL/ORLIXImageIO/Logger/ORLIXImageIOLog.h"
 
-#include "ORLIX/ORLIXUtil/LogMessageManager.h"
-#include "ORLIX/ORLIXUtil/Logger/BaseLogger.h"
-
-#include <log4cplus/logger.h>
-
 namespace orlix::image::io {
+
+LibraryLog& getORLIXImageIOLog()
+{
+    static LibraryLog g_log("ORLIXImageIO");
+    return g_log;
+}
 
 const std::string& getORLIXImageIOLoggerName()
 {
-    static const std::string g_name = getBaseLoggerName() + ".ORLIXImageIO";
-    return g_name;
-}
-
-log4cplus::Logger getORLIXImageIOLogger()
-{
-    return log4cplus::Logger::getInstance(getORLIXImageIOLoggerName());
+    return getORLIXImageIOLog().getLoggerName();
 }
 
 LogMessageManager& getORLIXImageIOLogMessageManager()
 {
-    return LogMessageManager::getInstance("ORLIXImageIO");
+    return getORLIXImageIOLog().getMessageManager();
 }
 
 } // namespace orlix::image::io

@@ -1,22 +1,16 @@
 // Messages of ORLIXImageIO.
 #include "ORLIXIPL/ORLIXImageIO/Logger/ORLIXImageIOLogMessages.h"
 
+#include "ORLIX/ORLIXUtil/CatalogueRegistration.h"
 #include "ORLIXIPL/ORLIXImageIO/Logger/ORLIXImageIOLog.h"
-
-#include <log4cplus/logger.h>
 
 namespace orlix {
 
 using image::io::eORLIXImageIOMessage;
 
-LogMessageManager& MessageCatalogue<eORLIXImageIOMessage>::manager()
+LibraryLog& MessageCatalogue<eORLIXImageIOMessage>::log()
 {
-    return image::io::getORLIXImageIOLogMessageManager();
-}
-
-log4cplus::Logger MessageCatalogue<eORLIXImageIOMessage>::logger()
-{
-    return image::io::getORLIXImageIOLogger();
+    return image::io::getORLIXImageIOLog();
 }
 
 const std::vector<MessageText>& MessageCatalogue<eORLIXImageIOMessage>::texts()
@@ -87,5 +81,11 @@ const std::vector<MessageText>& MessageCatalogue<eORLIXImageIOMessage>::texts()
         {eORLIXImageIOMessage::eNotForImageJ, "%s: ImageJ can't read %s: %s"}};
     return g_texts;
 }
+
+namespace {
+
+const CatalogueRegistration<eORLIXImageIOMessage> g_registration;
+
+} // namespace
 
 } // namespace orlix

@@ -1,27 +1,22 @@
 // Logger and message manager of ORLIXImageProcessing.
 #include "ORLIXIPL/ORLIXImageProcessing/Logger/ORLIXImageProcessingLog.h"
 
-#include "ORLIX/ORLIXUtil/LogMessageManager.h"
-#include "ORLIX/ORLIXUtil/Logger/BaseLogger.h"
-
-#include <log4cplus/logger.h>
-
 namespace orlix::imaproc {
+
+LibraryLog& getORLIXImageProcessingLog()
+{
+    static LibraryLog g_log("ORLIXImageProcessing");
+    return g_log;
+}
 
 const std::string& getORLIXImageProcessingLoggerName()
 {
-    static const std::string g_name = getBaseLoggerName() + ".ORLIXImageProcessing";
-    return g_name;
-}
-
-log4cplus::Logger getORLIXImageProcessingLogger()
-{
-    return log4cplus::Logger::getInstance(getORLIXImageProcessingLoggerName());
+    return getORLIXImageProcessingLog().getLoggerName();
 }
 
 LogMessageManager& getORLIXImageProcessingLogMessageManager()
 {
-    return LogMessageManager::getInstance("ORLIXImageProcessing");
+    return getORLIXImageProcessingLog().getMessageManager();
 }
 
 } // namespace orlix::imaproc

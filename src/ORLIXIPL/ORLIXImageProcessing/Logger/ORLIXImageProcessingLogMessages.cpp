@@ -1,20 +1,14 @@
 // Messages of ORLIXImageProcessing.
 #include "ORLIXIPL/ORLIXImageProcessing/Logger/ORLIXImageProcessingLogMessages.h"
 
+#include "ORLIX/ORLIXUtil/CatalogueRegistration.h"
 #include "ORLIXIPL/ORLIXImageProcessing/Logger/ORLIXImageProcessingLog.h"
-
-#include <log4cplus/logger.h>
 
 namespace orlix {
 
-LogMessageManager& MessageCatalogue<imaproc::eImageRuleMessage>::manager()
+LibraryLog& MessageCatalogue<imaproc::eImageRuleMessage>::log()
 {
-    return imaproc::getORLIXImageProcessingLogMessageManager();
-}
-
-log4cplus::Logger MessageCatalogue<imaproc::eImageRuleMessage>::logger()
-{
-    return imaproc::getORLIXImageProcessingLogger();
+    return imaproc::getORLIXImageProcessingLog();
 }
 
 const std::vector<MessageText>& MessageCatalogue<imaproc::eImageRuleMessage>::texts()
@@ -36,14 +30,9 @@ const std::vector<MessageText>& MessageCatalogue<imaproc::eImageRuleMessage>::te
     return g_texts;
 }
 
-LogMessageManager& MessageCatalogue<imaproc::eImageSplitMessage>::manager()
+LibraryLog& MessageCatalogue<imaproc::eImageSplitMessage>::log()
 {
-    return imaproc::getORLIXImageProcessingLogMessageManager();
-}
-
-log4cplus::Logger MessageCatalogue<imaproc::eImageSplitMessage>::logger()
-{
-    return imaproc::getORLIXImageProcessingLogger();
+    return imaproc::getORLIXImageProcessingLog();
 }
 
 const std::vector<MessageText>& MessageCatalogue<imaproc::eImageSplitMessage>::texts()
@@ -64,5 +53,12 @@ const std::vector<MessageText>& MessageCatalogue<imaproc::eImageSplitMessage>::t
         {Message::eRangeOutside, "There is no range of %d from %d on in %d: ask for one within them"}};
     return g_texts;
 }
+
+namespace {
+
+const CatalogueRegistration<imaproc::eImageRuleMessage> g_imageRuleMessages;
+const CatalogueRegistration<imaproc::eImageSplitMessage> g_imageSplitMessages;
+
+} // namespace
 
 } // namespace orlix

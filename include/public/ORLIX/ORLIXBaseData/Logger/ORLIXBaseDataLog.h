@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ORLIX/ORLIXBaseData/Export.h"
+#include "ORLIX/ORLIXUtil/Logger/LibraryLog.h"
 
 #include <string>
 
@@ -11,10 +12,15 @@ class Logger;
 
 namespace orlix {
 
-class LogMessageManager;
-
+ORLIXBASEDATA_API LibraryLog& getORLIXBaseDataLog();
 ORLIXBASEDATA_API const std::string& getORLIXBaseDataLoggerName(); ///< "ORLIX.ORLIXBaseData"
-ORLIXBASEDATA_API log4cplus::Logger getORLIXBaseDataLogger();
 ORLIXBASEDATA_API LogMessageManager& getORLIXBaseDataLogMessageManager();
+
+/// For programs that include <log4cplus/logger.h> and link log4cplus.
+template <class TLogger = log4cplus::Logger>
+TLogger getORLIXBaseDataLogger()
+{
+    return TLogger::getInstance(getORLIXBaseDataLoggerName());
+}
 
 } // namespace orlix

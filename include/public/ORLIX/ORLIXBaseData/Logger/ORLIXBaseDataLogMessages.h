@@ -25,8 +25,7 @@ template <>
 struct ORLIXBASEDATA_API MessageCatalogue<eORLIXBaseDataMessage>
 {
     using Exception = ORLIXBaseDataException;
-    static LogMessageManager& manager();
-    static log4cplus::Logger logger();
+    static LibraryLog& log();
     static const std::vector<MessageText>& texts();
 };
 

@@ -25,8 +25,7 @@ template <>
 struct ORLIXBASEPROCESSING_API MessageCatalogue<processor::eAttributeMessage>
 {
     using Exception = processor::ORLIXBaseProcessingException;
-    static LogMessageManager& manager();
-    static log4cplus::Logger logger();
+    static LibraryLog& log();
     static const std::vector<MessageText>& texts();
 };
 

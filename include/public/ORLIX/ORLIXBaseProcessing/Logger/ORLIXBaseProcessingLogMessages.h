@@ -61,8 +61,7 @@ template <>
 struct ORLIXBASEPROCESSING_API MessageCatalogue<processor::eProcessorMessage>
 {
     using Exception = processor::ORLIXBaseProcessingException;
-    static LogMessageManager& manager();
-    static log4cplus::Logger logger();
+    static LibraryLog& log();
     static const std::vector<MessageText>& texts();
 };
 
@@ -70,8 +69,7 @@ template <>
 struct ORLIXBASEPROCESSING_API MessageCatalogue<processor::eAlgorithmFunctionMessage>
 {
     using Exception = processor::ORLIXBaseProcessingException;
-    static LogMessageManager& manager();
-    static log4cplus::Logger logger();
+    static LibraryLog& log();
     static const std::vector<MessageText>& texts();
 };
 
@@ -79,8 +77,7 @@ template <>
 struct ORLIXBASEPROCESSING_API MessageCatalogue<processor::eProcessingRuleMessage>
 {
     using Exception = processor::ORLIXBaseProcessingException;
-    static LogMessageManager& manager();
-    static log4cplus::Logger logger();
+    static LibraryLog& log();
     static const std::vector<MessageText>& texts();
 };
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ORLIX/ORLIXCore/Export.h"
+#include "ORLIX/ORLIXUtil/Logger/LibraryLog.h"
 
 #include <string>
 
@@ -9,14 +10,17 @@ namespace log4cplus {
 class Logger;
 }
 
-namespace orlix {
-class LogMessageManager;
-}
-
 namespace orlix::core {
 
+ORLIXCORE_API LibraryLog& getORLIXCoreLog();
 ORLIXCORE_API const std::string& getORLIXCoreLoggerName(); ///< "ORLIX.ORLIXCore"
-ORLIXCORE_API log4cplus::Logger getORLIXCoreLogger();
 ORLIXCORE_API LogMessageManager& getORLIXCoreLogMessageManager();
+
+/// For programs that include <log4cplus/logger.h> and link log4cplus.
+template <class TLogger = log4cplus::Logger>
+TLogger getORLIXCoreLogger()
+{
+    return TLogger::getInstance(getORLIXCoreLoggerName());
+}
 
 } // namespace orlix::core

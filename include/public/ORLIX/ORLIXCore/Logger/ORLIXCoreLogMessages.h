@@ -27,8 +27,7 @@ template <>
 struct ORLIXCORE_API MessageCatalogue<core::eORLIXCoreMessage>
 {
     using Exception = core::ORLIXCoreException;
-    static LogMessageManager& manager();
-    static log4cplus::Logger logger();
+    static LibraryLog& log();
     static const std::vector<MessageText>& texts();
 };
 

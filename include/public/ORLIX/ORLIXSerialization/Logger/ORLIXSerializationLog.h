@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ORLIX/ORLIXSerialization/Export.h"
+#include "ORLIX/ORLIXUtil/Logger/LibraryLog.h"
 
 #include <string>
 
@@ -11,10 +12,15 @@ class Logger;
 
 namespace orlix {
 
-class LogMessageManager;
-
+ORLIXSERIALIZATION_API LibraryLog& getORLIXSerializationLog();
 ORLIXSERIALIZATION_API const std::string& getORLIXSerializationLoggerName(); ///< "ORLIX.ORLIXSerialization"
-ORLIXSERIALIZATION_API log4cplus::Logger getORLIXSerializationLogger();
 ORLIXSERIALIZATION_API LogMessageManager& getORLIXSerializationLogMessageManager();
+
+/// For programs that include <log4cplus/logger.h> and link log4cplus.
+template <class TLogger = log4cplus::Logger>
+TLogger getORLIXSerializationLogger()
+{
+    return TLogger::getInstance(getORLIXSerializationLoggerName());
+}
 
 } // namespace orlix

@@ -36,8 +36,7 @@ template <>
 struct ORLIXSERIALIZATION_API MessageCatalogue<eORLIXSerializationMessage>
 {
     using Exception = ORLIXSerializationException;
-    static LogMessageManager& manager();
-    static log4cplus::Logger logger();
+    static LibraryLog& log();
     static const std::vector<MessageText>& texts();
 };
 

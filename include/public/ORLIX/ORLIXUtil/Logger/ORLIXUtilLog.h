@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ORLIX/ORLIXUtil/Export.h"
+#include "ORLIX/ORLIXUtil/Logger/LibraryLog.h"
 
 #include <string>
 
@@ -11,10 +12,15 @@ class Logger;
 
 namespace orlix {
 
-class LogMessageManager;
-
+ORLIXUTIL_API LibraryLog& getORLIXUtilLog();
 ORLIXUTIL_API const std::string& getORLIXUtilLoggerName(); ///< "ORLIX.ORLIXUtil"
-ORLIXUTIL_API log4cplus::Logger getORLIXUtilLogger();
 ORLIXUTIL_API LogMessageManager& getORLIXUtilLogMessageManager();
+
+/// For programs that include <log4cplus/logger.h> and link log4cplus.
+template <class TLogger = log4cplus::Logger>
+TLogger getORLIXUtilLogger()
+{
+    return TLogger::getInstance(getORLIXUtilLoggerName());
+}
 
 } // namespace orlix

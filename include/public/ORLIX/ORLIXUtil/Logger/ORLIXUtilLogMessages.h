@@ -25,8 +25,7 @@ template <>
 struct ORLIXUTIL_API MessageCatalogue<eORLIXUtilErrors>
 {
     using Exception = ORLIXUtilException;
-    static LogMessageManager& manager();
-    static log4cplus::Logger logger();
+    static LibraryLog& log();
     static const std::vector<MessageText>& texts();
 };
 

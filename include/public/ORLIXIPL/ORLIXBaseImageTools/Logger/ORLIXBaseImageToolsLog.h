@@ -1,6 +1,7 @@
 // Logger and message manager of ORLIXBaseImageTools.
 #pragma once
 
+#include "ORLIX/ORLIXUtil/Logger/LibraryLog.h"
 #include "ORLIXIPL/ORLIXBaseImageTools/Export.h"
 
 #include <string>
@@ -9,15 +10,17 @@ namespace log4cplus {
 class Logger;
 }
 
-namespace orlix {
+namespace orlix::image::tools {
 
-class LogMessageManager;
-
-namespace image::tools {
-
+ORLIXBASEIMAGETOOLS_API LibraryLog& getORLIXBaseImageToolsLog();
 ORLIXBASEIMAGETOOLS_API const std::string& getORLIXBaseImageToolsLoggerName(); ///< "ORLIX.ORLIXBaseImageTools"
-ORLIXBASEIMAGETOOLS_API log4cplus::Logger getORLIXBaseImageToolsLogger();
 ORLIXBASEIMAGETOOLS_API LogMessageManager& getORLIXBaseImageToolsLogMessageManager();
 
-} // namespace image::tools
-} // namespace orlix
+/// For programs that include <log4cplus/logger.h> and link log4cplus.
+template <class TLogger = log4cplus::Logger>
+TLogger getORLIXBaseImageToolsLogger()
+{
+    return TLogger::getInstance(getORLIXBaseImageToolsLoggerName());
+}
+
+} // namespace orlix::image::tools

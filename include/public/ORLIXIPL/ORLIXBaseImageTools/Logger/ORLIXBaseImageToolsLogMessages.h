@@ -32,8 +32,7 @@ template <>
 struct ORLIXBASEIMAGETOOLS_API MessageCatalogue<image::tools::eORLIXBaseImageToolsMessage>
 {
     using Exception = image::tools::ORLIXBaseImageToolsException;
-    static LogMessageManager& manager();
-    static log4cplus::Logger logger();
+    static LibraryLog& log();
     static const std::vector<MessageText>& texts();
 };
 

@@ -24,8 +24,7 @@ template <>
 struct ORLIXIPLUTILITY_API MessageCatalogue<imaproc::util::eOutputInitializerMessage>
 {
     using Exception = imaproc::util::ORLIXIPLUtilityException;
-    static LogMessageManager& manager();
-    static log4cplus::Logger logger();
+    static LibraryLog& log();
     static const std::vector<MessageText>& texts();
 };
 

@@ -90,8 +90,7 @@ template <>
 struct ORLIXIPLUTILITY_API MessageCatalogue<imaproc::util::eProcessorMessage>
 {
     using Exception = imaproc::util::ORLIXIPLUtilityException;
-    static LogMessageManager& manager();
-    static log4cplus::Logger logger();
+    static LibraryLog& log();
     static const std::vector<MessageText>& texts();
 };
 

@@ -36,8 +36,7 @@ template <>
 struct ORLIXIMAGE_API MessageCatalogue<image::eORLIXImageMessage>
 {
     using Exception = image::ORLIXImageException;
-    static LogMessageManager& manager();
-    static log4cplus::Logger logger();
+    static LibraryLog& log();
     static const std::vector<MessageText>& texts();
 };
 

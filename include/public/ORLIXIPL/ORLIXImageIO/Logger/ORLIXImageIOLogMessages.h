@@ -56,8 +56,7 @@ template <>
 struct ORLIXIMAGEIO_API MessageCatalogue<image::io::eORLIXImageIOMessage>
 {
     using Exception = image::io::ORLIXImageIOException;
-    static LogMessageManager& manager();
-    static log4cplus::Logger logger();
+    static LibraryLog& log();
     static const std::vector<MessageText>& texts();
 };
 

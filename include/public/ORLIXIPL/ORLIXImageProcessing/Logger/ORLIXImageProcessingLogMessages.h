@@ -55,8 +55,7 @@ template <>
 struct ORLIXIMAGEPROCESSING_API MessageCatalogue<imaproc::eImageRuleMessage>
 {
     using Exception = imaproc::ORLIXImageProcessingException;
-    static LogMessageManager& manager();
-    static log4cplus::Logger logger();
+    static LibraryLog& log();
     static const std::vector<MessageText>& texts();
 };
 
@@ -64,8 +63,7 @@ template <>
 struct ORLIXIMAGEPROCESSING_API MessageCatalogue<imaproc::eImageSplitMessage>
 {
     using Exception = imaproc::ORLIXImageProcessingException;
-    static LogMessageManager& manager();
-    static log4cplus::Logger logger();
+    static LibraryLog& log();
     static const std::vector<MessageText>& texts();
 };
 

@@ -1,0 +1,14 @@
+// The whole public face of ORLIXCore.
+#pragma once
+
+#include "ORLIX/ORLIXCore/ActionTypes.h"
+#include "ORLIX/ORLIXCore/BaseAction.h"
+#include "ORLIX/ORLIXCore/BaseActionProvider.h"
+#include "ORLIX/ORLIXCore/BaseComplexAction.h"
+#include "ORLIX/ORLIXCore/BaseExecutor.h"
+#include "ORLIX/ORLIXCore/Export.h"
+#include "ORLIX/ORLIXCore/InstructionSetAvailability.h"
+#include "ORLIX/ORLIXCore/Logger/ORLIXCoreLog.h"
+#include "ORLIX/ORLIXCore/Logger/ORLIXCoreLogMessages.h"
+#include "ORLIX/ORLIXCore/ORLIXCoreException.h"
+#include "ORLIX/ORLIXCore/RunContext.h"

@@ -1,0 +1,38 @@
+// Loads all libraries into a program that knows none of them, uses them, unloads them, and again.
+#include "Check.h"
+
+#include <thread>
+
+#include <dlfcn.h>
+
+namespace {
+
+using orlix::test::check;
+
+void useOnce(const char* file)
+{
+    void* const library = ::dlopen(file, RTLD_NOW | RTLD_LOCAL);
+    if (library == nullptr) {
+        check(false, ::dlerror());
+        return;
+    }
+    const auto use = reinterpret_cast<bool (*)(unsigned long, unsigned long)>(::dlsym(library, "useOperators"));
+    check(use(40, 30), "a use on the loading thread");
+    std::thread([&] { check(use(40, 30), "a use on a thread that ends before"); }).join();
+    ::dlclose(library);
+    check(!orlix::test::isMapped("libORLIX"), "the libraries are still there after they were unloaded");
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    if (argc != 2) {
+        std::fputs("usage: unloadAll <library that uses the operators>\n", stderr);
+        return 2;
+    }
+    for (int round = 0; round < 3; ++round) {
+        useOnce(argv[1]);
+    }
+    return orlix::test::g_nbFailures == 0 ? 0 : 1;
+}
