@@ -298,3 +298,38 @@ TEST(TiffRefusalTest, FormsThatAreOutOfScopeAreTold)
     }
     EXPECT_NO_THROW((void)readTiff(bytesOf(plainPage(8, 1, 1, 4)))); // untyped bytes count as unsigned
 }
+
+// Uncompressed strips of one row each, wherever in the file they lie.
+TEST(TiffStripOrderTest, StripsAreFoundByTheirOffsets)
+{
+    struct Case
+    {
+        const char* name;
+        std::vector<unsigned> order; ///< of the rows in the file
+        unsigned gap;                ///< bytes behind each row
+    };
+    for (const Case& c : {Case{"touching", {0, 1, 2, 3}, 0}, Case{"gaps", {0, 1, 2, 3}, 6},
+                          Case{"reverse", {3, 2, 1, 0}, 0}, Case{"reverse with gaps", {3, 2, 1, 0}, 2},
+                          Case{"first two exchanged", {1, 0, 2, 3}, 0}, Case{"last two exchanged", {0, 1, 3, 2}, 0}}) {
+        for (const unsigned bytes : {1u, 2u, 4u}) {
+            for (const unsigned samples : {1u, 3u}) {
+                TinyTiff tiff;
+                tiff.beginPage();
+                addPageTags(tiff, 5, 4, 8 * bytes, samples, samples == 3 ? 2 : 1);
+                tiff.addShort(g_tagRowsPerStrip, 1);
+                std::vector<std::uint64_t> offsets(4);
+                for (const unsigned row : c.order) {
+                    offsets[row] = tiff.getSize();
+                    tiff.addData(block(tiff, bytes, 0, row, 5, 1, 0, samples) + std::string(c.gap, '\x55'));
+                }
+                tiff.addLongs(g_tagStripOffsets, offsets);
+                tiff.addLongs(g_tagStripBytes, std::vector<std::uint64_t>(4, 5 * bytes * samples));
+                tiff.endPage();
+                const ImagePtr image = readTiff(bytesOf(tiff.getData()));
+                forEachPixel(*image, [&](const Position& p) {
+                    EXPECT_EQ(static_cast<double>(bitsAt(p.x, p.y, p.c, bytes)), valueAt(*image, p)) << c.name;
+                });
+            }
+        }
+    }
+}

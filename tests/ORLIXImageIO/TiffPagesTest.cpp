@@ -124,6 +124,50 @@ TEST(ImageJTest, CalibrationComesFromUnitSpacingAndResolution)
     EXPECT_EQ("inch", read("", 2, 300000)->getUnit());
 }
 
+// The sizes along y and z may have units of their own; here x is 1/4, y 1/8 and z 2.5 of theirs.
+TEST(ImageJTest, UnitsOfAxesAreConverted)
+{
+    const auto fileIn = [](const std::string& units, unsigned slices) {
+        return fileOf({.description = "ImageJ=1.53c\nimages=2\n" + std::string(slices == 2 ? "slices" : "frames") +
+                                      "=2\nspacing=2.5\n" + units,
+                       .pages = 2,
+                       .resolutionUnit = 1,
+                       .perUnit = {4000, 1000}});
+    };
+    const auto read = [&](const std::string& units) {
+        return readTiff(bytesOf(fileIn(units, 2)))->getGeometricCalibration();
+    };
+    const auto mixed = read("unit=mm\nyunit=\\u00B5m\nzunit=nm\n");
+    ASSERT_TRUE(mixed);
+    EXPECT_EQ("mm", mixed->getUnit());
+    EXPECT_FLOAT_EQ(0.25f, mixed->getPixelSizeX());
+    EXPECT_FLOAT_EQ(0.000125f, mixed->getPixelSizeY());
+    EXPECT_FLOAT_EQ(0.0000025f, mixed->getPixelSizeZ());
+    const auto micro = read("unit=micron\nzunit=mm\n");
+    ASSERT_TRUE(micro);
+    EXPECT_EQ(0.125f, micro->getPixelSizeY());
+    EXPECT_FLOAT_EQ(2500.f, micro->getPixelSizeZ());
+    EXPECT_EQ(2.5f, read("unit=micron\nyunit=um\nzunit=\\u00B5m\n")->getPixelSizeZ()); // three names of one unit
+    EXPECT_EQ(2.5f, read("unit=furlong\nyunit=furlong\nzunit=furlong\n")->getPixelSizeZ());
+
+    // What doesn't convert: z leaves x and y, y leaves nothing.
+    const auto flat = read("unit=mm\nzunit=sec\n");
+    ASSERT_TRUE(flat);
+    EXPECT_FALSE(flat->is3d());
+    EXPECT_EQ(0.125f, flat->getPixelSizeY());
+    EXPECT_FALSE(read("unit=mm\nyunit=sec\n"));
+    EXPECT_FALSE(read("zunit=mm\n")->is3d()); // pixels and millimetres
+    const TestFolder folder;
+    const auto ignoredIn = [&](const std::string& units, unsigned slices) {
+        putContent(folder / "a.tif", fileIn(units, slices));
+        return readImageInfo(folder / "a.tif").ignored.units;
+    };
+    EXPECT_EQ("z in sec", ignoredIn("unit=mm\nzunit=sec\n", 2));
+    EXPECT_EQ("", ignoredIn("unit=mm\nzunit=sec\n", 1)); // there is no z
+    EXPECT_EQ("y in sec, z in kg", ignoredIn("unit=mm\nyunit=sec\nzunit=kg\n", 2));
+    EXPECT_EQ("", ignoredIn("unit=mm\nyunit=nm\n", 2));
+}
+
 TEST(ImageJTest, RawStacksFollowOnePage)
 {
     for (const bool bBigEndian : {false, true}) {
@@ -242,6 +286,9 @@ TEST(OmeTest, PhysicalSizesAndUnits)
     EXPECT_FALSE(read("PhysicalSizeX=\"1e300\" PhysicalSizeY=\"1\""));
     EXPECT_FALSE(read("PhysicalSizeX=\"wide\" PhysicalSizeY=\"1\""));
     EXPECT_FALSE(read("PhysicalSizeX=\"1\" PhysicalSizeY=\"1\" PhysicalSizeYUnit=\"reference frame\""));
+    const auto flat = read("PhysicalSizeX=\"1\" PhysicalSizeZ=\"1\" PhysicalSizeZUnit=\"reference frame\"");
+    ASSERT_TRUE(flat);
+    EXPECT_FALSE(flat->is3d());
     EXPECT_FALSE(read(""));
 }
 

@@ -115,6 +115,31 @@ TEST(InfoTest, SoundFilesAreToldAlthoughOthersAreNot)
     EXPECT_EQ(parseJson(json.out).elements.size(), 2U);
 }
 
+/// What a file holds beside the image: two images of which one is read, another page, an orientation.
+TEST(InfoTest, TellsWhatIsIgnored)
+{
+    const TemporaryFolder folder;
+    const std::string file = folder / "a.tif";
+    image::io::writeImage(file, makeNoise(*image::geometry3d(eImageBufferType::UInt8, 4, 4, 3)));
+    EXPECT_EQ(runOrlix({"info", file}).out.find("ignored"), std::string::npos);
+    const JsonDocument whole = parseJson(runOrlix({"info", "--json", file}).out);
+    EXPECT_EQ(whole[0]["files"].number, 1);
+    EXPECT_EQ(whole[0]["ignored"]["pages"].number, 0);
+    EXPECT_EQ(whole[0]["ignored"]["orientation"].number, 1);
+    EXPECT_TRUE(whole[0]["ignored"]["units"].isNull());
+
+    // The description says two plans of three, in as many characters.
+    std::string content = contentOf(file);
+    for (const auto& [old, changed] :
+         {std::pair("SizeZ=\"3\"", "SizeZ=\"2\""), {"PlaneCount=\"3\"", "PlaneCount=\"2\""}}) {
+        content.replace(content.find(old), std::strlen(old), changed);
+    }
+    writeText(file, content);
+    EXPECT_NE(runOrlix({"info", file}).out.find("\n  ignored      1 page that is no plan of this image\n"),
+              std::string::npos);
+    EXPECT_EQ(parseJson(runOrlix({"info", "--json", file}).out)[0]["ignored"]["pages"].number, 1);
+}
+
 /// Names of files are bytes; JSON is UTF-8.
 TEST(InfoTest, JsonHoldsAnyFileName)
 {

@@ -35,6 +35,9 @@ std::string describeContainer(const ImageFileInfo& info)
     if (!info.metadata.empty()) {
         text += " with " + printable(info.metadata) + " axes";
     }
+    if (info.files > 1) {
+        text += " and pages of " + std::to_string(info.files) + " files";
+    }
     text += ", " + std::to_string(info.pages) + (info.pages == 1 ? " page, " : " pages, ");
     text += std::to_string(info.bitsPerSample) + " bits a sample, compression " + printable(info.compression);
     if (info.format == eImageFileFormat::eTiff) {
@@ -44,11 +47,59 @@ std::string describeContainer(const ImageFileInfo& info)
     return text + ", " + std::to_string(info.fileBytes) + " bytes";
 }
 
+std::string counted(unsigned long count, const char* one, const char* several)
+{
+    return std::to_string(count) + " " + (count == 1 ? one : several);
+}
+
+/// What the file holds beside and the image lacks; empty where there is nothing.
+std::string describeIgnored(const ImageFileInfo::Ignored& ignored)
+{
+    std::vector<std::string> parts;
+    if (ignored.images > 0) {
+        parts.push_back(counted(ignored.images, "further image", "further images"));
+    }
+    if (ignored.pages > 0) {
+        parts.push_back(counted(ignored.pages, "page that is no plan of this image", "pages that are no plans of it"));
+    }
+    if (ignored.reduced > 0) {
+        parts.push_back(counted(ignored.reduced, "reduced copy or mask", "reduced copies or masks"));
+    }
+    if (ignored.orientation != 1) {
+        parts.push_back("orientation " + std::to_string(ignored.orientation) +
+                        ": rows and columns come as they are stored");
+    }
+    if (!ignored.units.empty()) {
+        parts.push_back("pixel sizes in units that don't convert to that of x (" + printable(ignored.units) + ")");
+    }
+    std::string text;
+    for (const std::string& part : parts) {
+        text.append(text.empty() ? "" : "; ").append(part);
+    }
+    return text;
+}
+
+void writeIgnored(JsonWriter& json, const ImageFileInfo::Ignored& ignored)
+{
+    json.key("ignored");
+    json.beginObject();
+    json.member("images", ignored.images);
+    json.member("pages", ignored.pages);
+    json.member("reduced", ignored.reduced);
+    json.member("orientation", static_cast<unsigned long>(ignored.orientation));
+    json.key("units");
+    ignored.units.empty() ? json.null() : json.value(ignored.units);
+    json.endObject();
+}
+
 void printInfo(std::ostream& out, const std::string& file, const ImageFileInfo& info)
 {
     out << printable(file) << "\n  axes         " << describeAxes(info.geometry) << "\n  type         "
         << describeType(info.geometry) << "\n  calibration  " << describeCalibration(info.calibration)
         << "\n  file         " << describeContainer(info) << "\n";
+    if (const std::string ignored = describeIgnored(info.ignored); !ignored.empty()) {
+        out << "  ignored      " << ignored << "\n";
+    }
 }
 
 void writeInfo(JsonWriter& json, const std::string& file, const ImageFileInfo& info)
@@ -66,6 +117,8 @@ void writeInfo(JsonWriter& json, const std::string& file, const ImageFileInfo& i
     json.member("tiled", info.bTiled);
     json.member("byteOrder", info.bBigEndian ? "big" : "little");
     json.member("fileBytes", info.fileBytes);
+    json.member("files", info.files);
+    writeIgnored(json, info.ignored);
     json.endObject();
 }
 

@@ -32,6 +32,19 @@ struct ImageFileInfo
     bool bTiled = false;
     bool bBigTiff = false;
     bool bBigEndian = false;
+    unsigned long files = 1; ///< that the pages of the image lie in
+
+    /// What the file says beside, and `readImage` leaves alone.
+    struct Ignored
+    {
+        unsigned long images = 0;  ///< further images of OME-XML
+        unsigned long pages = 0;   ///< of this file that give no plan, reduced copies apart
+        unsigned long reduced = 0; ///< reduced copies and masks, as pages or sub-directories
+        unsigned orientation = 1;  ///< of TIFF, 1 to 8; rows and columns come as they are stored, which is 1
+        std::string units;         ///< of axes that have no calibration, as theirs doesn't convert to that of x
+
+        friend bool operator==(const Ignored&, const Ignored&) = default;
+    } ignored;
 };
 
 } // namespace orlix::image::io

@@ -18,13 +18,16 @@ namespace orlix::image::io {
 ///             Samples of a pixel (red, green, blue, alpha) are channels. Reduced pages and masks are left out. Of
 ///             several images in OME-XML the first that lies in the file is read. Plans that it puts into other files
 ///             are read from there where these lie in the same folder, under the names and with the UUIDs that it
-///             tells; a name with a folder in it is refused.
+///             tells; a name with a folder in it is refused. Rows and columns come as they are stored, whatever TIFF's
+///             orientation tag says; `readImageInfo` tells it, and what else is left alone.
 /// types       TIFF: integers of 8, 16 and 32 bits and floats of 32 keep their type; 1 bit gives Binary; 2 and 4 bits
 ///             are spread over UInt8. PNG: 8 and 16 bits, 1 bit of grey gives Binary. Palettes become three channels
 ///             of UInt8, or one where every entry is grey. "Min is white" is turned round. Like types come back where
 ///             this library wrote them.
 /// calibration OME-XML, ImageJ, the resolution tags of TIFF or the pHYs chunk of PNG, in the unit that the file names;
-///             not from the 72 and 96 pixels per inch that programs write where nothing was measured.
+///             not from the 72 and 96 pixels per inch that programs write where nothing was measured. The unit is that
+///             of x, into which sizes along y and z are converted. Where z's doesn't convert, the calibration is one in
+///             2d; where y's doesn't, there is none.
 /// errors      ORLIXImageIOException: unreadable, damaged or truncated file, a description that contradicts the pages,
 ///             a form that is not supported (64 bits, complex, half floats, CMYK, CIELab, colour filter arrays, pages
 ///             of different size, pages of several plans (the tags ImageDepth and TileDepth), and what libtiff 4.5

@@ -39,6 +39,16 @@ CalibrationPtr calibrationOf(const std::string& unit, float sizeX, float sizeY, 
     return calibration;
 }
 
+UnitFactors unitFactors(const std::string& unitX, const std::string& unitY, const std::string& unitZ)
+{
+    UnitFactors factors = {unitFactor(unitY, unitX), unitFactor(unitZ, unitX), ""};
+    factors.ignored = factors.y ? "" : "y in " + unitY;
+    if (!factors.z) {
+        factors.ignored += (factors.ignored.empty() ? "z in " : ", z in ") + unitZ;
+    }
+    return factors;
+}
+
 CalibrationPtr calibrationOf(const Resolution& resolution)
 {
     const auto& [perUnitX, perUnitY, unit] = resolution;

@@ -85,7 +85,7 @@ std::string unescaped(const std::string& text)
     return result;
 }
 
-CalibrationPtr calibrationFrom(const Lines& lines, const Resolution& resolution, bool b3d)
+CalibrationPtr calibrationFrom(const Lines& lines, const Resolution& resolution, bool b3d, std::string& ignoredUnits)
 {
     std::string unit = unescaped(valueOf(lines, "unit"));
     if (unit.empty() && !resolution.unit.empty()) {
@@ -99,11 +99,19 @@ CalibrationPtr calibrationFrom(const Lines& lines, const Resolution& resolution,
     const float sizeY = resolution.perUnitY > 0 ? static_cast<float>(1 / resolution.perUnitY) : 1.f;
     const auto spacing = numberFrom<float>(valueOf(lines, "spacing"));
     const float sizeZ = spacing && *spacing != 0 ? std::abs(*spacing) : 1.f;
-    const bool bPixels = unit.empty() || unit == "pixel" || unit == "pixels";
-    if (bPixels && sizeX == 1 && sizeY == 1 && (!b3d || sizeZ == 1)) {
+    unit = unit.empty() || unit == "pixel" || unit == "pixels" ? "px" : unit;
+    const auto unitAlong = [&](std::string_view key) {
+        const std::string own = unescaped(valueOf(lines, key));
+        return own.empty() ? unit : own;
+    };
+    const UnitFactors factors = unitFactors(unit, unitAlong("yunit"), b3d ? unitAlong("zunit") : unit);
+    ignoredUnits = factors.ignored;
+    if (!factors.y || (unit == "px" && sizeX == 1 && sizeY == 1 && (!b3d || sizeZ == 1))) {
         return nullptr;
     }
-    return calibrationOf(bPixels ? "px" : unit, sizeX, sizeY, b3d ? std::optional(sizeZ) : std::nullopt);
+    const auto converted = [](float size, double factor) { return static_cast<float>(size * factor); };
+    return calibrationOf(unit, sizeX, converted(sizeY, *factors.y),
+                         b3d && factors.z ? std::optional(converted(sizeZ, *factors.z)) : std::nullopt);
 }
 
 // Page i of c, z, t with c fastest.
@@ -160,7 +168,7 @@ ImageMetadata metadataOfImageJ(std::string_view text, const PageFacts& facts, co
     if (sizeT > 1) {
         metadata.temporal.initSequence(sizeT);
     }
-    metadata.calibration = calibrationFrom(lines, resolution, sizeZ > 1);
+    metadata.calibration = calibrationFrom(lines, resolution, sizeZ > 1, metadata.ignoredUnits);
     metadata.bRawStack = images != facts.pages;
     if (!metadata.bRawStack) {
         metadata.places = placesOf(sizeC, sizeZ, sizeT, facts.channels);

@@ -49,6 +49,11 @@ const LengthUnit* find(const std::string& name)
     return found == g_units.end() ? nullptr : found;
 }
 
+bool isPixel(const std::string& unit)
+{
+    return unit == "px" || unit == "pixel" || unit == "pixels";
+}
+
 } // namespace
 
 std::optional<double> metresIn(const std::string& unit)
@@ -57,9 +62,18 @@ std::optional<double> metresIn(const std::string& unit)
     return found ? std::optional(found->metres) : std::nullopt;
 }
 
+std::optional<double> unitFactor(const std::string& from, const std::string& to)
+{
+    if (from == to || (isPixel(from) && isPixel(to))) {
+        return 1;
+    }
+    const auto metresFrom = metresIn(from), metresTo = metresIn(to);
+    return metresFrom && metresTo ? std::optional(*metresFrom / *metresTo) : std::nullopt;
+}
+
 std::string omeUnitOf(const std::string& unit)
 {
-    if (unit == "px" || unit == "pixel" || unit == "pixels") {
+    if (isPixel(unit)) {
         return "pixel";
     }
     const LengthUnit* const found = find(unit);

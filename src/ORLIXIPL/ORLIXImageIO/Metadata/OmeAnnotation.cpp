@@ -114,7 +114,7 @@ void followAnnotation(pugi::xml_node ome, ImageMetadata& metadata)
         metadata.temporal.initSequence(1);
     }
     const CalibrationPtr calibration = calibrationFrom(element);
-    if (calibration && agree(*calibration, metadata.calibration)) {
+    if (calibration && metadata.ignoredUnits.empty() && agree(*calibration, metadata.calibration)) {
         metadata.calibration = calibration;
     }
 }

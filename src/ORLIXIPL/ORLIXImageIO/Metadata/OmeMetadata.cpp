@@ -4,7 +4,6 @@
 #include "ORLIX/ORLIXUtil/Raise.h"
 #include "ORLIXIPL/ORLIXImageIO/Logger/ORLIXImageIOLogMessages.h"
 #include "ORLIXIPL/ORLIXImageIO/Metadata/Calibration.h"
-#include "ORLIXIPL/ORLIXImageIO/Metadata/LengthUnit.h"
 #include "ORLIXIPL/ORLIXImageIO/Metadata/OmeAnnotation.h"
 #include "ORLIXIPL/ORLIXImageIO/Metadata/OmePlanes.h"
 #include "ORLIXIPL/ORLIXImageIO/Metadata/TextNumber.h"
@@ -45,29 +44,36 @@ void checkSize(pugi::xml_node pixels, const char* name, unsigned long found, con
     }
 }
 
-// The pixel size along an axis, in `unit`, where it is told in a unit that converts.
-std::optional<float> pixelSize(pugi::xml_node pixels, const std::string& axis, const std::string& unit)
+std::string unitOf(pugi::xml_node pixels, const std::string& axis)
+{
+    return pixels.attribute(("PhysicalSize" + axis + "Unit").c_str()).as_string("\u00b5m");
+}
+
+// The pixel size along an axis times `factor`; nothing where it is no number.
+std::optional<float> pixelSize(pugi::xml_node pixels, const std::string& axis, double factor)
 {
     const char* const text = pixels.attribute(("PhysicalSize" + axis).c_str()).value();
-    const std::string own = pixels.attribute(("PhysicalSize" + axis + "Unit").c_str()).as_string("\u00b5m");
-    if (own == unit) {
+    if (factor == 1) {
         return numberFrom<float>(text);
     }
     const auto value = numberFrom<double>(text);
-    const auto from = metresIn(own), to = metresIn(unit);
-    if (!value || !from || !to) {
-        return std::nullopt;
-    }
-    return static_cast<float>(*value * (*from / *to));
+    return value ? std::optional(static_cast<float>(*value * factor)) : std::nullopt;
 }
 
-CalibrationPtr calibrationFrom(pugi::xml_node pixels)
+CalibrationPtr calibrationFrom(pugi::xml_node pixels, std::string& ignoredUnits)
 {
-    const std::string unit = pixels.attribute("PhysicalSizeXUnit").as_string("\u00b5m");
-    const auto sizeX = pixelSize(pixels, "X", unit);
-    const auto sizeY = pixels.attribute("PhysicalSizeY") ? pixelSize(pixels, "Y", unit) : sizeX;
-    const bool b3d = pixels.attribute("PhysicalSizeZ");
-    const auto sizeZ = b3d ? pixelSize(pixels, "Z", unit) : std::nullopt;
+    const bool bTellsY = pixels.attribute("PhysicalSizeY"), bTellsZ = pixels.attribute("PhysicalSizeZ");
+    const std::string unit = unitOf(pixels, "X");
+    const UnitFactors factors =
+        unitFactors(unit, bTellsY ? unitOf(pixels, "Y") : unit, bTellsZ ? unitOf(pixels, "Z") : unit);
+    ignoredUnits = factors.ignored;
+    if (!factors.y) {
+        return nullptr;
+    }
+    const auto sizeX = pixelSize(pixels, "X", 1);
+    const auto sizeY = bTellsY ? pixelSize(pixels, "Y", *factors.y) : sizeX;
+    const bool b3d = bTellsZ && factors.z;
+    const auto sizeZ = b3d ? pixelSize(pixels, "Z", *factors.z) : std::nullopt;
     if (!sizeX || !sizeY || (b3d && !sizeZ)) {
         return nullptr;
     }
@@ -136,7 +142,10 @@ ImageMetadata metadataOfOme(std::string_view text, const PageFacts& facts, OmeFi
     if (axes.sizeT > 1) {
         metadata.temporal.initSequence(axes.sizeT);
     }
-    metadata.calibration = calibrationFrom(pixels);
+    const auto isImage = [](pugi::xml_node child) { return hasName(child, "Image"); };
+    metadata.furtherImages =
+        static_cast<unsigned long>(std::ranges::count_if(ome.children(), isImage)) - 1; // there is one at least
+    metadata.calibration = calibrationFrom(pixels, metadata.ignoredUnits);
     metadata.places = placesOfPlanes(pixels, axes, identity, facts, files);
     followAnnotation(ome, metadata);
     return metadata;

@@ -141,6 +141,8 @@ ImageFileInfo PngReader::getInfo() const
     info.bitsPerSample = static_cast<unsigned long>(m_bits);
     info.fileBytes = m_input.source.getSize();
     info.bBigEndian = true;
+    info.ignored.images = m_metadata.furtherImages;
+    info.ignored.units = m_metadata.ignoredUnits;
     return info;
 }
 

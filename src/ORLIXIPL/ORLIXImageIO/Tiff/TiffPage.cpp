@@ -140,6 +140,12 @@ TiffPage describePage(TiffHandle& tiff, unsigned long index)
     }
     page.depth = fieldOf<std::uint32_t>(tiff, TIFFTAG_IMAGEDEPTH, 1);
     page.blockDepth = fieldOf<std::uint32_t>(tiff, TIFFTAG_TILEDEPTH, 1);
+    page.orientation = fieldOf<std::uint16_t>(tiff, TIFFTAG_ORIENTATION, ORIENTATION_TOPLEFT);
+    std::uint16_t subPages = 0;
+    std::uint64_t* offsets = nullptr;
+    if (TIFFGetField(tiff, TIFFTAG_SUBIFD, &subPages, &offsets) == 1) {
+        page.subPages = subPages;
+    }
     page.bGreyPalette = page.photometric == PHOTOMETRIC_PALETTE && hasGreyPalette(tiff, page.bits);
     if (page.width == 0 || page.height == 0 || page.samples == 0 || page.blockWidth == 0 || page.blockHeight == 0) {
         tiff.messages().error = "it has " + page.toString();

@@ -28,7 +28,7 @@ void TiffPageDecoder::decode(const TiffPage& page, const PixelForm& form, const 
     m_place = place;
     m_tiff.messages().clear();
     if (form.conversion == eSampleConversion::eByLibrary) {
-        decodeByLibrary(place);
+        decodeByLibrary(page, place);
         return;
     }
     if (form.conversion == eSampleConversion::ePalette) {
@@ -97,12 +97,13 @@ void TiffPageDecoder::readBlock(const TiffPage& page, std::uint32_t index, void*
     check(m_progress.goesOnAfter(bytes));
 }
 
-void TiffPageDecoder::decodeByLibrary(const PagePlace& place)
+void TiffPageDecoder::decodeByLibrary(const TiffPage& page, const PagePlace& place)
 {
     const unsigned long width = m_image.getSizeX(), height = m_image.getSizeY();
     std::vector<std::uint32_t> pixels(width * height);
+    // In the orientation that they have: libtiff turns nothing, as elsewhere.
     check(TIFFReadRGBAImageOriented(m_tiff, static_cast<std::uint32_t>(width), static_cast<std::uint32_t>(height),
-                                    pixels.data(), ORIENTATION_TOPLEFT, 1) == 1 &&
+                                    pixels.data(), static_cast<int>(page.orientation), 1) == 1 &&
           m_tiff.messages().empty());
     for (unsigned c = 0; c < 3; ++c) {
         for (unsigned long y = 0; y < height; ++y) {

@@ -120,7 +120,36 @@ ImageFileInfo TiffReader::getInfo() const
     info.bTiled = firstPage().bTiled;
     info.bBigTiff = TIFFIsBigTIFF(tiff) != 0;
     info.bBigEndian = TIFFIsBigEndian(tiff) != 0;
+    info.files = m_files.getNbFiles();
+    info.ignored = whatIsIgnored();
     return info;
+}
+
+ImageFileInfo::Ignored TiffReader::whatIsIgnored() const
+{
+    ImageFileInfo::Ignored ignored;
+    ignored.images = m_metadata.furtherImages;
+    ignored.units = m_metadata.ignoredUnits;
+    std::vector<bool> used(pages().size());
+    used[m_firstPage] = m_metadata.bRawStack;
+    for (const PagePlace& place : m_metadata.places) {
+        if (place.file == 0) {
+            used[place.page] = true;
+        }
+        ignored.reduced += m_files.getPage(place).subPages;
+        if (ignored.orientation == ORIENTATION_TOPLEFT) {
+            ignored.orientation = m_files.getPage(place).orientation;
+        }
+    }
+    if (m_metadata.bRawStack) {
+        ignored.reduced = firstPage().subPages;
+        ignored.orientation = firstPage().orientation;
+    }
+    for (std::size_t page = 0; page < used.size(); ++page) {
+        ignored.reduced += !used[page] && pages()[page].bLeftOut;
+        ignored.pages += !used[page] && !pages()[page].bLeftOut;
+    }
+    return ignored;
 }
 
 ImagePtr TiffReader::read(const ProgressFunction& function)

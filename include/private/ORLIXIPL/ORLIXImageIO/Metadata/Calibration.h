@@ -13,6 +13,16 @@ bool isPixelSize(double size);
 /// A calibration at origin 0 without rotation, in 3d where `sizeZ` is given. Null where a size is not a pixel size.
 CalibrationPtr calibrationOf(const std::string& unit, float sizeX, float sizeY, std::optional<float> sizeZ);
 
+/// How the sizes along y and z become sizes in the unit of x. Where the unit of y doesn't convert, there is no
+/// calibration; where that of z doesn't, there is one in 2d.
+struct UnitFactors
+{
+    std::optional<double> y, z; ///< nothing where the unit doesn't convert
+    std::string ignored;        ///< the axes of which that is so: "y in sec, z in nm"
+};
+
+UnitFactors unitFactors(const std::string& unitX, const std::string& unitY, const std::string& unitZ);
+
 /// Pixels per unit, as the resolution tags of TIFF and the pHYs chunk of PNG have them.
 struct Resolution
 {

@@ -39,9 +39,11 @@ struct ImageMetadata
     TemporalGeometry temporal;
     unsigned long sizeC = 1;
     eImageBufferType type;
-    CalibrationPtr calibration;    ///< null where nothing tells
-    std::vector<PagePlace> places; ///< by file and page; empty under `bRawStack`
-    bool bRawStack = false;        ///< plans follow the first page's pixels without directories, c fastest, then z, t
+    CalibrationPtr calibration;      ///< null where nothing tells
+    std::string ignoredUnits;        ///< of axes whose unit doesn't convert to that of x: "y in sec, z in nm"
+    std::vector<PagePlace> places;   ///< by file and page; empty under `bRawStack`
+    unsigned long furtherImages = 0; ///< that the description tells of
+    bool bRawStack = false;          ///< plans follow the first page's pixels without directories, c fastest, then z, t
 };
 
 /// Pages are z.

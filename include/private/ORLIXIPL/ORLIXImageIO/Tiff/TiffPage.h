@@ -29,8 +29,10 @@ struct TiffPage
     /// Where the pixels begin that lie in the file row by row, as they are but for byte order; 0 where they don't.
     unsigned long rawOffset = 0;
 
-    unsigned long depth = 1;     ///< plans of the page; `blockDepth` of a tile
+    unsigned long depth = 1; ///< plans of the page; `blockDepth` of a tile
     unsigned long blockDepth = 1;
+    unsigned long subPages = 0; ///< in directories of their own, most often reduced copies
+    unsigned orientation = ORIENTATION_TOPLEFT;
 
     friend bool operator==(const TiffPage&, const TiffPage&) = default;
     std::string toString() const; ///< "512x256 pixels of 3 RGB samples, unsigned, 8 bits"

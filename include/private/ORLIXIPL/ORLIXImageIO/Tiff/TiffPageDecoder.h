@@ -28,7 +28,7 @@ private:
         unsigned long x, y, width, height; ///< in the page, cut to it
     };
 
-    void decodeByLibrary(const PagePlace& place);
+    void decodeByLibrary(const TiffPage& page, const PagePlace& place);
     void decodeBlock(const TiffPage& page, const PixelForm& form, const Block& block, unsigned sample);
     bool goesStraight(const TiffPage& page, const PixelForm& form) const;
     void readBlock(const TiffPage& page, std::uint32_t index, void* target, unsigned long bytes);

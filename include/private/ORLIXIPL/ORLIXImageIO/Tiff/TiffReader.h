@@ -26,6 +26,7 @@ private:
     const std::vector<TiffPage>& pages() const { return m_files.first().getPages(); }
     const TiffPage& firstPage() const { return pages()[m_firstPage]; }
     void readMetadata();
+    ImageFileInfo::Ignored whatIsIgnored() const;
     void checkPages(const ReadLimits& limits);
     void readPages(BaseImage& image, Progress& progress, std::span<const PagePlace> places);
 
