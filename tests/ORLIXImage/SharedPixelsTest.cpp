@@ -1,6 +1,7 @@
 // When two images are views of the same pixels: one address, and the same distance along every axis that has one.
 #include "ORLIXIPL/ORLIXImage/ImageFactory.h"
 
+#include <boost/make_shared.hpp>
 #include <gtest/gtest.h>
 
 #include <string>
@@ -86,6 +87,41 @@ TEST_F(SharedPixelsTest, SoDoAddressSizesAndType)
           geometry5d(eImageBufferType::eBufferUInt16Like, 5, 4, 3, 2, 2)}) {
         EXPECT_FALSE(areShared(image, wrap(*other, g_strides))) << other->toString();
     }
+}
+
+/// An image whose time steps lie at given offsets in bytes.
+class StepsImage final : public BaseImage
+{
+public:
+    StepsImage(const BaseImageGeometry& geometry, std::byte* first, const std::vector<unsigned long>& offsets)
+        : BaseImage(geometry, layoutOf(first, offsets))
+    {}
+
+private:
+    static PixelLayout layoutOf(std::byte* first, const std::vector<unsigned long>& offsets)
+    {
+        PixelLayout layout;
+        layout.first = first;
+        layout.rowBytes = 5;
+        layout.stepOffsets = boost::make_shared<const std::vector<unsigned long>>(offsets);
+        return layout;
+    }
+};
+
+TEST_F(SharedPixelsTest, WhereTypesDifferByStepThePlaceOfEveryStepCounts)
+{
+    TemporalGeometry temporal;
+    temporal.initSequence(3);
+    const BaseImageGeometry geometry({eImageBufferType::UInt8, eImageBufferType::UInt16, eImageBufferType::UInt8}, 5, 4,
+                                     {}, {}, temporal);
+    auto* const first = reinterpret_cast<std::byte*>(m_memory.data());
+    const std::vector<unsigned long> offsets = {0, 100, 200};
+    const auto make = [&](const std::vector<unsigned long>& places) {
+        return boost::make_shared<StepsImage>(geometry, first, places);
+    };
+    EXPECT_TRUE(areShared(make(offsets), make(offsets)));
+    EXPECT_FALSE(areShared(make(offsets), make({0, 102, 200})));
+    EXPECT_FALSE(areShared(make(offsets), make({0, 100, 202})));
 }
 
 } // namespace

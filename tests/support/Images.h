@@ -72,6 +72,15 @@ inline ImagePtr plainCopy(const image::BaseImage& image)
     return copy;
 }
 
+/// What `make()` gives, an image of the geometry, made where the last image of its size had nothing but wrong elements:
+/// memory is used again, and what a former image left in it could pass for a result.
+template <class TMake>
+ImagePtr makeOnSpoiltMemory(const image::BaseImageGeometry& geometry, const TMake& make)
+{
+    fillRandom(*image::createImage(geometry), 0xBAD);
+    return make();
+}
+
 /// How an image lies in memory of the caller's.
 struct WrapForm
 {

@@ -87,9 +87,15 @@ inline std::string runThreshold(const ImageConstPtr& in, double low, double high
 
 inline ImagePtr threshold(const ImageConstPtr& in, double low, double high)
 {
-    const auto level = makeThreshold(in, low, high);
-    processor::executeSyncRun(level);
-    return level->getStorage<attr::OutBinImg>();
+    const image::BaseImageGeometry& geometry = in->getGeometry();
+    const image::BaseImageGeometry binary(image::eImageBufferType::eBufferBinary, geometry.getSizeX(),
+                                          geometry.getSizeY(), geometry.getVolumeGeometry(),
+                                          geometry.getColorGeometry(), geometry.getTemporalGeometry());
+    return testing::makeOnSpoiltMemory(binary, [&] {
+        const auto level = makeThreshold(in, low, high);
+        processor::executeSyncRun(level);
+        return level->getStorage<attr::OutBinImg>();
+    });
 }
 
 /// Two bounds within the range of the type, which about half of all random pixels lie between.

@@ -44,6 +44,15 @@ inline Set runningSet(BufferType from, BufferType to)
 
 using ForcedConvertSet = ForcedSet<imaproc::util::ConvertImgLvl3>;
 
+/// What convertImg makes; see makeOnSpoiltMemory.
+inline ImagePtr converted(const ImageConstPtr& in, BufferType to)
+{
+    const image::BaseImageGeometry& geometry = in->getGeometry();
+    return makeOnSpoiltMemory({to, geometry.getSizeX(), geometry.getSizeY(), geometry.getVolumeGeometry(),
+                               geometry.getColorGeometry(), geometry.getTemporalGeometry()},
+                              [&] { return imaproc::util::convertImg(in, to); });
+}
+
 inline std::uint32_t bitsAt(const std::byte* elements, unsigned long index, unsigned long size)
 {
     std::uint32_t bits = 0;

@@ -16,6 +16,7 @@ using image::createImage;
 using image::eImageBufferType;
 using image::geometry2d;
 using image::geometry5d;
+using testing::converted;
 using testing::fillRandom;
 using testing::isConverted;
 using testing::makeRandom;
@@ -30,7 +31,7 @@ TEST(ConvertImgTest, everyPairOfTypesInBothForms)
         const ImagePtr in = makeRandom(*geometry5d(from, 37, 29, 2, 3, 2));
         const ImagePtr before = testing::plainCopy(*in);
         for (const eImageBufferType to : image::g_allBufferTypes) {
-            const ImagePtr made = convertImg(in, to);
+            const ImagePtr made = converted(in, to);
             EXPECT_NE(made, in);
             EXPECT_EQ(made->getGeometry().toString(), geometry5d(to, 37, 29, 2, 3, 2)->toString());
             EXPECT_TRUE(isConverted(*in, *made));
@@ -46,7 +47,7 @@ TEST(ConvertImgTest, toItsOwnTypeItIsACopyButForBinary)
 {
     for (const eImageBufferType type : image::g_allBufferTypes) {
         const ImagePtr in = makeRandom(*geometry2d(type, 300, 20));
-        const ImagePtr out = convertImg(in, type);
+        const ImagePtr out = converted(in, type);
         EXPECT_NE(out, in);
         EXPECT_FALSE(out->sharesPixelsWith(*in));
         if (type != eImageBufferType::eBufferBinary) {
@@ -89,10 +90,10 @@ TEST(ConvertImgTest, stripsAndExecutorsGiveTheSameBytes)
 {
     const ImagePtr in = makeRandom(*geometry5d(eImageBufferType::Real32, 701, 497, 2, 1, 2));
     for (const eImageBufferType to : {eImageBufferType::UInt8, eImageBufferType::Int16, eImageBufferType::UInt32}) {
-        const ImagePtr expected = convertImg(in, to);
+        const ImagePtr expected = converted(in, to);
         EXPECT_TRUE(isConverted(*in, *expected));
         const auto check = [&](const std::string& name) {
-            EXPECT_TRUE(sameImages(*expected, *convertImg(in, to))) << name;
+            EXPECT_TRUE(sameImages(*expected, *converted(in, to))) << name;
         };
         for (const testing::NamedExecutor& named : testing::makeAllExecutors()) {
             const testing::ScopedExecutor scope(named.executor);
@@ -126,7 +127,7 @@ TEST(ConvertImgTest, wrappedMemoryIsTouchedNowhereElse)
                     convertImg(in.get(), out.get());
                     EXPECT_TRUE(isConverted(*in.get(), *out.get()));
                     EXPECT_TRUE(in.isOutsideIntact() && out.isOutsideIntact()) << sizeX;
-                    EXPECT_TRUE(sameImages(*out.get(), *convertImg(in.get(), to)));
+                    EXPECT_TRUE(sameImages(*out.get(), *converted(in.get(), to)));
                 }
             }
         }
@@ -155,7 +156,7 @@ TEST(ConvertImgTest, typesThatDifferByStepBecomeOne)
     const BaseImageGeometry geometry({eImageBufferType::UInt8, eImageBufferType::Real32, eImageBufferType::Int16}, 33,
                                      21, {}, {}, temporal);
     const ImagePtr in = makeRandom(geometry);
-    const ImagePtr out = convertImg(in, eImageBufferType::UInt16);
+    const ImagePtr out = converted(in, eImageBufferType::UInt16);
     EXPECT_EQ(out->getGeometry().toString(), "33x21x1x1x3 UInt16");
     EXPECT_TRUE(isConverted(*in, *out));
     EXPECT_EQ(
@@ -244,7 +245,7 @@ TEST(ConvertImgTest, randomGeometries)
         const auto size = [](unsigned long most) { return *rc::gen::inRange<unsigned long>(0, most + 1); };
         const auto type = [] { return image::g_allBufferTypes[*rc::gen::inRange<std::size_t>(0, 11)]; };
         const ImagePtr in = makeRandom(*geometry5d(type(), size(150), size(40), size(4), size(3), size(2)), size(1000));
-        RC_ASSERT(static_cast<bool>(isConverted(*in, *convertImg(in, type()))));
+        RC_ASSERT(static_cast<bool>(isConverted(*in, *converted(in, type()))));
     }));
 }
 

@@ -4,6 +4,7 @@
 #include "ORLIX/ORLIXSerialization/ORLIXSerializationException.h"
 #include "ORLIX/ORLIXSerialization/TextIArchive.h"
 #include "ORLIXIPL/ORLIXIPLUtility/ORLIXIPLUtility.h"
+#include "ORLIXIPLUtility/Processor/CopyImg/CopyChecks.h"
 #include "ORLIXIPLUtility/ProcessorChecks.h"
 #include "support/Executors.h"
 #include "support/Images.h"
@@ -83,7 +84,7 @@ TEST(CopyImgRunsTest, everyNumberOfThreadsGivesTheSameBytes)
     const ImagePtr in = makeRandom(*geometry5d(eImageBufferType::UInt8, 517, 700, 3, 1, 1));
     const auto expectCopy = [&](const boost::shared_ptr<core::BaseExecutor>& executor) {
         const testing::ScopedExecutor scope(executor);
-        EXPECT_TRUE(testing::sameImages(*in, *copyImg(in))) << executor->getNbThreads() << " threads";
+        EXPECT_TRUE(testing::sameImages(*in, *copied(in))) << executor->getNbThreads() << " threads";
     };
     for (unsigned long nbThreads = 1; nbThreads <= 64; nbThreads = nbThreads < 8 ? nbThreads + 1 : 2 * nbThreads) {
         expectCopy(core::makePlainThreadExecutor(nbThreads));
@@ -124,7 +125,7 @@ TEST(CopyImgRunsTest, theInputIsOnlyRead)
             image::wrapImage(*geometry2d(eImageBufferType::UInt8, sizeX - gap, sizeY), page, {sizeX, 0, 0, 0}, nullptr);
         testing::fillRandom(*in, gap);
         ASSERT_EQ(mprotect(page, nbBytes, PROT_READ), 0);
-        EXPECT_TRUE(testing::sameImages(*in, *copyImg(in)));
+        EXPECT_TRUE(testing::sameImages(*in, *copied(in)));
         ASSERT_EQ(mprotect(page, nbBytes, PROT_READ | PROT_WRITE), 0);
     }
     munmap(page, nbBytes);
@@ -140,7 +141,7 @@ TEST(CopyImgRunsTest, axesMayLieInMemoryInAnyOrder)
     const testing::ScopedExecutor scope(core::makePlainThreadExecutor(4));
     copyImg(in, turns);
     EXPECT_TRUE(testing::sameImages(*in, *turns));
-    EXPECT_TRUE(testing::sameImages(*in, *copyImg(turns)));
+    EXPECT_TRUE(testing::sameImages(*in, *copied(turns)));
 }
 
 TEST(CopyImgRunsTest, levelTwoCopiesAPlan)

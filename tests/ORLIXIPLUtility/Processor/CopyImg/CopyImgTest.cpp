@@ -2,6 +2,7 @@
 #include "ORLIX/ORLIXCore/BaseExecutor.h"
 #include "ORLIXIPL/ORLIXBaseImageTools/SubImageExtractor.h"
 #include "ORLIXIPL/ORLIXIPLUtility/ORLIXIPLUtility.h"
+#include "ORLIXIPLUtility/Processor/CopyImg/CopyChecks.h"
 #include "ORLIXIPLUtility/ProcessorChecks.h"
 #include "support/Executors.h"
 #include "support/Images.h"
@@ -32,7 +33,7 @@ TEST(CopyImgTest, everyTypeAndLineLength)
              {1UL, 2UL, 15UL, 16UL, 17UL, 31UL, 33UL, 63UL, 64UL, 65UL, 127UL, 199UL, 1023UL}) {
             for (const unsigned long sizeY : {1UL, 3UL, 64UL}) {
                 const ImagePtr in = makeRandom(*geometry2d(type, sizeX, sizeY), sizeX);
-                const ImagePtr made = copyImg(in);
+                const ImagePtr made = copied(in);
                 EXPECT_NE(made, in);
                 EXPECT_TRUE(sameImages(*in, *made));
                 const ImagePtr given = makeRandom(in->getGeometry(), 99);
@@ -47,7 +48,7 @@ TEST(CopyImgTest, fiveAxes)
 {
     for (const eImageBufferType type : {eImageBufferType::Int8, eImageBufferType::UInt16, eImageBufferType::Real32}) {
         const ImagePtr in = makeRandom(*geometry5d(type, 37, 29, 4, 3, 2));
-        EXPECT_TRUE(sameImages(*in, *copyImg(in)));
+        EXPECT_TRUE(sameImages(*in, *copied(in)));
     }
 }
 
@@ -69,7 +70,7 @@ TEST(CopyImgTest, stripsAndExecutorsGiveTheSameBytes)
     const ImagePtr in = makeRandom(*geometry5d(eImageBufferType::UInt16, 701, 997, 2, 1, 2)); // 28 strips
     for (const testing::NamedExecutor& named : testing::makeAllExecutors()) {
         const testing::ScopedExecutor scope(named.executor);
-        EXPECT_TRUE(sameImages(*in, *copyImg(in))) << named.name;
+        EXPECT_TRUE(sameImages(*in, *copied(in))) << named.name;
     }
 }
 
@@ -118,7 +119,7 @@ TEST(CopyImgTest, typesThatDifferByStep)
     const BaseImageGeometry geometry({eImageBufferType::UInt8, eImageBufferType::Real32, eImageBufferType::Int16}, 33,
                                      21, {}, {}, temporal);
     const ImagePtr in = makeRandom(geometry);
-    const ImagePtr out = copyImg(in);
+    const ImagePtr out = copied(in);
     EXPECT_TRUE(out->getGeometry().hasSameBufferTypes(geometry));
     EXPECT_TRUE(sameImages(*in, *out));
 }
@@ -187,7 +188,7 @@ TEST(CopyImgTest, randomGeometries)
         const auto size = [](unsigned long most) { return *rc::gen::inRange<unsigned long>(0, most + 1); };
         const eImageBufferType type = image::g_allBufferTypes[*rc::gen::inRange<std::size_t>(0, 11)];
         const ImagePtr in = makeRandom(*geometry5d(type, size(150), size(40), size(4), size(3), size(2)), size(1000));
-        RC_ASSERT(static_cast<bool>(sameImages(*in, *copyImg(in))));
+        RC_ASSERT(static_cast<bool>(sameImages(*in, *copied(in))));
     }));
 }
 
