@@ -41,7 +41,7 @@ protected:
 
 TEST_F(CompareTolerancesTest, WhatIsNoTolerance)
 {
-    for (const eImageBufferType type : image::g_allBufferTypes) {
+    for (const auto type : {eImageBufferType::UInt16, eImageBufferType::Real32}) {
         for (const std::string option : {"--absolute", "--relative"}) {
             for (const std::string value :
                  {"nan", "-nan", "inf", "-inf", "-1", "-0.001", "1e39", " 1", "few", "0x10"}) {
