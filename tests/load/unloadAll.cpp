@@ -19,8 +19,10 @@ void useOnce(const char* file)
     const auto use = reinterpret_cast<bool (*)(unsigned long, unsigned long)>(::dlsym(library, "useOperators"));
     check(use(40, 30), "a use on the loading thread");
     std::thread([&] { check(use(40, 30), "a use on a thread that ends before"); }).join();
-    ::dlclose(library);
+    const auto places = orlix::test::findMapped("libORLIX");
+    check(::dlclose(library) == 0, "closing what uses the operators");
     check(!orlix::test::isMapped("libORLIX"), "the libraries are still there after they were unloaded");
+    orlix::test::block(places);
 }
 
 } // namespace

@@ -44,9 +44,11 @@ void useOnce(const char* user, const char* operators)
     check(use(3000, 2000), "a use by several threads");
     check(::dlclose(userLibrary) == 0, "closing what uses the operators");
     checkEntries(true, "while one handle is open");
+    const auto places = orlix::test::findMapped("libORLIXIPLUtility");
     check(::dlclose(library) == 0, "closing the operators");
     checkEntries(false, "after unloading");
     check(!orlix::test::isMapped("libORLIXIPLUtility"), "the operators are still there after they were unloaded");
+    orlix::test::block(places);
 }
 
 } // namespace
