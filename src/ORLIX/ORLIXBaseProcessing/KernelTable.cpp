@@ -29,7 +29,7 @@ DataTypeIdentifierColl typesOf(const KernelRow& row)
 
 } // namespace
 
-void registerKernels(AlgorithmFunctionSelector& selector, const KernelTable& table)
+void details::functionRegistration(AlgorithmFunctionSelector& selector, const KernelTable& table)
 {
     InstructionSetsIdentifier sets;
     sets.init(table.set);

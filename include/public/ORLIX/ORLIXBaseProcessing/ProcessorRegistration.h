@@ -22,7 +22,7 @@ public:
     ProcessorRegistration(std::initializer_list<const KernelTable*> kernels)
     {
         for (const KernelTable* table : kernels) {
-            registerKernels(TProcessor::retrieveFunctionSelector(), *table);
+            details::functionRegistration(TProcessor::retrieveFunctionSelector(), *table);
         }
         TProcessor::createMutexes();
     }
