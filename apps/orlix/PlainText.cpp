@@ -1,7 +1,8 @@
 // Text for people: safe to print on a terminal, in one line.
 #include "PlainText.h"
 
-#include <charconv>
+#include "ORLIX/ORLIXUtil/NumberText.h"
+
 #include <cstdio>
 
 namespace orlix::cli {
@@ -26,26 +27,14 @@ std::string printable(std::string_view text)
     return out;
 }
 
-namespace {
-
-template <class T>
-std::string shortestOf(T value)
-{
-    char digits[32];
-    const std::to_chars_result end = std::to_chars(digits, digits + sizeof(digits), value);
-    return std::string(digits, end.ptr);
-}
-
-} // namespace
-
 std::string shortest(float value)
 {
-    return shortestOf(value);
+    return numberText(value);
 }
 
 std::string shortest(double value)
 {
-    return shortestOf(value);
+    return numberText(value);
 }
 
 std::string errorLine(std::string_view message)

@@ -5,6 +5,7 @@
 #include "ORLIX/ORLIXSerialization/ORLIXSerializationException.h"
 #include "ORLIX/ORLIXUtil/DynamicRegistrator.h"
 #include "ORLIXBaseData/TestDataItems.h"
+#include "support/ScopedLocale.h"
 
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
@@ -130,6 +131,21 @@ TEST(DataItemNode, isPrintedOnOneLine)
               "0.1, 0.1, 0.1, 0.1, 0.1, 0.1, 0.1, ... 20 in all], "
               "positions: [{x: 5, y: 6}, {x: 18446744073709551615, y: 18446744073709551615}], "
               "points: [{X: 7, Y: 8}, none, {X: 9, Y: 10}], rows: [[1, 2], [], [3]]}");
+}
+
+TEST(DataItemNode, isPrintedTheSameInEveryLocale)
+{
+    const orlix::testing::ScopedCppLocale scope;
+    Sample sample;
+    sample.small = 100;
+    sample.real = 1234567.5F;
+    sample.position = {1234567, 1000};
+    sample.values.assign(1000, 0.25);
+    const std::string text = printed(sample);
+    for (const char* part :
+         {"small: 100,", "real: 1234567.5,", "position: {x: 1234567, y: 1000}", "0.25, ... 1000 in all"}) {
+        EXPECT_NE(text.find(part), std::string::npos) << part << " in " << text;
+    }
 }
 
 TEST(DataItemNode, comesBackFromAnArchive)

@@ -1,6 +1,7 @@
 // The order of plan indices and of ranges.
 #include "ORLIX/ORLIXBaseData/ElementsRange.h"
 #include "ORLIX/ORLIXBaseData/PlanIndex.h"
+#include "support/ScopedLocale.h"
 
 #include <gtest/gtest.h>
 
@@ -34,6 +35,10 @@ TEST(PlanIndex, isOrderedWithZFastest)
     std::ostringstream stream;
     stream << PlanIndex(1, 2, 3);
     EXPECT_EQ(stream.str(), "(1, 2, 3)");
+    const orlix::testing::ScopedCppLocale scope;
+    std::ostringstream other;
+    other << PlanIndex(1234567, 2, 3000);
+    EXPECT_EQ(other.str(), "(1234567, 2, 3000)");
 }
 
 TEST(ElementsRange, isOrderedByStartThenSize)

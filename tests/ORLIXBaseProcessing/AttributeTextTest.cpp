@@ -1,6 +1,7 @@
 // Attributes from text and as text.
 #include "ORLIX/ORLIXBaseData/DataItemNode.h"
 #include "ORLIXBaseProcessing/TestLibrary.h"
+#include "support/ScopedLocale.h"
 
 #include <boost/make_shared.hpp>
 
@@ -8,7 +9,6 @@
 
 #include <array>
 #include <cmath>
-#include <locale>
 
 namespace orlix::processor::test {
 
@@ -140,24 +140,13 @@ TEST(AttributeText, EnumerationTakesNamesInAnyCaseAndNumbers)
     }
 }
 
-class CommaForPoint : public std::numpunct<char>
-{
-    char do_decimal_point() const override { return ','; }
-    char do_thousands_sep() const override { return '.'; }
-    std::string do_grouping() const override { return "\3"; }
-};
-
 TEST(AttributeText, DoesNotDependOnTheLocale)
 {
-    const std::locale before = std::locale::global(std::locale(std::locale::classic(), new CommaForPoint));
-    const double real = valueOf<double>("1234567.5");
-    const std::optional<std::string> realText = InValue<double>(1234567.5).getDefaultText();
-    const std::optional<std::string> wholeText = InValue<int>(1234567).getDefaultText();
+    const orlix::testing::ScopedCppLocale scope;
+    EXPECT_EQ(valueOf<double>("1234567.5"), 1234567.5);
+    EXPECT_EQ(InValue<double>(1234567.5).getDefaultText(), "1234567.5");
+    EXPECT_EQ(InValue<int>(1234567).getDefaultText(), "1234567");
     refusalOf<double>("1,5");
-    std::locale::global(before);
-    EXPECT_EQ(real, 1234567.5);
-    EXPECT_EQ(realText, "1234567.5");
-    EXPECT_EQ(wholeText, "1234567");
 }
 
 TEST(AttributeText, TellsKindValueAndDefault)

@@ -52,6 +52,9 @@ public:
     static constexpr auto g_toolTip = eTestToolTip::eRecorder;
     [[maybe_unused]] static constexpr const char* g_header = "TwoStageProcessor.h";
 
+    RulePtr createRule() const { return none(); }
+    void initOutputInitializers(OutputInitializerMap&) const {}
+
     Stage m_first;
     Stage m_second;
     bool m_bPreProcessed = false;

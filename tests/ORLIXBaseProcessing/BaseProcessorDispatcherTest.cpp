@@ -1,6 +1,7 @@
 // Dispatchers over a recording level below: how many elements, which ranges, what is refused.
 #include "ORLIX/ORLIXBaseProcessing/ProcessorDispatchers.h"
 
+#include "ORLIX/ORLIXBaseProcessing/NoSplit.h"
 #include "ORLIXBaseProcessing/LowerProcessor.h"
 #include "ORLIXCore/TestActions.h"
 #include "support/Executors.h"
@@ -134,6 +135,25 @@ TEST(StaticDispatcher, ChecksTheClassOfTheLowerProcessor)
               "class");
 }
 
+TEST(StaticDispatcher, ChecksTheClassAgainForOtherSplits)
+{
+    StaticDispatcher dispatcher;
+    EXPECT_EQ(failureOf(dispatcher.init(BasePriority(), numbers(2))), "no failure");
+    EXPECT_EQ(failureOf(core::runOn(*core::makeTbbExecutor(1), dispatcher)), "no failure");
+    EXPECT_EQ(numbersSeen().size(), 2u);
+    const auto stranger = boost::make_shared<StaticNoSplit<OtherProcessor, InOptNumber>>();
+    for (const bool bFirst : {true, false}) { // wherever it stands among the splits
+        const auto known = numbers(2);
+        EXPECT_EQ(failureOf(bFirst ? dispatcher.init(BasePriority(), stranger, known)
+                                   : dispatcher.init(BasePriority(), known, stranger)),
+                  "no failure");
+        EXPECT_EQ(failureOf(core::runOn(*core::makeTbbExecutor(1), dispatcher)),
+                  "The split for attribute InOptNumber does not feed processors of class LowerProcessor: make it for "
+                  "that class");
+        EXPECT_TRUE(numbersSeen().empty());
+    }
+}
+
 TEST(StaticDispatcher, SpeaksForItsProcessorClass)
 {
     const StaticDispatcher dispatcher;
@@ -192,6 +212,21 @@ TEST(DynamicDispatcher, ChecksTheClassOfTheLowerProcessor)
               "The split for attribute InLines does not feed processors of class OtherProcessor: make it for that class");
 }
 
+TEST(DynamicDispatcher, ChecksTheClassAgainForOtherSplits)
+{
+    DynamicDispatcher dispatcher;
+    const auto known = lines(2, 1, 1);
+    EXPECT_EQ(failureOf(dispatcher.init(BasePriority(), known)), "no failure");
+    EXPECT_EQ(failureOf(core::runOn(*core::makeTbbExecutor(1), dispatcher)), "no failure");
+    EXPECT_EQ(LowerProcessor::takeSeen().size(), 1u);
+    const auto stranger = boost::make_shared<DynamicNoSplit<OtherProcessor, InOptNumber>>();
+    EXPECT_EQ(failureOf(dispatcher.init(BasePriority(), known, stranger)), "no failure");
+    EXPECT_EQ(failureOf(core::runOn(*core::makeTbbExecutor(1), dispatcher)),
+              "The split for attribute InOptNumber does not feed processors of class LowerProcessor: make it for that "
+              "class");
+    EXPECT_TRUE(LowerProcessor::takeSeen().empty());
+}
+
 TEST(DynamicDispatcher, NoLinesMeanNoElements)
 {
     for (const unsigned long lineBytes : {0UL, 100UL}) {
@@ -229,6 +264,24 @@ TEST(DynamicDispatcher, NoRangeIsLargerThanASplitAllows)
     EXPECT_EQ(linesPerElement(4, 4), 4u);
     EXPECT_EQ(linesPerElement(16, 10), 16u) << "one multiple at least";
     EXPECT_EQ(linesPerElement(1, 0), 1u);
+}
+
+TEST(DynamicDispatcher, WhatASplitThatCutsNothingTouchesCountsForTheCost)
+{
+    const auto split = boost::make_shared<DynamicNoSplit<LowerProcessor, InOptNumber>>();
+    DynamicDispatcher dispatcher;
+    EXPECT_EQ(failureOf(dispatcher.init(BasePriority(), lines(10, 7, 1), split)), "no failure");
+    EXPECT_EQ(dispatcher.getCost(), 70u);
+    ElementsLocationInfo location;
+    location.insertNonLocalized(ElementsRange(0, 1), 300);
+    location.insertNonLocalized(ElementsRange(1, 4), 30);
+    EXPECT_EQ(location.getNonLocalized(),
+              (std::vector<std::pair<ElementsRange, unsigned long>>{{{0, 1}, 300}, {{1, 4}, 30}}));
+    split->initUnSplitted(location);
+    EXPECT_FALSE(split->isDataLocalized());
+    EXPECT_EQ(failureOf(dispatcher.init(BasePriority(), lines(10, 7, 1), split)), "no failure");
+    EXPECT_EQ(dispatcher.getCost(), 400u);
+    EXPECT_EQ(dispatcher.getNbElements(), 1u);
 }
 
 TEST(DynamicDispatcher, TheHighestStripThereIsTakesAllLines)

@@ -2,6 +2,7 @@
 #include "ORLIX/ORLIXBaseProcessing/AttributeRules.h"
 
 #include "ORLIXBaseProcessing/TestLibrary.h"
+#include "support/ScopedLocale.h"
 
 #include <gtest/gtest.h>
 
@@ -159,6 +160,19 @@ TEST(AttributeComparison, AllRelationsWithNotANumber)
             (expectComparison<types>(operands), ...);
         }(std::make_integer_sequence<int, 6>());
     }
+}
+
+TEST(AttributeComparison, ItsTextHasAllDigitsInEveryLocale)
+{
+    auto left = boost::make_shared<InNumber>();
+    auto right = boost::make_shared<SecondNumber>();
+    left->init(1234567.25);
+    right->init(0.1);
+    const RuleAttributeComparison<InNumber, SecondNumber, eValueComparisonRuleType::eLess> less(left, right);
+    const std::string text = "InNumber is 1234567.25, but has to be less than SecondNumber, which is 0.1";
+    EXPECT_EQ(less.check().getMessage(), text);
+    const orlix::testing::ScopedCppLocale scope;
+    EXPECT_EQ(less.check().getMessage(), text);
 }
 
 TEST(AttributeComparison, TheRelationsHaveTheirFixedValues)

@@ -7,6 +7,7 @@
 #include "ORLIXCore/TestActions.h"
 #include "support/Executors.h"
 
+#include <boost/weak_ptr.hpp>
 #include <gtest/gtest.h>
 
 #include <stdexcept>
@@ -85,6 +86,36 @@ TEST(DynamicByCreationResultSplit, MakesWhatTheGivenFunctionMakesOfTheRange)
     }
 }
 
+TEST(DynamicByCreationResultSplit, KeepsAFunctionThatNobodyElseKeepsAndItsResults)
+{
+    for (const NamedExecutor& each : makeAllExecutors()) {
+        SCOPED_TRACE(each.name);
+        auto base = boost::make_shared<double>(1000);
+        const boost::weak_ptr<double> watch = base;
+        const auto split =
+            dynamicByCreationResultSplit<SumProcessor, OutSum>([base](unsigned long start, unsigned long) {
+                return boost::make_shared<Sum>(Sum{*base + static_cast<double>(start), 0});
+            });
+        base.reset();
+        ASSERT_FALSE(watch.expired()) << "the split holds what it calls";
+        Dispatcher dispatcher;
+        ASSERT_TRUE(dispatcher.init(BasePriority(), linesOf<SumProcessor>(7, 3), split).getValue());
+        ASSERT_TRUE(core::runOn(*each.executor, dispatcher).getValue());
+        EXPECT_TRUE(watch.expired()) << "and lets go of it after the run";
+        std::vector<double> totals;
+        for (const auto& [range, sum] : split->accessResults()) {
+            totals.push_back(sum->total);
+        }
+        EXPECT_EQ(totals, (std::vector<double>{1000 + 0 + 1 + 2, 1003 + 3 + 4 + 5, 1006 + 6}));
+
+        ASSERT_TRUE(split->initBase().getValue());
+        EXPECT_TRUE(split->accessResults().empty()) << "a set-up empties the map";
+        ASSERT_TRUE(dispatcher.init(BasePriority(), linesOf<SumProcessor>(100, 4), split).getValue());
+        ASSERT_TRUE(core::runOn(*each.executor, dispatcher).getValue());
+        expectSums(split->accessResults(), 100, 4);
+    }
+}
+
 TEST(DynamicByCreationResultSplit, AnEmptyFunctionRaises)
 {
     for (const NamedExecutor& each : makeAllExecutors()) {
@@ -121,7 +152,7 @@ TEST(DynamicByCreationResultSplit, AnExceptionOfTheFunctionArrivesUnchanged)
     EXPECT_THROW(static_cast<void>(core::runOn(*core::makeTbbExecutor(1), dispatcher)), std::range_error);
 }
 
-TEST(DynamicByCreationResultSplit, ANullResultFailsTheElement)
+TEST(DynamicByCreationResultSplit, ANullResultRaises)
 {
     const CreationFunction<Sum> create = [](unsigned long, unsigned long) { return boost::shared_ptr<Sum>(); };
     Results results;
@@ -130,8 +161,13 @@ TEST(DynamicByCreationResultSplit, ANullResultFailsTheElement)
                     .init(BasePriority(), dynamicByCreationResultSplit<SumProcessor, OutSum>(create, results),
                           linesOf<SumProcessor>(20, 5))
                     .getValue());
-    EXPECT_EQ(core::runOn(*core::makeTbbExecutor(1), dispatcher).getMessage(),
-              "SumProcessor: attribute OutSum holds a null pointer: give it an object that exists");
+    try {
+        static_cast<void>(core::runOn(*core::makeTbbExecutor(1), dispatcher));
+        ADD_FAILURE() << "no exception";
+    } catch (const ORLIXBaseProcessingException& error) {
+        EXPECT_STREQ(error.what(), "The split for attribute OutSum was given a null pointer: give it data that exists");
+    }
+    EXPECT_TRUE(results.empty());
 }
 
 TEST(DynamicByCreationResultSplit, UsesAResultAgainOnceNobodyHoldsIt)
@@ -169,6 +205,9 @@ public:
     static constexpr const char* g_name = "SumLevel";
     static constexpr auto g_toolTip = eTestToolTip::eRecorder;
     [[maybe_unused]] static constexpr const char* g_header = "SumLevel.h";
+
+    RulePtr createRule() const { return none(); }
+    void initOutputInitializers(OutputInitializerMap&) const {}
 
     void clearIntermediateData() override { m_results.clear(); }
 
@@ -233,7 +272,9 @@ TEST(DynamicByCreationResultSplit, FeedsItsAttributeOfItsClass)
     EXPECT_EQ(split.getAttributeToolTip(), "A sum that comes out");
     EXPECT_EQ(split.getSplitDynamicType(), eSplitDynamicType::eDynamicByCreationResultSplit);
     EXPECT_FALSE(split.getRangeDemand().bHasLines);
-    EXPECT_TRUE(split.isDataLocalized());
+    EXPECT_FALSE(split.isDataLocalized()) << "results lie nowhere before they are made";
+    const std::vector<std::pair<ElementsRange, unsigned long>> location = {{{0, 1}, 0}};
+    EXPECT_EQ(split.getElementsLocationInfo().getNonLocalized(), location);
     EXPECT_TRUE(split.checkProcessorType(SumProcessor()));
     EXPECT_FALSE(split.checkProcessorType(LowerProcessor()));
     DynamicProcessorDispatcher<PointProcessor> dispatcher;

@@ -55,6 +55,8 @@ public:
     static constexpr auto g_toolTip = eTestToolTip::eAlgorithm;
     static constexpr const char* g_header = "TestAlgorithm.h";
 
+    RulePtr createRule() const { return none(); }
+
     template <eInstructionSet::domain ISA>
     ProcessingResult<bool> kernel(const ProcessingInfo& info)
     {

@@ -26,7 +26,7 @@ KernelTable table(eInstructionSet::domain set)
 TEST(KernelTable, RowsEnterInTheirOrderWithTheSetsFigure)
 {
     AlgorithmFunctionSelector selector;
-    registerKernels(selector, table(eInstructionSet::eSSE2));
+    details::functionRegistration(selector, table(eInstructionSet::eSSE2));
     ASSERT_EQ(selector.getFunctions().size(), 4u);
     const std::vector<std::string> expected = {"type 2", "type 1", "types 2 and 7", "no type"};
     for (unsigned i = 0; i < 4; ++i) {
@@ -42,7 +42,7 @@ TEST(KernelTable, SetsThatTheProcessorLacksEnterNothing)
 {
     for (const eInstructionSet::domain set : g_allInstructionSets) {
         AlgorithmFunctionSelector selector;
-        registerKernels(selector, table(set));
+        details::functionRegistration(selector, table(set));
         EXPECT_EQ(selector.getFunctions().size(), core::isAvailable(set) ? 4u : 0u);
     }
 }
@@ -50,7 +50,7 @@ TEST(KernelTable, SetsThatTheProcessorLacksEnterNothing)
 TEST(KernelTable, AnEmptyTableEntersNothing)
 {
     AlgorithmFunctionSelector selector;
-    registerKernels(selector, {eInstructionSet::eNone, nullptr, 0});
+    details::functionRegistration(selector, {eInstructionSet::eNone, nullptr, 0});
     EXPECT_TRUE(selector.getFunctions().empty());
 }
 
@@ -63,14 +63,14 @@ TEST(KernelTable, WhatCannotBeEnteredIsTracedAndLeftOut)
     logger.setLogLevel(log4cplus::DEBUG_LOG_LEVEL);
     {
         AlgorithmFunctionSelector selector;
-        EXPECT_NO_THROW(registerKernels(selector, flawed));
+        EXPECT_NO_THROW(details::functionRegistration(selector, flawed));
         EXPECT_EQ(selector.getFunctions().size(), 2u);
     }
     EXPECT_TRUE(appender.get().m_events.empty()) << "nobody asked for traces";
     logger.setLogLevel(log4cplus::TRACE_LOG_LEVEL);
     AlgorithmFunctionSelector selector;
-    registerKernels(selector, flawed);
-    registerKernels(selector, {eInstructionSet::eSSE2, g_rows, 4}); // without a flaw: nothing to tell
+    details::functionRegistration(selector, flawed);
+    details::functionRegistration(selector, {eInstructionSet::eSSE2, g_rows, 4}); // without a flaw: nothing to tell
     logger.setLogLevel(log4cplus::NOT_SET_LOG_LEVEL);
     ASSERT_EQ(appender.get().m_events.size(), 1u);
     EXPECT_EQ(appender.get().m_events[0].level, log4cplus::TRACE_LOG_LEVEL);

@@ -47,6 +47,9 @@ public:
     static constexpr auto g_toolTip = eTestToolTip::eLower;
     static constexpr const char* g_header = "LowerProcessor.h";
 
+    RulePtr createRule() const { return none(); }
+    void initOutputInitializers(OutputInitializerMap&) const {}
+
     /// What the elements of all processors saw since the last call, in the order in which they ended.
     static std::vector<Seen> takeSeen()
     {
@@ -83,6 +86,9 @@ public:
     static constexpr const char* g_name = "OtherProcessor";
     static constexpr auto g_toolTip = eTestToolTip::eRecorder;
     static constexpr const char* g_header = "OtherProcessor.h";
+
+    RulePtr createRule() const { return none(); }
+    void initOutputInitializers(OutputInitializerMap&) const {}
 
 protected:
     ProcessingResult<bool> mainProcess() override { return true; }

@@ -72,6 +72,9 @@ public:
     static constexpr auto g_toolTip = eTestToolTip::eLower;
     static constexpr const char* g_header = "ResultProcessor.h";
 
+    RulePtr createRule() const { return none(); }
+    void initOutputInitializers(OutputInitializerMap&) const {}
+
 protected:
     ProcessingResult<bool> mainProcess() override
     {
@@ -92,6 +95,9 @@ public:
     static constexpr const char* g_name = "PointProcessor";
     static constexpr auto g_toolTip = eTestToolTip::eLower;
     static constexpr const char* g_header = "ResultProcessor.h";
+
+    RulePtr createRule() const { return none(); }
+    void initOutputInitializers(OutputInitializerMap&) const {}
 
 protected:
     ProcessingResult<bool> mainProcess() override

@@ -21,6 +21,9 @@ public:
     static constexpr const char* g_name = "BareProcessor";
     static constexpr auto g_toolTip = eTestToolTip::eLower;
 
+    RulePtr createRule() const { return none(); }
+    void initOutputInitializers(OutputInitializerMap&) const {}
+
 protected:
     ProcessingResult<bool> mainProcess() override { return true; }
 };
@@ -95,6 +98,7 @@ TEST(Scaffold, TheDefaultDispatchPolicyIsThatOfInitDefault)
     ProcessorDispatchPolicy policy;
     policy.initDefault();
     EXPECT_EQ(BareProcessor::getDefaultDispatchPolicy().getStripBytes(), policy.getStripBytes());
+    EXPECT_EQ(BareProcessor::getDefaultDispatchPolicy().getName(), "getBareProcessorStaticDispatchPolicy");
 }
 
 TEST(Scaffold, MakesFreshObjectsOfItsClass)

@@ -2,13 +2,18 @@
 #include "ORLIX/ORLIXHardware/CacheInfo.h"
 #include "ORLIXIPL/ORLIXImage/ImageFactory.h"
 #include "ORLIXIPL/ORLIXImage/ORLIXImageException.h"
+#include "ORLIXIPL/ORLIXImage/PixelMemoryPool.h"
 
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 
 #include <cstdint>
 #include <cstring>
+#include <fstream>
 #include <set>
+
+#include <sys/resource.h>
+#include <unistd.h>
 
 namespace orlix::image {
 namespace {
@@ -157,6 +162,60 @@ TEST(CreateImage, WhatCannotBeHadIsACleanException)
     EXPECT_NE(messageOf(mixedGeometry({g_uint8, eImageBufferType::Real32}, 1ul << 31, 1ul << 31, 1, 1))
                   .find("does not fit in 63 bits"),
               std::string::npos);
+}
+
+unsigned long mappedBytes()
+{
+    unsigned long pages = 0;
+    std::ifstream("/proc/self/statm") >> pages;
+    return pages * static_cast<unsigned long>(sysconf(_SC_PAGESIZE));
+}
+
+/// The process may map so many bytes more than it has, for the scope.
+class ScopedMemoryLimit
+{
+public:
+    explicit ScopedMemoryLimit(unsigned long bytes)
+    {
+        getrlimit(RLIMIT_AS, &m_former);
+        const rlimit limit{mappedBytes() + bytes, m_former.rlim_max};
+        m_bSet = setrlimit(RLIMIT_AS, &limit) == 0;
+    }
+    ~ScopedMemoryLimit() { setrlimit(RLIMIT_AS, &m_former); }
+    ScopedMemoryLimit(const ScopedMemoryLimit&) = delete;
+    ScopedMemoryLimit& operator=(const ScopedMemoryLimit&) = delete;
+
+    bool isSet() const { return m_bSet; }
+
+private:
+    rlimit m_former{};
+    bool m_bSet = false;
+};
+
+TEST(CreateImage, WhatTheSystemRefusesIsACleanExceptionAndLeavesNothingBehind)
+{
+    if (getPooledMemoryLimit() == 0) {
+        GTEST_SKIP() << "this build allocates plainly, for sanitizers, which end a process that asks for too much";
+    }
+    const auto geometry = geometry5d(g_uint8, 1024, 1024, 128, 2, 2);
+    releasePooledMemory();
+    {
+        const ScopedMemoryLimit limit(128ul << 20);
+        ASSERT_TRUE(limit.isSet());
+        const std::string text = messageOf(*geometry);
+        EXPECT_EQ(text.find("An image of 1024x1024x128x2x2 UInt8 needs 5369"), 0u) << text;
+        EXPECT_NE(text.find(" bytes, which can't be had: make it smaller or free some memory"), std::string::npos)
+            << text;
+        const unsigned long before = mappedBytes();
+        for (int repetition = 0; repetition < 100; ++repetition) {
+            EXPECT_EQ(messageOf(*geometry), text);
+        }
+        EXPECT_LT(mappedBytes(), before + (8ul << 20));
+        const ImagePtr smaller = createImage(*geometry2d(g_uint8, 1024, 1024));
+        std::memset(planData<unsigned char>(*smaller, 0, 0, 0), 1, 1024 * 1024);
+    }
+    EXPECT_EQ(createImage(*geometry)->getGeometry().getNbPixels(), 512ul << 20) << "once there is memory";
+    releasePooledMemory();
 }
 
 TEST(PlanData, ChecksIndicesAndType)

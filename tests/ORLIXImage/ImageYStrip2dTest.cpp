@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <type_traits>
+#include <utility>
 #include <vector>
 
 namespace orlix::image {
@@ -23,6 +25,7 @@ TEST(ImageYStrip2d, TellsItsLines)
     EXPECT_EQ(strip.getLineBytes(), 20u);
     EXPECT_EQ(&strip.getBaseImage(), &plan);
     EXPECT_EQ(strip.accessBuffer(), planData<unsigned short>(*image, 2, 0, 0) + 50);
+    EXPECT_EQ(static_cast<const BaseImageYStrip2d&>(strip).accessBuffer(), strip.accessBuffer());
     EXPECT_TRUE(strip.isDense());
     EXPECT_TRUE(strip.hasRoomBehind());
     EXPECT_EQ(strip.getMemoryPlace(), simd::eMemoryPlace::secondLevelCache);
@@ -35,6 +38,10 @@ TEST(ImageYStrip2d, WrappedMemoryHasGapsAndNoRoom)
         wrapImage(*geometry2d(eImageBufferType::UInt8, 8, 10), memory.data(), {11, 0, 0, 0}, nullptr);
     OutputImageYStrip2d strip(*image, 3, 2);
     EXPECT_EQ(strip.accessBuffer(), memory.data() + 33);
+    EXPECT_EQ(std::as_const(strip).accessBuffer(), memory.data() + 33);
+    EXPECT_EQ(static_cast<const BaseImageYStrip2d&>(strip).accessBuffer(), memory.data() + 33);
+    static_assert(std::is_same_v<decltype(std::declval<BaseImageYStrip2d&>().accessBuffer()), const void*>);
+    static_assert(std::is_same_v<decltype(strip.accessBuffer()), void*>);
     EXPECT_EQ(strip.getLineBytes(), 11u);
     EXPECT_FALSE(strip.isDense());
     EXPECT_FALSE(strip.hasRoomBehind());

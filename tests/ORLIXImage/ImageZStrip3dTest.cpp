@@ -27,6 +27,8 @@ TEST(ImageZStrip3d, TellsItsPlans)
     EXPECT_EQ(&strip.getBaseImage(), &volume);
     EXPECT_EQ(strip.accessBuffer(0), planData<unsigned short>(*image, 4, 2, 0));
     EXPECT_EQ(strip.accessBuffer(1), planData<unsigned short>(*image, 5, 2, 0));
+    const BaseImageZStrip3d& base = strip;
+    EXPECT_EQ(base.accessBuffer(1), planData<unsigned short>(*image, 5, 2, 0));
     EXPECT_TRUE(strip.isDense());
     EXPECT_TRUE(strip.hasRoomBehind());
     EXPECT_EQ(strip.getMemoryPlace(), simd::eMemoryPlace::secondLevelCache);
@@ -43,6 +45,7 @@ TEST(ImageZStrip3d, WritersReachTheSamePixels)
         EXPECT_EQ(output.accessBuffer(plan), memory.data() + 130 * (3 + plan));
         EXPECT_EQ(inOut.accessBuffer(plan), output.accessBuffer(plan));
         EXPECT_EQ(std::as_const(inOut).accessBuffer(plan), output.accessBuffer(plan));
+        EXPECT_EQ(static_cast<const BaseImageZStrip3d&>(output).accessBuffer(plan), output.accessBuffer(plan));
     }
     EXPECT_EQ(output.getLineBytes(), 11u);
     EXPECT_FALSE(output.isDense());

@@ -50,6 +50,9 @@ public:
     static constexpr int g_toolTip = 0;
     static constexpr const char* g_header = "PlanLowerProcessor.h";
 
+    processor::RulePtr createRule() const { return processor::none(); }
+    void initOutputInitializers(processor::OutputInitializerMap&) const {}
+
     static constexpr unsigned long g_none = ~0UL;
 
     /// By the place of a plan's pixels, the number that came in with it, or `g_none`.

@@ -61,6 +61,9 @@ public:
     static constexpr int g_toolTip = 0;
     static constexpr const char* g_header = "StorageRecorder.h";
 
+    processor::RulePtr createRule() const { return processor::none(); }
+    void initOutputInitializers(processor::OutputInitializerMap&) const {}
+
     using Seen = std::tuple<typename TAttributes::StorageType...>;
 
     /// What elements were given since the last call, in the order in which they ended.

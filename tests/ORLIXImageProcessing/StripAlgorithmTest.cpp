@@ -37,6 +37,7 @@ public:
     static constexpr const char* g_name = "AddOne";
     static constexpr int g_toolTip = 0;
 
+    processor::RulePtr createRule() const { return processor::none(); }
     ProcessingResult<bool> kernel(const processor::ProcessingInfo& info)
     {
         const auto source = accessBlock<InStrip>();
@@ -62,6 +63,7 @@ public:
     static constexpr const char* g_name = TMode::g_bJoinsLines ? "AddOneByJoinedLines" : "AddOneByLine";
     static constexpr int g_toolTip = 0;
 
+    processor::RulePtr createRule() const { return processor::none(); }
     ProcessingResult<bool> kernel(const processor::ProcessingInfo& info)
     {
         const auto* source = static_cast<const unsigned char*>(this->template accessBlock<InStrip>());
@@ -85,6 +87,7 @@ public:
     static constexpr const char* g_name = "ByTwoTypes";
     static constexpr int g_toolTip = 0;
 
+    processor::RulePtr createRule() const { return processor::none(); }
     template <int which>
     ProcessingResult<bool> kernel(const processor::ProcessingInfo&)
     {

@@ -29,6 +29,9 @@ public:
     static constexpr int g_toolTip = 0;
     static constexpr const char* g_header = "StripRecorder.h";
 
+    processor::RulePtr createRule() const { return processor::none(); }
+    void initOutputInitializers(processor::OutputInitializerMap&) const {}
+
     /// What was seen since the last call, in order of lines.
     static std::vector<StripSeen> takeSeen()
     {
@@ -77,6 +80,9 @@ public:
     static constexpr int g_toolTip = 0;
     static constexpr const char* g_header = "PlanLevel.h";
 
+    processor::RulePtr createRule() const { return processor::none(); }
+    void initOutputInitializers(processor::OutputInitializerMap&) const {}
+
     processor::ProcessorDispatchPolicy m_policy;
 
 protected:
@@ -101,6 +107,9 @@ public:
     static constexpr const char* g_name = "ImageLevel";
     static constexpr int g_toolTip = 0;
     static constexpr const char* g_header = "ImageLevel.h";
+
+    processor::RulePtr createRule() const { return processor::none(); }
+    void initOutputInitializers(processor::OutputInitializerMap&) const {}
 
 protected:
     using BaseAsync1Processor::retrieveProvider;

@@ -6,6 +6,7 @@
 #include "ORLIX/ORLIXSerialization/TextIArchive.h"
 #include "ORLIX/ORLIXSerialization/TextOArchive.h"
 #include "ORLIX/ORLIXUtil/NumericLimits.h"
+#include "support/ScopedLocale.h"
 
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
@@ -13,7 +14,6 @@
 #include <bit>
 #include <cstring>
 #include <limits>
-#include <locale>
 
 namespace orlix {
 namespace {
@@ -41,12 +41,12 @@ bool hasSameBits(T left, T right)
 }
 
 template <class T>
-class TextArchiveInteger : public testing::Test
+class TextArchiveInteger : public ::testing::Test
 {
 };
 
-using Integers = testing::Types<char, signed char, unsigned char, short, unsigned short, int, unsigned int, long,
-                                unsigned long, long long, unsigned long long>;
+using Integers = ::testing::Types<char, signed char, unsigned char, short, unsigned short, int, unsigned int, long,
+                                  unsigned long, long long, unsigned long long>;
 TYPED_TEST_SUITE(TextArchiveInteger, Integers);
 
 TYPED_TEST(TextArchiveInteger, keepsItsWholeRange)
@@ -58,11 +58,11 @@ TYPED_TEST(TextArchiveInteger, keepsItsWholeRange)
 }
 
 template <class T>
-class TextArchiveReal : public testing::Test
+class TextArchiveReal : public ::testing::Test
 {
 };
 
-using Reals = testing::Types<float, double>;
+using Reals = ::testing::Types<float, double>;
 TYPED_TEST_SUITE(TextArchiveReal, Reals);
 
 TYPED_TEST(TextArchiveReal, keepsEveryBit)
@@ -143,21 +143,17 @@ TEST(TextArchive, isXmlThatPeopleCanRead)
                     "</orlix_archive>\n");
 }
 
-class CommaForPoint : public std::numpunct<char>
-{
-    char do_decimal_point() const override { return ','; }
-    char do_thousands_sep() const override { return '.'; }
-    std::string do_grouping() const override { return "\3"; }
-};
-
 TEST(TextArchive, doesNotDependOnTheLocale)
 {
-    const std::locale before = std::locale::global(std::locale(std::locale::classic(), new CommaForPoint));
-    const double real = passThrough(1234567.5);
-    const long integer = passThrough(1234567L);
-    std::locale::global(before);
-    EXPECT_EQ(real, 1234567.5);
-    EXPECT_EQ(integer, 1234567);
+    const orlix::testing::ScopedCppLocale scope;
+    EXPECT_EQ(passThrough(1234567.5), 1234567.5);
+    EXPECT_EQ(passThrough(1234567L), 1234567);
+    TextOArchive archive;
+    archive << SerializationOItem<double>("real", 1234567.5) << SerializationOItem<long>("whole", 1234567);
+    std::string text;
+    ASSERT_TRUE(archive.saveToString(text));
+    EXPECT_NE(text.find("value=\"1234567.5\""), std::string::npos) << text;
+    EXPECT_NE(text.find("value=\"1234567\""), std::string::npos) << text;
 }
 
 TEST(TextArchive, mayHoldNothing)

@@ -4,13 +4,13 @@
 #include "ORLIX/ORLIXUtil/LogMessageManager.h"
 #include "ORLIX/ORLIXUtil/NumericLimits.h"
 #include "ORLIX/ORLIXUtil/ORLIXUtilException.h"
+#include "support/ScopedLocale.h"
 
 #include <boost/filesystem/path.hpp>
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 
 #include <limits>
-#include <locale>
 #include <stdexcept>
 
 namespace orlix {
@@ -45,13 +45,6 @@ std::ostream& operator<<(std::ostream&, const Unprintable&)
 {
     throw std::runtime_error("can't be printed");
 }
-
-class GroupingDigits : public std::numpunct<char>
-{
-    char do_decimal_point() const override { return ','; }
-    char do_thousands_sep() const override { return '.'; }
-    std::string do_grouping() const override { return "\3"; }
-};
 
 TEST(LogMessageFormater, givesATextWithoutPlacesAsItIs)
 {
@@ -93,10 +86,28 @@ TEST(LogMessageFormater, takesPercentSignsInArgumentsAsText)
 
 TEST(LogMessageFormater, doesNotDependOnTheLocale)
 {
-    const std::locale before = std::locale::global(std::locale(std::locale::classic(), new GroupingDigits));
-    const std::string text = format("%d %f %s", 1234567, 1234.5, Streamed{1234567});
-    std::locale::global(before);
-    EXPECT_EQ(text, "1234567 1234.500000 streamed 1234567");
+    const orlix::testing::ScopedCppLocale scope;
+    EXPECT_EQ(format("%d %f %s %s", 1234567, 1234.5, 1234567.5, Streamed{1234567}),
+              "1234567 1234.500000 1234567.5 streamed 1234567");
+}
+
+TEST(LogMessageFormater, doesNotDependOnTheLocaleOfTheCLibrary)
+{
+    const orlix::testing::ScopedCLocale scope;
+    if (!scope.isFound()) {
+        GTEST_SKIP() << "this system has no locale with a decimal comma: install de_DE.UTF-8 or fr_FR.UTF-8";
+    }
+    EXPECT_EQ(format("%d %f %s", 1234567, 1234.5, 1234567.5), "1234567 1234.500000 1234567.5");
+}
+
+TEST(LogMessageFormater, printsAllDigitsOfANumberWhereNoFormIsAskedFor)
+{
+    EXPECT_EQ(format("%s is not within 0 to %s", 4294967295.5, 4294967295.0),
+              "4294967295.5 is not within 0 to 4294967295");
+    EXPECT_EQ(format("%s %s", 0.1F, 0.1), "0.1 0.1");
+    EXPECT_EQ(format("%s", 16777217.0), "16777217");
+    EXPECT_EQ(format("%d", 1234567.5), "1234567.5");
+    EXPECT_EQ(format("%s", std::numeric_limits<double>::quiet_NaN()), "nan");
 }
 
 TEST(LogMessageFormater, refusesAWrongNumberOfArguments)

@@ -1,15 +1,19 @@
 // orlix compare.
 #include "ColourScale.h"
+#include "CommandLine.h"
 #include "DifferencePicture.h"
 #include "DifferenceStatistics.h"
 #include "orlix/support/JsonDocument.h"
 #include "orlix/support/Program.h"
 #include "orlix/support/TemporaryFolder.h"
 #include "orlix/support/TestImages.h"
+#include "support/ScopedLocale.h"
 
 #include <gtest/gtest.h>
 
+#include <iostream>
 #include <limits>
+#include <sstream>
 
 namespace orlix::test {
 namespace {
@@ -41,6 +45,39 @@ protected:
 
     const TemporaryFolder m_folder;
 };
+
+/// What the verb prints in this process, whose locale writes numbers in another way.
+std::string printedInAnotherLocale(const std::vector<std::string>& arguments)
+{
+    std::vector<const char*> words{"orlix"};
+    for (const std::string& argument : arguments) {
+        words.push_back(argument.c_str());
+    }
+    const orlix::testing::ScopedCppLocale scope;
+    std::ostringstream out;
+    std::streambuf* const buffer = std::cout.rdbuf(out.rdbuf());
+    const std::locale locale = std::cout.imbue(std::locale());
+    EXPECT_EQ(cli::runCommandLine(static_cast<int>(words.size()), words.data()), 1);
+    std::cout.imbue(locale);
+    std::cout.rdbuf(buffer);
+    return out.str();
+}
+
+TEST_F(CompareTest, NumbersFollowNoLocale)
+{
+    const auto geometry = *geometry2d(eImageBufferType::UInt16, 2000, 3);
+    const ImagePtr image = makeNoise(geometry);
+    image::planData<unsigned short>(*image, 0, 0, 0)[1999] = 5000;
+    const ImagePtr changed = makeNoise(geometry);
+    image::planData<unsigned short>(*changed, 0, 0, 0)[1999] = 35000;
+    const ProgramResult result = compare(image, changed);
+    EXPECT_NE(result.out.find("6000 compared, 1 differ"), std::string::npos) << result.out;
+    EXPECT_NE(result.out.find("x 1999, y 0, z 0, c 0, t 0: 5000 in "), std::string::npos) << result.out;
+    const std::string one = m_folder / "one.tif";
+    const std::string two = m_folder / "two.tif";
+    EXPECT_EQ(printedInAnotherLocale({"compare", one, two}), result.out);
+    EXPECT_EQ(printedInAnotherLocale({"compare", one, two, "--json"}), compare(image, changed, {"--json"}).out);
+}
 
 TEST_F(CompareTest, SameImagesOfEveryType)
 {

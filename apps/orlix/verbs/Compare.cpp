@@ -10,6 +10,7 @@
 #include "Tolerances.h"
 #include "Verb.h"
 
+#include "ORLIX/ORLIXUtil/NumberText.h"
 #include "ORLIX/ORLIXUtil/Raise.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/CompareImg/CompareImgLvl1.h"
 #include "ORLIXIPL/ORLIXImageIO/WriteImage.h"
@@ -83,18 +84,19 @@ void print(std::ostream& out, const CompareArguments& arguments, const CompareRe
     const bool bTolerant = arguments.absolute || arguments.relative;
     out << first << " and " << second << (result.identical ? " are the same" : " differ")
         << (bTolerant ? result.identical ? " within the tolerance\n" : " by more than the tolerance\n" : "\n");
-    out << "  pixels      " << result.nbComparedPixels << " compared, " << result.nbDifferentPixels << " differ\n";
+    out << "  pixels      " << numberText(result.nbComparedPixels) << " compared, "
+        << numberText(result.nbDifferentPixels) << " differ\n";
     if (result.hasFirstDifference()) {
         const imaproc::attr::PixelPosition& at = result.firstDifference;
-        out << "  first       x " << at.x << ", y " << at.y << ", z " << at.z << ", c " << at.c << ", t " << at.t
-            << ": " << shortest(result.firstValue1) << " in " << first << ", " << shortest(result.firstValue2) << " in "
-            << second << '\n';
+        out << "  first       x " << numberText(at.x) << ", y " << numberText(at.y) << ", z " << numberText(at.z)
+            << ", c " << numberText(at.c) << ", t " << numberText(at.t) << ": " << shortest(result.firstValue1)
+            << " in " << first << ", " << shortest(result.firstValue2) << " in " << second << '\n';
     }
     if (statistics.largest > 0 || statistics.nbNotNumbers > 0) {
         out << "  difference  largest " << shortest(statistics.largest) << ", mean of all pixels "
             << shortest(static_cast<float>(statistics.mean));
         if (statistics.nbNotNumbers > 0) {
-            out << ", " << statistics.nbNotNumbers << " pixels left out since one of the two is no number";
+            out << ", " << numberText(statistics.nbNotNumbers) << " pixels left out since one of the two is no number";
         }
         out << '\n';
     }

@@ -141,10 +141,12 @@ BaseDynamicProcessorDispatcher::initBase(const core::BasePriority&,
     unsigned long maxLines = ~0UL;
     unsigned long lineCost = 0;
     bool bEmptyLines = false;
+    unsigned long cost = 0;
     ProcessingResult<bool> result = readCommonCount(
         *this, m_splits,
         [&](const BaseDynamicSplit& split, unsigned long& count) {
             const RangeDemand demand = split.getRangeDemand();
+            cost += split.getElementsLocationInfo().getBytes();
             if (!demand.bHasLines) {
                 return false;
             }
@@ -160,13 +162,13 @@ BaseDynamicProcessorDispatcher::initBase(const core::BasePriority&,
     if (bEmptyLines) {
         m_nbLines = 0;
     }
-    const unsigned long wanted = std::max(1UL, std::min(m_nbLines, m_policy.getStripBytes() / widest));
+    const unsigned long wanted = std::max(1UL, std::min(m_nbLines, getDispatchPolicy().getStripBytes() / widest));
     m_linesPerElement = (wanted + multiple - 1) / multiple * multiple;
     if (m_linesPerElement > maxLines) {
         m_linesPerElement = std::max(1UL, maxLines / multiple) * multiple;
     }
     const unsigned long nbElements = m_nbLines / m_linesPerElement + (m_nbLines % m_linesPerElement != 0);
-    setSize(nbElements, lineCost * m_nbLines);
+    setSize(nbElements, cost + lineCost * m_nbLines);
     return result;
 }
 

@@ -1,5 +1,6 @@
 #include "ORLIX/ORLIXBaseProcessing/DataItemAttributes.h"
 
+#include <locale>
 #include <sstream>
 
 namespace orlix::processor::details {
@@ -7,6 +8,7 @@ namespace orlix::processor::details {
 std::string printedItem(const BaseDataItem& item)
 {
     std::ostringstream stream;
+    stream.imbue(std::locale::classic());
     item.print(stream);
     return stream.str();
 }

@@ -28,7 +28,7 @@ DataTypeIdentifierColl typesOf(const KernelRow& row)
 
 } // namespace
 
-void registerKernels(AlgorithmFunctionSelector& selector, const KernelTable& table)
+void details::functionRegistration(AlgorithmFunctionSelector& selector, const KernelTable& table)
 {
     InstructionSetsIdentifier sets;
     sets.init(table.set);
@@ -50,7 +50,7 @@ void registerKernels(AlgorithmFunctionSelector& selector, const KernelTable& tab
     }
 }
 
-void unRegisterKernels(AlgorithmFunctionSelector& selector, const KernelTable& table) noexcept
+void details::unRegisterKernels(AlgorithmFunctionSelector& selector, const KernelTable& table) noexcept
 {
     if (isProcessEnding()) {
         return; // threads may still choose kernels

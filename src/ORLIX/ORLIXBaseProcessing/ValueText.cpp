@@ -1,27 +1,12 @@
-// Reading and writing numbers in the C locale, and comparing names.
+// Reading yes and no, and comparing names.
 #include "ORLIX/ORLIXBaseProcessing/ValueText.h"
 
-#include "ORLIX/ORLIXBaseData/DataItemPrinting.h"
-
 #include <algorithm>
-#include <charconv>
+#include <initializer_list>
 
 namespace orlix::processor::details {
 
 namespace {
-
-template <class T>
-bool readNumber(const std::string& text, T& value)
-{
-    T number{};
-    const char* const end = text.data() + text.size();
-    const std::from_chars_result result = std::from_chars(text.data(), end, number);
-    if (result.ec != std::errc() || result.ptr != end) {
-        return false;
-    }
-    value = number;
-    return true;
-}
 
 char lowerCase(char c)
 {
@@ -35,26 +20,6 @@ bool isOneOf(const std::string& text, std::initializer_list<const char*> names)
 
 } // namespace
 
-bool readText(const std::string& text, double& value)
-{
-    return readNumber(text, value);
-}
-
-bool readText(const std::string& text, float& value)
-{
-    return readNumber(text, value);
-}
-
-bool readText(const std::string& text, long long& value)
-{
-    return readNumber(text, value);
-}
-
-bool readText(const std::string& text, unsigned long long& value)
-{
-    return readNumber(text, value);
-}
-
 bool readText(const std::string& text, bool& value)
 {
     if (isOneOf(text, {"yes", "true", "1"})) {
@@ -66,16 +31,6 @@ bool readText(const std::string& text, bool& value)
         return true;
     }
     return false;
-}
-
-std::string writeText(double value)
-{
-    return printNumber(value);
-}
-
-std::string writeText(float value)
-{
-    return printNumber(value);
 }
 
 bool isSameName(const std::string& left, const std::string& right)

@@ -1,5 +1,7 @@
 #include "ORLIX/ORLIXCore/BaseExecutor.h"
 
+#include "ORLIX/ORLIXUtil/NumberText.h"
+
 #include <sched.h>
 
 #include <algorithm>
@@ -22,19 +24,24 @@ unsigned long affinityCount()
     return std::max(1U, std::thread::hardware_concurrency());
 }
 
+/// The next word of `file` as a number; 0 where it is none, as "max" is.
+double readNumberFrom(std::istream& file)
+{
+    std::string word;
+    double number = 0;
+    file >> word;
+    static_cast<void>(readNumber(word, number));
+    return number;
+}
+
 /// Processors that a control group's quota amounts to, rounded up; 0 where there is no quota.
 unsigned long quotaCount()
 {
-    double quota = 0;
-    double period = 0;
-    std::string word;
     std::ifstream unified("/sys/fs/cgroup/cpu.max"); // "max 100000" or "200000 100000"
-    if (unified >> word >> period && word != "max") {
-        quota = std::strtod(word.c_str(), nullptr);
-    } else if (!unified.is_open()) {
-        std::ifstream("/sys/fs/cgroup/cpu/cpu.cfs_quota_us") >> quota;
-        std::ifstream("/sys/fs/cgroup/cpu/cpu.cfs_period_us") >> period;
-    }
+    std::ifstream quotaFile("/sys/fs/cgroup/cpu/cpu.cfs_quota_us");
+    std::ifstream periodFile("/sys/fs/cgroup/cpu/cpu.cfs_period_us");
+    const double quota = readNumberFrom(unified.is_open() ? unified : quotaFile);
+    const double period = readNumberFrom(unified.is_open() ? unified : periodFile);
     return quota > 0 && period > 0 ? static_cast<unsigned long>(std::ceil(quota / period)) : 0;
 }
 

@@ -1,6 +1,8 @@
 // How names and values stand in the text of an archive.
 #include "ORLIX/ORLIXSerialization/ArchiveText.h"
 
+#include "ORLIX/ORLIXUtil/NumberText.h"
+
 #include <algorithm>
 #include <array>
 #include <bit>
@@ -53,14 +55,13 @@ std::string print(T value)
         const auto end = std::to_chars(bits, bits + sizeof bits, std::bit_cast<BitsOf<T>>(value), 16).ptr;
         return "nan:" + std::string(bits, end);
     }
-    char text[64];
-    return std::string(text, std::to_chars(text, text + sizeof text, value).ptr);
+    return numberText(value);
 }
 
 template <std::integral T>
 std::string print(T value)
 {
-    return std::to_string(value);
+    return numberText(value);
 }
 
 std::string print(bool bValue)

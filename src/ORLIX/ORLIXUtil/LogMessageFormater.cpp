@@ -3,6 +3,7 @@
 
 #include "ORLIX/ORLIXUtil/LogMessageManager.h"
 #include "ORLIX/ORLIXUtil/Logger/ORLIXUtilLogMessages.h"
+#include "ORLIX/ORLIXUtil/NumberText.h"
 #include "ORLIX/ORLIXUtil/Raise.h"
 
 #include <boost/format.hpp>
@@ -11,6 +12,36 @@
 #include <sstream>
 
 namespace orlix {
+
+namespace {
+
+/// What the format library is given in place of an argument: itself, but for a floating number, of which its streams
+/// would print six digits where the directive asks for no form.
+template <class T>
+const T& printable(const T& value)
+{
+    return value;
+}
+
+template <std::floating_point T>
+struct Floating
+{
+    T value;
+
+    friend std::ostream& operator<<(std::ostream& stream, const Floating& number)
+    {
+        const bool bForm = (stream.flags() & std::ios_base::floatfield) != 0;
+        return bForm ? stream << number.value : stream << numberText(number.value);
+    }
+};
+
+template <std::floating_point T>
+Floating<T> printable(const T& value)
+{
+    return {value};
+}
+
+} // namespace
 
 LogMessageFormater::LogMessageFormater(const LogMessageManager& manager) : m_manager(manager) {}
 
@@ -38,7 +69,7 @@ std::string LogMessageFormater::string() const
     try {
         boost::format format(text, std::locale::classic());
         for (const Argument& argument : m_arguments) {
-            std::visit([&format](const auto& value) { format % value; }, argument);
+            std::visit([&format](const auto& value) { format % printable(value); }, argument);
         }
         return format.str();
     } catch (const boost::io::format_error& error) {

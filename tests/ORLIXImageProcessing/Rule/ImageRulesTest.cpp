@@ -4,6 +4,7 @@
 #include "ORLIXIPL/ORLIXBaseImageTools/SubImageExtractor.h"
 #include "ORLIXIPL/ORLIXImage/ImageFactory.h"
 #include "ORLIXImageProcessing/TestAttributes.h"
+#include "support/ScopedLocale.h"
 
 #include <gtest/gtest.h>
 
@@ -346,6 +347,29 @@ TEST(ValueRange, NamesValueTypeAndRange)
                                         "InPicture: 0 to 255");
     value->init(254.9F);
     EXPECT_EQ(failureOf(rule->check()), "no failure");
+}
+
+TEST(ValueRange, ItsTextHasAllDigitsInEveryLocale)
+{
+    const auto in = boost::make_shared<InPicture>();
+    in->init(createImage(*geometry2d(eImageBufferType::UInt32, 2, 2)));
+    const auto real = boost::make_shared<InValue<double>>();
+    const auto single = boost::make_shared<InValue<float>>();
+    real->init(4294967295.5);
+    single->init(-0.1F);
+    const std::string range =
+        ", but has to lie within the range of UInt32, the element type of InPicture: 0 to 4294967295";
+    const auto expectTexts = [&] {
+        EXPECT_EQ(failureOf(matchImageRange<InValue<double>>(in, real)->check()), "InValue is 4294967295.5" + range);
+        EXPECT_EQ(failureOf(matchImageRange<InValue<float>>(in, single)->check()), "InValue is -0.1" + range);
+    };
+    expectTexts();
+    const orlix::testing::ScopedCppLocale scope;
+    expectTexts();
+    const auto out = boost::make_shared<OutPicture>();
+    out->init(createImage(*geometry2d(eImageBufferType::UInt32, 1234, 2)));
+    EXPECT_EQ(failureOf(matchSize(in, out)->check()),
+              "OutPicture is 1234x2x1x1x1 UInt32, InPicture is 2x2x1x1x1 UInt32: sizes have to be the same");
 }
 
 } // namespace

@@ -32,6 +32,9 @@ public:
     static constexpr int g_toolTip = 0;
     [[maybe_unused]] static constexpr const char* g_header = "InputImageTileCollSplitTest.cpp";
 
+    processor::RulePtr createRule() const { return processor::none(); }
+    void initOutputInitializers(processor::OutputInitializerMap&) const {}
+
     static std::map<unsigned long, unsigned long> takeSeen()
     {
         const std::lock_guard<std::mutex> lock(mutex());
@@ -227,7 +230,8 @@ TEST(InputImageTileCollSplit, FeedsItsAttributeOfItsClass)
     EXPECT_TRUE(split.checkProcessorType(TileProcessor()));
     EXPECT_FALSE(split.checkProcessorType(Boxes()));
     EXPECT_EQ(split.getRangeDemand().nbLines, 20u);
-    EXPECT_EQ(image.use_count(), 1) << "the attribute keeps the image";
+    split.clear();
+    EXPECT_EQ(image.use_count(), 1) << "nothing of a run is kept";
 }
 
 } // namespace

@@ -2,7 +2,7 @@
 #include "ORLIXIPL/ORLIXImageProcessing/Split/LevelDispatch.h"
 
 #include "ORLIXIPL/ORLIXImage/ImageFactory.h"
-#include "ORLIXImageProcessing/StripProcessors.h"
+#include "ORLIXImageProcessing/StorageRecorder.h"
 #include "support/Executors.h"
 
 #include <gtest/gtest.h>
@@ -86,6 +86,53 @@ TEST(LevelDispatch, AFailedSetUpLeavesTheProviderAloneAndKeepsNoImage)
     EXPECT_EQ(std::string(result.message), "");
     EXPECT_EQ(provider.get(), &plans.accessDispatcher());
     EXPECT_EQ(provider->getNbElements(), 8u);
+}
+
+/// A level that wants strips of one line of 128 bytes.
+class LowStrips final
+    : public processor::Scaffold<LowStrips, processor::BaseAsync1Processor, PictureLibrary, InPicture, OutPicture>
+{
+public:
+    static constexpr const char* g_name = "LowStrips";
+    static constexpr int g_toolTip = 0;
+
+    static const processor::ProcessorDispatchPolicy& getDefaultDispatchPolicy()
+    {
+        static const processor::ProcessorDispatchPolicy g_policy = policyOf(128);
+        return g_policy;
+    }
+    processor::RulePtr createRule() const { return processor::none(); }
+    void initOutputInitializers(processor::OutputInitializerMap&) const {}
+
+protected:
+    using BaseAsync1Processor::retrieveProvider;
+    processor::ProviderResult retrieveProvider(const core::BasePriority& priority,
+                                               boost::shared_ptr<core::BaseActionProvider>& provider) override
+    {
+        return m_lower.dispatch(getDispatchPolicy(), priority, provider,
+                                stripByStrip(accessAttribute<InPicture>()->getStorage()),
+                                stripByStrip(accessAttribute<OutPicture>()->getStorage()));
+    }
+
+private:
+    DynamicDispatch<StripRecorder, InStripSplit, OutStripSplit> m_lower;
+};
+
+TEST(LevelDispatch, ThePolicyOfTheLevelReachesItsDispatcher)
+{
+    const auto geometry = image::geometry2d(eImageBufferType::UInt8, 128, 5);
+    const auto level = makeInitialised<LowStrips>();
+    for (int repetition = 0; repetition < 2; ++repetition) {
+        level->set<InPicture>(createImage(*geometry));
+        level->set<OutPicture>(createImage(*geometry));
+        EXPECT_EQ(failureOf(level->run(core::eSynchroType::eSynchroSync)), "no failure");
+        const std::vector<StripSeen> strips = StripRecorder::takeSeen();
+        ASSERT_EQ(strips.size(), 5u) << "a strip for each line";
+        for (unsigned long line = 0; line < 5; ++line) {
+            EXPECT_EQ(strips[line].start, line);
+            EXPECT_EQ(strips[line].size, 1u);
+        }
+    }
 }
 
 TEST(LevelDispatch, AFailureInSplitsEndsTheRunWithTheirMessage)

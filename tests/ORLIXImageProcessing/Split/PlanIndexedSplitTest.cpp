@@ -13,6 +13,20 @@
 namespace orlix::imaproc::test {
 namespace {
 
+struct OtherNoteRecord
+{
+    static constexpr const char* g_className = "orlix::imaproc::test::OtherNote";
+    double weight = 0;
+
+    template <class TVisitor>
+    static void visit(TVisitor&& visitor)
+    {
+        visitor("weight", &OtherNoteRecord::weight);
+    }
+};
+class OtherNote final : public DataItemNode<OtherNote, OtherNoteRecord>
+{};
+
 using image::createImage;
 using image::eImageBufferType;
 using image::geometry5d;
@@ -175,6 +189,30 @@ TEST(PlanIndexedSplit, ACollectionThatDoesNotFitTheImageIsRefused)
         "NoteProcessor: all splits must have the same number of elements, but InPicture has 3 and InOptNote has 2");
 }
 
+TEST(PlanIndexedSplit, IsSetUpThroughItsBaseWithACollectionOfItsClass)
+{
+    const NotesPtr notes = notesFor(plansOf(2, 1, 1));
+    const boost::shared_ptr<BasePlanIndexedColl> anyColl = notes;
+    InSplit inSplit;
+    OutSplit outSplit;
+    for (BasePlanIndexedSplit* split :
+         {static_cast<BasePlanIndexedSplit*>(&inSplit), static_cast<BasePlanIndexedSplit*>(&outSplit)}) {
+        EXPECT_EQ(failureOf(split->initBase(anyColl, 2, 1, 1, false)), "no failure");
+        EXPECT_EQ(split->getElementDemand().nbElements, 2u);
+    }
+    const auto lower = makeInitialised<NoteProcessor>();
+    EXPECT_EQ(failureOf(outSplit.processAttribute(*lower, 1, core::BaseRequestOrigin(1))), "no failure");
+    EXPECT_EQ(lower->getStorage<OutNote>(), notes->getItem(1));
+    EXPECT_EQ(failureOf(static_cast<BasePlanIndexedSplit&>(inSplit).initBase(nullptr, 2, 1, 1, false)),
+              "There is no collection to take the entries of plans from: set the attribute that holds it");
+    const boost::shared_ptr<BasePlanIndexedColl> others = boost::make_shared<PlanIndexedColl<OtherNote>>();
+    EXPECT_EQ(
+        failureOf(outSplit.initBase(others, 2, 1, 1, true)),
+        "OutNote takes no entries of a collection of class orlix::PlanIndexedColl<orlix::imaproc::test::OtherNote>: "
+        "give one of the class that the split is made for");
+    EXPECT_EQ(outSplit.getElementDemand().nbElements, 0u);
+}
+
 TEST(PlanIndexedSplit, FeedsItsAttributeOfItsClass)
 {
     OutSplit split;
@@ -187,10 +225,11 @@ TEST(PlanIndexedSplit, FeedsItsAttributeOfItsClass)
     EXPECT_FALSE(split.checkProcessorType(PlanLevel()));
     const NotesPtr notes = notesFor(plansOf(2, 1, 1));
     EXPECT_EQ(setUp(split, notes, 2, 1, 1), "no failure");
-    EXPECT_EQ(notes.use_count(), 1) << "the level keeps the collection";
     const auto lower = makeInitialised<NoteProcessor>();
     EXPECT_EQ(failureOf(split.processAttribute(*lower, 1, core::BaseRequestOrigin(1))), "no failure");
     EXPECT_EQ(lower->getStorage<OutNote>(), notes->getItem(1)) << "shared, not copied";
+    split.clear();
+    EXPECT_EQ(notes.use_count(), 1) << "nothing of a run is kept";
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ORLIX/ORLIXBaseData/DataValue.h"
+#include "ORLIX/ORLIXUtil/NumberText.h"
 
 #include <functional>
 #include <ostream>
@@ -12,12 +13,8 @@ namespace orlix {
 /// How many elements of a collection are printed.
 inline constexpr unsigned long g_maxPrintedElements = 16;
 
-/// The shortest number that reads back as the same value, in the C locale.
-ORLIXBASEDATA_API std::string printNumber(double value);
-ORLIXBASEDATA_API std::string printNumber(float value);
-
 /// Records as "{name: value, name: value}", collections as "[value, value]" with their size where they are cut short,
-/// pointers as what they point to or "none".
+/// pointers as what they point to or "none". Numbers don't follow the stream's locale.
 template <class T>
 void printData(std::ostream& stream, const T& value)
 {
@@ -44,15 +41,13 @@ void printData(std::ostream& stream, const T& value)
             printData(stream, value[i]);
         }
         if (value.size() > g_maxPrintedElements) {
-            stream << ", ... " << std::to_string(value.size()) << " in all";
+            stream << ", ... " << numberText(value.size()) << " in all";
         }
         stream << ']';
     } else if constexpr (std::same_as<T, bool>) {
         stream << (value ? "true" : "false");
-    } else if constexpr (std::integral<T>) {
-        stream << std::to_string(value);
-    } else if constexpr (std::floating_point<T>) {
-        stream << printNumber(value);
+    } else if constexpr (std::integral<T> || std::floating_point<T>) {
+        stream << numberText(value);
     } else {
         stream << value;
     }

@@ -38,7 +38,7 @@ struct PlanIndex
     }
 };
 
-/// "(z, c, t)"
+/// "(z, c, t)", whatever the stream's locale
 ORLIXBASEDATA_API std::ostream& operator<<(std::ostream& stream, const PlanIndex& index);
 
 } // namespace orlix

@@ -3,10 +3,12 @@
 
 #include "ORLIX/ORLIXBaseProcessing/BaseAttribute.h"
 #include "ORLIX/ORLIXBaseProcessing/BaseRule.h"
+#include "ORLIX/ORLIXBaseProcessing/ValueText.h"
 #include "ORLIX/ORLIXUtil/Enumeration.h"
 
 #include <boost/make_shared.hpp>
 
+#include <locale>
 #include <sstream>
 
 namespace orlix::processor {
@@ -44,12 +46,18 @@ bool holds(eValueComparisonRuleType type, const TLeft& left, const TRight& right
     return false;
 }
 
+/// A value in a failure's text, whatever the locale.
 template <class TValue>
 std::string toText(const TValue& value)
 {
-    std::ostringstream stream;
-    stream << value;
-    return stream.str();
+    if constexpr (TextValue<TValue>) {
+        return ValueText<TValue>::write(value);
+    } else {
+        std::ostringstream stream;
+        stream.imbue(std::locale::classic());
+        stream << value;
+        return stream.str();
+    }
 }
 
 ORLIXBASEPROCESSING_API ProcessingResult<bool> attributeGone();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ORLIX/ORLIXBaseProcessing/BaseProcessor.h"
+#include "ORLIX/ORLIXBaseProcessing/ElementsLocationInfo.h"
 #include "ORLIX/ORLIXCore/ActionTypes.h"
 
 #include <typeinfo>
@@ -31,8 +32,8 @@ struct eSplitDynamicType
     ORLIX_ENUMERATION(eSplitDynamicType, eDynamicNoSplit);
 };
 
-/// `processAttribute` of the splits of one dispatcher is called by one thread at a time, so that a split may keep
-/// books without a lock.
+/// A split holds what it cuts from its set-up to `clear`, so that callers may let go of it. `processAttribute` of the
+/// splits of one dispatcher is called by one thread at a time, so that a split may keep books without a lock.
 class ORLIXBASEPROCESSING_API BaseDataSplit
 {
 public:
@@ -101,7 +102,20 @@ public:
     virtual ProcessingResult<bool> processAttribute(BaseProcessor& lower, unsigned long start, unsigned long size,
                                                     const core::BaseRequestOrigin& origin) = 0;
 
-    virtual RangeDemand getRangeDemand() const = 0;
+    /// What an unsplitted one asks for, unless overridden.
+    virtual RangeDemand getRangeDemand() const { return {false, 0, 0, 1}; }
+
+    /// A split that cuts nothing: `location` tells what its ranges touch beside the lines of the others. It no longer
+    /// counts when the dispatcher chooses where elements run.
+    void initUnSplitted(const ElementsLocationInfo& location)
+    {
+        m_location = location;
+        disableDataLocalization();
+    }
+    const ElementsLocationInfo& getElementsLocationInfo() const { return m_location; }
+
+private:
+    ElementsLocationInfo m_location;
 };
 
 namespace details {

@@ -11,6 +11,10 @@ namespace orlix::processor {
 class ORLIXBASEPROCESSING_API BaseProcessorDispatcher : public core::BaseActionProvider
 {
 public:
+    /// How work is cut, from the next set-up on; the default is the default policy.
+    void setDispatchPolicy(const ProcessorDispatchPolicy& policy) { m_policy = policy; }
+    const ProcessorDispatchPolicy& getDispatchPolicy() const { return m_policy; }
+
     ProcessingResult<bool> queryNextAction(const core::BaseRequestOrigin& origin,
                                            boost::shared_ptr<core::BaseAction>& action) override;
     unsigned long getNbElements() const override { return m_nbElements; }
@@ -33,6 +37,7 @@ protected:
     void setSize(unsigned long nbElements, unsigned long cost) { m_nbElements = nbElements, m_cost = cost; }
 
 private:
+    ProcessorDispatchPolicy m_policy;
     unsigned long m_nbQueried = 0;
     unsigned long m_nbElements = 0;
     unsigned long m_cost = 0;
@@ -58,8 +63,6 @@ private:
 class ORLIXBASEPROCESSING_API BaseDynamicProcessorDispatcher : public BaseProcessorDispatcher
 {
 public:
-    /// How many bytes a range should hold; the default is the default policy's.
-    void setDispatchPolicy(const ProcessorDispatchPolicy& policy) { m_policy = policy; }
     /// Fails where there is no split with lines, or where the splits differ in their number of lines.
     ProcessingResult<bool> initBase(const core::BasePriority& priority,
                                     const std::vector<boost::shared_ptr<BaseDynamicSplit>>& splits);
@@ -69,7 +72,6 @@ public:
     void clearDerived() override;
 
 private:
-    ProcessorDispatchPolicy m_policy;
     std::vector<boost::shared_ptr<BaseDynamicSplit>> m_splits;
     bool m_bSplitsChecked = false;
     unsigned long m_nbLines = 0;

@@ -24,50 +24,71 @@ boost::shared_ptr<TResult> defaultDynamicByCreationResultSplitCreationFun(unsign
     return boost::make_shared<TResult>();
 }
 
-/// `TAttribute` is an attribute of `TProcessor` that holds a shared pointer. The results lie in a map of the level that
-/// set up the split, which merges them after the run; this split only fills it. A set-up empties the map.
+/// `TAttribute` is an attribute of `TProcessor` that holds a shared pointer. Results are filed in a map that whoever
+/// set up the split merges after the run: one of its own, which has to outlive the run, or the split's. A set-up
+/// empties the map.
 template <class TProcessor, class TAttribute>
 class DynamicByCreationResultSplit final : public FeedingSplit<BaseDynamicSplit, TProcessor, TAttribute>
 {
 public:
     using Result = typename TAttribute::StorageType::element_type;
+    using Results = CreationResultMap<Result>;
+    using Create = CreationFunction<Result>;
 
-    DynamicByCreationResultSplit() = default;
+    DynamicByCreationResultSplit()
+    {
+        ElementsLocationInfo location;
+        location.insertNonLocalized(ElementsRange(0, 1), 0);
+        this->initUnSplitted(location);
+    }
     DynamicByCreationResultSplit(const DynamicByCreationResultSplit&) = delete;
     DynamicByCreationResultSplit& operator=(const DynamicByCreationResultSplit&) = delete;
 
-    /// Both have to outlive the run. An empty creation function raises std::runtime_error at the first range, "call to
-    /// empty boost::function".
-    ProcessingResult<bool> initBase(const CreationFunction<Result>& create, CreationResultMap<Result>& results)
+    /// Results as `create` makes them, which the split keeps until `clear`. An empty one raises std::runtime_error at
+    /// the first range, "call to empty boost::function"; a null result raises ORLIXBaseProcessingException.
+    ProcessingResult<bool> initBase(Create create) { return start(std::move(create), false, m_ownResults); }
+    ProcessingResult<bool> initBase(Create create, Results& results)
     {
-        m_create = &create;
-        m_results = &results;
-        results.clear();
-        return true;
+        return start(std::move(create), false, results);
     }
     /// Results as their default constructor makes them. One of a former run that nobody holds any more is used again,
-    /// set to a new one's value. `results` has to outlive the run.
-    ProcessingResult<bool> initBase(CreationResultMap<Result>& results)
-    {
-        if (!m_renew) {
-            m_renew = [this](unsigned long start, unsigned long size) { return renew(start, size); };
-        }
-        return initBase(m_renew, results);
-    }
+    /// set to a new one's value.
+    ProcessingResult<bool> initBase() { return start({}, true, m_ownResults); }
+    ProcessingResult<bool> initBase(Results& results) { return start({}, true, results); }
+
+    /// The split's own map: the results since its last set-up without another one, also after `clear`. Empty it once
+    /// they are merged.
+    Results& accessResults() { return m_ownResults; }
 
     eSplitDynamicType getSplitDynamicType() const override { return eSplitDynamicType::eDynamicByCreationResultSplit; }
     ProcessingResult<bool> processAttribute(BaseProcessor& lower, unsigned long start, unsigned long size,
                                             const core::BaseRequestOrigin&) override
     {
-        boost::shared_ptr<Result> result = (*m_create)(start, size);
+        boost::shared_ptr<Result> result = m_bRenew ? renew(start, size) : m_create(start, size);
+        if (!result) {
+            this->throwNullInputSharedPtr();
+        }
         this->feed(lower, result);
         m_results->insert(ElementsRange(start, size), std::move(result));
         return true;
     }
-    RangeDemand getRangeDemand() const override { return {false, 0, 0, 1}; }
-    void clear() override { m_create = nullptr, m_results = nullptr; }
+    void clear() override
+    {
+        m_create.clear();
+        m_bRenew = false;
+        m_results = &m_ownResults;
+    }
 
 private:
+    ProcessingResult<bool> start(Create create, bool bRenew, Results& results)
+    {
+        m_create = std::move(create);
+        m_bRenew = bRenew;
+        m_results = &results;
+        results.clear();
+        return true;
+    }
+
     boost::shared_ptr<Result> renew(unsigned long start, unsigned long size)
     {
         if (m_last.use_count() == 1) {
@@ -78,20 +99,30 @@ private:
         return m_last;
     }
 
-    const CreationFunction<Result>* m_create = nullptr;
-    CreationResultMap<Result>* m_results = nullptr;
-    CreationFunction<Result> m_renew;
+    Create m_create;
+    bool m_bRenew = false;
+    Results m_ownResults;
+    Results* m_results = &m_ownResults;
     boost::shared_ptr<Result> m_last; ///< the last one renewed, for use again once all others have let it go
 };
 
-/// A split that gives each range what `create` makes of it, filed in `results`. Both have to outlive the run.
+/// A split that gives each range what `create` makes of it, filed in the split's own map, see `accessResults`, or in
+/// `results`, which has to outlive the run.
 template <class TProcessor, class TAttribute>
 boost::shared_ptr<DynamicByCreationResultSplit<TProcessor, TAttribute>>
-dynamicByCreationResultSplit(const CreationFunction<typename TAttribute::StorageType::element_type>& create,
+dynamicByCreationResultSplit(CreationFunction<typename TAttribute::StorageType::element_type> create)
+{
+    auto split = boost::make_shared<DynamicByCreationResultSplit<TProcessor, TAttribute>>();
+    static_cast<void>(split->initBase(std::move(create))); // never fails
+    return split;
+}
+template <class TProcessor, class TAttribute>
+boost::shared_ptr<DynamicByCreationResultSplit<TProcessor, TAttribute>>
+dynamicByCreationResultSplit(CreationFunction<typename TAttribute::StorageType::element_type> create,
                              CreationResultMap<typename TAttribute::StorageType::element_type>& results)
 {
     auto split = boost::make_shared<DynamicByCreationResultSplit<TProcessor, TAttribute>>();
-    static_cast<void>(split->initBase(create, results)); // never fails
+    static_cast<void>(split->initBase(std::move(create), results)); // never fails
     return split;
 }
 

@@ -62,7 +62,6 @@ public:
         }
         return true;
     }
-    RangeDemand getRangeDemand() const override { return {false, 0, 0, 1}; }
     void clear() override
     {
         m_data.reset();

@@ -11,6 +11,9 @@ template <class TDerived, class TLibrary, class... TAttributes>
 class KernelScaffold : public Scaffold<TDerived, BaseProcessingAlgorithm, TLibrary, TAttributes...>
 {
 public:
+    /// The level above gives the outputs.
+    void initOutputInitializers(OutputInitializerMap&) const {}
+
     /// The kernel table of the class, made on first use. Filled while the library loads.
     static AlgorithmFunctionSelector& retrieveFunctionSelector() { return Base::accessStatics().functionSelector; }
     static AlgorithmFunctionSelector& accessFunctionSelector() { return retrieveFunctionSelector(); }

@@ -24,10 +24,14 @@ struct KernelTable
     unsigned long nbRows;
 };
 
+namespace details {
+
 /// Enters the rows, in their order, where this processor has the set. What cannot be entered is logged at the trace
 /// level and left out: a library with a partial table still loads.
-ORLIXBASEPROCESSING_API void registerKernels(AlgorithmFunctionSelector& selector, const KernelTable& table);
+ORLIXBASEPROCESSING_API void functionRegistration(AlgorithmFunctionSelector& selector, const KernelTable& table);
 /// Takes out the kernels of a table whose code goes.
 ORLIXBASEPROCESSING_API void unRegisterKernels(AlgorithmFunctionSelector& selector, const KernelTable& table) noexcept;
+
+} // namespace details
 
 } // namespace orlix::processor

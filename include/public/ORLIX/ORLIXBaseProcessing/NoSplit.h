@@ -55,7 +55,6 @@ public:
         this->feed(lower, m_value);
         return true;
     }
-    RangeDemand getRangeDemand() const override { return {false, 0, 0, 1}; }
     void clear() override { m_value = Value(); }
 
 private:

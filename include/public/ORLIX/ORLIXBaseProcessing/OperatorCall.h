@@ -49,4 +49,20 @@ boost::shared_ptr<TProcessor> start(const TValues&... values)
     return processor;
 }
 
+namespace details {
+/// Throws ORLIXBaseProcessingException: a processor of class `name` was expected.
+[[noreturn]] ORLIXBASEPROCESSING_API void throwNullProcessor(const std::string& name);
+} // namespace details
+
+/// What attribute `TOutput` of a processor that `start` returned holds; does not wait. Throws
+/// ORLIXBaseProcessingException for a null pointer.
+template <class TOutput, class TProcessor>
+typename TOutput::StorageType outputOf(const boost::shared_ptr<TProcessor>& processor)
+{
+    if (!processor) {
+        details::throwNullProcessor(TProcessor::getObjectNameStr());
+    }
+    return processor->template getStorage<TOutput>();
+}
+
 } // namespace orlix::processor

@@ -1,6 +1,8 @@
 // How a processor's work is cut for the level below.
 #pragma once
 
+#include <string>
+
 namespace orlix::processor {
 
 class ProcessorDispatchPolicy
@@ -12,9 +14,13 @@ public:
     void initDefault() { m_stripBytes = 256UL << 10; }
     void initStripBytes(unsigned long stripBytes) { m_stripBytes = stripBytes; }
 
+    void initName(const std::string& name) { m_name = name; }
+
+    const std::string& getName() const { return m_name; } ///< whose policy it is; empty for nobody's
     unsigned long getStripBytes() const { return m_stripBytes; }
 
 private:
+    std::string m_name;
     unsigned long m_stripBytes = 256UL << 10;
 };
 

@@ -35,7 +35,7 @@ public:
         : m_selector(&TProcessor::retrieveFunctionSelector()), m_kernels(kernels)
     {
         for (const KernelTable* table : m_kernels) {
-            registerKernels(*m_selector, *table);
+            details::functionRegistration(*m_selector, *table);
         }
         TProcessor::createMutexes();
     }
@@ -44,7 +44,7 @@ public:
     ~ProcessorRegistration()
     {
         for (const KernelTable* table : m_kernels) {
-            unRegisterKernels(*m_selector, *table);
+            details::unRegisterKernels(*m_selector, *table);
         }
     }
 

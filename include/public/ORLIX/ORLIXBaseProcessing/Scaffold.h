@@ -9,6 +9,7 @@
 
 #include <boost/make_shared.hpp>
 
+#include <concepts>
 #include <mutex>
 #include <tuple>
 
@@ -29,13 +30,30 @@ const TValue& guardedStatic(std::mutex& mutex, std::optional<TValue>& value, TMa
 
 /// "<nameSpace>::<name>".
 ORLIXBASEPROCESSING_API std::string makeTypeName(const char* nameSpace, const char* name);
+/// The default policy as that of class `name`: "get<name>StaticDispatchPolicy".
+ORLIXBASEPROCESSING_API ProcessorDispatchPolicy makeDispatchPolicy(const char* name);
+
+// Asked from outside the class, so that a protected function counts as none.
+template <class TProcessor>
+concept StatesRule = requires(const TProcessor& processor)
+{
+    {
+        processor.createRule()
+        } -> std::same_as<RulePtr>;
+};
+template <class TProcessor>
+concept StatesOutputInitializers = requires(const TProcessor& processor, OutputInitializerMap& initializers)
+{
+    processor.initOutputInitializers(initializers);
+};
 
 } // namespace details
 
 /// `TDerived` says `static constexpr const char* g_name`, `static constexpr <catalogue>::domain g_toolTip`,
-/// `static constexpr const char* g_header = __FILE__`, and, where it has them, `RulePtr createRule() const` and
-/// `void initOutputInitializers(OutputInitializerMap&) const`. `TBase` is the kind of processor. `TLibrary` says
-/// `g_name`, `g_namespace` and `toolTip(id)`. `TAttributes` are the attribute classes in order of creation.
+/// `static constexpr const char* g_header = __FILE__`, and, both public, `RulePtr createRule() const`, which gives
+/// `none()` where there is no rule, and `void initOutputInitializers(OutputInitializerMap&) const`, which does nothing
+/// where all outputs are given. `TBase` is the kind of processor. `TLibrary` says `g_name`, `g_namespace` and
+/// `toolTip(id)`. `TAttributes` are the attribute classes in order of creation.
 template <class TDerived, class TBase, class TLibrary, class... TAttributes>
 class Scaffold : public TBase
 {
@@ -63,11 +81,8 @@ public:
     /// Valid until the process ends; copy it at once.
     static const ProcessorDispatchPolicy& getDefaultDispatchPolicy()
     {
-        return details::guardedStatic(DispatchPolicyMutex(), accessStatics().dispatchPolicy, [] {
-            ProcessorDispatchPolicy policy;
-            policy.initDefault();
-            return policy;
-        });
+        return details::guardedStatic(DispatchPolicyMutex(), accessStatics().dispatchPolicy,
+                                      [] { return details::makeDispatchPolicy(TDerived::g_name); });
     }
     static const char* getLibraryName() { return TLibrary::g_name; }
 
@@ -138,29 +153,32 @@ protected:
                                        ProcessorDispatchPolicy& dispatchPolicy, RulePtr& rule,
                                        const eProcessorRulePolicy& rulePolicy) override
     {
-        attributes.clear();
-        attributes.reserve(sizeof...(TAttributes));
-        (attributes.push_back(std::get<boost::shared_ptr<TAttributes>>(m_ownAttributes) =
-                                  boost::make_shared<TAttributes>()),
-         ...);
-        const TDerived& derived = static_cast<const TDerived&>(*this);
-        outputInitializers.clear();
-        if constexpr (requires { derived.initOutputInitializers(outputInitializers); }) {
-            derived.initOutputInitializers(outputInitializers);
-        }
-        dispatchPolicy = getDefaultDispatchPolicy();
+        static_assert(details::StatesRule<TDerived>,
+                      "a processor class states its rule: public RulePtr createRule() const, which may give none()");
+        initAttributeColl(attributes, outputInitializers);
+        dispatchPolicy = TDerived::getDefaultDispatchPolicy();
         rule.reset();
         if (rulePolicy != eProcessorRulePolicy::eRulePolicySkip) {
-            if constexpr (requires { derived.createRule(); }) {
-                rule = derived.createRule();
-            } else {
-                rule = none();
-            }
+            rule = static_cast<const TDerived&>(*this).createRule();
         }
         return true;
     }
 
 private:
+    void initAttributeColl(AttributeVector& attributes, OutputInitializerMap& outputInitializers)
+    {
+        static_assert(details::StatesOutputInitializers<TDerived>,
+                      "a processor class states the initializers of its outputs: public void "
+                      "initOutputInitializers(OutputInitializerMap&) const, which may do nothing");
+        attributes.clear();
+        attributes.reserve(sizeof...(TAttributes));
+        (attributes.push_back(std::get<boost::shared_ptr<TAttributes>>(m_ownAttributes) =
+                                  boost::make_shared<TAttributes>()),
+         ...);
+        outputInitializers.clear();
+        static_cast<const TDerived&>(*this).initOutputInitializers(outputInitializers);
+    }
+
     static std::mutex& TypeNameMutex() { return accessStatics().typeNameMutex; }
     static std::mutex& ToolTipMutex() { return accessStatics().toolTipMutex; }
     static std::mutex& VersionMutex() { return accessStatics().versionMutex; }

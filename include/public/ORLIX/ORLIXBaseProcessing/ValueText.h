@@ -3,6 +3,7 @@
 
 #include "ORLIX/ORLIXBaseProcessing/Export.h"
 #include "ORLIX/ORLIXUtil/EnumerationNames.h"
+#include "ORLIX/ORLIXUtil/NumberText.h"
 #include "ORLIX/ORLIXUtil/NumericLimits.h"
 
 #include <concepts>
@@ -13,16 +14,8 @@ namespace orlix::processor {
 
 namespace details {
 
-/// Each takes the whole of `text`, whatever the locale; false, with `value` as it was, where it is no such value.
-ORLIXBASEPROCESSING_API bool readText(const std::string& text, double& value);
-ORLIXBASEPROCESSING_API bool readText(const std::string& text, float& value);
-ORLIXBASEPROCESSING_API bool readText(const std::string& text, long long& value);
-ORLIXBASEPROCESSING_API bool readText(const std::string& text, unsigned long long& value);
+/// Takes the whole of `text`; false, with `value` as it was, where it is neither yes nor no.
 ORLIXBASEPROCESSING_API bool readText(const std::string& text, bool& value);
-
-/// The shortest number that reads back as the same value.
-ORLIXBASEPROCESSING_API std::string writeText(double value);
-ORLIXBASEPROCESSING_API std::string writeText(float value);
 
 ORLIXBASEPROCESSING_API bool isSameName(const std::string& left, const std::string& right);
 
@@ -49,8 +42,8 @@ template <std::floating_point TValue>
 struct ValueText<TValue>
 {
     static std::string kind() { return "number"; }
-    static bool read(const std::string& text, TValue& value) { return details::readText(text, value); }
-    static std::string write(TValue value) { return details::writeText(value); }
+    static bool read(const std::string& text, TValue& value) { return readNumber(text, value); }
+    static std::string write(TValue value) { return numberText(value); }
 };
 
 template <std::integral TValue>
@@ -64,14 +57,13 @@ struct ValueText<TValue>
     static bool read(const std::string& text, TValue& value)
     {
         std::conditional_t<std::is_signed_v<TValue>, long long, unsigned long long> wide = 0;
-        if (!details::readText(text, wide) || wide < NumericLimits<TValue>::s_min ||
-            wide > NumericLimits<TValue>::s_max) {
+        if (!readNumber(text, wide) || wide < NumericLimits<TValue>::s_min || wide > NumericLimits<TValue>::s_max) {
             return false;
         }
         value = static_cast<TValue>(wide);
         return true;
     }
-    static std::string write(TValue value) { return std::to_string(value); }
+    static std::string write(TValue value) { return numberText(value); }
 };
 
 /// Also "true", "false", "1" and "0".
@@ -100,7 +92,7 @@ struct ValueText<TValue>
     static bool read(const std::string& text, TValue& value)
     {
         long long number = 0;
-        const bool bNumber = details::readText(text, number);
+        const bool bNumber = readNumber(text, number);
         for (const TValue candidate : Names::g_values) {
             if (bNumber ? number == static_cast<long long>(candidate)
                         : details::isSameName(text, Names::nameOf(candidate))) {

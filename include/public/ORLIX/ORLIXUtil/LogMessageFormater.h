@@ -18,8 +18,9 @@ class LogMessageManager;
 
 /// `LogMessageFormater f(manager); f.setMsgId(key, id); f % a % b; f.string();`
 ///
-/// `%s` takes anything that can be streamed, `%d` any integer up to 64-bit unsigned, `%f` a floating number and prints
-/// six decimals; `%%` is a percent sign. The text never depends on the program's locale. For use by one thread.
+/// `%s` takes anything that can be streamed, and prints of a number the shortest text that gives it back; `%d` takes
+/// any integer up to 64-bit unsigned, `%f` a floating number and prints six decimals; `%%` is a percent sign. The text
+/// never depends on the program's locale. For use by one thread.
 class ORLIXUTIL_API LogMessageFormater
 {
 public:
@@ -42,6 +43,8 @@ public:
             m_arguments.emplace_back(static_cast<long long>(argument));
         } else if constexpr (std::unsigned_integral<T>) {
             m_arguments.emplace_back(static_cast<unsigned long long>(argument));
+        } else if constexpr (std::same_as<T, float>) {
+            m_arguments.emplace_back(argument);
         } else if constexpr (std::floating_point<T>) {
             m_arguments.emplace_back(static_cast<double>(argument));
         } else {
@@ -56,7 +59,7 @@ public:
     std::string string() const;
 
 private:
-    using Argument = std::variant<long long, unsigned long long, double, std::string>;
+    using Argument = std::variant<long long, unsigned long long, float, double, std::string>;
 
     void appendStreamed(const void* value, void (*print)(std::ostream&, const void*));
 

@@ -19,6 +19,7 @@
 #include "ORLIX/ORLIXUtil/Logger/ORLIXUtilLogMessages.h"
 #include "ORLIX/ORLIXUtil/MessageCatalogue.h"
 #include "ORLIX/ORLIXUtil/MessageMapRegistrator.h"
+#include "ORLIX/ORLIXUtil/NumberText.h"
 #include "ORLIX/ORLIXUtil/NumericLimits.h"
 #include "ORLIX/ORLIXUtil/ORLIXUtilException.h"
 #include "ORLIX/ORLIXUtil/ProcessingResult.h"

@@ -21,6 +21,7 @@ public:
     unsigned long getImageSizeY() const { return m_image->getSizeY(); }
     eImageBufferType getImageBufferType() const { return m_image->getBufferType(); }
     const BaseImage& getBaseImage() const { return *m_image; }
+    const void* accessBuffer() const { return m_first; } ///< first element of the strip
 
     unsigned long getLineBytes() const { return m_image->getPixelLayout().rowBytes; } ///< from a line to the next
     bool isDense() const { return m_image->getPixelLayout().bDense; }
@@ -44,15 +45,14 @@ class InputImageYStrip2d : public BaseImageYStrip2d
 {
 public:
     using BaseImageYStrip2d::BaseImageYStrip2d;
-    const void* accessBuffer() const { return getFirst(); } ///< first element of the strip
 };
 
 class OutputImageYStrip2d : public BaseImageYStrip2d
 {
 public:
+    using BaseImageYStrip2d::accessBuffer;
     using BaseImageYStrip2d::BaseImageYStrip2d;
     void* accessBuffer() { return getFirst(); } ///< first element of the strip
-    const void* accessBuffer() const { return getFirst(); }
 };
 
 } // namespace orlix::image

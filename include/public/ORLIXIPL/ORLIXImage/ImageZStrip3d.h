@@ -22,6 +22,8 @@ public:
     unsigned long getImageSizeZ() const { return m_image->getSizeZ(); }
     eImageBufferType getImageBufferType() const { return m_image->getBufferType(); }
     const BaseImage& getBaseImage() const { return *m_image; }
+    /// First element of plan `plan` of the strip.
+    const void* accessBuffer(unsigned long plan) const { return getPlan(plan); }
 
     unsigned long getLineBytes() const { return m_image->getPixelLayout().rowBytes; } ///< from a line to the next
     bool isDense() const { return m_image->getPixelLayout().bDense; }                 ///< do lines of a plan touch?
@@ -43,17 +45,15 @@ class InputImageZStrip3d : public BaseImageZStrip3d
 {
 public:
     using BaseImageZStrip3d::BaseImageZStrip3d;
-    /// First element of plan `plan` of the strip.
-    const void* accessBuffer(unsigned long plan) const { return getPlan(plan); }
 };
 
 class OutputImageZStrip3d : public BaseImageZStrip3d
 {
 public:
+    using BaseImageZStrip3d::accessBuffer;
     using BaseImageZStrip3d::BaseImageZStrip3d;
     /// First element of plan `plan` of the strip.
     void* accessBuffer(unsigned long plan) { return getPlan(plan); }
-    const void* accessBuffer(unsigned long plan) const { return getPlan(plan); }
 };
 
 /// For writers that leave part of their plans as it is.

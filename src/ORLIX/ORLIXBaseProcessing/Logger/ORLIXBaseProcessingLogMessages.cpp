@@ -18,16 +18,25 @@ const std::vector<MessageText>& MessageCatalogue<processor::eProcessorMessage>::
         {Message::eRunFailed, "%s"},
         {Message::eAttributeNotSet, "%s: attribute %s has not been set: set %s before the run"},
         {Message::eAttributeIsNull, "%s: attribute %s holds a null pointer: give it an object that exists"},
-        {Message::eSplitCountsDiffer, "%s: all splits must have the same number of elements, but %s has %d and %s has %d"},
-        {Message::eNoSplits, "%s: there is no split that tells the number of elements: add one for an attribute that is cut"},
-        {Message::eWrongProcessor, "The split for attribute %s does not feed processors of class %s: make it for that class"},
+        {Message::eSplitCountsDiffer,
+         "%s: all splits must have the same number of elements, but %s has %d and %s has %d"},
+        {Message::eNoSplits,
+         "%s: there is no split that tells the number of elements: add one for an attribute that is cut"},
+        {Message::eWrongProcessor,
+         "The split for attribute %s does not feed processors of class %s: make it for that class"},
         {Message::eNoKernel, "%s has no kernel for %s: convert the data first"},
-        {Message::eBlockCountsDiffer, "%s: the data of all attributes must be cut alike, but one has %d blocks and another %d"},
-        {Message::eUnknownProcessor, "Processor %s is unknown to the factory: check the name and load the library that it is in"},
+        {Message::eBlockCountsDiffer,
+         "%s: the data of all attributes must be cut alike, but one has %d blocks and another %d"},
+        {Message::eUnknownProcessor,
+         "Processor %s is unknown to the factory: check the name and load the library that it is in"},
         {Message::eUnknownAttribute, "%s has no attribute %s"},
-        {Message::eProcessorRegisteredTwice, "Processor %s is registered with the factory already: give each processor a name of its own"},
+        {Message::eProcessorRegisteredTwice,
+         "Processor %s is registered with the factory already: give each processor a name of its own"},
         {Message::eNullSplitInput, "The split for attribute %s was given a null pointer: give it data that exists"},
-        {Message::eProcessorNotInitialised, "Processor %s has not been initialised: call init before its attributes are used"}};
+        {Message::eNullProcessor,
+         "There is no processor to read an output from: give the %s that the asynchronous call returned"},
+        {Message::eProcessorNotInitialised,
+         "Processor %s has not been initialised: call init before its attributes are used"}};
     return g_texts;
 }
 

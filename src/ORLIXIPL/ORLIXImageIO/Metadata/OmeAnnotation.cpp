@@ -95,7 +95,7 @@ void addAnnotation(pugi::xml_node ome, const BaseImageGeometry& geometry, const 
         element.append_attribute("Unit") = calibration->getUnit().c_str();
         const auto numbers = numbersOf(*calibration);
         for (std::size_t i = 0; i < numbers.size(); ++i) {
-            element.append_attribute(g_numbers[i]) = textOf(numbers[i]).c_str();
+            element.append_attribute(g_numbers[i]) = numberText(numbers[i]).c_str();
         }
     }
 }

@@ -34,7 +34,7 @@ void addPixelSizes(pugi::xml_node pixels, const GeometricCalibration& calibratio
     const std::string unit = omeUnitOf(calibration.getUnit());
     const auto add = [&](const char* name, const char* unitName, float size) {
         if (isPixelSize(size)) {
-            pixels.append_attribute(name) = textOf(size).c_str();
+            pixels.append_attribute(name) = numberText(size).c_str();
             pixels.append_attribute(unitName) = unit.c_str();
         }
     };

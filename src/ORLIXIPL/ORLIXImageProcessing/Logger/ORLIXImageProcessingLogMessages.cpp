@@ -41,16 +41,22 @@ const std::vector<MessageText>& MessageCatalogue<imaproc::eImageSplitMessage>::t
     static const std::vector<MessageText> g_texts = {
         {Message::eNullImage, "There is no image to cut: set the attribute that holds it"},
         {Message::eSeveralPlans, "Strips are cut from one plan, but the image is %s: cut it into plans first"},
-        {Message::eBadCut, "An element is either a plan of a volume cut plan by plan or a whole volume: ask for one of the two"},
+        {Message::eBadCut,
+         "An element is either a plan of a volume cut plan by plan or a whole volume: ask for one of the two"},
         {Message::eNoSuchElement, "There is no element %d in a list of %d"},
-        {Message::eInputMissing, "The output image can't be made, since the input is not there: set the input before the run"},
-        {Message::eNoCollection, "There is no collection to take the entries of plans from: set the attribute that holds it"},
+        {Message::eInputMissing,
+         "The output image can't be made, since the input is not there: set the input before the run"},
+        {Message::eNoCollection,
+         "There is no collection to take the entries of plans from: set the attribute that holds it"},
         {Message::eTooManyPlans, "%d plans of %d channels at %d times are more than can be counted"},
         {Message::ePlanLacksEntry, "%s has no entry for plan %d of channel %d at time %d: every plan needs one"},
-        {Message::eSeveralVolumes, "A volume has one channel and one time step, but the image is %s: cut it into volumes first"},
+        {Message::eSeveralVolumes,
+         "A volume has one channel and one time step, but the image is %s: cut it into volumes first"},
         {Message::eLinesOutside, "There are no %d lines from line %d on in %d lines: ask for lines within them"},
         {Message::ePlansOutside, "There are no %d plans from plan %d on in %d plans: ask for plans within them"},
-        {Message::eRangeOutside, "There is no range of %d from %d on in %d: ask for one within them"}};
+        {Message::eRangeOutside, "There is no range of %d from %d on in %d: ask for one within them"},
+        {Message::eWrongCollection,
+         "%s takes no entries of a collection of class %s: give one of the class that the split is made for"}};
     return g_texts;
 }
 

@@ -1,6 +1,7 @@
 #include "ORLIXIPL/ORLIXImageProcessing/Rule/ImageRules.h"
 
 #include "ORLIX/ORLIXBaseProcessing/AttributeRules.h"
+#include "ORLIX/ORLIXUtil/NumberText.h"
 #include "ORLIXIPL/ORLIXImageProcessing/Logger/ORLIXImageProcessingLogMessages.h"
 
 #include <cmath>
@@ -97,8 +98,9 @@ ProcessingResult<bool> checkTypeRange(const processor::BaseAttribute& data, cons
     const double largest = image::getMaxValue(type);
     return value >= smallest && value <= largest
                ? ProcessingResult<bool>(true)
-               : failure(eImageRuleMessage::eOutOfRange, valueAttribute->getObjectName(), value,
-                         image::getBufferTypeName(type), data.getObjectName(), smallest, largest);
+               : failure(eImageRuleMessage::eOutOfRange, valueAttribute->getObjectName(),
+                         valueAttribute->getValueText().value_or(numberText(value)), image::getBufferTypeName(type),
+                         data.getObjectName(), smallest, largest);
 }
 
 class BufferTypeRule final : public processor::BaseRule

@@ -73,7 +73,7 @@ ProcessingResult<bool> BaseImageStripSplit<TImage>::initSubPlan(const boost::sha
     if (!isWithin(start, size, image->getSizeY())) {
         return failure(eImageSplitMessage::eLinesOutside, size, start, image->getSizeY());
     }
-    m_image = image.get();
+    m_image = image;
     m_first = start;
     m_demand = {true, size, lineBytesOf(*image), 1};
     return true;
@@ -95,7 +95,7 @@ ProcessingResult<bool> BaseImageStripSplit<TImage>::initSubVolume(const boost::s
     if (!isWithin(start, size, image->getSizeZ())) {
         return failure(eImageSplitMessage::ePlansOutside, size, start, image->getSizeZ());
     }
-    m_image = image.get();
+    m_image = image;
     m_first = start;
     m_demand = {true, size, lineBytesOf(*image) * image->getSizeY(), 1};
     return true;

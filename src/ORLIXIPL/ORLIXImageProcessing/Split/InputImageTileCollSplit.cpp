@@ -52,6 +52,22 @@ template <class TColl>
 ProcessingResult<bool> BaseImageTileCollSplit<TColl>::initBase(const ImageConstPtr& image, const CoordsColl& coords,
                                                                unsigned long group, unsigned long maxGroup)
 {
+    m_coords = coords;
+    return start(image, group, maxGroup);
+}
+
+template <class TColl>
+ProcessingResult<bool> BaseImageTileCollSplit<TColl>::initBase(const ImageConstPtr& image, CoordsColl&& coords,
+                                                               unsigned long group, unsigned long maxGroup)
+{
+    m_coords = std::move(coords);
+    return start(image, group, maxGroup);
+}
+
+template <class TColl>
+ProcessingResult<bool> BaseImageTileCollSplit<TColl>::start(const ImageConstPtr& image, unsigned long group,
+                                                            unsigned long maxGroup)
+{
     if (!image) {
         return failure(eImageSplitMessage::eNullImage);
     }
@@ -60,11 +76,10 @@ ProcessingResult<bool> BaseImageTileCollSplit<TColl>::initBase(const ImageConstP
         return failure(bVolume ? eImageSplitMessage::eSeveralVolumes : eImageSplitMessage::eSeveralPlans,
                        image->getGeometry().toString());
     }
-    m_image = image.get();
-    m_coords = &coords;
-    const bool bNothing = coords.empty() || image->getGeometry().getNbPixels() == 0;
-    const unsigned long cost = bNothing ? 0 : costOf(coords.front(), image::elementSize(image->getBufferType()));
-    m_demand = {true, coords.size(), cost, std::max(1UL, group), std::max(1UL, maxGroup)};
+    m_image = image;
+    const bool bNothing = m_coords.empty() || image->getGeometry().getNbPixels() == 0;
+    const unsigned long cost = bNothing ? 0 : costOf(m_coords.front(), image::elementSize(image->getBufferType()));
+    m_demand = {true, m_coords.size(), cost, std::max(1UL, group), std::max(1UL, maxGroup)};
     return true;
 }
 
@@ -73,11 +88,11 @@ ProcessingResult<bool> BaseImageTileCollSplit<TColl>::processAttribute(processor
                                                                        unsigned long start, unsigned long size,
                                                                        const core::BaseRequestOrigin&)
 {
-    const unsigned long nbTiles = m_coords->size();
+    const unsigned long nbTiles = m_coords.size();
     if (start > nbTiles || size > nbTiles - start) {
         return failure(eImageSplitMessage::eRangeOutside, size, start, nbTiles);
     }
-    const auto* const first = m_coords->data() + start;
+    const auto* const first = m_coords.data() + start;
     if (m_coll && m_coll.use_count() == 1) {
         m_coll->init(*m_image, first, size, m_border);
     } else {

@@ -4,6 +4,18 @@
 
 namespace orlix::imaproc {
 
+ProcessingResult<bool> BasePlanIndexedSplit::initBase(const boost::shared_ptr<BasePlanIndexedColl>& coll,
+                                                      unsigned long sizeZ, unsigned long sizeC, unsigned long sizeT,
+                                                      bool bMayLack)
+{
+    if (!holdColl(coll)) {
+        m_nbPlans = 0;
+        return ProcessingResult<bool>::failure(formatMessage<eImageSplitMessage>(
+            eImageSplitMessage::eWrongCollection, getAttributeName(), coll->getClassName()));
+    }
+    return initPlans(coll.get(), sizeZ, sizeC, sizeT, bMayLack);
+}
+
 ProcessingResult<bool> BasePlanIndexedSplit::initPlans(const BasePlanIndexedColl* coll, unsigned long sizeZ,
                                                        unsigned long sizeC, unsigned long sizeT, bool bMayLack)
 {

@@ -50,7 +50,7 @@ ProcessingResult<bool> BaseSubImageSplit<TImagePtr>::initBase(const eSubImageSpl
     if (m_bWholeVolume != (volumeParsing == eVolumeParsingType::eWholeVolume)) {
         return failure(eImageSplitMessage::eBadCut);
     }
-    m_image = &image;
+    m_image = image;
     m_nbElements = (m_bWholeVolume ? 1 : image->getSizeZ()) * image->getSizeC() * image->getSizeT();
     m_cost = bytesOf(*image);
     return true;
@@ -63,17 +63,18 @@ ProcessingResult<bool> BaseSubImageSplit<TImagePtr>::getSubImage(unsigned long i
         return failure(eImageSplitMessage::eNoSuchElement, index, m_nbElements);
     }
     using image::SubImageExtractor;
-    const auto& image = **m_image;
+    const auto& image = *m_image;
     if (isPlan(image.getGeometry())) {
-        subImage = *m_image; // it is its own only plan
+        subImage = m_image; // it is its own only plan
         return true;
     }
     const unsigned long sizeC = image.getSizeC();
     if (m_bWholeVolume) {
-        return SubImageExtractor::extractVolume(index % sizeC, index / sizeC, **m_image, subImage);
+        return SubImageExtractor::extractVolume(index % sizeC, index / sizeC, *m_image, subImage);
     }
     const unsigned long sizeZ = image.getSizeZ();
-    return SubImageExtractor::extractPlan(index % sizeZ, index / sizeZ % sizeC, index / sizeZ / sizeC, **m_image, subImage);
+    return SubImageExtractor::extractPlan(index % sizeZ, index / sizeZ % sizeC, index / sizeZ / sizeC, *m_image,
+                                          subImage);
 }
 
 template class BaseSubImageSplit<ImagePtr>;

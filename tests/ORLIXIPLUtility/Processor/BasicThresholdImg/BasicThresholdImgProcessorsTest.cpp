@@ -103,6 +103,17 @@ TEST(BasicThresholdImgLvl2Test, thresholdsAPlan)
     level.set<attr::OutBinImg>(createImage(*geometry2d(g_binary, 100, 91)));
     EXPECT_EQ(level.run(g_sync).getMessage(),
               "OutBinImg is 100x91x1x1x1 Binary, InSubImg2d is 100x90x1x1x1 Int16: sizes have to be the same");
+    level.set<attr::InThresholdMax>(7000);
+    for (const eImageBufferType type : image::g_allBufferTypes) {
+        if (type != g_binary) { // also those that have the width of a binary element
+            const ImagePtr other = makeRandom(*geometry2d(type, 100, 90));
+            const std::vector<std::byte> before = testing::bytesOf(*other);
+            level.set<attr::OutBinImg>(other);
+            EXPECT_EQ(level.run(g_sync).getMessage(),
+                      "OutBinImg is " + other->getGeometry().toString() + ", but has to be of element type Binary");
+            EXPECT_EQ(testing::bytesOf(*other), before) << "no pixel is written";
+        }
+    }
 }
 
 TEST(BasicThresholdImgLvl3Test, thresholdsAStrip)

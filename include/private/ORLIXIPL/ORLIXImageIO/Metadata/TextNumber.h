@@ -1,11 +1,10 @@
-// Numbers in texts, read strictly and written so that they come back exactly, whatever the locale.
+// Numbers in texts that files hold.
 #pragma once
 
-#include <charconv>
+#include "ORLIX/ORLIXUtil/NumberText.h"
+
 #include <optional>
-#include <string>
 #include <string_view>
-#include <system_error>
 
 namespace orlix::image::io {
 
@@ -14,17 +13,7 @@ template <class T>
 std::optional<T> numberFrom(std::string_view text)
 {
     T value{};
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (error != std::errc() || end != text.data() + text.size()) {
-        return std::nullopt;
-    }
-    return value;
-}
-
-inline std::string textOf(float value)
-{
-    char digits[32];
-    return {digits, std::to_chars(digits, digits + sizeof digits, value).ptr};
+    return readNumber(text, value) ? std::optional<T>(value) : std::nullopt;
 }
 
 } // namespace orlix::image::io

@@ -12,19 +12,20 @@ namespace orlix::processor {
 struct eProcessorMessage
 {
     enum domain {
-        eRunFailed = 0, ///< reason
-        eAttributeNotSet = 1, ///< processor, attribute, attribute
-        eAttributeIsNull = 2, ///< processor, attribute
-        eSplitCountsDiffer = 3, ///< dispatcher, attribute, count, attribute, count
-        eNoSplits = 4, ///< dispatcher
-        eWrongProcessor = 5, ///< attribute, processor
-        eNoKernel = 6, ///< processor, element types
-        eBlockCountsDiffer = 7, ///< processor, count, count
-        eUnknownProcessor = 8, ///< name
-        eUnknownAttribute = 9, ///< processor, attribute
+        eRunFailed = 0,                 ///< reason
+        eAttributeNotSet = 1,           ///< processor, attribute, attribute
+        eAttributeIsNull = 2,           ///< processor, attribute
+        eSplitCountsDiffer = 3,         ///< dispatcher, attribute, count, attribute, count
+        eNoSplits = 4,                  ///< dispatcher
+        eWrongProcessor = 5,            ///< attribute, processor
+        eNoKernel = 6,                  ///< processor, element types
+        eBlockCountsDiffer = 7,         ///< processor, count, count
+        eUnknownProcessor = 8,          ///< name
+        eUnknownAttribute = 9,          ///< processor, attribute
         eProcessorRegisteredTwice = 10, ///< name
-        eNullSplitInput = 11, ///< attribute
-        eProcessorNotInitialised = 33 ///< processor
+        eNullSplitInput = 11,           ///< attribute
+        eNullProcessor = 12,            ///< processor
+        eProcessorNotInitialised = 33   ///< processor
     };
     ORLIX_ENUMERATION(eProcessorMessage, eRunFailed);
 };

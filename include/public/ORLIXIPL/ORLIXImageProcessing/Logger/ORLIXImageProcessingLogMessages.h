@@ -37,12 +37,13 @@ struct eImageSplitMessage
         eNoSuchElement = 3, ///< index, count
         eInputMissing = 4,
         eNoCollection = 5,
-        eTooManyPlans = 6, ///< sizes on z, c, t
-        ePlanLacksEntry = 7, ///< attribute, z, c, t
-        eSeveralVolumes = 8, ///< geometry
-        eLinesOutside = 9, ///< count, first, count
-        ePlansOutside = 10, ///< count, first, count
-        eRangeOutside = 11 ///< count, first, count
+        eTooManyPlans = 6,    ///< sizes on z, c, t
+        ePlanLacksEntry = 7,  ///< attribute, z, c, t
+        eSeveralVolumes = 8,  ///< geometry
+        eLinesOutside = 9,    ///< count, first, count
+        ePlansOutside = 10,   ///< count, first, count
+        eRangeOutside = 11,   ///< count, first, count
+        eWrongCollection = 12 ///< attribute, class
     };
     ORLIX_ENUMERATION(eImageSplitMessage, eNullImage);
 };

@@ -9,8 +9,8 @@
 
 namespace orlix::imaproc {
 
-// A source refers to what it is made from and is used within the statement that makes it; the splits say what has to
-// outlive the run.
+// A source refers to what it is made from and is used within the statement that makes it. Maps that a run fills have to
+// outlive it; everything else the splits hold.
 
 /// What a no-split is set up with.
 template <class TValue>

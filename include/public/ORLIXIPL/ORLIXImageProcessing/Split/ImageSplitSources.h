@@ -12,8 +12,7 @@
 
 namespace orlix::imaproc {
 
-// A source refers to the image pointer that it is made from, an attribute's storage, and is used within the statement
-// that makes it; the attribute keeps the image alive during the run.
+// A source refers to what it is made from and is used within the statement that makes it; the split holds the image.
 
 /// The split counts, or doesn't, where elements are placed.
 inline void setLocalized(processor::BaseDataSplit& split, bool bLocalized)

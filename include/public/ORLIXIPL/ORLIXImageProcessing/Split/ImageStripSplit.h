@@ -23,9 +23,9 @@ struct eImageStripSplitType
     ORLIX_ENUMERATION(eImageStripSplitType, eYStrip2d);
 };
 
-/// `TImage` is image::BaseImage or const image::BaseImage. Neither the split nor its strips keep the image alive: the
-/// attribute that holds it does, for as long as the run. A strip of a plan is a range of its lines; one of a volume is
-/// a range of its plans, and plans are the dispatcher's lines then.
+/// `TImage` is image::BaseImage or const image::BaseImage. Strips live no longer than the run, since they don't keep
+/// the image alive, and the split does until `clear`. A strip of a plan is a range of its lines; one of a volume is a
+/// range of its plans, and plans are the dispatcher's lines then.
 template <class TImage>
 class BaseImageStripSplit : public processor::BaseDynamicSplit
 {
@@ -38,7 +38,7 @@ public:
 
     /// An image without pixels has its lines, but nothing in them.
     processor::RangeDemand getRangeDemand() const override { return m_demand; }
-    void clear() override { m_image = nullptr; }
+    void clear() override { m_image.reset(); }
 
 protected:
     // All fail for a null image; those for plans also for an image of several plans, those for volumes for one of
@@ -66,7 +66,7 @@ protected:
 private:
     ProcessingResult<bool> failRange(unsigned long start, unsigned long size) const;
 
-    TImage* m_image = nullptr;
+    boost::shared_ptr<TImage> m_image;
     unsigned long m_first = 0;
     processor::RangeDemand m_demand{true, 0, 0, 1};
 };

@@ -19,9 +19,6 @@ public:
         m_marginY = {startY, endY};
         return this->initSubPlan(image, 0, image ? image->getSizeY() : 0);
     }
-    ProcessingResult<bool> initBase(boost::shared_ptr<TImage>&&, unsigned long, unsigned long, unsigned long,
-                                    unsigned long, const image::eStripAllocationType&,
-                                    const image::eStripParsingDirection&) = delete;
 
     eImageStripSplitType getImageStripSplitType() const override { return eImageStripSplitType::eYStrip2dWithKernel; }
 

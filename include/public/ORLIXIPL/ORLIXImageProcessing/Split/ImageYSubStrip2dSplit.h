@@ -18,8 +18,6 @@ public:
     {
         return this->initSubPlan(image, start, size);
     }
-    ProcessingResult<bool> initBase(boost::shared_ptr<TImage>&&, const image::eStripAllocationType&, unsigned long,
-                                    unsigned long) = delete;
 
     eImageStripSplitType getImageStripSplitType() const override { return eImageStripSplitType::eYSubStrip2d; }
 

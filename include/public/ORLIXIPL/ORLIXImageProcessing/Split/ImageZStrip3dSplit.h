@@ -15,9 +15,6 @@ public:
     {
         return this->initVolume(image);
     }
-    ProcessingResult<bool> initBase(boost::shared_ptr<TImage>&&, const image::eStripAllocationType&,
-                                    const image::eStripParsingDirection&,
-                                    const image::eStripParsingDirection&) = delete;
 
     eImageStripSplitType getImageStripSplitType() const override { return eImageStripSplitType::eZStrip3d; }
 

@@ -20,9 +20,6 @@ public:
         m_marginZ = {startZ, endZ};
         return this->initVolume(image);
     }
-    ProcessingResult<bool> initBase(boost::shared_ptr<TImage>&&, unsigned long, unsigned long, unsigned long,
-                                    unsigned long, const image::eStripAllocationType&,
-                                    const image::eStripParsingDirection&) = delete;
 
     eImageStripSplitType getImageStripSplitType() const override { return eImageStripSplitType::eZStrip3dWithKernel; }
 

@@ -17,8 +17,6 @@ public:
     {
         return this->initSubVolume(image, start, size);
     }
-    ProcessingResult<bool> initBase(boost::shared_ptr<TImage>&&, const image::eStripAllocationType&, unsigned long,
-                                    unsigned long) = delete;
 
     eImageStripSplitType getImageStripSplitType() const override { return eImageStripSplitType::eZSubStrip3d; }
 

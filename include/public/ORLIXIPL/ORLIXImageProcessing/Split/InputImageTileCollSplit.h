@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ORLIX/ORLIXBaseProcessing/BaseDataSplit.h"
+#include "ORLIX/ORLIXBaseProcessing/ReusedVector.h"
 #include "ORLIXIPL/ORLIXBaseImageTools/ImageTileColl.h"
 #include "ORLIXIPL/ORLIXImageProcessing/Export.h"
 
@@ -24,19 +25,23 @@ public:
 
     /// A tile for each of `coords`, in groups of a multiple of `group` tiles, the last one left out, and of no more
     /// than `maxGroup` where that is not below `group`. Fails for a null image and for one of more than one plan, or
-    /// volume. An image without pixels gives out nothing. The caller keeps image and coordinates alive until the run
-    /// has ended.
+    /// volume. An image without pixels gives out nothing. The split takes coordinates over, or copies them into memory
+    /// that it keeps from run to run.
     ProcessingResult<bool> initBase(const ImageConstPtr& image, const CoordsColl& coords, unsigned long group,
                                     unsigned long maxGroup);
-    ProcessingResult<bool> initBase(ImageConstPtr&&, const CoordsColl&, unsigned long, unsigned long) = delete;
-    ProcessingResult<bool> initBase(const ImageConstPtr&, CoordsColl&&, unsigned long, unsigned long) = delete;
+    ProcessingResult<bool> initBase(const ImageConstPtr& image, CoordsColl&& coords, unsigned long group,
+                                    unsigned long maxGroup);
 
     processor::eSplitDynamicType getSplitDynamicType() const override
     {
         return processor::eSplitDynamicType::eImageTileCollSplit;
     }
     processor::RangeDemand getRangeDemand() const override { return m_demand; }
-    void clear() override { m_image = nullptr, m_coords = nullptr; }
+    void clear() override
+    {
+        m_image.reset();
+        processor::emptyForReuse(m_coords);
+    }
 
     /// Makes the collection of tiles [start, start + size) and hands it on.
     ProcessingResult<bool> processAttribute(processor::BaseProcessor& lower, unsigned long start, unsigned long size,
@@ -48,9 +53,11 @@ protected:
     BaseImageTileCollSplit();
 
 private:
+    ProcessingResult<bool> start(const ImageConstPtr& image, unsigned long group, unsigned long maxGroup);
+
     typename TColl::BorderPolicy m_border;
-    const image::BaseImage* m_image = nullptr;
-    const CoordsColl* m_coords = nullptr;
+    ImageConstPtr m_image;
+    CoordsColl m_coords; ///< the tiles refer to them
     processor::RangeDemand m_demand{true, 0, 0, 1};
     boost::shared_ptr<TColl> m_coll; ///< the last one made, for use again once its processor has let it go
 };

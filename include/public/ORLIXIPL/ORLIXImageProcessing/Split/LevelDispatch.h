@@ -16,7 +16,16 @@ template <class TDispatcher, class TBaseSplit, class... TSplits>
 class LevelDispatch
 {
 public:
-    /// Sets up each split from the source at its place, then the dispatcher. A failure's text is the result's.
+    /// Sets up each split from the source at its place, then the dispatcher. A failure's text is the result's. `policy`
+    /// is that of the level; without one the dispatcher keeps its own.
+    template <class... TSources>
+    processor::ProviderResult
+    dispatch(const processor::ProcessorDispatchPolicy& policy, const core::BasePriority& priority,
+             boost::shared_ptr<core::BaseActionProvider>& provider, const TSources&... sources)
+    {
+        accessDispatcher().setDispatchPolicy(policy);
+        return dispatch(priority, provider, sources...);
+    }
     template <class... TSources>
     processor::ProviderResult dispatch(const core::BasePriority& priority,
                                        boost::shared_ptr<core::BaseActionProvider>& provider,
@@ -24,6 +33,7 @@ public:
     {
         static_assert(sizeof...(TSources) == sizeof...(TSplits), "one source for each split");
         makeOnce();
+        SplitCleaner cleaner{m_splits};
         ProcessingResult<bool> result = initSplits(std::index_sequence_for<TSplits...>(), sources...);
         if (result) {
             result = m_dispatcher->initBase(priority, m_splits);
@@ -31,6 +41,7 @@ public:
         if (!result) {
             return processor::ProviderResult::failed(result.getMessage());
         }
+        cleaner.bNeeded = false;
         // The processor that this object is part of outlives the run, so the provider need not own the dispatcher.
         provider = boost::shared_ptr<core::BaseActionProvider>(boost::shared_ptr<void>(), m_dispatcher.get());
         return processor::ProviderResult::ready();
@@ -43,6 +54,20 @@ public:
     }
 
 private:
+    /// Without a run nobody else lets go of what the splits hold.
+    struct SplitCleaner
+    {
+        const std::vector<boost::shared_ptr<TBaseSplit>>& splits;
+        bool bNeeded = true;
+
+        ~SplitCleaner()
+        {
+            for (auto split = splits.begin(); bNeeded && split != splits.end(); ++split) {
+                (*split)->clear();
+            }
+        }
+    };
+
     void makeOnce()
     {
         if (!m_dispatcher) {

@@ -5,6 +5,7 @@
 #include "ORLIX/ORLIXBaseProcessing/BaseDataSplit.h"
 #include "ORLIXIPL/ORLIXImageProcessing/Export.h"
 
+#include <boost/pointer_cast.hpp>
 #include <boost/shared_ptr.hpp>
 
 namespace orlix::imaproc {
@@ -19,7 +20,16 @@ public:
     }
     processor::ElementDemand getElementDemand() const override { return {true, m_nbPlans, 0}; }
 
+    /// Sizes say which plans there are, such as those of an image that is cut beside; entries of others are left out.
+    /// `bMayLack` says whether a plan may have no entry: the attribute of its element then stays unset. Fails for a
+    /// null collection, for one of another class than the split gives out, for more plans than can be counted, and for
+    /// an entry that is missing.
+    ProcessingResult<bool> initBase(const boost::shared_ptr<BasePlanIndexedColl>& coll, unsigned long sizeZ,
+                                    unsigned long sizeC, unsigned long sizeT, bool bMayLack);
+
 protected:
+    /// Holds `coll`; false where it is of another class.
+    virtual bool holdColl(const boost::shared_ptr<BasePlanIndexedColl>& coll) = 0;
     /// Fails for a null collection, for more plans than can be counted, and for a missing entry unless `bMayLack`.
     ProcessingResult<bool> initPlans(const BasePlanIndexedColl* coll, unsigned long sizeZ, unsigned long sizeC,
                                      unsigned long sizeT, bool bMayLack);
@@ -41,17 +51,14 @@ template <class TProcessor, class TColl, class TAttribute>
 class PlanIndexedSplit final : public processor::FeedingSplit<BasePlanIndexedSplit, TProcessor, TAttribute>
 {
 public:
-    /// Sizes say which plans there are, such as those of an image that is cut beside; entries of others are left out.
-    /// `bMayLack` says whether a plan may have no entry: the attribute of its element then stays unset. Fails for a
-    /// null collection, for more plans than can be counted, and for an entry that is missing. The caller keeps the
-    /// collection alive until the run has ended.
+    using BasePlanIndexedSplit::initBase;
+    /// The same for a collection that is known to be of the right class.
     ProcessingResult<bool> initBase(const TColl& coll, unsigned long sizeZ, unsigned long sizeC, unsigned long sizeT,
                                     bool bMayLack)
     {
-        m_coll = coll.get();
-        return this->initPlans(m_coll, sizeZ, sizeC, sizeT, bMayLack);
+        m_coll = coll;
+        return this->initPlans(coll.get(), sizeZ, sizeC, sizeT, bMayLack);
     }
-    ProcessingResult<bool> initBase(TColl&&, unsigned long, unsigned long, unsigned long, bool) = delete;
 
     ProcessingResult<bool> processAttribute(processor::BaseProcessor& lower, unsigned int element,
                                             const core::BaseRequestOrigin&) override
@@ -69,10 +76,17 @@ public:
         }
         return true;
     }
-    void clear() override { m_coll = nullptr; }
+    void clear() override { m_coll.reset(); }
+
+protected:
+    bool holdColl(const boost::shared_ptr<BasePlanIndexedColl>& coll) override
+    {
+        m_coll = boost::dynamic_pointer_cast<typename TColl::element_type>(coll);
+        return m_coll || !coll;
+    }
 
 private:
-    typename TColl::element_type* m_coll = nullptr;
+    TColl m_coll;
 };
 
 } // namespace orlix::imaproc

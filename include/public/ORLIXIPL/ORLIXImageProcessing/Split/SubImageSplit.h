@@ -13,13 +13,10 @@ template <class TImagePtr>
 class BaseSubImageSplit : public processor::BaseStaticSplit
 {
 public:
-    /// Fixes the list of sub-images. Fails for a null image, and for plans of a volume that is to stay whole. `image`
-    /// itself, an attribute's storage, is referred to until `clear`.
+    /// Fixes the list of sub-images. Fails for a null image, and for plans of a volume that is to stay whole.
     ProcessingResult<bool> initBase(const eSubImageSplitType& subImageType, const eVolumeParsingType& volumeParsing,
                                     const eColorParsingType& colorParsing, const eTemporalParsingType& temporalParsing,
                                     const TImagePtr& image);
-    ProcessingResult<bool> initBase(const eSubImageSplitType&, const eVolumeParsingType&, const eColorParsingType&,
-                                    const eTemporalParsingType&, TImagePtr&&) = delete;
     /// A view of element `index`; fails for an index outside the list.
     ProcessingResult<bool> getSubImage(unsigned long index, TImagePtr& subImage) const;
 
@@ -28,10 +25,10 @@ public:
         return processor::eSplitStaticType::eSubImageSplit;
     }
     processor::ElementDemand getElementDemand() const override { return {true, m_nbElements, m_cost}; }
-    void clear() override { m_image = nullptr; }
+    void clear() override { m_image.reset(); }
 
 private:
-    const TImagePtr* m_image = nullptr; ///< the pointer that the image was given by
+    TImagePtr m_image;
     bool m_bWholeVolume = false;
     unsigned long m_nbElements = 0;
     unsigned long m_cost = 0;

@@ -29,7 +29,8 @@ void BasicThresholdImgLvl1::initOutputInitializers(processor::OutputInitializerM
 processor::ProviderResult BasicThresholdImgLvl1::retrieveProvider(const core::BasePriority& priority,
                                                                   boost::shared_ptr<core::BaseActionProvider>& provider)
 {
-    return m_lower.dispatch(priority, provider, planByPlan(accessAttribute<attr::InImg>()->getStorage()),
+    return m_lower.dispatch(getDispatchPolicy(), priority, provider,
+                            planByPlan(accessAttribute<attr::InImg>()->getStorage()),
                             sameForAll(accessAttribute<attr::InThresholdMin>()->accessValue()),
                             sameForAll(accessAttribute<attr::InThresholdMax>()->accessValue()),
                             planByPlan(accessAttribute<attr::OutBinImg>()->getStorage()));

@@ -27,7 +27,8 @@ processor::ProviderResult BasicThresholdImgLvl2::retrieveProvider(const core::Ba
     if (gpu.status != processor::eProviderStatus::eProviderNone) {
         return gpu;
     }
-    return m_lower.dispatch(priority, provider, stripByStrip(accessAttribute<attr::InSubImg2d>()->getStorage()),
+    return m_lower.dispatch(getDispatchPolicy(), priority, provider,
+                            stripByStrip(accessAttribute<attr::InSubImg2d>()->getStorage()),
                             sameForAll(accessAttribute<attr::InThresholdMin>()->accessValue()),
                             sameForAll(accessAttribute<attr::InThresholdMax>()->accessValue()),
                             stripByStrip(accessAttribute<attr::OutBinImg>()->getStorage()));

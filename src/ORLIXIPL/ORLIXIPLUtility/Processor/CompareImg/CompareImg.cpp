@@ -36,7 +36,7 @@ compareImg_async(const ImageConstPtr& inImg1, const ImageConstPtr& inImg2,
 
 boost::shared_ptr<attr::CompareResult> getAsyncProcessorOutput(boost::shared_ptr<CompareImgLvl1> processor)
 {
-    return processor->getStorage<attr::OutCompareResult>();
+    return processor::outputOf<attr::OutCompareResult>(processor);
 }
 
 } // namespace orlix::imaproc::util

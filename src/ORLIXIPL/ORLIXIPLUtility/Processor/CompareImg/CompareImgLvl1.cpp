@@ -60,8 +60,9 @@ processor::ProviderResult CompareImgLvl1::retrieveProvider(const core::BasePrior
     }
     const image::BaseImage& image = first.getImage();
     initResults(image);
-    return m_lower.dispatch(priority, provider, entryByPlan(m_results, image), sameForAll(tolerance.getStorage()),
-                            planByPlan(first.getStorage()), planByPlan(second.getStorage()));
+    return m_lower.dispatch(getDispatchPolicy(), priority, provider, entryByPlan(m_results, image),
+                            sameForAll(tolerance.getStorage()), planByPlan(first.getStorage()),
+                            planByPlan(second.getStorage()));
 }
 
 processor::StepResult CompareImgLvl1::postProcess()

@@ -24,7 +24,7 @@ void CompareImgLvl2::clearIntermediateData()
 processor::ProviderResult CompareImgLvl2::retrieveProvider(const core::BasePriority& priority,
                                                            boost::shared_ptr<core::BaseActionProvider>& provider)
 {
-    return m_lower.dispatch(priority, provider, resultByRange(m_results),
+    return m_lower.dispatch(getDispatchPolicy(), priority, provider, resultByRange(m_results),
                             sameForAll(accessAttribute<attr::InImgComparisonTolerance>()->getStorage()),
                             stripByStrip(accessAttribute<attr::InSubImg2d1>()->getStorage()),
                             stripByStrip(accessAttribute<attr::InSubImg2d2>()->getStorage()));

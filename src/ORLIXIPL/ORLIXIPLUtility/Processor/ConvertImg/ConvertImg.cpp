@@ -42,7 +42,7 @@ boost::shared_ptr<ConvertImgLvl1> convertImg_async(const ImageConstPtr& inImg, c
 
 ImagePtr getAsyncProcessorOutput(boost::shared_ptr<ConvertImgLvl1> processor)
 {
-    return processor->getStorage<attr::OutImg>();
+    return processor::outputOf<attr::OutImg>(processor);
 }
 
 } // namespace orlix::imaproc::util

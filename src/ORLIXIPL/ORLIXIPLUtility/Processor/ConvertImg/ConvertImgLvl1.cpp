@@ -33,7 +33,8 @@ processor::ProviderResult ConvertImgLvl1::retrieveProvider(const core::BasePrior
     if (isInSitu(in, out)) {
         return processor::ProviderResult::none();
     }
-    return m_lower.dispatch(priority, provider, planByPlan(in.getStorage(), !out.getImage().needsUnlocalizedInput()),
+    return m_lower.dispatch(getDispatchPolicy(), priority, provider,
+                            planByPlan(in.getStorage(), !out.getImage().needsUnlocalizedInput()),
                             planByPlan(out.getStorage()));
 }
 

@@ -26,7 +26,7 @@ boost::shared_ptr<CopyImgLvl1> copyImg_async(const ImageConstPtr& inImg, const I
 
 ImagePtr getAsyncProcessorOutput(boost::shared_ptr<CopyImgLvl1> processor)
 {
-    return processor->getStorage<attr::OutImg>();
+    return processor::outputOf<attr::OutImg>(processor);
 }
 
 } // namespace orlix::imaproc::util

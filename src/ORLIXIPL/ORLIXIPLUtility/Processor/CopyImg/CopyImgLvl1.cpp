@@ -32,7 +32,8 @@ processor::ProviderResult CopyImgLvl1::retrieveProvider(const core::BasePriority
     if (isInSitu(in, out)) {
         return processor::ProviderResult::none();
     }
-    return m_lower.dispatch(priority, provider, planByPlan(in.getStorage(), !out.getImage().needsUnlocalizedInput()),
+    return m_lower.dispatch(getDispatchPolicy(), priority, provider,
+                            planByPlan(in.getStorage(), !out.getImage().needsUnlocalizedInput()),
                             planByPlan(out.getStorage()));
 }
 

@@ -26,7 +26,8 @@ processor::ProviderResult CopyImgLvl2::retrieveProvider(const core::BasePriority
     }
     const attr::InSubImg2d& in = *accessAttribute<attr::InSubImg2d>();
     const attr::OutImg& out = *accessAttribute<attr::OutImg>();
-    return m_lower.dispatch(priority, provider, stripByStrip(in.getStorage(), !out.getImage().needsUnlocalizedInput()),
+    return m_lower.dispatch(getDispatchPolicy(), priority, provider,
+                            stripByStrip(in.getStorage(), !out.getImage().needsUnlocalizedInput()),
                             stripByStrip(out.getStorage()));
 }
 

@@ -27,7 +27,7 @@ boost::shared_ptr<EraseImgLvl1> eraseImg_async(const ImagePtr& outImg, double va
 
 ImagePtr getAsyncProcessorOutput(boost::shared_ptr<EraseImgLvl1> processor)
 {
-    return processor->getStorage<attr::OutImg>();
+    return processor::outputOf<attr::OutImg>(processor);
 }
 
 } // namespace orlix::imaproc::util

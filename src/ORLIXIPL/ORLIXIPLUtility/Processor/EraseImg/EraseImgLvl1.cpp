@@ -13,7 +13,8 @@ const processor::ProcessorRegistration<EraseImgLvl1, eProcessorMessage> g_regist
 processor::ProviderResult EraseImgLvl1::retrieveProvider(const core::BasePriority& priority,
                                                          boost::shared_ptr<core::BaseActionProvider>& provider)
 {
-    return m_lower.dispatch(priority, provider, sameForAll(accessAttribute<attr::InOptEraseValue>()->accessValue()),
+    return m_lower.dispatch(getDispatchPolicy(), priority, provider,
+                            sameForAll(accessAttribute<attr::InOptEraseValue>()->accessValue()),
                             planByPlan(accessAttribute<attr::OutImg>()->getStorage()));
 }
 

@@ -18,7 +18,8 @@ processor::ProviderResult EraseImgLvl2::retrieveProvider(const core::BasePriorit
     if (gpu.status != processor::eProviderStatus::eProviderNone) {
         return gpu;
     }
-    return m_lower.dispatch(priority, provider, sameForAll(accessAttribute<attr::InOptEraseValue>()->accessValue()),
+    return m_lower.dispatch(getDispatchPolicy(), priority, provider,
+                            sameForAll(accessAttribute<attr::InOptEraseValue>()->accessValue()),
                             stripByStrip(accessAttribute<attr::OutSubImg2d>()->getStorage()));
 }
 

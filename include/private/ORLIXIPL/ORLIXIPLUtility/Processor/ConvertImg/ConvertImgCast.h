@@ -48,14 +48,29 @@ ORLIX_SIMD_INLINE simd::Pack<I, TTo> narrow(const simd::Pack<I, int>& from)
     }
 }
 
-/// The rule of every output but a binary one. `apply` reads one pack, which may be a single element.
-template <class TIn, class TOut, eInstructionSet::domain I>
-struct CastGeneric
+/// A plain element without its fraction, which keeps the low bits of what does not fit. By instruction, since the language leaves
+/// open what is out of range: -2^31, and for an unsigned int, which is truncated to 64 bits first, -2^63.
+template <class TOut>
+ORLIX_SIMD_INLINE TOut truncateElement(float value)
 {
-    static constexpr unsigned long s_nbElements = simd::Pack<I, TOut>::s_nbElements;
+    if constexpr (std::is_same_v<TOut, unsigned int>) {
+        return static_cast<TOut>(_mm_cvttss_si64(_mm_set_ss(value)));
+    } else {
+        return static_cast<TOut>(_mm_cvttss_si32(_mm_set_ss(value)));
+    }
+}
 
-    static ORLIX_SIMD_INLINE simd::Pack<I, TOut> apply(const TIn* from)
-    {
+/// The rule of every output but a binary one: casts the pack at `from`, a single element in plain code.
+template <class TIn, class TOut, eInstructionSet::domain I>
+ORLIX_SIMD_INLINE simd::Pack<I, TOut> castGeneric(const TIn* from)
+{
+    if constexpr (I == eInstructionSet::eNone) {
+        if constexpr (std::is_same_v<TIn, float> && !std::is_same_v<TOut, float>) {
+            return {truncateElement<TOut>(*from)};
+        } else {
+            return {static_cast<TOut>(*from)};
+        }
+    } else {
         using Steps = ConvertSteps<I>;
         using In = simd::Pack<I, TIn>;
         if constexpr (std::is_same_v<TIn, TOut>) {
@@ -80,16 +95,26 @@ struct CastGeneric
             return narrow<TOut>(takeFor<SignedOf<TIn>>(In::load(from)));
         }
     }
-};
+}
+
+template <class T, eInstructionSet::domain I>
+ORLIX_SIMD_INLINE simd::Pack<I, signed char> toBytes(const simd::Pack<I, T>& in)
+{
+    if constexpr (sizeof(T) == 1) {
+        return in;
+    } else {
+        return narrow<signed char>(in);
+    }
+}
 
 /// The rule of a binary output: 1 where the element is at least 1, else 0.
-template <class TIn, eInstructionSet::domain I>
-struct CastBinary
+template <class TIn, class TOut, eInstructionSet::domain I>
+ORLIX_SIMD_INLINE simd::Pack<I, TOut> castBinary(const TIn* from)
 {
-    static constexpr unsigned long s_nbElements = simd::Pack<I, TIn>::s_nbElements;
-
-    static ORLIX_SIMD_INLINE simd::Pack<I, unsigned char> apply(const TIn* from)
-    {
+    static_assert(std::is_same_v<TOut, unsigned char>);
+    if constexpr (I == eInstructionSet::eNone) {
+        return {static_cast<unsigned char>(*from >= TIn{1})};
+    } else {
         using Steps = ConvertSteps<I>;
         const simd::Pack<I, TIn> in = simd::Pack<I, TIn>::load(from);
         if constexpr (std::is_same_v<TIn, float>) {
@@ -101,52 +126,6 @@ struct CastBinary
                                             : Steps::notZero(bytes.m_registers[0].m_bits)}}};
         }
     }
-
-private:
-    template <class T>
-    static ORLIX_SIMD_INLINE simd::Pack<I, signed char> toBytes(const simd::Pack<I, T>& in)
-    {
-        if constexpr (sizeof(T) == 1) {
-            return in;
-        } else {
-            return narrow<signed char>(in);
-        }
-    }
-};
-
-/// Plain code keeps the low bits where a value does not fit.
-template <class TIn, class TOut>
-struct CastGeneric<TIn, TOut, eInstructionSet::eNone>
-{
-    static ORLIX_SIMD_INLINE simd::Pack<eInstructionSet::eNone, TOut> apply(const TIn* from)
-    {
-        if constexpr (std::is_same_v<TIn, float> && !std::is_same_v<TOut, float>) {
-            return {static_cast<TOut>(truncate(*from))};
-        } else {
-            return {static_cast<TOut>(*from)};
-        }
-    }
-
-private:
-    /// By instruction, since the language leaves open what is out of range: -2^31, and for an unsigned int, which is
-    /// truncated to 64 bits first, -2^63.
-    static ORLIX_SIMD_INLINE auto truncate(float value)
-    {
-        if constexpr (std::is_same_v<TOut, unsigned int>) {
-            return _mm_cvttss_si64(_mm_set_ss(value));
-        } else {
-            return _mm_cvttss_si32(_mm_set_ss(value));
-        }
-    }
-};
-
-template <class TIn>
-struct CastBinary<TIn, eInstructionSet::eNone>
-{
-    static ORLIX_SIMD_INLINE simd::Pack<eInstructionSet::eNone, unsigned char> apply(const TIn* from)
-    {
-        return {static_cast<unsigned char>(*from >= TIn{1})};
-    }
-};
+}
 
 } // namespace orlix::imaproc::util::details

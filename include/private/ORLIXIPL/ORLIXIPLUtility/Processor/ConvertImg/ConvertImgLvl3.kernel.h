@@ -16,21 +16,19 @@ namespace orlix::imaproc::util {
 
 namespace details {
 
-/// Casts `nbElements` elements one by one; the compiler makes of it what it can.
-template <class TCast, class TIn, class TOut>
-ORLIX_SIMD_INLINE void castElements(const TIn* source, TOut* destination, unsigned long nbElements)
+/// Casts `nbElements` elements one by one, in plain code, where the compiler makes of it what it can, else in packs, of
+/// which the last one may run into the room behind the block. `cast` gives the pack that becomes of the one at its
+/// argument.
+template <eInstructionSet::domain ISA, class TIn, class TOut, class TCast>
+ORLIX_SIMD_INLINE void castElements(const TIn* source, TOut* destination, unsigned long nbElements,
+                                    simd::eMemoryPlace place, const TCast& cast)
 {
-    simd::forEachPack<1>(nbElements,
-                         [=](unsigned long i) ORLIX_SIMD_LAMBDA { TCast::apply(source + i).store(destination + i); });
-}
-
-/// Casts packs; the last one may run into the room behind the block.
-template <class TCast, class TIn, class TOut>
-ORLIX_SIMD_INLINE void castPacks(const TIn* source, TOut* destination, unsigned long nbElements,
-                                 simd::eMemoryPlace place)
-{
-    simd::mapPacks<TCast::s_nbElements>(source, destination, nbElements, place,
-                                        [](const TIn* from) ORLIX_SIMD_LAMBDA { return TCast::apply(from); });
+    if constexpr (ISA == eInstructionSet::eNone) {
+        simd::forEachPack<1>(nbElements,
+                             [=](unsigned long i) ORLIX_SIMD_LAMBDA { cast(source + i).store(destination + i); });
+    } else {
+        simd::mapPacks<simd::Pack<ISA, TOut>::s_nbElements>(source, destination, nbElements, place, cast);
+    }
 }
 
 } // namespace details
@@ -42,20 +40,17 @@ ProcessingResult<bool> ConvertImgLvl3::genericProcessFunction(const processor::P
     const Block block = accessKernelBlock();
     const TIn* const source = static_cast<const TIn*>(block.source);
     TOut* const destination = static_cast<TOut*>(block.destination);
-    const auto run = [&]<class TCast>() ORLIX_SIMD_LAMBDA {
-        if constexpr (ISA == eInstructionSet::eNone) {
-            details::castElements<TCast>(source, destination, info.nbElements);
-        } else {
-            details::castPacks<TCast>(source, destination, info.nbElements, block.place);
-        }
-    };
     if constexpr (std::is_same_v<TOut, unsigned char>) {
         if (block.bBinary) {
-            run.template operator()<details::CastBinary<TIn, ISA>>();
+            details::castElements<ISA>(
+                source, destination, info.nbElements, block.place,
+                [](const TIn* from) ORLIX_SIMD_LAMBDA { return details::castBinary<TIn, TOut, ISA>(from); });
             return succeed();
         }
     }
-    run.template operator()<details::CastGeneric<TIn, TOut, ISA>>();
+    details::castElements<ISA>(
+        source, destination, info.nbElements, block.place,
+        [](const TIn* from) ORLIX_SIMD_LAMBDA { return details::castGeneric<TIn, TOut, ISA>(from); });
     return succeed();
 }
 

@@ -20,6 +20,8 @@ public:
 
     /// Same sizes, the lower bound not above the upper one, both within the range of the input, a binary output.
     processor::RulePtr createRule() const;
+    /// Level 1 gives the output.
+    void initOutputInitializers(processor::OutputInitializerMap&) const {}
 
 protected:
     using BaseAsync1Processor::retrieveProvider;

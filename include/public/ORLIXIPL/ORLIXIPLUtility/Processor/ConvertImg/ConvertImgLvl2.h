@@ -19,6 +19,8 @@ public:
 
     /// Same sizes.
     processor::RulePtr createRule() const;
+    /// Level 1 gives the output.
+    void initOutputInitializers(processor::OutputInitializerMap&) const {}
 
 protected:
     using BaseAsync1Processor::retrieveProvider;

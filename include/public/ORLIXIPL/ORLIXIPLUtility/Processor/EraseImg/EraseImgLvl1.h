@@ -17,6 +17,10 @@ public:
     static constexpr auto g_toolTip = eProcessorMessage::eEraseImgLvl1;
     static constexpr const char* g_header = __FILE__;
 
+    processor::RulePtr createRule() const { return processor::none(); }
+    /// The image has to be given.
+    void initOutputInitializers(processor::OutputInitializerMap&) const {}
+
 protected:
     using BaseAsync1Processor::retrieveProvider;
     processor::ProviderResult retrieveProvider(const core::BasePriority& priority,

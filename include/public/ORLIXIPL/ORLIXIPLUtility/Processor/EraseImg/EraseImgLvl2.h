@@ -17,6 +17,10 @@ public:
     static constexpr auto g_toolTip = eProcessorMessage::eEraseImgLvl2;
     static constexpr const char* g_header = __FILE__;
 
+    processor::RulePtr createRule() const { return processor::none(); }
+    /// Level 1 gives the image.
+    void initOutputInitializers(processor::OutputInitializerMap&) const {}
+
 protected:
     using BaseAsync1Processor::retrieveProvider;
     processor::ProviderResult retrieveProvider(const core::BasePriority& priority,

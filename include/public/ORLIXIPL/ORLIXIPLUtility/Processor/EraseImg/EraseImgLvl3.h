@@ -18,6 +18,8 @@ public:
     static constexpr auto g_toolTip = eProcessorMessage::eEraseImgLvl3;
     static constexpr const char* g_header = __FILE__;
 
+    processor::RulePtr createRule() const { return processor::none(); }
+
     /// Sets `info.nbElements` elements of type T to the value, with instruction set ISA. Plain code writes exactly
     /// these; every other set writes whole rounds of 16 (SSE2), 32 (AVX, AVX2) or 64 (AVX512) elements.
     template <class T, eInstructionSet::domain ISA>

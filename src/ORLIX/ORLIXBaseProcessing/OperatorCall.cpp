@@ -1,0 +1,13 @@
+#include "ORLIX/ORLIXBaseProcessing/OperatorCall.h"
+
+#include "ORLIX/ORLIXBaseProcessing/Logger/ORLIXBaseProcessingLogMessages.h"
+#include "ORLIX/ORLIXUtil/Raise.h"
+
+namespace orlix::processor::details {
+
+void throwNullProcessor(const std::string& name)
+{
+    raise<eProcessorMessage>(ORLIX_HERE, eProcessorMessage::eNullProcessor, name);
+}
+
+} // namespace orlix::processor::details

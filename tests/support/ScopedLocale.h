@@ -1,0 +1,51 @@
+// Locales that write numbers in another way than texts of the family are to have them.
+#pragma once
+
+#include <clocale>
+#include <locale>
+#include <string>
+
+namespace orlix::testing {
+
+/// "1.234.567,5", for the scope, wherever a stream follows the C++ locale of the program.
+class ScopedCppLocale
+{
+public:
+    ScopedCppLocale() : m_former(std::locale::global(std::locale(std::locale::classic(), new Marks))) {}
+    ~ScopedCppLocale() { std::locale::global(m_former); }
+    ScopedCppLocale(const ScopedCppLocale&) = delete;
+    ScopedCppLocale& operator=(const ScopedCppLocale&) = delete;
+
+private:
+    class Marks final : public std::numpunct<char>
+    {
+        char do_decimal_point() const override { return ','; }
+        char do_thousands_sep() const override { return '.'; }
+        std::string do_grouping() const override { return "\3"; }
+    };
+
+    std::locale m_former;
+};
+
+/// A decimal comma, for the scope, wherever the C library follows its locale; none where the system has no such locale.
+class ScopedCLocale
+{
+public:
+    ScopedCLocale() : m_former(std::setlocale(LC_ALL, nullptr))
+    {
+        for (const char* name : {"de_DE.UTF-8", "de_DE.utf8", "fr_FR.UTF-8", "fr_FR.utf8", "de_DE", "fr_FR"}) {
+            m_bFound = m_bFound || std::setlocale(LC_ALL, name) != nullptr;
+        }
+    }
+    ~ScopedCLocale() { std::setlocale(LC_ALL, m_former.c_str()); }
+    ScopedCLocale(const ScopedCLocale&) = delete;
+    ScopedCLocale& operator=(const ScopedCLocale&) = delete;
+
+    bool isFound() const { return m_bFound; }
+
+private:
+    std::string m_former;
+    bool m_bFound = false;
+};
+
+} // namespace orlix::testing
