@@ -5,7 +5,8 @@
 
 #include <boost/make_shared.hpp>
 
-#include <vector>
+#include <cstddef>
+#include <utility>
 
 namespace orlix::processor {
 
@@ -18,31 +19,37 @@ class ProcessorPool
 public:
     static boost::shared_ptr<TProcessor> take()
     {
-        std::vector<boost::shared_ptr<TProcessor>>& idle = accessIdle();
-        if (idle.empty()) {
-            return {};
-        }
-        boost::shared_ptr<TProcessor> processor = std::move(idle.back());
-        idle.pop_back();
-        return processor;
+        Idle& idle = accessIdle();
+        return idle.count == 0 ? boost::shared_ptr<TProcessor>() : std::move(idle.processors[--idle.count]);
     }
 
-    /// Keeps `processor` where the caller alone holds it; lets it go otherwise.
-    static void giveBack(boost::shared_ptr<TProcessor> processor)
+    /// Keeps `processor` where the caller alone holds it and clearing it succeeds; lets it go otherwise.
+    static void giveBack(boost::shared_ptr<TProcessor> processor) noexcept
     {
-        std::vector<boost::shared_ptr<TProcessor>>& idle = accessIdle();
-        if (processor.use_count() == 1 && idle.size() < g_maxIdle) {
+        Idle& idle = accessIdle();
+        if (processor.use_count() != 1 || idle.count == g_maxIdle) {
+            return;
+        }
+        try {
             processor->clearForReuse();
-            idle.push_back(std::move(processor));
+            idle.processors[idle.count++] = std::move(processor);
+        } catch (...) {
+            // The next call makes a new one.
         }
     }
 
 private:
     static constexpr std::size_t g_maxIdle = 4;
 
-    static std::vector<boost::shared_ptr<TProcessor>>& accessIdle()
+    struct Idle
     {
-        static thread_local std::vector<boost::shared_ptr<TProcessor>> t_idle;
+        boost::shared_ptr<TProcessor> processors[g_maxIdle];
+        std::size_t count = 0;
+    };
+
+    static Idle& accessIdle()
+    {
+        static thread_local Idle t_idle;
         return t_idle;
     }
 };
