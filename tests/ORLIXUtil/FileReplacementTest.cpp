@@ -10,6 +10,7 @@
 
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 namespace orlix {
@@ -94,6 +95,124 @@ TEST_F(FileReplacementFolder, keepsPermissions)
     EXPECT_EQ(fs::status(file("a")).permissions(), static_cast<fs::perms>(0640));
 }
 
+TEST_F(FileReplacementFolder, keepsTheNewContentToTheUserUntilItIsInPlace)
+{
+    for (const mode_t mode : {0600u, 0644u}) {
+        put(file("a"), "old");
+        ASSERT_EQ(chmod(file("a").c_str(), mode), 0);
+        FileReplacement replacement(file("a"));
+        ASSERT_TRUE(replacement.open());
+        EXPECT_EQ(fs::status(replacement.getTemporaryFile()).permissions(), static_cast<fs::perms>(0600));
+        ASSERT_TRUE(replacement.commit());
+        EXPECT_EQ(fs::status(file("a")).permissions(), static_cast<fs::perms>(mode));
+    }
+}
+
+TEST_F(FileReplacementFolder, givesANewFileTheModeThatTheUserAskedFor)
+{
+    const mode_t before = umask(027);
+    FileReplacement replacement(file("a"));
+    const auto opened = replacement.open();
+    umask(before);
+    ASSERT_TRUE(opened);
+    ASSERT_TRUE(replacement.commit());
+    EXPECT_EQ(fs::status(file("a")).permissions(), static_cast<fs::perms>(0640));
+}
+
+constexpr uid_t g_nobody = 65534;
+
+TEST_F(FileReplacementFolder, keepsOwnerAndGroup)
+{
+    if (geteuid() != 0) {
+        GTEST_SKIP() << "only the superuser can give a file away";
+    }
+    put(file("a"), "old");
+    ASSERT_EQ(chown(file("a").c_str(), g_nobody, 4711), 0);
+    ASSERT_EQ(chmod(file("a").c_str(), 04750), 0);
+    FileReplacement replacement(file("a"));
+    ASSERT_TRUE(replacement.open());
+    ASSERT_TRUE(replacement.commit());
+    struct stat status = {};
+    ASSERT_EQ(stat(file("a").c_str(), &status), 0);
+    EXPECT_EQ(status.st_uid, g_nobody);
+    EXPECT_EQ(status.st_gid, 4711u);
+    EXPECT_EQ(status.st_mode & 07777, 04750u);
+}
+
+TEST_F(FileReplacementFolder, givesAnotherGroupNoMoreThanAllHave)
+{
+    if (geteuid() != 0) {
+        GTEST_SKIP() << "only the superuser can make a file of somebody else's";
+    }
+    put(file("a"), "old");
+    ASSERT_EQ(chown(file("a").c_str(), 4711, 4711), 0);
+    ASSERT_EQ(chmod(file("a").c_str(), 06672), 0);
+    ASSERT_EQ(chmod(m_folder.c_str(), 0777), 0);
+    ASSERT_EQ(seteuid(g_nobody), 0);
+    FileReplacement replacement(file("a"));
+    const auto opened = replacement.open();
+    const auto committed = replacement.commit();
+    ASSERT_EQ(seteuid(0), 0);
+    EXPECT_TRUE(opened);
+    EXPECT_TRUE(committed);
+    struct stat status = {};
+    ASSERT_EQ(stat(file("a").c_str(), &status), 0);
+    EXPECT_EQ(status.st_uid, g_nobody);
+    EXPECT_EQ(status.st_mode & 07777, 0622u);
+}
+
+TEST_F(FileReplacementFolder, keepsExtendedAttributes)
+{
+    put(file("a"), "old");
+    const std::string note = "kept";
+    if (setxattr(file("a").c_str(), "user.note", note.data(), note.size(), 0) != 0) {
+        GTEST_SKIP() << "this file system has none";
+    }
+    ASSERT_EQ(setxattr(file("a").c_str(), "user.empty", "", 0, 0), 0);
+    FileReplacement replacement(file("a"));
+    ASSERT_TRUE(replacement.open());
+    ASSERT_TRUE(replacement.commit());
+    char value[16];
+    ASSERT_EQ(getxattr(file("a").c_str(), "user.note", value, sizeof value), 4);
+    EXPECT_EQ(std::string(value, 4), note);
+    EXPECT_EQ(getxattr(file("a").c_str(), "user.empty", value, sizeof value), 0);
+}
+
+TEST_F(FileReplacementFolder, makesTheFileThatALinkNames)
+{
+    fs::create_directory(m_folder / "sub");
+    fs::create_symlink("sub/second", file("first"));
+    fs::create_symlink("../a", m_folder / "sub/second");
+    FileReplacement replacement(file("first"));
+    ASSERT_TRUE(replacement.open());
+    ASSERT_TRUE(replacement.write("new", 3));
+    ASSERT_TRUE(replacement.commit());
+    EXPECT_TRUE(fs::is_symlink(file("first")));
+    EXPECT_TRUE(fs::is_symlink(m_folder / "sub/second"));
+    EXPECT_EQ(get(file("a")), "new");
+}
+
+TEST_F(FileReplacementFolder, refusesLinksThatRunInACircle)
+{
+    fs::create_symlink("b", file("a"));
+    fs::create_symlink("a", file("b"));
+    EXPECT_FALSE(FileReplacement(file("a")).open());
+    EXPECT_TRUE(fs::is_symlink(file("a")));
+    EXPECT_EQ(nbFiles(), 2);
+}
+
+TEST_F(FileReplacementFolder, leavesTheOldContentUnderOtherNames)
+{
+    put(file("a"), "old");
+    fs::create_hard_link(file("a"), file("b"));
+    FileReplacement replacement(file("a"));
+    ASSERT_TRUE(replacement.open());
+    ASSERT_TRUE(replacement.write("new", 3));
+    ASSERT_TRUE(replacement.commit(FileReplacement::eSync::no));
+    EXPECT_EQ(get(file("a")), "new");
+    EXPECT_EQ(get(file("b")), "old");
+}
+
 TEST_F(FileReplacementFolder, followsALink)
 {
     put(file("a"), "old");
@@ -140,7 +259,6 @@ TEST_F(FileReplacementFolder, refusesAReadOnlyFile)
     ASSERT_EQ(chmod(m_folder.c_str(), 0777), 0);
     // The superuser may write everywhere, so the test steps down for a moment.
     const uid_t user = geteuid();
-    constexpr uid_t g_nobody = 65534;
     ASSERT_TRUE(user != 0 || seteuid(g_nobody) == 0);
     const auto opened = FileReplacement(file("a")).open();
     ASSERT_TRUE(user != 0 || seteuid(user) == 0);

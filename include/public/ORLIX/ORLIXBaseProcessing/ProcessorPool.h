@@ -5,6 +5,7 @@
 
 #include <boost/make_shared.hpp>
 
+#include <cstddef>
 #include <utility>
 
 namespace orlix::processor {
@@ -27,13 +28,17 @@ public:
         return processor;
     }
 
-    /// Keeps `processor` where the caller alone holds it; lets it go otherwise.
-    static void giveBack(boost::shared_ptr<TProcessor> processor)
+    /// Keeps `processor` where the caller alone holds it and clearing it succeeds; lets it go otherwise.
+    static void giveBack(boost::shared_ptr<TProcessor> processor) noexcept
     {
-        IdleProcessors& idle = accessIdle();
-        if (processor.use_count() == 1 && idle.size() < g_maxIdle) {
-            processor->clearForReuse();
-            idle.push_back(std::move(processor));
+        try {
+            IdleProcessors& idle = accessIdle();
+            if (processor.use_count() == 1 && idle.size() < g_maxIdle) {
+                processor->clearForReuse();
+                idle.push_back(std::move(processor));
+            }
+        } catch (...) {
+            // The next call makes a new one.
         }
     }
 

@@ -71,9 +71,9 @@ private:
     void makeOnce()
     {
         if (!m_dispatcher) {
-            m_dispatcher = boost::make_shared<TDispatcher>();
             m_ownSplits = {boost::make_shared<TSplits>()...};
             std::apply([this](const auto&... splits) { m_splits = {splits...}; }, m_ownSplits);
+            m_dispatcher = boost::make_shared<TDispatcher>(); // last: it tells that all are there
         }
     }
 
