@@ -50,6 +50,7 @@ public:
         m_app.set_help_flag("-h,--help", "Print this help; `orlix VERB --help` tells about one verb");
         m_app.get_formatter()->column_width(30);
         m_app.get_formatter()->label("SUBCOMMAND", "VERB");
+        m_app.get_formatter()->label("Positionals", "Arguments");
         OptionList options(m_app);
         addCommonOptions(options, m_options);
         for (const Verb* verb : getVerbs()) {
@@ -74,9 +75,8 @@ public:
         } catch (const CLI::RequiredError&) { // of an option that was misspelt, maybe
             refuseUnknownOptions();
             throw;
-        } catch (const CLI::ArgumentMismatch&) {
-            refuseRepeatedOptions();
-            throw;
+        } catch (const CLI::ArgumentMismatch& error) {
+            refuseMismatch(error.what());
         }
         refuseUnknownOptions();
         const std::vector<std::string> left = getLeft();
@@ -161,13 +161,26 @@ private:
                                getCommand());
     }
 
-    void refuseRepeatedOptions() const
+    /// Refuses an option with another number of values than it takes. `complaint` is the parser's, which begins with
+    /// the name of the option.
+    [[noreturn]] void refuseMismatch(const std::string& complaint) const
     {
-        for (const CLI::Option* option : getKnownOptions()) {
-            if (static_cast<int>(option->count()) > option->get_items_expected_max()) {
-                raise<eCommandMessage>(ORLIX_HERE, eCommandMessage::eAssignedTwice, option->get_name());
+        std::string name = complaint.substr(0, complaint.find_first_of(": "));
+        if (!name.starts_with('-')) { // as it names flags
+            name = "--" + name;
+        }
+        std::vector<const CLI::App*> apps = {&m_app};
+        std::ranges::copy(m_app.get_subcommands(), std::back_inserter(apps));
+        for (const CLI::App* app : apps) {
+            const CLI::Option* const option = app->get_option_no_throw(name);
+            if (option != nullptr && option->get_items_expected_max() == 0) {
+                raise<eCommandMessage>(ORLIX_HERE, eCommandMessage::eNoValueTaken, name, getCommand());
+            }
+            if (option != nullptr && static_cast<int>(option->count()) > option->get_items_expected_max()) {
+                raise<eCommandMessage>(ORLIX_HERE, eCommandMessage::eAssignedTwice, name);
             }
         }
+        raise<eCommandMessage>(ORLIX_HERE, eCommandMessage::eValueMissing, name, getCommand());
     }
 
     CLI::App m_app;

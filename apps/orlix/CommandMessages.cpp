@@ -57,7 +57,10 @@ const std::vector<MessageText>& MessageCatalogue<eCommandMessage>::texts()
         {eCommandMessage::eBeyondType, "%s %s: %s holds %s to %s"},
         {eCommandMessage::eBoundsCross, "%s %s is above %s %s: exchange the two"},
         {eCommandMessage::eNoCodec,
-         "--compression: %s is not built into the TIFF library of this system; use one of %s"}};
+         "--compression: %s is not built into the TIFF library of this system; use one of %s"},
+        {eCommandMessage::eValueMissing, "%s needs a value; `%s --help` tells more"},
+        {eCommandMessage::eNoValueTaken, "%s takes no value; `%s --help` tells more"},
+        {eCommandMessage::eNoFileName, "the name of a file is empty; give one"}};
     return g_texts;
 }
 

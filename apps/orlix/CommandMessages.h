@@ -47,7 +47,10 @@ struct eCommandMessage
         eBeyondTolerance = 27,    ///< option, what was given, element type, largest tolerance
         eBeyondType = 28,         ///< option, what was given, element type, smallest and largest value
         eBoundsCross = 29,        ///< option, what was given, option, what was given
-        eNoCodec = 30             ///< what was given, compressions that can be had
+        eNoCodec = 30,            ///< what was given, compressions that can be had
+        eValueMissing = 31,       ///< option, command
+        eNoValueTaken = 32,       ///< option, command
+        eNoFileName = 33
     };
     ORLIX_ENUMERATION(eCommandMessage, eBadArguments);
 };

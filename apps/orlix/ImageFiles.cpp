@@ -1,9 +1,11 @@
 // Reading inputs and writing outputs of verbs: with progress, and stopped by Ctrl-C.
 #include "ImageFiles.h"
 
+#include "CommandMessages.h"
 #include "Interruption.h"
 #include "OutputOptions.h"
 
+#include "ORLIX/ORLIXUtil/Raise.h"
 #include "ORLIXIPL/ORLIXImageIO/ReadImage.h"
 #include "ORLIXIPL/ORLIXImageIO/WriteImage.h"
 
@@ -22,8 +24,16 @@ image::io::ProgressFunction watch(const char* phase, CommandContext& context)
 
 } // namespace
 
+void checkFileName(const std::string& file)
+{
+    if (file.empty()) {
+        raise<eCommandMessage>(ORLIX_HERE, eCommandMessage::eNoFileName);
+    }
+}
+
 ImagePtr readInput(const std::string& file, CommandContext& context)
 {
+    checkFileName(file);
     image::io::ReadOptions options;
     options.progress = watch("read", context);
     ImagePtr image = image::io::readImage(file, options);

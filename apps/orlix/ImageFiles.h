@@ -10,10 +10,13 @@
 
 namespace orlix::cli {
 
-/// Throws ORLIXImageIOException, or Interrupted at the next plan after a signal.
+/// Throws CommandException for an empty name, which messages about the file could not show.
+void checkFileName(const std::string& file);
+
+/// Throws CommandException for an empty name, ORLIXImageIOException, or Interrupted at the next plan after a signal.
 ImagePtr readInput(const std::string& file, CommandContext& context);
 
-/// The same errors, and CommandException for an element type that the format can't hold. Whatever they are, `file` is
+/// The same errors, also for an element type that the format can't hold. Whatever they are, `file` is
 /// as it was and no temporary file is left. Within an InterruptibleWork.
 void writeOutput(const std::string& file, const ImageConstPtr& image, image::io::WriteOptions options,
                  CommandContext& context);

@@ -123,12 +123,12 @@ Option OptionList::addChoice(const std::string& name, const std::vector<std::str
 
 Option OptionList::addFlag(const std::string& name, bool& target, const std::string& description)
 {
-    return Option(*m_app->add_flag(name, target, description));
+    return Option(*m_app->add_flag(name, target, description)->disable_flag_override());
 }
 
 Option OptionList::addFlag(const std::string& name, const std::function<void()>& given, const std::string& description)
 {
-    return Option(*m_app->add_flag_callback(name, given, description));
+    return Option(*m_app->add_flag_callback(name, given, description)->disable_flag_override());
 }
 
 void OptionList::setFooter(const std::function<std::string()>& footer)

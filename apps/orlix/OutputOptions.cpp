@@ -2,6 +2,7 @@
 #include "OutputOptions.h"
 
 #include "CommandMessages.h"
+#include "ImageFiles.h"
 #include "NearNames.h"
 
 #include "ORLIX/ORLIXUtil/Raise.h"
@@ -131,6 +132,7 @@ void addOutputOptions(OptionList& list, OutputOptions& options)
 
 void checkOutput(const std::string& file, const FormatOptions& options)
 {
+    checkFileName(file);
     if (image::io::formatByEnding(file) != eImageFileFormat::eTiff && !options.firstTiffOption.empty()) {
         raise<eCommandMessage>(ORLIX_HERE, eCommandMessage::eOptionForTiffOnly, options.firstTiffOption, file);
     }

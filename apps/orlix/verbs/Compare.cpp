@@ -15,6 +15,9 @@
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/CompareImg/CompareImgLvl1.h"
 #include "ORLIXIPL/ORLIXImageIO/WriteImage.h"
 
+#include <boost/algorithm/string/predicate.hpp>
+
+#include <locale>
 #include <optional>
 
 namespace orlix::cli {
@@ -32,7 +35,7 @@ struct CompareArguments
     std::string second;
     std::optional<GivenTolerance> absolute;
     std::optional<GivenTolerance> relative;
-    std::string picture; ///< empty for none
+    std::optional<std::string> picture;
 };
 
 boost::shared_ptr<const ImgComparisonTolerance> toleranceOf(const CompareArguments& arguments)
@@ -50,7 +53,8 @@ boost::shared_ptr<const ImgComparisonTolerance> toleranceOf(const CompareArgumen
 
 void checkPicture(const std::string& file)
 {
-    if (!file.empty() && image::io::formatByEnding(file) != image::io::eImageFileFormat::ePng) {
+    checkFileName(file);
+    if (!boost::algorithm::iends_with(file, ".png", std::locale::classic())) {
         raise<eCommandMessage>(ORLIX_HERE, eCommandMessage::ePictureNotPng, file);
     }
 }
@@ -144,12 +148,14 @@ void writePicture(const CompareArguments& arguments, const image::BaseImage& fir
     const bool bFound = result.hasFirstDifference();
     const imaproc::attr::PixelPosition& at = result.firstDifference;
     const ImagePtr picture = drawDifference(first, second, bFound ? at.z : 0, bFound ? at.c : 0, bFound ? at.t : 0);
-    writeOutput(arguments.picture, picture, {}, context);
+    writeOutput(*arguments.picture, picture, {}, context);
 }
 
 void runCompare(const CompareArguments& arguments, CommandContext& context)
 {
-    checkPicture(arguments.picture);
+    if (arguments.picture) {
+        checkPicture(*arguments.picture);
+    }
     const InterruptibleWork work;
     const ImagePtr first = readInput(arguments.first, context);
     const ImagePtr second = readInput(arguments.second, context);
@@ -158,7 +164,7 @@ void runCompare(const CompareArguments& arguments, CommandContext& context)
         checkAbsoluteTolerance(g_absolute, *arguments.absolute, first->getGeometry());
     }
     const boost::shared_ptr<CompareResult> result = compare(arguments, first, second, context);
-    if (!arguments.picture.empty()) {
+    if (arguments.picture) {
         writePicture(arguments, *first, *second, *result, context);
     }
     const bool bExactlySame = result->identical && !arguments.absolute && !arguments.relative;
@@ -187,8 +193,12 @@ VerbRun setUpCompare(OptionList& options)
                        "Let differences of up to this part of the larger absolute\nvalue pass; with --absolute too, "
                        "those within either")
         .valueName("PART");
+    const auto takePicture = [arguments](const std::string& file) {
+        arguments->picture = file;
+        return std::nullopt;
+    };
     options
-        .add("--picture", arguments->picture,
+        .add("--picture", takePicture,
              "Draw the plan of the first difference in both images and\nits differences into a PNG file")
         .valueName("FILE");
     return [arguments](CommandContext& context) { runCompare(*arguments, context); };

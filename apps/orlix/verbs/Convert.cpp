@@ -30,11 +30,12 @@ VerbRun setUpConvert(OptionList& options)
 {
     const auto arguments = boost::make_shared<ConvertArguments>();
     addFileArguments(options, arguments->files);
-    addAttributeOption<InConvertImageBufferType>(options, "--type", arguments->type,
-                                                 "Element type of the output: Int8, UInt8, Int16, UInt16, Int32,\n"
-                                                 "UInt32, Real32, Binary, UInt8Like, UInt16Like or UInt32Like;\n"
-                                                 "float32 and bool for Real32 and Binary. Upper or lower case.\n"
-                                                 "Values are converted as they stand, nothing is scaled")
+    addAttributeOption<InConvertImageBufferType>(
+        options, "--type", arguments->type,
+        "Element type of the output, needed: Int8, UInt8, Int16, UInt16, Int32,\n"
+        "UInt32, Real32, Binary, UInt8Like, UInt16Like or UInt32Like;\n"
+        "float32 and bool for Real32 and Binary. Upper or lower case.\n"
+        "Values are converted as they stand, nothing is scaled")
         .valueName("TYPE")
         .required();
     return [arguments](CommandContext& context) {

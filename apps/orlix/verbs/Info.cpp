@@ -1,5 +1,6 @@
 // orlix info: what image files hold.
 #include "DescribeImage.h"
+#include "ImageFiles.h"
 #include "PlainText.h"
 #include "Verb.h"
 
@@ -130,6 +131,7 @@ void runInfo(const std::vector<std::string>& files, CommandContext& context)
     }
     for (const std::string& file : files) {
         try {
+            checkFileName(file);
             const ImageFileInfo info = image::io::readImageInfo(file);
             context.options.bJson ? writeInfo(json, file, info) : printInfo(context.out, file, info);
         } catch (const std::exception& error) { // the other files may be sound
