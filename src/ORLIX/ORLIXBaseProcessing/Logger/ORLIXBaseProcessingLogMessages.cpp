@@ -33,6 +33,7 @@ const std::vector<MessageText>& MessageCatalogue<processor::eProcessorMessage>::
         {Message::eUnknownAttribute, "%s has no attribute %s"},
         {Message::eProcessorRegisteredTwice, "Processor %s is registered with the factory already: give each processor a name of its own"},
         {Message::eNullSplitInput, "The split for attribute %s was given a null pointer: give it data that exists"},
+        {Message::eTooManyElements, "%s: %d elements are more than the %d that can be numbered: give it the work in parts"},
         {Message::eProcessorNotInitialised, "Processor %s has not been initialised: call init before its attributes are used"}};
     return g_texts;
 }

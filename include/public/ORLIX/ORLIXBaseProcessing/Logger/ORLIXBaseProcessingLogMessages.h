@@ -24,6 +24,7 @@ struct eProcessorMessage
         eUnknownAttribute = 9, ///< processor, attribute
         eProcessorRegisteredTwice = 10, ///< name
         eNullSplitInput = 11, ///< attribute
+        eTooManyElements = 13, ///< dispatcher, elements, most elements
         eProcessorNotInitialised = 33 ///< processor
     };
     ORLIX_ENUMERATION(eProcessorMessage, eRunFailed);
