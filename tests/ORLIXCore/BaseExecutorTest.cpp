@@ -1,14 +1,19 @@
 // Executors: every element exactly once, nested, in which order, on how many threads.
 #include "ORLIX/ORLIXCore/BaseExecutor.h"
 
+#include "ORLIX/ORLIXCore/ORLIXCoreException.h"
 #include "support/Executors.h"
 
+#include <boost/filesystem.hpp>
 #include <gtest/gtest.h>
+#include <tbb/parallel_for.h>
 #include <tbb/task_arena.h>
 
 #include <algorithm>
 #include <array>
 #include <atomic>
+#include <chrono>
+#include <condition_variable>
 #include <future>
 #include <mutex>
 #include <numeric>
@@ -140,18 +145,108 @@ TEST(BaseExecutor, NumbersOfThreadsFromOneTo64)
     EXPECT_LE(accessExecutor().getNbThreads(), getNbUsableThreads());
 }
 
-TEST(BaseExecutor, AnyNumberOfThreadsIsTakenInSilence)
+/// All elements meet before any of them ends, so each needs a thread of its own.
+bool canMeet(BaseExecutor& executor, unsigned long nbElements)
+{
+    std::mutex mutex;
+    std::condition_variable arrived;
+    unsigned long nbArrived = 0;
+    std::atomic<bool> bMet{true};
+    auto meet = [&](unsigned long) {
+        std::unique_lock<std::mutex> lock(mutex);
+        if (++nbArrived == nbElements) {
+            arrived.notify_all();
+        }
+        if (!arrived.wait_for(lock, std::chrono::seconds(60), [&] { return nbArrived == nbElements; })) {
+            bMet = false;
+        }
+    };
+    executor.forEach(nbElements, g_muchWork, ElementBody(meet));
+    return bMet;
+}
+
+unsigned long countThreadsOfProcess()
+{
+    return static_cast<unsigned long>(std::distance(boost::filesystem::directory_iterator("/proc/self/task"),
+                                                    boost::filesystem::directory_iterator()));
+}
+
+TEST(BaseExecutor, AsManyThreadsAsAskedForComeAndInSilence)
 {
     if (!g_bTbbIsVisible) {
         GTEST_SKIP() << "oneTBB can't be watched here";
     }
     ::testing::internal::CaptureStderr();
-    for (const unsigned long nbThreads : {64UL, 300UL, ~0UL}) {
+    for (const unsigned long nbThreads : {64UL, getMostThreads()}) {
         const auto executor = makeTbbExecutor(nbThreads);
-        EXPECT_GE(executor->getNbThreads(), std::min(nbThreads, 256UL));
-        expectEachOnce(*executor, 500, g_muchWork);
+        EXPECT_EQ(executor->getNbThreads(), nbThreads);
+        EXPECT_TRUE(canMeet(*executor, nbThreads)) << nbThreads;
     }
     EXPECT_EQ(::testing::internal::GetCapturedStderr(), "");
+}
+
+TEST(BaseExecutor, MoreThreadsThanCanBeHadAreRefused)
+{
+    const BaseExecutor* const former = &accessExecutor();
+    EXPECT_GE(getMostThreads(), 256u);
+    for (const unsigned long nbThreads : {getMostThreads() + 1, 1UL << 32, ~0UL}) {
+        const std::string most = std::to_string(getMostThreads());
+        const std::string text = std::to_string(nbThreads) + " threads were asked for, but at most " + most +
+                                 " can work at a time: give 0 to " + most;
+        try {
+            setNbThreads(nbThreads);
+            FAIL() << nbThreads;
+        } catch (const ORLIXCoreException& error) {
+            EXPECT_EQ(error.what(), text);
+        }
+        EXPECT_THROW(makeTbbExecutor(nbThreads), ORLIXCoreException);
+        EXPECT_EQ(&accessExecutor(), former);
+    }
+}
+
+TEST(BaseExecutor, ThreadsThatAreNoLongerNeededEnd)
+{
+    if (!g_bTbbIsVisible) {
+        GTEST_SKIP() << "oneTBB can't be watched here";
+    }
+    const ScopedExecutor scope({});
+    for (int repetition = 0; repetition < 3; ++repetition) {
+        setNbThreads(40);
+        ASSERT_TRUE(canMeet(accessExecutor(), 40));
+        EXPECT_GE(countThreadsOfProcess(), 40u);
+        setNbThreads(3);
+        EXPECT_LT(countThreadsOfProcess(), 40u);
+        ASSERT_TRUE(canMeet(accessExecutor(), 3));
+    }
+}
+
+TEST(BaseExecutor, ThreadsOfAProgramThatUsesThemItselfStay)
+{
+    if (!g_bTbbIsVisible) {
+        GTEST_SKIP() << "oneTBB can't be watched here";
+    }
+    const ScopedExecutor scope({});
+    setNbThreads(8);
+    std::atomic<bool> bChanged{false};
+    std::atomic<int> nbInside{0};
+    std::thread own([&] {
+        tbb::task_arena(4).execute([&] {
+            tbb::parallel_for(0, 100, [&](int) {
+                ++nbInside;
+                while (!bChanged) {
+                    std::this_thread::yield();
+                }
+            });
+        });
+    });
+    while (nbInside == 0) {
+        std::this_thread::yield();
+    }
+    setNbThreads(2);
+    expectEachOnce(accessExecutor(), 100, g_muchWork);
+    bChanged = true;
+    own.join();
+    EXPECT_EQ(nbInside, 100);
 }
 
 TEST(BaseExecutor, TheOneThatWasSetIsUsedUntilNullBringsTheDefaultBack)

@@ -7,6 +7,7 @@
 
 #include <boost/make_shared.hpp>
 
+#include <algorithm>
 #include <atomic>
 #include <functional>
 #include <string>
@@ -21,7 +22,7 @@ class TestAction final : public BaseAction
 public:
     using Work = std::function<ProcessingResult<bool>(RunContext&)>;
 
-    explicit TestAction(Work work) : m_work(std::move(work)) {}
+    explicit TestAction(Work work) : m_work(std::move(work)) { m_hooks.reserve(8); } // memory may be out later
 
     const std::string& getClassName() const override
     {
@@ -65,6 +66,7 @@ public:
         const Visit visit(*this);
         const unsigned long element = origin.getElement();
         m_queried.push_back(element);
+        ++m_nbAsked;
         if (m_query) {
             if (ProcessingResult<bool> result = m_query(element); !result) {
                 return result;
@@ -73,23 +75,34 @@ public:
         action = boost::make_shared<TestAction>([this, element](RunContext& context) { return m_work(element, context); });
         return true;
     }
-    bool hasPendingAction() const override { return m_queried.size() < m_nbElements; }
+    bool hasPendingAction() const override { return m_nbAsked < std::min(m_nbElements, m_nbPending); }
     void notifyDerived(boost::shared_ptr<BaseAction>& action, bool bSuccess) override
     {
         const Visit visit(*this);
         ++(bSuccess ? m_nbSucceeded : m_nbFailed);
         m_bEmptyNotice = m_bEmptyNotice || !action;
     }
-    void clearDerived() override { ++m_nbCleared; }
-    void requestCancellationDerived() override {}
+    void clearDerived() override
+    {
+        ++m_nbCleared;
+        m_nbAsked = 0;
+    }
+    void requestCancellationDerived() override
+    {
+        const Visit visit(*this);
+        ++m_nbCancelled;
+    }
 
     unsigned long m_cost = 1UL << 40;                                       ///< large: worth threads
     std::function<ProcessingResult<bool>(unsigned long element)> m_query;   ///< before an action is made; may be empty
+
+    unsigned long m_nbPending = ~0UL;                                       ///< no more is pending, whatever the elements
 
     std::vector<unsigned long> m_queried;
     unsigned long m_nbSucceeded = 0;
     unsigned long m_nbFailed = 0;
     unsigned long m_nbCleared = 0;
+    unsigned long m_nbCancelled = 0;
     bool m_bEmptyNotice = false;
     std::atomic<bool> m_bTwoAtOnce{false};
 
@@ -107,6 +120,7 @@ private:
     };
 
     unsigned long m_nbElements;
+    unsigned long m_nbAsked = 0; ///< in this run
     Work m_work;
     std::atomic<int> m_nbInside{0};
 };

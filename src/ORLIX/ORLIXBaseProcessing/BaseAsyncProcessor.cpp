@@ -13,7 +13,7 @@ ProcessingResult<bool> BaseAsyncProcessor::process()
     retrieveSequenceInfo(nbStages);
     for (unsigned int stage = 0; stage < nbStages; ++stage) {
         boost::shared_ptr<core::BaseActionProvider> provider;
-        ProviderResult retrieved = retrieveProvider(core::BasePriority(), stage, nbStages, provider);
+        ProviderResult retrieved = retrieveProvider(getPriority(), stage, nbStages, provider);
         if (retrieved.status == eProviderStatus::eProviderFailed) {
             return ProcessingResult<bool>::failure(retrieved.message);
         }

@@ -17,6 +17,9 @@ ProcessingResult<bool> failure(eProcessorMessage::domain id, const TArgs&... arg
     return ProcessingResult<bool>::failure(formatMessage<eProcessorMessage>(id, args...));
 }
 
+/// Static splits take the number of an element as an `unsigned int`.
+constexpr unsigned long g_mostElements = 1UL << 32;
+
 /// Reads one count from every split that has one; they must agree.  gives -1UL for a split without a count.
 template <class TSplit, class TRead>
 ProcessingResult<bool> readCommonCount(const BaseProcessorDispatcher& dispatcher,
@@ -67,6 +70,7 @@ ProcessingResult<bool> BaseProcessorDispatcher::queryNextAction(const core::Base
             return result;
         }
     }
+    lower->setPriority(m_lowerPriority);
     ProcessingResult<bool> result = initAttributes(*lower, origin);
     action = std::move(lower);
     return result;
@@ -81,10 +85,10 @@ void BaseProcessorDispatcher::notifyDerived(boost::shared_ptr<core::BaseAction>&
 }
 
 ProcessingResult<bool>
-BaseStaticProcessorDispatcher::initBase(const core::BasePriority&,
+BaseStaticProcessorDispatcher::initBase(const core::BasePriority& priority,
                                         const std::vector<boost::shared_ptr<BaseStaticSplit>>& splits)
 {
-    startQueries();
+    startQueries(priority);
     if (m_splits != splits) {
         m_splits = splits;
         m_bSplitsChecked = false;
@@ -100,7 +104,10 @@ BaseStaticProcessorDispatcher::initBase(const core::BasePriority&,
             return demand.bHasElements;
         },
         nbElements);
-    setSize(nbElements, cost);
+    if (result && nbElements > g_mostElements) {
+        result = failure(eProcessorMessage::eTooManyElements, getProcessorName(), nbElements, g_mostElements);
+    }
+    setSize(result ? nbElements : 0, cost);
     return result;
 }
 
@@ -128,10 +135,10 @@ void BaseStaticProcessorDispatcher::clearDerived()
 }
 
 ProcessingResult<bool>
-BaseDynamicProcessorDispatcher::initBase(const core::BasePriority&,
+BaseDynamicProcessorDispatcher::initBase(const core::BasePriority& priority,
                                          const std::vector<boost::shared_ptr<BaseDynamicSplit>>& splits)
 {
-    startQueries();
+    startQueries(priority);
     if (m_splits != splits) {
         m_splits = splits;
         m_bSplitsChecked = false;

@@ -1,8 +1,15 @@
 #include "ORLIX/ORLIXCore/BaseAction.h"
 
 #include "ORLIX/ORLIXCore/BaseExecutor.h"
+#include "ORLIX/ORLIXCore/ForkCount.h"
+#include "ORLIX/ORLIXCore/Gate.h"
 #include "ORLIX/ORLIXCore/Logger/ORLIXCoreLogMessages.h"
+#include "ORLIX/ORLIXCore/PostedRuns.h"
+#include "ORLIX/ORLIXCore/ProcessEnd.h"
 #include "ORLIX/ORLIXCore/RunContext.h"
+
+#include <new>
+#include <thread>
 
 namespace orlix::core {
 
@@ -13,60 +20,111 @@ ProcessingResult<bool> failure(eORLIXCoreMessage::domain id)
     return ProcessingResult<bool>::failure(formatMessage<eORLIXCoreMessage>(id));
 }
 
+/// For use in a handler. Where there is no memory for its text, the failure says so.
+ProcessingResult<bool> describeCurrentException() noexcept
+{
+    try {
+        try {
+            throw;
+        } catch (const std::bad_alloc&) {
+            return ProcessingResult<bool>::outOfMemory();
+        } catch (const std::exception& error) {
+            return ProcessingResult<bool>::failure(error.what());
+        } catch (...) {
+            return failure(eORLIXCoreMessage::eUnknownException);
+        }
+    } catch (...) {
+        return ProcessingResult<bool>::outOfMemory();
+    }
+}
+
 } // namespace
 
 BaseAction::~BaseAction() = default;
 
-bool BaseAction::start()
+bool BaseAction::start(eState next)
 {
-    if (m_state.exchange(eState::running, std::memory_order_acq_rel) == eState::running) {
-        return false;
-    }
+    eState state = m_state.load(std::memory_order_acquire);
+    do {
+        if (state == eState::posted || state == eState::running) {
+            return false;
+        }
+        m_process.store(getForkCount(), std::memory_order_relaxed);
+    } while (!m_state.compare_exchange_weak(state, next, std::memory_order_acq_rel));
     m_bCancelled.store(false, std::memory_order_relaxed);
     return true;
 }
 
-void BaseAction::finish(const ProcessingResult<bool>& result)
+void BaseAction::finish(ProcessingResult<bool> result) noexcept
 {
-    m_result = result;
+    m_result = std::move(result);
     m_state.store(eState::finished, std::memory_order_release);
     m_state.notify_all();
 }
 
 ProcessingResult<bool> BaseAction::run(const eSynchroType& synchro)
 {
-    if (!start()) {
-        return failure(eORLIXCoreMessage::eAlreadyRunning);
+    const bool bAsynchronous = synchro == eSynchroType::eSynchroAsync;
+    if (!start(bAsynchronous ? eState::posted : eState::running)) {
+        return failure(isLost() ? eORLIXCoreMessage::eLostByFork : eORLIXCoreMessage::eAlreadyRunning);
     }
-    if (synchro == eSynchroType::eSynchroAsync) {
-        boost::shared_ptr<BaseAction> self = shared_from_this();
-        core::accessExecutor().post([self] {
-            try {
-                self->finish(self->runToEnd());
-            } catch (const std::exception& error) {
-                self->finish(ProcessingResult<bool>::failure(error.what()));
-            } catch (...) {
-                self->finish(failure(eORLIXCoreMessage::eUnknownException));
-            }
-        });
-        return true;
+    if (bAsynchronous) {
+        return post();
     }
     try {
         ProcessingResult<bool> result = runToEnd();
         finish(result);
         return result;
-    } catch (const std::exception& error) {
-        finish(ProcessingResult<bool>::failure(error.what()));
-        throw;
     } catch (...) {
-        finish(failure(eORLIXCoreMessage::eUnknownException));
+        finish(describeCurrentException());
         throw;
+    }
+}
+
+ProcessingResult<bool> BaseAction::post()
+{
+    boost::shared_ptr<PostedRun> posted;
+    ProcessingResult<bool> result = true;
+    try {
+        posted = PostedRuns::getInstance().add(shared_from_this());
+        if (posted) {
+            core::accessExecutor().post([posted] { PostedRuns::getInstance().doIfUnclaimed(*posted); });
+            return result;
+        }
+        result = processEnds();
+    } catch (...) {
+        if (posted && !PostedRuns::getInstance().drop(*posted)) {
+            return result; // a thread that waits for it has it in hand
+        }
+        result = describeCurrentException();
+    }
+    finish(result);
+    return result;
+}
+
+ProcessingResult<bool> BaseAction::runPosted() noexcept
+{
+    try {
+        return runToEnd();
+    } catch (...) {
+        return describeCurrentException();
     }
 }
 
 ProcessingResult<bool> BaseAction::runToEnd()
 {
     RunContext context(core::accessExecutor(), m_bCancelled, m_observer);
+    struct OwnContext
+    {
+        BaseAction& action;
+        OwnContext(BaseAction& own, RunContext& context) : action(own) { set(&context); }
+        ~OwnContext() { set(nullptr); }
+        void set(RunContext* context)
+        {
+            const Gate gate(action.m_ownContextGate);
+            action.m_pOwnContext = context;
+        }
+    } const ownContext(*this, context);
     return runWithin(context);
 }
 
@@ -95,6 +153,13 @@ void BaseAction::forgetRun()
 {
     m_state.store(eState::created, std::memory_order_relaxed);
     m_result = {};
+    m_priority = {};
+}
+
+bool BaseAction::isLost() const
+{
+    return m_state.load(std::memory_order_acquire) == eState::running &&
+           m_process.load(std::memory_order_relaxed) != getForkCount();
 }
 
 ProcessingResult<bool> BaseAction::wait()
@@ -105,9 +170,20 @@ ProcessingResult<bool> BaseAction::wait()
             return failure(eORLIXCoreMessage::eNeverRun);
         }
         if (state == eState::finished) {
-            return m_result;
+            try {
+                return m_result;
+            } catch (const std::bad_alloc&) {
+                return ProcessingResult<bool>::outOfMemory();
+            }
         }
-        m_state.wait(state, std::memory_order_acquire);
+        if (state == eState::posted) {
+            PostedRuns::getInstance().doIfUnclaimed(*this);
+            std::this_thread::yield(); // it is being posted, or has just been claimed
+        } else if (isLost()) {
+            return failure(eORLIXCoreMessage::eLostByFork);
+        } else {
+            m_state.wait(state, std::memory_order_acquire);
+        }
     }
 }
 
@@ -115,6 +191,12 @@ void BaseAction::requestCancellation()
 {
     m_bCancelled.store(true, std::memory_order_relaxed);
     requestCancellationdDerived();
+    if (!isLost()) {
+        const Gate gate(m_ownContextGate);
+        if (m_pOwnContext != nullptr) {
+            m_pOwnContext->tellActions();
+        }
+    }
 }
 
 } // namespace orlix::core

@@ -1,6 +1,7 @@
 #include "ORLIX/ORLIXCore/BaseActionProvider.h"
 
 #include "ORLIX/ORLIXCore/Logger/ORLIXCoreLogMessages.h"
+#include "ORLIX/ORLIXCore/PostedRuns.h"
 #include "ORLIX/ORLIXCore/RunContext.h"
 
 #include <exception>
@@ -48,17 +49,31 @@ ProcessingResult<bool> cancelled()
     return ProcessingResult<bool>::failure(formatMessage<eORLIXCoreMessage>(eORLIXCoreMessage::eCancelled));
 }
 
-/// Without a lock: for elements that one thread runs alone.
-ProcessingResult<bool> runElement(BaseActionProvider& provider, RunContext& context, unsigned long element)
+ProcessingResult<bool> runAction(BaseAction& action, RunContext& context)
+{
+    const RunContext::ActionUnderWay underWay(context, action);
+    // Asked for before the action could be found, a cancellation has not reached it.
+    return context.isCancelled() ? cancelled() : action.runWithin(context);
+}
+
+/// Without a lock: for an element that is alone.
+ProcessingResult<bool> runLoneElement(BaseActionProvider& provider, RunContext& context)
 {
     if (context.isCancelled()) {
+        provider.requestCancellationDerived();
         return cancelled();
     }
+    if (!provider.hasPendingAction()) {
+        return true;
+    }
     boost::shared_ptr<BaseAction> action;
-    if (ProcessingResult<bool> made = provider.queryNextAction(BaseRequestOrigin(element), action); !made) {
+    if (ProcessingResult<bool> made = provider.queryNextAction(BaseRequestOrigin(0), action); !made) {
         return made;
     }
-    ProcessingResult<bool> result = action->runWithin(context);
+    ProcessingResult<bool> result = runAction(*action, context);
+    if (context.isCancelled()) {
+        provider.requestCancellationDerived();
+    }
     provider.notifyDerived(action, result.getValue());
     context.addDone(1);
     return result;
@@ -74,6 +89,7 @@ public:
         if (!m_outcome.isWanted(element)) {
             return;
         }
+        const InsideElement inside;
         try {
             if (ProcessingResult<bool> result = runOne(element); !result) {
                 m_outcome.fail(element, std::move(result), nullptr);
@@ -88,28 +104,45 @@ public:
 private:
     ProcessingResult<bool> runOne(unsigned long element)
     {
-        if (m_context.isCancelled()) {
-            return cancelled();
-        }
         boost::shared_ptr<BaseAction> action;
         {
             const std::lock_guard<std::mutex> lock(m_mutex);
+            if (m_context.isCancelled()) {
+                tellProvider();
+                return cancelled();
+            }
+            if (!m_provider.hasPendingAction()) {
+                return true;
+            }
             if (ProcessingResult<bool> made = m_provider.queryNextAction(BaseRequestOrigin(element), action); !made) {
                 return made;
             }
         }
-        ProcessingResult<bool> result = action->runWithin(m_context);
+        ProcessingResult<bool> result = runAction(*action, m_context);
         {
             const std::lock_guard<std::mutex> lock(m_mutex);
+            if (m_context.isCancelled()) {
+                tellProvider();
+            }
             m_provider.notifyDerived(action, result.getValue());
         }
         m_context.addDone(1);
         return result;
     }
 
+    // The caller holds the lock.
+    void tellProvider()
+    {
+        if (!m_bProviderTold) {
+            m_bProviderTold = true;
+            m_provider.requestCancellationDerived();
+        }
+    }
+
     BaseActionProvider& m_provider;
     RunContext& m_context;
     std::mutex m_mutex;
+    bool m_bProviderTold = false;
     Outcome m_outcome;
 };
 
@@ -132,10 +165,10 @@ ProcessingResult<bool> runElements(BaseActionProvider& provider, RunContext& con
         return true;
     }
     if (nbElements == 1) {
-        return runElement(provider, context, 0);
+        return runLoneElement(provider, context);
     }
     SharedLoop loop(provider, context);
-    context.accessExecutor().forEach(nbElements, provider.getCost(), ElementBody(loop));
+    context.forEach(nbElements, provider.getCost(), ElementBody(loop));
     return loop.take();
 }
 

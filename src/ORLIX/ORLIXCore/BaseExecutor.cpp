@@ -1,7 +1,12 @@
 #include "ORLIX/ORLIXCore/BaseExecutor.h"
 
+#include "ORLIX/ORLIXCore/Immortal.h"
+#include "ORLIX/ORLIXCore/ThreadAllowance.h"
+
 #include <atomic>
 #include <mutex>
+
+#include <pthread.h>
 
 namespace orlix::core {
 
@@ -15,12 +20,15 @@ public:
 
     BaseExecutor& access() const { return *m_current.load(std::memory_order_acquire); }
 
-    void set(const boost::shared_ptr<BaseExecutor>& executor)
+    void set(boost::shared_ptr<BaseExecutor> executor)
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
-        m_owner = executor;
-        m_current.store(executor.get(), std::memory_order_release);
+        m_owner.swap(executor); // the former one ends without the lock
+        m_current.store(m_owner.get(), std::memory_order_release);
     }
+
+    void hold() { m_mutex.lock(); }
+    void release() { m_mutex.unlock(); }
 
 private:
     std::mutex m_mutex;
@@ -28,23 +36,38 @@ private:
     std::atomic<BaseExecutor*> m_current{nullptr};
 };
 
+/// Static objects may still run something while they end.
 ExecutorSetting& accessSetting()
 {
-    static ExecutorSetting g_setting;
-    return g_setting;
+    static Immortal<ExecutorSetting> g_setting;
+    return g_setting.access();
 }
+
+const bool g_bHeldWhileForking = pthread_atfork([] { accessSetting().hold(); }, [] { accessSetting().release(); },
+                                                [] { accessSetting().release(); }) == 0;
 
 } // namespace
 
 BaseExecutor::~BaseExecutor() = default;
 
-BaseExecutor& accessExecutor() { return accessSetting().access(); }
+BaseExecutor& accessExecutor()
+{
+    return accessSetting().access();
+}
 
 void setExecutor(const boost::shared_ptr<BaseExecutor>& executor)
 {
     accessSetting().set(executor ? executor : makeTbbExecutor(0));
 }
 
-void setNbThreads(unsigned long nbThreads) { setExecutor(makeTbbExecutor(nbThreads)); }
+void setNbThreads(unsigned long nbThreads)
+{
+    const boost::shared_ptr<BaseExecutor> executor = makeTbbExecutor(nbThreads);
+    const bool bFewer = executor->getNbThreads() < accessExecutor().getNbThreads();
+    setExecutor(executor);
+    if (bFewer) {
+        endIdleThreads();
+    }
+}
 
 } // namespace orlix::core

@@ -1,10 +1,12 @@
 #include "ORLIX/ORLIXCore/BaseExecutor.h"
 
+#include "ORLIX/ORLIXCore/ForkCount.h"
+#include "ORLIX/ORLIXCore/SharedElements.h"
+
 #include <boost/make_shared.hpp>
 
 #include <algorithm>
 #include <atomic>
-#include <mutex>
 #include <thread>
 #include <vector>
 
@@ -18,26 +20,29 @@ public:
     explicit PlainThreadExecutor(unsigned long nbThreads) : m_nbThreads(std::max(1UL, nbThreads)) {}
     ~PlainThreadExecutor() override
     {
-        for (std::thread& thread : m_posted) {
-            thread.join();
+        if (m_nbForks == getForkCount()) { // in a forked child they don't exist
+            for (int nbTasks = m_nbTasks->load(); nbTasks != 0; nbTasks = m_nbTasks->load()) {
+                m_nbTasks->wait(nbTasks);
+            }
         }
     }
+    PlainThreadExecutor(const PlainThreadExecutor&) = delete;
+    PlainThreadExecutor& operator=(const PlainThreadExecutor&) = delete;
 
     unsigned long getNbThreads() const override { return m_nbThreads; }
 
     void forEach(unsigned long nbElements, unsigned long, const ElementBody& body) override
     {
-        std::atomic<unsigned long> next{0};
-        const auto work = [&] {
-            for (unsigned long element = next++; element < nbElements; element = next++) {
-                body(element);
-            }
-        };
+        SharedElements elements(nbElements, body);
         std::vector<std::thread> helpers;
-        for (unsigned long i = 1; i < std::min(m_nbThreads, nbElements); ++i) {
-            helpers.emplace_back(work);
+        try {
+            for (unsigned long i = 1; i < std::min(m_nbThreads, nbElements); ++i) {
+                helpers.emplace_back([&elements] { elements.help(); });
+            }
+        } catch (const std::exception&) {
+            // Where there are no more threads to be had, fewer do the work.
         }
-        work();
+        elements.doAll();
         for (std::thread& helper : helpers) {
             helper.join();
         }
@@ -45,14 +50,25 @@ public:
 
     void post(boost::function<void()> task) override
     {
-        const std::lock_guard<std::mutex> lock(m_mutex);
-        m_posted.emplace_back(std::move(task));
+        const boost::shared_ptr<std::atomic<int>> nbTasks = m_nbTasks;
+        ++*nbTasks;
+        try {
+            std::thread([task = std::move(task), nbTasks]() mutable {
+                task();
+                task.clear();
+                --*nbTasks;
+                nbTasks->notify_all();
+            }).detach();
+        } catch (...) {
+            --*nbTasks;
+            throw;
+        }
     }
 
 private:
     unsigned long m_nbThreads;
-    std::mutex m_mutex;
-    std::vector<std::thread> m_posted;
+    unsigned m_nbForks = getForkCount();
+    boost::shared_ptr<std::atomic<int>> m_nbTasks = boost::make_shared<std::atomic<int>>(0);
 };
 
 } // namespace

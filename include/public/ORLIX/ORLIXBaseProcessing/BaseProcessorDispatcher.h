@@ -33,12 +33,18 @@ protected:
     virtual boost::shared_ptr<BaseProcessor> takeIdle() const = 0;
     virtual void giveBackIdle(boost::shared_ptr<BaseProcessor> processor) const = 0;
 
-    void startQueries() { m_nbQueried = 0; }
+    /// The processors that follow are less urgent by one than `priority`, that of the level that dispatches them.
+    void startQueries(const core::BasePriority& priority)
+    {
+        m_nbQueried = 0;
+        m_lowerPriority = core::BasePriority(priority.getDepth() + 1);
+    }
     void setSize(unsigned long nbElements, unsigned long cost) { m_nbElements = nbElements, m_cost = cost; }
 
 private:
     ProcessorDispatchPolicy m_policy;
     unsigned long m_nbQueried = 0;
+    core::BasePriority m_lowerPriority;
     unsigned long m_nbElements = 0;
     unsigned long m_cost = 0;
 };
@@ -47,7 +53,8 @@ private:
 class ORLIXBASEPROCESSING_API BaseStaticProcessorDispatcher : public BaseProcessorDispatcher
 {
 public:
-    /// Fails where there is no split with elements, or where the splits differ in their number of elements.
+    /// Fails where there is no split with elements, where the splits differ in their number of elements, or where
+    /// there are more than an `unsigned int` can number.
     ProcessingResult<bool> initBase(const core::BasePriority& priority,
                                     const std::vector<boost::shared_ptr<BaseStaticSplit>>& splits);
 

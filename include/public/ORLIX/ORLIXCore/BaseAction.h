@@ -12,6 +12,7 @@
 
 namespace orlix::core {
 
+struct PostedRun;
 class RunContext;
 
 /// States: created, running, finished; a finished action can be run again. `requestCancellation`, `isFinished` and
@@ -22,14 +23,18 @@ public:
     ~BaseAction() override;
 
     /// Synchronous: runs to the end on the calling thread and returns the result; an exception out of any level arrives
-    /// unchanged. Asynchronous: starts the run, keeps the action alive until it ends, and returns success at once.
-    /// Running an action that already runs is a failure.
+    /// unchanged. Asynchronous: starts the run, keeps the action alive until it ends, and returns success at once; what
+    /// keeps it from starting is a failure, and the run's result. Running an action that already runs is a failure.
     ProcessingResult<bool> run(const eSynchroType& synchro);
-    /// Blocks until the run has ended and returns its result; an exception on the way is its text. A failure where the
-    /// action was never run.
+    /// Returns the result once the run has ended; an exception on the way is its text. A failure where the action was
+    /// never run. A run that no thread has taken up is done by the thread that waits, so waiting inside an element of
+    /// another run is safe; a run must not wait for itself. After a fork, waiting in the child for a run that another
+    /// thread of the parent was doing is a failure.
     ProcessingResult<bool> wait();
     bool isFinished() const { return m_state.load(std::memory_order_acquire) == eState::finished; }
-    /// Ends the run at the next element, as a failure with a message of its own. Asked before a run it has no effect.
+    /// Ends the run at the next element, as a failure with a message of its own. Every action that is under way in the
+    /// run is told at once by `requestCancellationdDerived`, its provider by the run loop. Asked before a run it has no
+    /// effect.
     void requestCancellation();
     /// For the runs that start from now on. Empty: nobody watches.
     void setProgressObserver(const ProgressObserver& observer) { m_observer = observer; }
@@ -39,6 +44,9 @@ public:
             m_observer.clear();
         }
     }
+    /// How urgent the action's work is; an action that hands out others gives them less urgent ones.
+    const BasePriority& getPriority() const { return m_priority; }
+    void setPriority(const BasePriority& priority) { m_priority = priority; }
 
     /// True for an action that hands out other actions.
     virtual bool isComplexAction() const = 0;
@@ -49,9 +57,11 @@ public:
 protected:
     BaseAction() = default;
 
-    virtual void globalCleanDerived() {}     ///< after every run
-    virtual void cleanOnErrorDerived() {}    ///< after a failed run, before globalCleanDerived
+    virtual void globalCleanDerived() {}  ///< after every run; must not throw
+    virtual void cleanOnErrorDerived() {} ///< after a failed run, before globalCleanDerived; must not throw
     virtual ProcessingResult<bool> runDerived() = 0;
+    /// The run that this action is part of, or the action itself, is to end early. Called on the thread that asks,
+    /// while `runDerived` is under way on another one or not at all; must not throw, wait, run or cancel an action.
     virtual void requestCancellationdDerived() {}
 
     /// Makes the action as if it had never been run; not while it runs.
@@ -61,15 +71,26 @@ protected:
     RunContext& accessContext() const { return *m_pContext; }
 
 private:
-    enum class eState { created, running, finished };
+    friend class PostedRuns;
+    friend class RunContext;
 
-    bool start();
+    enum class eState { created, posted, running, finished };
+
+    bool start(eState state);
+    ProcessingResult<bool> post();
+    ProcessingResult<bool> runPosted() noexcept;
     ProcessingResult<bool> runToEnd();
-    void finish(const ProcessingResult<bool>& result);
+    void finish(ProcessingResult<bool> result) noexcept;
+    bool isLost() const;
 
     std::atomic<eState> m_state{eState::created};
     std::atomic<bool> m_bCancelled{false};
+    std::atomic_flag m_ownContextGate; ///< held for a moment by whoever reads or sets m_pOwnContext
+    BasePriority m_priority;
+    std::atomic<unsigned> m_process{0}; ///< which process, counted by forks, does the run
     RunContext* m_pContext = nullptr;
+    RunContext* m_pOwnContext = nullptr;   ///< of a run that starts with this action
+    boost::shared_ptr<PostedRun> m_posted; ///< under the lock of the posted runs
     ProgressObserver m_observer;
     ProcessingResult<bool> m_result;
 };

@@ -41,6 +41,13 @@ public:
 
     [[nodiscard]] static ProcessingResult success() { return {true}; }
     [[nodiscard]] static ProcessingResult failure(std::string message) { return {false, std::move(message)}; }
+    /// A failure whose text needs no memory.
+    [[nodiscard]] static ProcessingResult outOfMemory() noexcept
+    {
+        ProcessingResult result;
+        result.m_message = ResultMessage::outOfMemory();
+        return result;
+    }
 
 private:
     bool m_bValue = false;

@@ -17,29 +17,49 @@ class ResultMessage
 public:
     ResultMessage() = default;
     ResultMessage(std::string text) // NOLINT: a text is a message
-        : m_text(text.empty() ? nullptr : std::make_unique<const std::string>(std::move(text)))
+        : m_text(text.empty() ? nullptr : std::make_unique<const std::string>(std::move(text)).release())
     {}
     ResultMessage(const ResultMessage& other)
-        : m_text(other.m_text ? std::make_unique<const std::string>(*other.m_text) : nullptr)
+        : m_text(other.isOwned() ? std::make_unique<const std::string>(*other.m_text).release() : other.m_text.get())
     {}
     ResultMessage(ResultMessage&&) noexcept = default;
-    ResultMessage& operator=(const ResultMessage& other)
-    {
-        return *this = ResultMessage(other);
-    }
+    ResultMessage& operator=(const ResultMessage& other) { return *this = ResultMessage(other); }
     ResultMessage& operator=(ResultMessage&&) noexcept = default;
+
+    /// That memory ran out. Neither this message nor a copy of it allocates.
+    static ResultMessage outOfMemory() noexcept
+    {
+        ResultMessage message;
+        message.m_text.reset(&outOfMemoryText());
+        return message;
+    }
 
     const std::string& get() const { return m_text ? *m_text : emptyText(); }
     operator const std::string&() const { return get(); } // NOLINT: a message is a text
     bool empty() const { return !m_text; }
 
     friend bool operator==(const ResultMessage& message, const std::string& text) { return message.get() == text; }
-    friend std::ostream& operator<<(std::ostream& stream, const ResultMessage& message) { return stream << message.get(); }
+    friend std::ostream& operator<<(std::ostream& stream, const ResultMessage& message)
+    {
+        return stream << message.get();
+    }
 
 private:
-    ORLIXUTIL_API static const std::string& emptyText();
+    struct Release
+    {
+        void operator()(const std::string* text) const noexcept
+        {
+            if (text != &outOfMemoryText()) {
+                std::default_delete<const std::string>()(text);
+            }
+        }
+    };
 
-    std::unique_ptr<const std::string> m_text;
+    ORLIXUTIL_API static const std::string& emptyText();
+    ORLIXUTIL_API static const std::string& outOfMemoryText() noexcept;
+    bool isOwned() const { return m_text && m_text.get() != &outOfMemoryText(); }
+
+    std::unique_ptr<const std::string, Release> m_text;
 };
 
 } // namespace orlix

@@ -35,6 +35,8 @@ const std::vector<MessageText>& MessageCatalogue<processor::eProcessorMessage>::
         {Message::eNullSplitInput, "The split for attribute %s was given a null pointer: give it data that exists"},
         {Message::eNullProcessor,
          "There is no processor to read an output from: give the %s that the asynchronous call returned"},
+        {Message::eTooManyElements,
+         "%s: %d elements are more than the %d that can be numbered: give it the work in parts"},
         {Message::eProcessorNotInitialised,
          "Processor %s has not been initialised: call init before its attributes are used"}};
     return g_texts;

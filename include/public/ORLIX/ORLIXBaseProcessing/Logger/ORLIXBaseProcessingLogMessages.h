@@ -25,6 +25,7 @@ struct eProcessorMessage
         eProcessorRegisteredTwice = 10, ///< name
         eNullSplitInput = 11,           ///< attribute
         eNullProcessor = 12,            ///< processor
+        eTooManyElements = 13,          ///< dispatcher, elements, most elements
         eProcessorNotInitialised = 33   ///< processor
     };
     ORLIX_ENUMERATION(eProcessorMessage, eRunFailed);

@@ -14,7 +14,10 @@ struct eORLIXCoreMessage
         eCancelled = 0,
         eNeverRun = 1,
         eAlreadyRunning = 2,
-        eUnknownException = 3
+        eUnknownException = 3,
+        eProcessEnds = 4,
+        eLostByFork = 5,
+        eTooManyThreads = 6 ///< threads, most threads, most threads
     };
     ORLIX_ENUMERATION(eORLIXCoreMessage, eCancelled);
 };
