@@ -12,8 +12,6 @@ namespace orlix::cli {
 
 namespace {
 
-constexpr unsigned long g_maxThreads = 1024;
-
 std::string namesOf(const std::vector<eInstructionSet>& sets)
 {
     std::string names;
@@ -43,9 +41,10 @@ void addCommonOptions(OptionList& list, CommonOptions& options)
 {
     const std::string group = "Options of all verbs";
     list.add("--threads", options.nbThreads,
-             "Threads that work at a time, at most 1024; default, and 0:\nall that this process may use")
+             "Threads that work at a time, at most " + std::to_string(core::getMostThreads()) +
+                 "; default, and 0:\nall that this process may use")
         .valueName("N")
-        .atMost(g_maxThreads)
+        .atMost(core::getMostThreads())
         .group(group);
     list.add("--instruction-set", options.instructionSet,
              "Use no kernel above this instruction set: plain, SSE2, AVX, AVX2\n"

@@ -56,7 +56,7 @@ INSTANTIATE_TEST_SUITE_P(
                       Mistake{{"compare", "a.tif", "b.tif", "--relative", "few"}, "--relative"},
                       Mistake{{"--threads", "x", "processors"}, "--threads"},
                       Mistake{{"--threads", "-1", "processors"}, "--threads"},
-                      Mistake{{"processors", "--threads", "1025"}, "not in range 0 to 1024"},
+                      Mistake{{"processors", "--threads", "5000"}, "not in range 0 to "}, // and then what the machine can have
                       Mistake{{"processors", "--threads"}, "--threads"},
                       Mistake{{"processors", "--instruction-set", "AVX9"}, "\"AVX9\" is no instruction set"}));
 
