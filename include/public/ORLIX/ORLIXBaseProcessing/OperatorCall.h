@@ -54,13 +54,18 @@ namespace details {
 [[noreturn]] ORLIXBASEPROCESSING_API void throwNullProcessor(const std::string& name);
 } // namespace details
 
-/// What attribute `TOutput` of a processor that `start` returned holds; does not wait. Throws
-/// ORLIXBaseProcessingException for a null pointer.
+/// What attribute `TOutput` of a processor that `start` returned holds once its run has succeeded; null before the end,
+/// since another thread may be setting it, and after a failed run. Does not wait. Throws ORLIXBaseProcessingException
+/// for a null pointer.
 template <class TOutput, class TProcessor>
 typename TOutput::StorageType outputOf(const boost::shared_ptr<TProcessor>& processor)
 {
     if (!processor) {
         details::throwNullProcessor(TProcessor::getObjectNameStr());
+    }
+    processor->checkInitialised();
+    if (!processor->isFinished() || !processor->wait()) {
+        return {};
     }
     return processor->template getStorage<TOutput>();
 }

@@ -28,7 +28,8 @@ ORLIXIPLUTILITY_API boost::shared_ptr<CompareImgLvl1>
 compareImg_async(const ImageConstPtr& inImg1, const ImageConstPtr& inImg2,
                  const boost::shared_ptr<const attr::ImgComparisonTolerance>& tolerance);
 
-/// What the output attribute of a finished processor holds; does not wait.
+/// The output of a run that has succeeded; null before its end and after a failed one. Does not wait. A null processor
+/// is refused: ORLIXBaseProcessingException.
 ORLIXIPLUTILITY_API boost::shared_ptr<attr::CompareResult>
 getAsyncProcessorOutput(boost::shared_ptr<CompareImgLvl1> processor);
 

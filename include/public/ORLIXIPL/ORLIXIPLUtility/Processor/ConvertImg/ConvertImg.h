@@ -49,7 +49,8 @@ ORLIXIPLUTILITY_API boost::shared_ptr<ConvertImgLvl1> convertImg_async(const Ima
 ORLIXIPLUTILITY_API boost::shared_ptr<ConvertImgLvl1> convertImg_async(const ImageConstPtr& inImg,
                                                                        const ImagePtr& outImg);
 
-/// What the output attribute of a finished processor holds; does not wait.
+/// The output of a run that has succeeded; null before its end and after a failed one. Does not wait. A null processor
+/// is refused: ORLIXBaseProcessingException.
 ORLIXIPLUTILITY_API ImagePtr getAsyncProcessorOutput(boost::shared_ptr<ConvertImgLvl1> processor);
 
 } // namespace orlix::imaproc::util

@@ -21,7 +21,8 @@ ORLIXIPLUTILITY_API void copyImg(const ImageConstPtr& inImg, const ImagePtr& out
 ORLIXIPLUTILITY_API boost::shared_ptr<CopyImgLvl1> copyImg_async(const ImageConstPtr& inImg);
 ORLIXIPLUTILITY_API boost::shared_ptr<CopyImgLvl1> copyImg_async(const ImageConstPtr& inImg, const ImagePtr& outImg);
 
-/// What the output attribute of a finished processor holds; does not wait.
+/// The output of a run that has succeeded; null before its end and after a failed one. Does not wait. A null processor
+/// is refused: ORLIXBaseProcessingException.
 ORLIXIPLUTILITY_API ImagePtr getAsyncProcessorOutput(boost::shared_ptr<CopyImgLvl1> processor);
 
 } // namespace orlix::imaproc::util

@@ -22,7 +22,8 @@ ORLIXIPLUTILITY_API void eraseImg(const ImagePtr& outImg, double value);
 ORLIXIPLUTILITY_API boost::shared_ptr<EraseImgLvl1> eraseImg_async(const ImagePtr& outImg);
 ORLIXIPLUTILITY_API boost::shared_ptr<EraseImgLvl1> eraseImg_async(const ImagePtr& outImg, double value);
 
-/// The image that the processor erases; does not wait.
+/// The image of a run that has succeeded; null before its end and after a failed one. Does not wait. A null processor
+/// is refused: ORLIXBaseProcessingException.
 ORLIXIPLUTILITY_API ImagePtr getAsyncProcessorOutput(boost::shared_ptr<EraseImgLvl1> processor);
 
 } // namespace orlix::imaproc::util
