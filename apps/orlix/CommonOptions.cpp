@@ -42,7 +42,7 @@ eInstructionSet instructionSetNamed(const std::string& name)
 void addCommonOptions(OptionList& list, CommonOptions& options)
 {
     const std::string group = "Options of all verbs";
-    list.addNumber("--threads", options.nbThreads, {.smallest = 1},
+    list.addNumber("--threads", options.nbThreads, {.smallest = 1, .largest = core::getMostThreads()},
                    "Threads that work at a time; default: all that this process\nmay use")
         .valueName("N")
         .group(group);
