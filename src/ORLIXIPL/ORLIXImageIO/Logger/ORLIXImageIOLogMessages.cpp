@@ -79,7 +79,9 @@ const std::vector<MessageText>& MessageCatalogue<eORLIXImageIOMessage>::texts()
         {eORLIXImageIOMessage::eWriteFailed,
          "%s: can't be written (%s); what was there before is unchanged: make room or choose another folder"},
         {eORLIXImageIOMessage::eCannotReplace,
-         "%s: the finished file can't take its place (%s): check the permissions of the file and its folder"}};
+         "%s: the finished file can't take its place (%s): check the permissions of the file and its folder"},
+        {eORLIXImageIOMessage::eReadOnly,
+         "%s: must not be written to (%s): change its permissions or choose another name"}};
     return g_texts;
 }
 

@@ -41,7 +41,8 @@ struct eORLIXImageIOMessage
         eTooLongForTiff = 26,   ///< geometry
         eCannotCreate = 27,     ///< folder, reason of the system
         eWriteFailed = 28,      ///< reason
-        eCannotReplace = 29     ///< reason of the system
+        eCannotReplace = 29,    ///< reason of the system
+        eReadOnly = 30          ///< reason of the system
     };
     ORLIX_ENUMERATION(eORLIXImageIOMessage, eCannotOpen);
 };
