@@ -146,6 +146,61 @@ TEST(WriteFailureTest, FullDisk)
     EXPECT_EQ(std::vector<std::string>({"a.png", "a.tif"}), folder.getNames());
 }
 
+// All of a small file is gathered, and reaches the disk with the last write alone.
+TEST(WriteFailureTest, FullDiskAtTheEndOfASmallFile)
+{
+    const TestFolder folder;
+    const ImagePtr image = filledImage(*geometry2d(eImageBufferType::UInt8, 10, 10), 1);
+    for (const char* const name : {"a.tif", "a.png"}) {
+        writeImage(folder / name, image);
+        const unsigned long size = contentOf(folder / name).size();
+        putContent(folder / name, g_old);
+        for (const unsigned long limit : {0ul, 1ul, size / 2, size - 1}) {
+            for (const bool bSync : {true, false}) {
+                const int result = inChild([&] {
+                    std::signal(SIGXFSZ, SIG_IGN);
+                    const rlimit bytes = {limit, limit};
+                    ::setrlimit(RLIMIT_FSIZE, &bytes);
+                    WriteOptions options;
+                    options.bSync = bSync;
+                    try {
+                        writeImage(folder / name, image, options);
+                    } catch (const ORLIXImageIOException& exception) {
+                        return contains(exception.what(), "can't be written (File too large)") ? 0 : 3;
+                    }
+                    return 1;
+                });
+                EXPECT_EQ(0, result) << name << limit;
+                EXPECT_TRUE(contentOf(folder / name) == g_old);
+            }
+        }
+    }
+    EXPECT_EQ(std::vector<std::string>({"a.png", "a.tif"}), folder.getNames());
+}
+
+TEST(WriteFailureTest, ReadOnlyFilesAreRefused)
+{
+    const TestFolder folder;
+    putContent(folder / "a.tif", g_old);
+    ::chmod((folder / "a.tif").c_str(), 0444);
+    ::chmod(folder.getPath().c_str(), 0777);
+    const ImagePtr image = someSlice();
+    const int result = inChild([&] {
+        if (::geteuid() == 0 && ::setuid(65534) != 0) {
+            return 2;
+        }
+        try {
+            writeImage(folder / "a.tif", image);
+        } catch (const ORLIXImageIOException& exception) {
+            return contains(exception.what(), "a.tif: must not be written to (Permission denied)") ? 0 : 3;
+        }
+        return 1;
+    });
+    EXPECT_EQ(0, result);
+    EXPECT_TRUE(contentOf(folder / "a.tif") == g_old);
+    EXPECT_EQ(std::vector<std::string>({"a.tif"}), folder.getNames());
+}
+
 TEST(WriteFailureTest, StoppingLeavesTheTarget)
 {
     const TestFolder folder;

@@ -31,6 +31,20 @@ void checkImage(const std::string& file, const ImageConstPtr& image)
     }
 }
 
+// The wait for the disk can be stopped as the work before it.
+void finish(TemporaryFile& file, const BaseImage& image, const WriteOptions& options)
+{
+    if (!options.bSync) {
+        file.replaceTarget(FileReplacement::eSync::no);
+        return;
+    }
+    Progress progress(options.progress, image.getGeometry().getNbPlans());
+    progress.addPlans(image.getGeometry().getNbPlans());
+    file.sync([&] { return progress.goesOn(); });
+    progress.throwIfStopped(eORLIXImageIOMessage::eWritingStopped, file.getTargetName());
+    file.replaceTarget(FileReplacement::eSync::yes);
+}
+
 void writeTiff(const boost::filesystem::path& file, const BaseImage& image, const WriteOptions& options)
 {
     const TiffLayout layout = tiffLayoutOf(image, options, file.string());
@@ -39,7 +53,7 @@ void writeTiff(const boost::filesystem::path& file, const BaseImage& image, cons
         TiffWriter writer(temporary, image, layout, options.progress);
         writer.write();
     }
-    temporary.replaceTarget();
+    finish(temporary, image, options);
 }
 
 void writePng(const boost::filesystem::path& file, const BaseImage& image, const WriteOptions& options)
@@ -47,7 +61,7 @@ void writePng(const boost::filesystem::path& file, const BaseImage& image, const
     checkSuitableForPng(image.getGeometry(), file.string());
     TemporaryFile temporary(file);
     PngWriter(temporary, image, options.progress).write();
-    temporary.replaceTarget();
+    finish(temporary, image, options);
 }
 
 } // namespace

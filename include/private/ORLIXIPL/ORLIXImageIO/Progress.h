@@ -9,8 +9,8 @@
 
 namespace orlix::image::io {
 
-/// Bytes after which the progress function is asked again.
-inline constexpr unsigned long g_progressBytes = 16ul << 20;
+/// Bytes after which the progress function is asked again: the slowest codec takes some 25 ms for so many.
+inline constexpr unsigned long g_progressBytes = 32ul << 10;
 
 /// One read or write. The progress function may throw, and is called from inside C libraries: what it throws is kept
 /// until `throwIfStopped`.

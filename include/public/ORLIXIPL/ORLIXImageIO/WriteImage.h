@@ -11,14 +11,15 @@
 namespace orlix::image::io {
 
 /// Writes a TIFF (.tif, .tiff) or PNG (.png) file. The pixels go to a temporary file in the same folder that replaces
-/// `file` once it is complete: on any failure `file` is what it was before, and the temporary file is gone.
+/// `file` once it is complete and on the disk: on any failure `file` is what it was before, and the temporary file is
+/// gone. Links, and what the new file keeps of the old one's permissions: see FileReplacement.
 /// shapes   TIFF: any sizes above 0. PNG: one plan, one time step, 1 to 4 channels (grey, grey and alpha, RGB, RGB and
 ///          alpha) of UInt8, UInt16, their Like types or Binary, Binary with 1 channel only.
 /// keeps    axes, element type (Like types and Binary too) and calibration, as OME-XML; Binary takes one bit a pixel
 ///          and counts every value but 0 as 1.
 /// errors   ORLIXImageIOException: null image, an axis of size 0, several element types, pixels that are not in host
-///          memory, an unknown ending, a shape that the format can't hold, the folder not writable, the disk full,
-///          stopped by `progress`.
+///          memory, an unknown ending, a shape that the format can't hold, the folder or `file` not writable, the disk
+///          full, stopped by `progress`.
 /// threads  the image is only read.
 ORLIXIMAGEIO_API void writeImage(const boost::filesystem::path& file, const ImageConstPtr& image);
 ORLIXIMAGEIO_API void writeImage(const boost::filesystem::path& file, const ImageConstPtr& image,

@@ -34,7 +34,7 @@ struct eChannelLayout
     ORLIX_ENUMERATION(eChannelLayout, eAuto);
 };
 
-/// All but `progress` is for TIFF; PNG has no such choice.
+/// All but `bSync` and `progress` is for TIFF; PNG has no such choice.
 struct WriteOptions
 {
     eTiffCompression compression;
@@ -44,6 +44,9 @@ struct WriteOptions
     eBigTiff bigTiff;
     eByteOrder byteOrder;
     eChannelLayout channelLayout;
+    /// Wait until the new file is on the disk before it takes the old one's place. Without, a power cut soon after can
+    /// leave neither.
+    bool bSync = true;
     ProgressFunction progress; ///< may be empty
 };
 

@@ -9,6 +9,7 @@
 
 #include <array>
 #include <cstdio>
+#include <locale>
 #include <string_view>
 
 namespace orlix::image::io {
@@ -43,6 +44,16 @@ std::string hexadecimal(std::string_view bytes)
     return text;
 }
 
+// From the last dot of the name on, in lower case; empty where there is none.
+std::string endingOf(const std::string& file)
+{
+    const std::size_t start = file.rfind('/') + 1, dot = file.rfind('.');
+    if (dot == std::string::npos || dot < start) {
+        return {};
+    }
+    return boost::algorithm::to_lower_copy(file.substr(dot), std::locale::classic());
+}
+
 } // namespace
 
 eImageFileFormat formatByContent(ByteSource& source)
@@ -60,7 +71,7 @@ eImageFileFormat formatByContent(ByteSource& source)
 
 eImageFileFormat formatByEnding(const boost::filesystem::path& file)
 {
-    const std::string ending = boost::algorithm::to_lower_copy(file.extension().string());
+    const std::string ending = endingOf(file.string()); // path::extension() ends the process where memory ends
     if (ending == ".tif" || ending == ".tiff") {
         return eImageFileFormat::eTiff;
     }

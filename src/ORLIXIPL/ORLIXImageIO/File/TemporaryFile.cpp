@@ -4,70 +4,57 @@
 #include "ORLIX/ORLIXUtil/Raise.h"
 #include "ORLIXIPL/ORLIXImageIO/Logger/ORLIXImageIOLogMessages.h"
 
-#include <boost/filesystem/operations.hpp>
+#include <boost/system/error_code.hpp>
 
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
-#include <utility>
 
 namespace orlix::image::io {
 
 namespace {
+
+constexpr unsigned long g_syncedBytes = 4ul << 20;
 
 std::string systemReason(int error)
 {
     return boost::system::system_category().message(error);
 }
 
-boost::filesystem::path linksResolved(const boost::filesystem::path& file)
+std::string folderOf(const std::string& file)
 {
-    boost::system::error_code error;
-    const boost::filesystem::path resolved = boost::filesystem::canonical(file, error);
-    return error ? file : resolved;
+    const std::size_t end = file.rfind('/');
+    return end == std::string::npos ? "." : end == 0 ? "/" : file.substr(0, end);
 }
 
-boost::filesystem::path folderOf(const boost::filesystem::path& file)
+/// Is it the target that refuses, not its folder?
+bool isReadOnly(const std::string& target)
 {
-    return file.has_parent_path() ? file.parent_path() : boost::filesystem::path(".");
+    return ::faccessat(AT_FDCWD, target.c_str(), F_OK, AT_EACCESS) == 0 &&
+           ::faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0;
 }
 
 } // namespace
 
-TemporaryFile::TemporaryFile(const boost::filesystem::path& target)
-    : m_name(target.string()), m_target(linksResolved(target))
+TemporaryFile::TemporaryFile(const boost::filesystem::path& target) : m_name(target.string()), m_replacement(m_name)
 {
     m_gathered.reserve(g_gatheredBytes);
-    struct stat status = {};
-    if (::stat(m_target.c_str(), &status) == 0 && !S_ISREG(status.st_mode)) {
+    if (m_replacement.open().getValue()) {
+        return;
+    }
+    const int error = m_replacement.getSystemError();
+    if (error == EISDIR || error == EINVAL) {
         raise<eORLIXImageIOMessage>(ORLIX_HERE, eORLIXImageIOMessage::eNotARegularFile, m_name,
-                                    S_ISDIR(status.st_mode) ? "a folder" : "a device, pipe or socket");
+                                    error == EISDIR ? "a folder" : "a device, pipe or socket");
     }
-    const boost::filesystem::path folder = folderOf(m_target);
-    do {
-        boost::system::error_code error;
-        m_path = folder / boost::filesystem::unique_path(".orlix-%%%%-%%%%-%%%%.tmp", error);
-        // Mode 0666 under the process's own mask, as any program would make it; mkstemp would make a private file.
-        m_descriptor = ::open(m_path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-    } while (m_descriptor < 0 && errno == EEXIST);
-    if (m_descriptor < 0) {
-        raise<eORLIXImageIOMessage>(ORLIX_HERE, eORLIXImageIOMessage::eCannotCreate, m_name, folder.string(),
-                                    systemReason(errno));
+    if (isReadOnly(m_name)) {
+        raise<eORLIXImageIOMessage>(ORLIX_HERE, eORLIXImageIOMessage::eReadOnly, m_name, systemReason(error));
     }
-}
-
-TemporaryFile::~TemporaryFile()
-{
-    if (m_descriptor >= 0) {
-        ::close(m_descriptor);
-    }
-    if (!m_path.empty()) {
-        ::unlink(m_path.c_str());
-    }
+    raise<eORLIXImageIOMessage>(ORLIX_HERE, eORLIXImageIOMessage::eCannotCreate, m_name, folderOf(m_name),
+                                systemReason(error));
 }
 
 bool TemporaryFile::write(unsigned long offset, const void* source, unsigned long bytes) noexcept
@@ -103,7 +90,7 @@ bool TemporaryFile::writeFile(unsigned long offset, const void* source, unsigned
 {
     unsigned long done = 0;
     while (done < bytes) {
-        const long put = ::pwrite(m_descriptor, static_cast<const char*>(source) + done, bytes - done,
+        const long put = ::pwrite(m_replacement.getDescriptor(), static_cast<const char*>(source) + done, bytes - done,
                                   static_cast<off_t>(offset + done));
         if (put < 0 && errno == EINTR) {
             continue;
@@ -126,8 +113,20 @@ unsigned long TemporaryFile::read(unsigned long offset, void* target, unsigned l
     if (!m_gathered.empty() && !flush()) {
         return 0;
     }
-    const long got = ::pread(m_descriptor, target, bytes, static_cast<off_t>(offset));
-    return got < 0 ? 0 : static_cast<unsigned long>(got);
+    unsigned long done = 0;
+    while (done < bytes) {
+        const long got = ::pread(m_replacement.getDescriptor(), static_cast<char*>(target) + done, bytes - done,
+                                 static_cast<off_t>(offset + done));
+        if (got < 0 && errno == EINTR) {
+            continue;
+        }
+        if (got <= 0) {
+            m_error = got < 0 ? errno : m_error;
+            break;
+        }
+        done += static_cast<unsigned long>(got);
+    }
+    return done;
 }
 
 std::string TemporaryFile::getError() const
@@ -135,24 +134,31 @@ std::string TemporaryFile::getError() const
     return m_error == 0 ? std::string() : systemReason(m_error);
 }
 
-void TemporaryFile::replaceTarget()
+void TemporaryFile::sync(const GoesOn& goesOn)
+{
+    if (m_error != 0 || !flush()) {
+        return; // what replaceTarget tells of
+    }
+    // A file system that has no such thing refuses at once, and the wait is then the last one, for the whole.
+    constexpr unsigned g_untilWritten =
+        SYNC_FILE_RANGE_WAIT_BEFORE | SYNC_FILE_RANGE_WRITE | SYNC_FILE_RANGE_WAIT_AFTER;
+    for (unsigned long start = 0; start < m_size && goesOn(); start += g_syncedBytes) {
+        ::sync_file_range(m_replacement.getDescriptor(), static_cast<off_t>(start), g_syncedBytes, g_untilWritten);
+    }
+}
+
+void TemporaryFile::replaceTarget(FileReplacement::eSync sync)
 {
     if (m_error != 0 || !flush()) {
         raise<eORLIXImageIOMessage>(ORLIX_HERE, eORLIXImageIOMessage::eWriteFailed, m_name, getError());
     }
-    struct stat status = {};
-    if (::stat(m_target.c_str(), &status) == 0) {
-        // A file system without permissions refuses; the new file's own are as good there.
-        [[maybe_unused]] const int ignored = ::fchmod(m_descriptor, status.st_mode & 07777);
+    if (!m_replacement.commit(sync).getValue()) {
+        const int error = m_replacement.getSystemError();
+        const bool bContent = error == EIO || error == ENOSPC || error == EDQUOT; // renaming fails otherwise
+        raise<eORLIXImageIOMessage>(
+            ORLIX_HERE, bContent ? eORLIXImageIOMessage::eWriteFailed : eORLIXImageIOMessage::eCannotReplace, m_name,
+            systemReason(error));
     }
-    const int descriptor = std::exchange(m_descriptor, -1);
-    if (::close(descriptor) != 0) {
-        raise<eORLIXImageIOMessage>(ORLIX_HERE, eORLIXImageIOMessage::eWriteFailed, m_name, systemReason(errno));
-    }
-    if (::rename(m_path.c_str(), m_target.c_str()) != 0) {
-        raise<eORLIXImageIOMessage>(ORLIX_HERE, eORLIXImageIOMessage::eCannotReplace, m_name, systemReason(errno));
-    }
-    m_path.clear();
 }
 
 } // namespace orlix::image::io

@@ -78,7 +78,9 @@ const std::vector<MessageText>& MessageCatalogue<eORLIXImageIOMessage>::texts()
         {eORLIXImageIOMessage::eVolumePage,
          "%s: page %d holds a volume (ImageDepth %d, TileDepth %d), of which libtiff reads the first plan alone: write "
          "each plan as a page of its own"},
-        {eORLIXImageIOMessage::eNotForImageJ, "%s: ImageJ can't read %s: %s"}};
+        {eORLIXImageIOMessage::eNotForImageJ, "%s: ImageJ can't read %s: %s"},
+        {eORLIXImageIOMessage::eReadOnly,
+         "%s: must not be written to (%s): change its permissions or choose another name"}};
     return g_texts;
 }
 

@@ -15,16 +15,44 @@ namespace orlix::image::io {
 
 namespace {
 
-constexpr unsigned long g_rowsAtOnce = 64;
+constexpr unsigned long g_mostRowsAtOnce = 64;
 constexpr unsigned long g_deflateRatio = 1040;
+
+/// Chunks that say nothing about the elements, or that are read without libpng: it takes memory for whatever their
+/// lengths and their compressed content claim.
+constexpr png_byte g_skippedChunks[] = "bKGD\0cHRM\0eXIf\0gAMA\0hIST\0iCCP\0iTXt\0oFFs\0pCAL\0sBIT\0sCAL\0sPLT\0sRGB\0"
+                                       "tEXt\0tIME\0zTXt";
+
+/// Looks at the head of a chunk before libpng acts on it.
+void passChunk(png_structp png, PngInput& input, const png_byte* head)
+{
+    constexpr unsigned long g_headBytes = 8, g_checkBytes = 4;
+    const PngChunk chunk = {input.position + g_headBytes, png_get_uint_32(head), {head[4], head[5], head[6], head[7]}};
+    const unsigned long size = input.source.getSize();
+    // Pixels are taken as they come, so a file that is cut short there still tells what it holds.
+    if (std::memcmp(chunk.type, "IDAT", sizeof chunk.type) != 0 &&
+        (chunk.start > size || size - chunk.start < chunk.bytes)) {
+        png_error(png, "a chunk is longer than the file");
+    }
+    if (input.description.bytes == 0 && holdsOme(input.source, chunk)) {
+        input.description = chunk;
+    }
+    input.nextChunk = chunk.start + chunk.bytes + g_checkBytes;
+}
 
 void readBytes(png_structp png, png_bytep target, std::size_t bytes)
 {
     auto& input = *static_cast<PngInput*>(png_get_io_ptr(png));
     const unsigned long got = input.source.read(input.position, target, bytes);
-    input.position += got;
     if (got != bytes) {
         png_error(png, "it ends early");
+    }
+    if (input.position == input.nextChunk && bytes == 8) {
+        passChunk(png, input, target);
+    }
+    input.position += got;
+    if (input.progress && !input.progress->goesOnAfter(bytes)) {
+        png_error(png, "it was stopped");
     }
 }
 
@@ -45,7 +73,7 @@ PngReader::PngReader(ByteSource& source, const ReadLimits& limits) : m_input{sou
     if (limits.bMustBePlausible) {
         checkPlausibility(0, rowBytes * m_height, source.getSize(), g_deflateRatio, source.getName());
     }
-    chooseTransformations();
+    chooseElements();
     readMetadata();
     const WideSize scratchRow = WideSize(m_width) * m_samples * elementSize(m_metadata.type);
     checkLimits(m_geometry, m_channelSamples.size() == 1 && m_samples == 1 ? 0 : scratchRow * bufferRows(), limits,
@@ -58,6 +86,7 @@ void PngReader::readHeader()
     const png_infop info = m_handle.info();
     const bool bRead = guarded(png, [&] {
         png_set_user_limits(png, 0x7fffffff, 0x7fffffff); // our own limits follow
+        png_set_keep_unknown_chunks(png, PNG_HANDLE_CHUNK_NEVER, g_skippedChunks, sizeof g_skippedChunks / 5);
         png_read_info(png, info);
         png_get_IHDR(png, info, &m_width, &m_height, &m_bits, &m_colorType, &m_interlacing, nullptr, nullptr);
     });
@@ -73,33 +102,13 @@ void PngReader::readHeader()
     }
 }
 
-void PngReader::chooseTransformations()
+// Of the image, from the header alone: libpng would take memory for its rows first.
+void PngReader::chooseElements()
 {
-    const png_structp png = m_handle.png();
-    const png_infop info = m_handle.info();
-    const bool bTransparency = png_get_valid(png, info, PNG_INFO_tRNS) != 0;
-    const bool bBinary = m_colorType == PNG_COLOR_TYPE_GRAY && m_bits == 1 && !bTransparency;
-    const bool bChosen = guarded(png, [&] {
-        if (bBinary) {
-            png_set_packing(png);
-        } else if (m_colorType == PNG_COLOR_TYPE_PALETTE) {
-            png_set_palette_to_rgb(png);
-        } else if (m_bits < 8) {
-            png_set_expand_gray_1_2_4_to_8(png);
-        }
-        if (bTransparency) {
-            png_set_tRNS_to_alpha(png);
-        }
-        if (m_bits == 16 && std::endian::native == std::endian::little) {
-            png_set_swap(png);
-        }
-        png_set_interlace_handling(png);
-        png_read_update_info(png, info);
-    });
-    if (!bChosen) {
-        raiseDamaged();
-    }
-    m_samples = png_get_channels(png, info);
+    m_bTransparency = png_get_valid(m_handle.png(), m_handle.info(), PNG_INFO_tRNS) != 0;
+    const bool bBinary = m_colorType == PNG_COLOR_TYPE_GRAY && m_bits == 1 && !m_bTransparency;
+    const bool bAlpha = (m_colorType & PNG_COLOR_MASK_ALPHA) != 0 || m_bTransparency;
+    m_samples = ((m_colorType & PNG_COLOR_MASK_COLOR) != 0 ? 3 : 1) + (bAlpha ? 1 : 0);
     for (unsigned long sample = 0; sample < m_samples; ++sample) {
         if (!m_bGreyPalette || sample == 0 || sample == 3) { // grey, or red for all three, and alpha
             m_channelSamples.push_back(sample);
@@ -110,6 +119,35 @@ void PngReader::chooseTransformations()
                                      : eImageBufferType::UInt8;
 }
 
+void PngReader::chooseTransformations()
+{
+    const png_structp png = m_handle.png();
+    const bool bChosen = guarded(png, [&] {
+        if (m_colorType == PNG_COLOR_TYPE_PALETTE) {
+            png_set_palette_to_rgb(png);
+        } else if (m_bits == 1 && m_samples == 1) {
+            png_set_packing(png);
+        } else if (m_bits < 8) {
+            png_set_expand_gray_1_2_4_to_8(png);
+        }
+        if (m_bTransparency) {
+            png_set_tRNS_to_alpha(png);
+        }
+        if (m_bits == 16 && std::endian::native == std::endian::little) {
+            png_set_swap(png);
+        }
+        png_set_interlace_handling(png);
+        png_read_update_info(png, m_handle.info());
+        if (png_get_channels(png, m_handle.info()) != m_samples || // what rows are made for
+            png_get_bit_depth(png, m_handle.info()) != static_cast<int>(8 * elementSize(m_metadata.type))) {
+            png_error(png, "its header contradicts itself");
+        }
+    });
+    if (!bChosen) {
+        raiseDamaged();
+    }
+}
+
 void PngReader::readMetadata()
 {
     PageFacts facts;
@@ -118,7 +156,7 @@ void PngReader::readMetadata()
     facts.sizeY = m_height;
     facts.samples = facts.channels = m_channelSamples.size();
     facts.type = m_metadata.type;
-    const std::string description = omeTextOf(m_handle.png(), m_handle.info());
+    const std::string description = omeTextOf(m_input.source, m_input.description);
     if (isOmeDescription(description)) {
         m_metadata = metadataOfOme(description, facts);
     } else {
@@ -149,8 +187,10 @@ ImageFileInfo PngReader::getInfo() const
 ImagePtr PngReader::read(const ProgressFunction& function)
 {
     Progress progress(function, m_geometry.getNbPlans());
+    chooseTransformations();
     const ImagePtr image = createImage(m_geometry);
     image->setGeometricCalibration(m_metadata.calibration);
+    m_input.progress = &progress;
     if (m_samples == 1) {
         readStraight(*image, progress);
     } else {
@@ -158,6 +198,7 @@ ImagePtr PngReader::read(const ProgressFunction& function)
     }
     // The end carries the check sums of the last pixels.
     if (!guarded(m_handle.png(), [&] { png_read_end(m_handle.png(), nullptr); })) {
+        progress.throwIfStopped(eORLIXImageIOMessage::eReadingStopped, m_input.source.getName());
         raiseDamaged();
     }
     progress.addPlans(m_geometry.getNbPlans());
@@ -168,7 +209,13 @@ ImagePtr PngReader::read(const ProgressFunction& function)
 
 unsigned long PngReader::bufferRows() const
 {
-    return m_interlacing == PNG_INTERLACE_NONE ? std::min<unsigned long>(g_rowsAtOnce, m_height) : m_height;
+    return m_interlacing == PNG_INTERLACE_NONE ? std::min<unsigned long>(g_mostRowsAtOnce, m_height) : m_height;
+}
+
+// Between two questions whether to go on.
+unsigned long PngReader::rowsAtOnce() const
+{
+    return std::clamp(g_progressBytes / (m_width * m_samples * elementSize(m_metadata.type)), 1ul, g_mostRowsAtOnce);
 }
 
 void PngReader::readStraight(BaseImage& image, Progress& progress)
@@ -179,8 +226,8 @@ void PngReader::readStraight(BaseImage& image, Progress& progress)
     }
     const int passes = m_interlacing == PNG_INTERLACE_NONE ? 1 : PNG_INTERLACE_ADAM7_PASSES;
     for (int pass = 0; pass < passes; ++pass) {
-        for (unsigned long y = 0; y < m_height; y += g_rowsAtOnce) {
-            readRows(rows.data() + y, std::min(g_rowsAtOnce, m_height - y), progress);
+        for (unsigned long y = 0; y < m_height; y += rowsAtOnce()) {
+            readRows(rows.data() + y, std::min(rowsAtOnce(), m_height - y), progress);
         }
     }
 }
@@ -199,8 +246,8 @@ void PngReader::readInterleaved(BaseImage& image, Progress& progress)
     for (unsigned long y = 0; y < m_height; y += held) {
         const unsigned long count = std::min(held, m_height - y);
         for (int pass = 0; pass < passes; ++pass) {
-            for (unsigned long row = 0; row < count; row += g_rowsAtOnce) {
-                readRows(rows.data() + row, std::min(g_rowsAtOnce, count - row), progress);
+            for (unsigned long row = 0; row < count; row += rowsAtOnce()) {
+                readRows(rows.data() + row, std::min(rowsAtOnce(), count - row), progress);
             }
         }
         for (unsigned long row = 0; row < count; ++row) {
@@ -221,6 +268,7 @@ void PngReader::readRows(png_bytep* rows, unsigned long count, Progress& progres
 {
     const png_structp png = m_handle.png();
     if (!guarded(png, [&] { png_read_rows(png, rows, nullptr, static_cast<png_uint_32>(count)); })) {
+        progress.throwIfStopped(eORLIXImageIOMessage::eReadingStopped, m_input.source.getName());
         raiseDamaged();
     }
     if (!progress.goesOnAfter(count * m_width * m_samples * elementSize(m_metadata.type))) {

@@ -14,8 +14,12 @@ namespace orlix::image::io {
 
 namespace {
 
-constexpr unsigned long g_rowsAtOnce = 64;
+constexpr unsigned long g_mostRowsAtOnce = 64;
+/// Rows beyond it are stored without a filter, since libpng tries all of them on a whole row before it compresses any,
+/// and in small chunks, between which writing can be stopped.
+constexpr unsigned long g_longRowBytes = 1ul << 20;
 constexpr std::size_t g_chunkBytes = 1ul << 18;
+constexpr std::size_t g_chunkBytesOfLongRows = 1ul << 13;
 
 void writeBytes(png_structp png, png_bytep source, std::size_t bytes)
 {
@@ -24,6 +28,9 @@ void writeBytes(png_structp png, png_bytep source, std::size_t bytes)
         png_error(png, "the system refused"); // the file knows why
     }
     output.position += bytes;
+    if (!output.progress.goesOnAfter(bytes)) {
+        png_error(png, "it was stopped");
+    }
 }
 
 int colorTypeOf(unsigned long channels)
@@ -47,7 +54,7 @@ void checkSuitableForPng(const BaseImageGeometry& geometry, const std::string& f
 }
 
 PngWriter::PngWriter(TemporaryFile& file, const BaseImage& image, const ProgressFunction& function)
-    : m_output{file}, m_image(image), m_progress(function, image.getGeometry().getNbPlans()),
+    : m_image(image), m_progress(function, image.getGeometry().getNbPlans()), m_output{file, m_progress},
       m_handle(&m_output, writeBytes)
 {}
 
@@ -71,11 +78,16 @@ void PngWriter::writeHeader()
     const unsigned long elementBytes = elementSize(m_image.getBufferType());
     const int bits =
         m_image.getBufferType() == eImageBufferType::eBufferBinary ? 1 : static_cast<int>(8 * elementBytes);
+    const bool bLongRows =
+        packedRowBytes(m_image.getBufferType(), m_image.getSizeX(), m_image.getSizeC()) > g_longRowBytes;
     png_uint_32 perMetreX = 0, perMetreY = 0;
     const bool bResolution = perMetreOf(m_image.getGeometricCalibration(), perMetreX, perMetreY);
     const bool bWritten = guarded(png, [&] {
         png_set_user_limits(png, 0x7fffffff, 0x7fffffff);
-        png_set_compression_buffer_size(png, g_chunkBytes);
+        png_set_compression_buffer_size(png, bLongRows ? g_chunkBytesOfLongRows : g_chunkBytes);
+        if (bLongRows) {
+            png_set_filter(png, PNG_FILTER_TYPE_BASE, PNG_FILTER_NONE);
+        }
         png_set_IHDR(png, info, static_cast<png_uint_32>(m_image.getSizeX()),
                      static_cast<png_uint_32>(m_image.getSizeY()), bits, colorTypeOf(m_image.getSizeC()),
                      PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
@@ -98,7 +110,8 @@ void PngWriter::writeRows()
     const png_structp png = m_handle.png();
     const unsigned long width = m_image.getSizeX(), channels = m_image.getSizeC();
     const unsigned long rowBytes = packedRowBytes(m_image.getBufferType(), width, channels);
-    const unsigned long held = std::min(g_rowsAtOnce, m_image.getSizeY());
+    const unsigned long held =
+        std::min(std::clamp(g_progressBytes / rowBytes, 1ul, g_mostRowsAtOnce), m_image.getSizeY());
     std::vector<std::byte> buffer(held * rowBytes);
     std::vector<png_bytep> rows(held);
     for (unsigned long row = 0; row < held; ++row) {
@@ -118,6 +131,7 @@ void PngWriter::writeRows()
 
 void PngWriter::raiseFailed() const
 {
+    m_progress.throwIfStopped(eORLIXImageIOMessage::eWritingStopped, m_output.file.getTargetName());
     const std::string system = m_output.file.getError();
     raise<eORLIXImageIOMessage>(ORLIX_HERE, eORLIXImageIOMessage::eWriteFailed, m_output.file.getTargetName(),
                                 system.empty() ? m_handle.getError() : system);

@@ -11,7 +11,7 @@ namespace orlix::image::io {
 
 namespace {
 
-constexpr unsigned long g_pieceBytes = 1ul << 20;
+constexpr unsigned long g_pieceBytes = 256ul << 10;
 
 unsigned long rowBytesOf(const TiffPage& page)
 {

@@ -13,6 +13,8 @@ namespace orlix::image::io {
 
 namespace {
 
+constexpr unsigned long g_transferBytes = 256ul << 10; // a slow disk takes some milliseconds
+
 TiffStream& streamOf(thandle_t handle)
 {
     return *static_cast<TiffStream*>(handle);
@@ -25,7 +27,7 @@ tmsize_t inPieces(TiffStream& stream, tmsize_t bytes, TMove&& move)
     const auto wanted = static_cast<unsigned long>(std::max<tmsize_t>(bytes, 0));
     unsigned long done = 0;
     while (done < wanted) {
-        const unsigned long piece = std::min(wanted - done, g_progressBytes);
+        const unsigned long piece = std::min(wanted - done, g_transferBytes);
         const unsigned long moved = move(stream.position, done, piece);
         stream.position += moved;
         done += moved;
@@ -135,6 +137,7 @@ struct FreeOptions
 TiffHandle::TiffHandle(ByteSource& source, unsigned long maxAllocation)
 {
     m_stream.source = &source;
+    checkNumberOfBlocks(source, tiffNumbersOf(source), firstDirectoryOf(source), 0);
     // No memory map (m), and no cutting of uncompressed strips into small ones (c): whole strips go to their plan.
     open("rmc", maxAllocation);
     if (!m_tiff) {
@@ -175,24 +178,31 @@ const std::string& TiffHandle::getFileName() const
 
 void TiffHandle::checkDirectory(unsigned long page)
 {
-    const bool bBig = TIFFIsBigTIFF(*this) != 0;
-    const unsigned long countBytes = bBig ? 8 : 2, entryBytes = bBig ? 20 : 12, linkBytes = bBig ? 8 : 4;
+    const TiffNumbers numbers = getNumbers();
     const unsigned long start = TIFFCurrentDirOffset(*this), size = m_stream.source->getSize();
-    unsigned char digits[8] = {};
-    m_stream.source->read(start, digits, countBytes);
-    unsigned long count = 0;
-    for (unsigned long i = 0; i < countBytes; ++i) {
-        count = count << 8 | digits[TIFFIsBigEndian(*this) ? i : countBytes - 1 - i];
-    }
+    const unsigned long countBytes = numbers.countBytes(), linkBytes = numbers.offsetBytes();
+    const unsigned long count = numbers.read(*m_stream.source, start, countBytes);
     // libtiff takes a missing link to the next directory for the end of the chain.
     if (start > size || countBytes + linkBytes > size - start ||
-        count > (size - start - countBytes - linkBytes) / entryBytes) {
+        count > (size - start - countBytes - linkBytes) / numbers.entryBytes()) {
         m_stream.messages.warning = "its directory ends with the file";
     }
     m_stream.messages.error.clear();
     if (!m_stream.messages.warning.empty()) {
         raiseDamaged(page);
     }
+}
+
+void TiffHandle::checkNextDirectory(unsigned long page)
+{
+    const TiffNumbers numbers = getNumbers();
+    const unsigned long next = nextDirectoryOf(*m_stream.source, numbers, TIFFCurrentDirOffset(*this));
+    checkNumberOfBlocks(*m_stream.source, numbers, next, page);
+}
+
+TiffNumbers TiffHandle::getNumbers() const
+{
+    return {TIFFIsBigTIFF(*this) != 0, TIFFIsBigEndian(*this) != 0};
 }
 
 void TiffHandle::raiseDamaged(unsigned long page) const

@@ -186,6 +186,7 @@ std::vector<TiffPage> describePages(TiffHandle& tiff)
             break;
         }
         tiff.messages().clear();
+        tiff.checkNextDirectory(pages.size());
         if (TIFFReadDirectory(tiff) != 1) {
             tiff.raiseDamaged(pages.size());
         }

@@ -15,6 +15,23 @@ WideSize bytesOfBlock(const TiffPage& page)
     return rowBytes * page.blockHeight;
 }
 
+// Codecs that hand out a strip row by row, so that reading can be stopped in the middle of it.
+bool comesByRows(const TiffPage& page)
+{
+    if (page.bTiled) {
+        return false;
+    }
+    switch (page.compression) {
+    case COMPRESSION_PACKBITS:
+    case COMPRESSION_LZW:
+    case COMPRESSION_DEFLATE:
+    case COMPRESSION_ADOBE_DEFLATE:
+    case COMPRESSION_ZSTD:
+    case COMPRESSION_LZMA: return true;
+    default: return false;
+    }
+}
+
 } // namespace
 
 WideSize scratchBytesOf(const TiffPage& page, const PixelForm& form)
@@ -50,19 +67,15 @@ void TiffPageDecoder::decode(const TiffPage& page, const PixelForm& form, const 
 
 void TiffPageDecoder::decodeBlock(const TiffPage& page, const PixelForm& form, const Block& block, unsigned sample)
 {
-    const auto x = static_cast<std::uint32_t>(block.x), y = static_cast<std::uint32_t>(block.y);
-    const auto s = static_cast<std::uint16_t>(sample);
-    const std::uint32_t index = page.bTiled ? TIFFComputeTile(m_tiff, x, y, 0, s) : TIFFComputeStrip(m_tiff, y, s);
     const unsigned samples = page.bSeparate ? 1 : page.samples;
     const unsigned long rowBytes = (page.blockWidth * samples * page.bits + 7) / 8;
     const unsigned long elementBytes = elementSize(form.type);
     if (goesStraight(page, form)) {
-        readBlock(page, index, m_image.accessRow(block.y, m_place.z, m_place.c + sample, m_place.t),
-                  rowBytes * block.height);
+        readBlock(page, block, sample, m_image.accessRow(block.y, m_place.z, m_place.c + sample, m_place.t), rowBytes);
         return;
     }
     m_scratch.resize(rowBytes * page.blockHeight);
-    readBlock(page, index, m_scratch.data(), rowBytes * (page.bTiled ? page.blockHeight : block.height));
+    readBlock(page, block, sample, m_scratch.data(), rowBytes);
 
     const unsigned long firstChannel = page.bSeparate ? sample : 0;
     const unsigned long channels = page.bSeparate ? 1 : form.channels;
@@ -83,13 +96,25 @@ bool TiffPageDecoder::goesStraight(const TiffPage& page, const PixelForm& form) 
            form.inverted == 0;
 }
 
-void TiffPageDecoder::readBlock(const TiffPage& page, std::uint32_t index, void* target, unsigned long bytes)
+void TiffPageDecoder::readBlock(const TiffPage& page, const Block& block, unsigned sample, std::byte* target,
+                                unsigned long rowBytes)
 {
-    const auto wanted = static_cast<tmsize_t>(bytes);
+    const auto x = static_cast<std::uint32_t>(block.x), y = static_cast<std::uint32_t>(block.y);
+    const auto s = static_cast<std::uint16_t>(sample);
+    const std::uint32_t index = page.bTiled ? TIFFComputeTile(m_tiff, x, y, 0, s) : TIFFComputeStrip(m_tiff, y, s);
     if (TIFFGetStrileOffset(m_tiff, index) == 0) { // libtiff would read the header as pixels
         m_tiff.messages().error = (page.bTiled ? "tile " : "strip ") + std::to_string(index) + " is missing";
         check(false);
     }
+    if (comesByRows(page)) {
+        for (std::uint32_t line = 0; line < block.height; ++line) {
+            check(TIFFReadScanline(m_tiff, target + line * rowBytes, y + line, s) == 1 && m_tiff.messages().empty());
+            check(m_progress.goesOnAfter(rowBytes));
+        }
+        return;
+    }
+    const unsigned long bytes = rowBytes * (page.bTiled ? page.blockHeight : block.height);
+    const auto wanted = static_cast<tmsize_t>(bytes);
     const tmsize_t got = page.bTiled ? TIFFReadEncodedTile(m_tiff, index, target, wanted)
                                      : TIFFReadEncodedStrip(m_tiff, index, target, wanted);
     // Decoders that find damage may go on all the same, having told of it.

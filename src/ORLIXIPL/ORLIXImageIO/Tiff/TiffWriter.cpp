@@ -11,6 +11,9 @@ namespace orlix::image::io {
 
 namespace {
 
+/// What a codec gathers before it hands it on; writing can be stopped in between.
+constexpr tmsize_t g_codedBytes = 16 << 10;
+
 std::string modeOf(const TiffLayout& layout)
 {
     return std::string("w") + (layout.bBigEndian ? "b" : "l") + (layout.bBigTiff ? "8" : "4");
@@ -95,6 +98,7 @@ void TiffWriter::setResolution()
 
 void TiffWriter::writePage(unsigned long z, unsigned long c, unsigned long t)
 {
+    check(m_layout.compression == COMPRESSION_NONE || TIFFWriteBufferSetup(m_tiff, nullptr, g_codedBytes) == 1);
     for (unsigned long y = 0; y < m_image.getSizeY(); y += m_layout.blockHeight) {
         for (unsigned long x = 0; x < m_image.getSizeX(); x += m_layout.blockWidth) {
             writeBlock({x, y, std::min(m_layout.blockWidth, m_image.getSizeX() - x),
@@ -117,6 +121,13 @@ void TiffWriter::writeBlock(const PageBlock& block)
         packBlock(m_image, block, source, rowBytes);
     }
     const auto x = static_cast<std::uint32_t>(block.x), y = static_cast<std::uint32_t>(block.y);
+    if (!m_layout.bTiled && m_layout.compression != COMPRESSION_NONE) {
+        for (std::uint32_t line = 0; line < rows; ++line) { // of one strip all the same
+            check(TIFFWriteScanline(m_tiff, source + line * rowBytes, y + line, 0) == 1);
+            check(m_progress.goesOnAfter(rowBytes));
+        }
+        return;
+    }
     const auto bytes = static_cast<tmsize_t>(rowBytes * rows);
     const tmsize_t put = m_layout.bTiled
                              ? TIFFWriteEncodedTile(m_tiff, TIFFComputeTile(m_tiff, x, y, 0, 0), source, bytes)

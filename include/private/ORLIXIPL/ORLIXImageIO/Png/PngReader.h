@@ -6,6 +6,7 @@
 #include "ORLIXIPL/ORLIXImageIO/ImageFileInfo.h"
 #include "ORLIXIPL/ORLIXImageIO/Metadata/Calibration.h"
 #include "ORLIXIPL/ORLIXImageIO/Png/PngHandle.h"
+#include "ORLIXIPL/ORLIXImageIO/Png/PngText.h"
 #include "ORLIXIPL/ORLIXImageIO/Progress.h"
 #include "ORLIXIPL/ORLIXImageIO/ReadOptions.h"
 
@@ -18,6 +19,9 @@ struct PngInput
 {
     ByteSource& source;
     unsigned long position = 0;
+    unsigned long nextChunk = 8;  ///< place of the next chunk that hasn't been reached yet
+    PngChunk description = {};    ///< the first that holds OME-XML
+    Progress* progress = nullptr; ///< asked between reads; may be null
 };
 
 /// One file, used by one thread. The constructor reads and checks everything before the pixels; it throws
@@ -33,12 +37,14 @@ public:
 
 private:
     void readHeader();
+    void chooseElements();
     void chooseTransformations();
     void readMetadata();
     unsigned long bufferRows() const;
     void readStraight(BaseImage& image, Progress& progress);
     void readInterleaved(BaseImage& image, Progress& progress);
     void readRows(png_bytep* rows, unsigned long count, Progress& progress);
+    unsigned long rowsAtOnce() const;
     [[noreturn]] void raiseDamaged() const;
 
     PngInput m_input;
@@ -49,6 +55,7 @@ private:
     int m_colorType = 0;
     int m_interlacing = 0;
     bool m_bGreyPalette = false;
+    bool m_bTransparency = false;                ///< a colour or palette entries that are transparent
     unsigned long m_samples = 1;                 ///< of a decoded pixel
     std::vector<unsigned long> m_channelSamples; ///< the sample that each channel comes from
     ImageMetadata m_metadata;

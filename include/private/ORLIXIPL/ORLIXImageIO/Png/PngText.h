@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ORLIXIPL/ORLIXImage/BaseImage.h"
+#include "ORLIXIPL/ORLIXImageIO/File/ByteSource.h"
 #include "ORLIXIPL/ORLIXImageIO/Metadata/Calibration.h"
 
 #include <png.h>
@@ -10,12 +11,22 @@
 
 namespace orlix::image::io {
 
-/// The text with the keyword "OME-XML" that stands before the pixels; empty where there is none.
-std::string omeTextOf(png_structp png, png_infop info);
+struct PngChunk
+{
+    unsigned long start = 0; ///< of its content in the file
+    unsigned long bytes = 0;
+    unsigned char type[4] = {};
+};
+
+/// Is it a text (tEXt, zTXt or iTXt) with the keyword "OME-XML"? Throws nothing.
+bool holdsOme(ByteSource& source, const PngChunk& chunk) noexcept;
+/// The text of such a chunk; empty for an empty chunk. Throws ORLIXImageIOException where it is damaged, or is a small
+/// one that unfolds to much.
+std::string omeTextOf(ByteSource& source, const PngChunk& chunk);
 /// Pixels per metre; no unit where the file tells none.
 Resolution resolutionOf(png_structp png, png_infop info);
 
-/// Hand over to libpng what `omeTextOf` and `resolutionOf` give back; to be called inside `guarded`.
+/// Hand over to libpng what `omeTextOf` and `resolutionOf` find; to be called inside `guarded`.
 void setOmeText(png_structp png, png_infop info, const char* text, std::size_t length);
 void setResolution(png_structp png, png_infop info, png_uint_32 perMetreX, png_uint_32 perMetreY);
 

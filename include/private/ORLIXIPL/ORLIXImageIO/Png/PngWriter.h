@@ -17,6 +17,7 @@ void checkSuitableForPng(const BaseImageGeometry& geometry, const std::string& f
 struct PngOutput
 {
     TemporaryFile& file;
+    Progress& progress; ///< asked between writes
     unsigned long position = 0;
 };
 
@@ -33,9 +34,9 @@ private:
     void writeRows();
     [[noreturn]] void raiseFailed() const;
 
-    PngOutput m_output;
     const BaseImage& m_image;
     Progress m_progress;
+    PngOutput m_output;
     PngWriteHandle m_handle;
 };
 

@@ -4,7 +4,9 @@
 #include "ORLIXIPL/ORLIXImageIO/File/ByteSource.h"
 #include "ORLIXIPL/ORLIXImageIO/File/TemporaryFile.h"
 #include "ORLIXIPL/ORLIXImageIO/Progress.h"
+#include "ORLIXIPL/ORLIXImageIO/Tiff/DirectoryClaims.h"
 
+#include <fcntl.h>
 #include <tiffio.h>
 
 #include <memory>
@@ -33,7 +35,8 @@ struct TiffStream
     TiffMessages messages;
 };
 
-/// Closes the file when it goes. Not movable: libtiff holds its address.
+/// Closes the file when it goes; what libtiff still holds of a target is dropped, so flush before. Not movable: libtiff
+/// holds its address.
 class TiffHandle
 {
 public:
@@ -56,16 +59,26 @@ public:
     /// told that it had to leave out one of its tags. Forgets other messages.
     void checkDirectory(unsigned long page);
 
+    /// Throws eDamagedTiff for page `page`, the one behind the current, where libtiff would take memory for more strips
+    /// or tiles than the file can have.
+    void checkNextDirectory(unsigned long page);
+
     /// Throws what stopped a read of page `page`: the progress function, or eDamagedTiff with libtiff's words.
     [[noreturn]] void raiseDamaged(unsigned long page) const;
 
 private:
     struct Close
     {
-        void operator()(TIFF* tiff) const { TIFFClose(tiff); }
+        void operator()(TIFF* tiff) const
+        {
+            // It would write a directory that may lack what there was no memory for, and fall over that.
+            TIFFSetMode(tiff, O_RDONLY);
+            TIFFClose(tiff);
+        }
     };
 
     void open(const char* mode, unsigned long maxAllocation);
+    TiffNumbers getNumbers() const;
 
     TiffStream m_stream;
     std::unique_ptr<TIFF, Close> m_tiff;

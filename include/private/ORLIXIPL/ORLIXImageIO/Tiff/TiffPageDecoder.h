@@ -31,7 +31,8 @@ private:
     void decodeByLibrary(const TiffPage& page, const PagePlace& place);
     void decodeBlock(const TiffPage& page, const PixelForm& form, const Block& block, unsigned sample);
     bool goesStraight(const TiffPage& page, const PixelForm& form) const;
-    void readBlock(const TiffPage& page, std::uint32_t index, void* target, unsigned long bytes);
+    void readBlock(const TiffPage& page, const Block& block, unsigned sample, std::byte* target,
+                   unsigned long rowBytes);
     void check(bool bDone) const;
 
     TiffHandle& m_tiff;

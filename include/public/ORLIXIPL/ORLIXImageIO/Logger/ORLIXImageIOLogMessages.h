@@ -43,7 +43,8 @@ struct eORLIXImageIOMessage
         eWriteFailed = 28,      ///< reason
         eCannotReplace = 29,    ///< reason of the system
         eVolumePage = 30,       ///< page, ImageDepth, TileDepth
-        eNotForImageJ = 31      ///< what does not suit, what to do
+        eNotForImageJ = 31,     ///< what does not suit, what to do
+        eReadOnly = 32          ///< reason of the system
     };
     ORLIX_ENUMERATION(eORLIXImageIOMessage, eCannotOpen);
 };
