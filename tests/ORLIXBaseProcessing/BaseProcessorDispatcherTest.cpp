@@ -164,6 +164,41 @@ TEST(StaticDispatcher, SpeaksForItsProcessorClass)
     EXPECT_EQ(lines(1, 1, 1)->getSplitBaseType(), eSplitBaseType::eDynamicSplit);
 }
 
+TEST(StaticDispatcher, RefusesMoreElementsThanCanBeNumbered)
+{
+    StaticDispatcher dispatcher;
+    EXPECT_EQ(failureOf(dispatcher.init(BasePriority(), numbers(4294967296))), "no failure");
+    EXPECT_EQ(dispatcher.getNbElements(), 4294967296u);
+    EXPECT_EQ(failureOf(dispatcher.init(BasePriority(), numbers(4294967297))),
+              "LowerProcessor: 4294967297 elements are more than the 4294967296 that can be numbered: give it the work "
+              "in parts");
+    EXPECT_EQ(dispatcher.getNbElements(), 0u);
+    EXPECT_FALSE(dispatcher.hasPendingAction());
+}
+
+TEST(StaticDispatcher, LowerProcessorsAreLessUrgentByOne)
+{
+    StaticDispatcher dispatcher;
+    for (const unsigned depth : {0u, 1u, 7u}) {
+        EXPECT_EQ(failureOf(dispatcher.init(BasePriority(depth), numbers(2))), "no failure");
+        for (unsigned long element = 0; element < 2; ++element) {
+            boost::shared_ptr<core::BaseAction> action;
+            EXPECT_EQ(failureOf(dispatcher.queryNextAction(core::BaseRequestOrigin(element), action)), "no failure");
+            EXPECT_EQ(action->getPriority().getDepth(), depth + 1);
+            dispatcher.notifyDerived(action, true); // and the next one is made from it
+        }
+    }
+}
+
+TEST(DynamicDispatcher, LowerProcessorsAreLessUrgentByOne)
+{
+    DynamicDispatcher dispatcher;
+    EXPECT_EQ(failureOf(dispatcher.init(BasePriority(4), lines(10, 1, 1))), "no failure");
+    boost::shared_ptr<core::BaseAction> action;
+    EXPECT_EQ(failureOf(dispatcher.queryNextAction(core::BaseRequestOrigin(0), action)), "no failure");
+    EXPECT_EQ(action->getPriority().getDepth(), 5u);
+}
+
 TEST(StaticDispatcher, ACancelledProviderHasNothingPending)
 {
     StaticDispatcher dispatcher;

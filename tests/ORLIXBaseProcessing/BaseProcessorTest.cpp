@@ -47,6 +47,18 @@ TEST(BaseProcessor, WithNothingToDispatchTheRunGoesOn)
     EXPECT_TRUE(processor->getStorage<OutNumbers>()->empty());
 }
 
+TEST(BaseProcessor, HandsItsPriorityToItsProvider)
+{
+    const auto processor = makeReady();
+    executeSyncRun(processor);
+    EXPECT_EQ(processor->m_seenPriority, 0u) << "what a caller starts";
+    processor->setPriority(core::BasePriority(3));
+    executeSyncRun(processor);
+    EXPECT_EQ(processor->m_seenPriority, 3u);
+    processor->clearForReuse();
+    EXPECT_EQ(processor->getPriority().getDepth(), 0u);
+}
+
 TEST(BaseProcessor, AGivenOutputIsNotMadeAgain)
 {
     const auto processor = makeReady();

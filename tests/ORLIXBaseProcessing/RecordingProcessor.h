@@ -55,14 +55,16 @@ public:
 
     /// Where the elements put what they come to; each adds one to the number and notes `element`.
     bool m_bNothingToDo = false;
+    unsigned m_seenPriority = ~0u; ///< depth of the priority that the last provider was asked for with
 
     void clearIntermediateData() override { static_cast<void>(m_record->note("clearIntermediateData")); }
 
 protected:
     using BaseAsync1Processor::retrieveProvider;
-    ProviderResult retrieveProvider(const core::BasePriority&,
+    ProviderResult retrieveProvider(const core::BasePriority& priority,
                                     boost::shared_ptr<core::BaseActionProvider>& provider) override
     {
+        m_seenPriority = priority.getDepth();
         if (!m_record->note("retrieveProvider")) {
             return ProviderResult::failed("retrieveProvider failed");
         }

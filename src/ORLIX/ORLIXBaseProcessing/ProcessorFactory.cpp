@@ -1,7 +1,10 @@
 #include "ORLIX/ORLIXBaseProcessing/ProcessorFactory.h"
 
+#include "ORLIX/ORLIXBaseProcessing/Logger/ORLIXBaseProcessingLog.h"
 #include "ORLIX/ORLIXBaseProcessing/Logger/ORLIXBaseProcessingLogMessages.h"
 #include "ORLIX/ORLIXUtil/Raise.h"
+
+#include <pthread.h>
 
 namespace orlix::processor {
 
@@ -11,6 +14,14 @@ ProcessorFactory::~ProcessorFactory() = default;
 ProcessorFactory& ProcessorFactory::getInstance()
 {
     static ProcessorFactory g_instance;
+    // A forked child finds the lock free, whichever thread of its parent held it. Who holds it may ask for a message,
+    // so it is taken before the locks of the messages: handlers of a fork run in reverse order of their registration.
+    static const bool g_bHeldWhileForking = [] {
+        getORLIXBaseProcessingLogMessageManager();
+        constexpr auto release = [] { g_instance.m_mutex.unlock(); };
+        return pthread_atfork([] { g_instance.m_mutex.lock(); }, release, release) == 0;
+    }();
+    static_cast<void>(g_bHeldWhileForking);
     return g_instance;
 }
 

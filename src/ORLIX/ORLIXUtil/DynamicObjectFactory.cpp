@@ -1,8 +1,11 @@
 // Makes objects by the name of their class.
 #include "ORLIX/ORLIXUtil/DynamicObjectFactory.h"
 
+#include "ORLIX/ORLIXUtil/Logger/ORLIXUtilLog.h"
 #include "ORLIX/ORLIXUtil/Logger/ORLIXUtilLogMessages.h"
 #include "ORLIX/ORLIXUtil/Raise.h"
+
+#include <pthread.h>
 
 namespace orlix {
 
@@ -13,6 +16,14 @@ DynamicObjectFactory::~DynamicObjectFactory() = default;
 DynamicObjectFactory& DynamicObjectFactory::getInstance()
 {
     static DynamicObjectFactory g_factory;
+    // A forked child finds the lock free, whichever thread of its parent held it. Who holds it may ask for a message,
+    // so it is taken before the locks of the messages: handlers of a fork run in reverse order of their registration.
+    static const bool g_bHeldWhileForking = [] {
+        getORLIXUtilLogMessageManager();
+        constexpr auto release = [] { g_factory.m_mutex.unlock(); };
+        return pthread_atfork([] { g_factory.m_mutex.lock(); }, release, release) == 0;
+    }();
+    static_cast<void>(g_bHeldWhileForking);
     return g_factory;
 }
 

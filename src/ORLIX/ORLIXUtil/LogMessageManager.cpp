@@ -4,6 +4,8 @@
 #include "ORLIX/ORLIXUtil/Logger/ORLIXUtilLogMessages.h"
 #include "ORLIX/ORLIXUtil/Raise.h"
 
+#include <pthread.h>
+
 namespace orlix {
 
 LogMessageManager::LogMessageManager(std::string name) : m_name(std::move(name)) {}
@@ -14,6 +16,22 @@ LogMessageManager& LogMessageManager::getInstance(const std::string& name)
 {
     static std::mutex g_mutex;
     static std::map<std::string, LogMessageManager> g_managers;
+    // A forked child finds the locks free, whichever thread of its parent held them.
+    constexpr auto releaseAll = [] {
+        for (auto& [known, manager] : g_managers) {
+            manager.m_mutex.unlock();
+        }
+        g_mutex.unlock();
+    };
+    static const bool g_bHeldWhileForking = pthread_atfork(
+                                                [] {
+                                                    g_mutex.lock();
+                                                    for (auto& [known, manager] : g_managers) {
+                                                        manager.m_mutex.lock();
+                                                    }
+                                                },
+                                                releaseAll, releaseAll) == 0;
+    static_cast<void>(g_bHeldWhileForking);
     const std::lock_guard<std::mutex> lock(g_mutex);
     return g_managers.try_emplace(name, name).first->second;
 }

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <type_traits>
 
+#include <pthread.h>
 #include <sys/mman.h>
 
 namespace orlix::image {
@@ -53,6 +54,14 @@ std::byte* mapBlock(unsigned long capacity) noexcept
 {
     largeBlockPool().releaseAll();
 }
+
+} // namespace
+
+namespace {
+
+const bool g_bHeldWhileForking =
+    pthread_atfork([] { largeBlockPool().holdForFork(); }, [] { largeBlockPool().releaseAfterFork(); },
+                   [] { largeBlockPool().releaseAfterFork(); }) == 0;
 
 } // namespace
 

@@ -10,6 +10,12 @@
 
 #include <oneapi/tbb/scalable_allocator.h>
 
+#include <atomic>
+#include <cstdlib>
+
+#include <pthread.h>
+#include <sys/single_threaded.h>
+
 namespace orlix::image {
 
 namespace {
@@ -17,15 +23,28 @@ namespace {
 // Below, oneTBB's allocator serves a block from memory that it holds anyway, without a lock up to 8 KiB.
 constexpr unsigned long g_largeBlock = 1ul << 20;
 
+// oneTBB's allocator has locks that another thread may hold while the process forks, and that nobody then lets go of in
+// the child. There the C library serves small blocks, whose locks are free, and those of the parent stay where they
+// are.
+std::atomic<bool> g_bCutOff{false};
+bool g_bOneThread = true; // of the parent at its last fork
+const bool g_bForksNoticed = pthread_atfork([] { g_bOneThread = __libc_single_threaded != 0; }, nullptr,
+                                            [] {
+                                                if (!g_bOneThread) {
+                                                    g_bCutOff.store(true, std::memory_order_relaxed);
+                                                }
+                                            }) == 0;
+
 // Puts the record of a small block's owners on the boundary before its pixels, so that both are one allocation.
 template <class T>
 struct RecordBeforePixels
 {
     using value_type = T;
 
-    explicit RecordBeforePixels(void* allocation) : m_allocation(allocation) {}
+    RecordBeforePixels(void* allocation, bool bPlain) : m_allocation(allocation), m_bPlain(bPlain) {}
     template <class TOther>
-    RecordBeforePixels(const RecordBeforePixels<TOther>& other) : m_allocation(other.m_allocation)
+    RecordBeforePixels(const RecordBeforePixels<TOther>& other)
+        : m_allocation(other.m_allocation), m_bPlain(other.m_bPlain)
     {}
 
     T* allocate(std::size_t) const noexcept
@@ -33,9 +52,17 @@ struct RecordBeforePixels
         static_assert(sizeof(T) <= g_planAlignment);
         return static_cast<T*>(m_allocation);
     }
-    void deallocate(T*, std::size_t) const noexcept { scalable_aligned_free(m_allocation); }
+    void deallocate(T*, std::size_t) const noexcept
+    {
+        if (m_bPlain) {
+            std::free(m_allocation);
+        } else if (!g_bCutOff.load(std::memory_order_relaxed)) {
+            scalable_aligned_free(m_allocation);
+        }
+    }
 
     void* m_allocation;
+    bool m_bPlain; ///< from the C library
 };
 
 struct NothingToRelease
@@ -52,12 +79,15 @@ struct GiveBack
 
 boost::shared_ptr<void> allocateSmall(unsigned long bytes)
 {
-    void* const allocation = scalable_aligned_malloc(g_planAlignment + bytes, g_planAlignment);
+    const bool bPlain = g_bCutOff.load(std::memory_order_relaxed);
+    const unsigned long whole = (g_planAlignment + bytes + g_planAlignment - 1) / g_planAlignment * g_planAlignment;
+    void* const allocation = bPlain ? std::aligned_alloc(g_planAlignment, whole)
+                                    : scalable_aligned_malloc(g_planAlignment + bytes, g_planAlignment);
     if (!allocation) {
         return nullptr;
     }
     void* const pixels = static_cast<std::byte*>(allocation) + g_planAlignment;
-    return {pixels, NothingToRelease(), RecordBeforePixels<void*>(allocation)};
+    return {pixels, NothingToRelease(), RecordBeforePixels<void*>(allocation, bPlain)};
 }
 
 boost::shared_ptr<void> allocateLarge(unsigned long bytes)
@@ -75,8 +105,10 @@ boost::shared_ptr<void> allocatePixels(unsigned long bytes)
 
 unsigned long releasePooledMemory()
 {
-    scalable_free(scalable_malloc(1)); // cleaning an allocator that was never used reads what it has not set up
-    scalable_allocation_command(TBBMALLOC_CLEAN_ALL_BUFFERS, nullptr);
+    if (!g_bCutOff.load(std::memory_order_relaxed)) {
+        scalable_free(scalable_malloc(1)); // cleaning an allocator that was never used reads what it has not set up
+        scalable_allocation_command(TBBMALLOC_CLEAN_ALL_BUFFERS, nullptr);
+    }
     return largeBlockPool().releaseAll();
 }
 

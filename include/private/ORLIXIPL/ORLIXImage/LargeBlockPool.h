@@ -37,6 +37,10 @@ public:
     void setLimit(unsigned long bytes) noexcept;
     unsigned long releaseAll() noexcept; ///< bytes given back to the system
 
+    /// Around a fork, so that the child finds the lock free and the list whole, whichever thread of its parent held it.
+    void holdForFork() { m_mutex.lock(); }
+    void releaseAfterFork() { m_mutex.unlock(); }
+
 private:
     struct Block
     {
