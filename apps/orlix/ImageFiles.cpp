@@ -24,11 +24,10 @@ image::io::ProgressFunction watch(const char* phase, CommandContext& context)
 
 ImagePtr readInput(const std::string& file, CommandContext& context)
 {
+    const NothingToTidyUp nothing;
     image::io::ReadOptions options;
     options.progress = watch("read", context);
-    ImagePtr image = image::io::readImage(file, options);
-    throwIfInterrupted();
-    return image;
+    return image::io::readImage(file, options);
 }
 
 void writeOutput(const std::string& file, const ImageConstPtr& image, image::io::WriteOptions options,

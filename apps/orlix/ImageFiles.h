@@ -10,7 +10,8 @@
 
 namespace orlix::cli {
 
-/// Throws ORLIXImageIOException, or Interrupted at the next plan after a signal.
+/// Throws ORLIXImageIOException, or Interrupted after an earlier signal. One that comes in the meantime ends the
+/// program.
 ImagePtr readInput(const std::string& file, CommandContext& context);
 
 /// The same errors, and CommandException for an element type that the format can't hold. Whatever they are, `file` is

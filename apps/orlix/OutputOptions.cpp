@@ -61,6 +61,9 @@ std::string namesOfTypes(const eImageFileFormat& format)
 void addFormatOptions(OptionList& list, FormatOptions& options)
 {
     image::io::WriteOptions& write = options.write;
+    list.addFlag(
+        "--no-sync", [&write] { write.bSync = false; },
+        "Don't wait until the new file is on the disk before it\nreplaces the old one");
     markTiffOption(addChoice(list, "--compression", write.compression,
                              {{"none", eTiffCompression::eNone},
                               {"packbits", eTiffCompression::ePackBits},
