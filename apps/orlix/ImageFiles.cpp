@@ -34,11 +34,10 @@ void checkFileName(const std::string& file)
 ImagePtr readInput(const std::string& file, CommandContext& context)
 {
     checkFileName(file);
+    const NothingToTidyUp nothing;
     image::io::ReadOptions options;
     options.progress = watch("read", context);
-    ImagePtr image = image::io::readImage(file, options);
-    throwIfInterrupted();
-    return image;
+    return image::io::readImage(file, options);
 }
 
 void writeOutput(const std::string& file, const ImageConstPtr& image, image::io::WriteOptions options,

@@ -13,7 +13,8 @@ namespace orlix::cli {
 /// Throws CommandException for an empty name, which messages about the file could not show.
 void checkFileName(const std::string& file);
 
-/// Throws CommandException for an empty name, ORLIXImageIOException, or Interrupted at the next plan after a signal.
+/// Throws CommandException for an empty name, ORLIXImageIOException, or Interrupted after an earlier signal. One that
+/// comes in the meantime ends the program.
 ImagePtr readInput(const std::string& file, CommandContext& context);
 
 /// The same errors, also for an element type that the format can't hold. Whatever they are, `file` is

@@ -5,6 +5,7 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <atomic>
 #include <csignal>
 
@@ -16,8 +17,25 @@ namespace {
 std::atomic<const std::string*> g_line{nullptr};
 std::atomic<int> g_nbWorks{0};
 std::atomic<bool> g_bInterrupted{false};
+std::atomic<std::size_t> g_lengthToWipe{0};
 static_assert(std::atomic<const std::string*>::is_always_lock_free && std::atomic<int>::is_always_lock_free &&
               std::atomic<bool>::is_always_lock_free);
+
+void print(const char* text, std::size_t length)
+{
+    [[maybe_unused]] const long ignored = ::write(STDERR_FILENO, text, length);
+}
+
+void wipeLine(std::size_t length)
+{
+    constexpr char g_blanks[] = "                                ";
+    constexpr std::size_t g_nbBlanks = sizeof g_blanks - 1;
+    print("\r", 1);
+    for (std::size_t left = length; left > 0; left -= std::min(left, g_nbBlanks)) {
+        print(g_blanks, std::min(left, g_nbBlanks));
+    }
+    print("\r", 1);
+}
 
 extern "C" void obeySignal(int)
 {
@@ -25,8 +43,11 @@ extern "C" void obeySignal(int)
         g_bInterrupted.store(true);
         return;
     }
+    if (const std::size_t length = g_lengthToWipe.load(); length > 0) {
+        wipeLine(length);
+    }
     const std::string& line = *g_line.load();
-    [[maybe_unused]] const long ignored = ::write(STDERR_FILENO, line.data(), line.size());
+    print(line.data(), line.size());
     ::_exit(eExitCode::eInterrupted);
 }
 
@@ -69,6 +90,24 @@ InterruptibleWork::InterruptibleWork() noexcept
 InterruptibleWork::~InterruptibleWork()
 {
     g_nbWorks.fetch_sub(1);
+}
+
+NothingToTidyUp::NothingToTidyUp() : m_nbWorks(g_nbWorks.exchange(0))
+{
+    if (isInterrupted()) {
+        g_nbWorks.fetch_add(m_nbWorks); // the destructor won't
+        throw Interrupted();
+    }
+}
+
+NothingToTidyUp::~NothingToTidyUp()
+{
+    g_nbWorks.fetch_add(m_nbWorks);
+}
+
+void setLineToWipe(std::size_t length) noexcept
+{
+    g_lengthToWipe.store(length);
 }
 
 } // namespace orlix::cli

@@ -1,6 +1,7 @@
 // Ctrl-C and its kin.
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 namespace orlix::cli {
@@ -29,5 +30,22 @@ public:
     InterruptibleWork(const InterruptibleWork&) = delete;
     InterruptibleWork& operator=(const InterruptibleWork&) = delete;
 };
+
+/// Lives where there is nothing to tidy up within an InterruptibleWork, while files are read for example: a signal ends
+/// the program at once, whatever it is in the middle of. Throws Interrupted where a signal came before.
+class NothingToTidyUp
+{
+public:
+    NothingToTidyUp();
+    ~NothingToTidyUp();
+    NothingToTidyUp(const NothingToTidyUp&) = delete;
+    NothingToTidyUp& operator=(const NothingToTidyUp&) = delete;
+
+private:
+    int m_nbWorks;
+};
+
+/// So many characters of a line on the standard error stream are wiped before a signal ends the program at once.
+void setLineToWipe(std::size_t length) noexcept;
 
 } // namespace orlix::cli

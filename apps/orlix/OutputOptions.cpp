@@ -88,6 +88,9 @@ void checkCompression(const eTiffCompression& compression)
 void addFormatOptions(OptionList& list, FormatOptions& options)
 {
     image::io::WriteOptions& write = options.write;
+    list.addFlag(
+        "--no-sync", [&write] { write.bSync = false; },
+        "Don't wait until the new file is on the disk before it\nreplaces the old one");
     markTiffOption(
         addChoice(list, "--compression", write.compression, g_compressions, "Lossless compression; default: none"),
         options);

@@ -1,6 +1,8 @@
 // The line on a terminal that shows how far long work is.
 #include "ProgressLine.h"
 
+#include "Interruption.h"
+
 #include <algorithm>
 #include <iostream>
 
@@ -43,6 +45,7 @@ void ProgressLine::draw()
                        std::to_string(m_percent) + " %";
     const std::size_t length = text.size();
     text.resize(std::max(length, m_length), ' '); // over what is left of a longer line
+    setLineToWipe(text.size());
     std::cerr << '\r' << text << std::flush;
     m_length = length;
     m_drawn = Clock::now();
@@ -53,6 +56,7 @@ void ProgressLine::wipe()
     if (m_length != 0) {
         std::cerr << '\r' << std::string(m_length, ' ') << '\r' << std::flush;
         m_length = 0;
+        setLineToWipe(0);
     }
 }
 
