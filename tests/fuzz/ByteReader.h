@@ -1,6 +1,7 @@
 // Numbers out of the bytes of a fuzz input.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstring>
 
@@ -20,12 +21,11 @@ public:
     template <class T>
     T bits()
     {
-        unsigned char bytes[sizeof(T)];
-        for (unsigned char& each : bytes) {
-            each = byte();
-        }
-        T value;
-        std::memcpy(&value, bytes, sizeof(T));
+        T value = 0;
+        const std::size_t nbBytes = std::min(sizeof(T), m_nbLeft);
+        std::memcpy(&value, m_next, nbBytes);
+        m_next += nbBytes;
+        m_nbLeft -= nbBytes;
         return value;
     }
     /// A number that operators see often: whole, halved, at the edges of types; or any bits.
