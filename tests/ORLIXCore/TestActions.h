@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <atomic>
 #include <functional>
+#include <mutex>
 #include <string>
 #include <utility>
 #include <vector>
@@ -38,14 +39,21 @@ public:
 protected:
     ProcessingResult<bool> runDerived() override
     {
-        m_hooks.push_back("run");
+        note("run");
         return m_work(accessContext());
     }
-    void cleanOnErrorDerived() override { m_hooks.push_back("cleanOnError"); }
-    void globalCleanDerived() override { m_hooks.push_back("globalClean"); }
-    void requestCancellationdDerived() override { m_hooks.push_back("requestCancellation"); }
+    void cleanOnErrorDerived() override { note("cleanOnError"); }
+    void globalCleanDerived() override { note("globalClean"); }
+    void requestCancellationdDerived() override { note("requestCancellation"); }
 
 private:
+    void note(const char* hook)
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex); // a cancellation comes from another thread
+        m_hooks.push_back(hook);
+    }
+
+    std::mutex m_mutex;
     Work m_work;
 };
 

@@ -25,7 +25,8 @@ boost::shared_ptr<PostedRun> PostedRuns::add(const boost::shared_ptr<BaseAction>
 {
     endRunsWithProcess();
     const auto run = boost::make_shared<PostedRun>();
-    run->library.keepThatOf(typeid(*action));
+    const BaseAction& derived = *action;
+    run->library.keepThatOf(typeid(derived));
     const std::lock_guard<std::mutex> lock(m_mutex);
     if (m_bEnded) {
         return {};
