@@ -20,6 +20,7 @@ using image::io::eByteOrder;
 using image::io::eChannelLayout;
 using image::io::eImageFileFormat;
 using image::io::eTiffCompression;
+using image::io::eTiffDescription;
 
 constexpr const char* g_group = "TIFF output";
 constexpr unsigned long g_largestTile = 65520;
@@ -116,6 +117,11 @@ void addFormatOptions(OptionList& list, FormatOptions& options)
     markTiffOption(addChoice(list, "--byte-order", write.byteOrder,
                              {{"little", eByteOrder::eLittleEndian}, {"big", eByteOrder::eBigEndian}},
                              "Byte order; default: little"),
+                   options);
+    markTiffOption(addChoice(list, "--format", write.description,
+                             {{"ome", eTiffDescription::eOme}, {"imagej", eTiffDescription::eImageJ}},
+                             "How axes and calibration are told: OME-XML, or the description\n"
+                             "that plain ImageJ reads; default: ome"),
                    options);
     markTiffOption(list.addFlag(
                        "--big-tiff", [&write] { write.bigTiff = eBigTiff::eAlways; },

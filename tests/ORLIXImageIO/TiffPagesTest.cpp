@@ -184,6 +184,25 @@ TEST(ImageJTest, RawStacksFollowOnePage)
     }
 }
 
+// Signed samples of 16 bits, as ImageJ keeps them: unsigned, with a line from -32768 on through them.
+TEST(ImageJTest, LinesThroughUnsignedSamplesGiveSignedOnes)
+{
+    const auto firstOf = [](const std::string& lines, unsigned rawPlans) {
+        const ImagePtr image = imageOf({.description = "ImageJ=1.53c\nimages=2\n" + lines,
+                                        .pages = rawPlans == 0 ? 2u : 1u,
+                                        .rawPlans = rawPlans});
+        EXPECT_EQ(eImageBufferType::Int16, image->getBufferType());
+        return valueAt(*image, {1, 1, 1, 0, 0});
+    };
+    const std::string line = "cf=0\nc0=-32768.0\nc1=1.0\nvunit=Gray Value\n";
+    EXPECT_EQ(104 - 32768, firstOf(line, 0));
+    EXPECT_EQ(104 - 32768, firstOf(line, 1));
+    for (const std::string other :
+         {"cf=0\nc0=-32768.0\nc1=2.0\n", "cf=0\nc0=1\nc1=1.0\n", "cf=1\nc0=-32768\nc1=1\n", "cf=0\nc1=1.0\n"}) {
+        EXPECT_EQ(eImageBufferType::UInt16, imageOf({.description = "ImageJ=1.53c\n" + other})->getBufferType());
+    }
+}
+
 TEST(ImageJTest, ContradictionsAreRefused)
 {
     const auto failure = [](const std::string& lines, unsigned pages, unsigned rawPlans = 0) {

@@ -121,6 +121,9 @@ TEST_F(CopyTest, OptionsShapeTheTiffFile)
     EXPECT_TRUE(check({"--big-tiff"}).bBigTiff);
     EXPECT_FALSE(check({"--byte-order", "little"}).bBigEndian);
     EXPECT_TRUE(check({"--byte-order", "big"}).bBigEndian);
+    EXPECT_EQ(check({}).metadata, "OME-XML");
+    EXPECT_EQ(check({"--format", "ome"}).metadata, "OME-XML");
+    EXPECT_EQ(check({"--format", "imagej"}).metadata, "ImageJ");
     const std::string plain = check({}).compression;
     std::set<std::string> compressions{plain};
     for (const char* name : {"packbits", "lzw", "deflate", "zstd", "LZMA"}) {

@@ -41,27 +41,58 @@ void packRow(const std::byte* from, unsigned long count, unsigned long elementBy
     }
 }
 
-} // namespace
-
-unsigned long packedRowBytes(const eImageBufferType& type, unsigned long width, unsigned long samples)
+void packMask(const std::byte* from, unsigned long count, std::byte* to)
 {
-    return type == eImageBufferType::eBufferBinary ? (width + 7) / 8 : width * samples * elementSize(type);
+    std::transform(from, from + count, to, [](std::byte b) { return std::byte(b != std::byte(0) ? 255 : 0); });
 }
 
-void packBlock(const BaseImage& image, const PageBlock& block, std::byte* target, unsigned long rowBytes)
+} // namespace
+
+bool isCopied(const eImageBufferType& type, const eSamplePacking& packing)
 {
-    const unsigned long elementBytes = elementSize(image.getBufferType());
+    return type != eImageBufferType::eBufferBinary &&
+           (type != eImageBufferType::Int16 || packing == eSamplePacking::eAsTheyAre);
+}
+
+unsigned long packedRowBytes(const eImageBufferType& type, unsigned long width, unsigned long samples,
+                             const eSamplePacking& packing)
+{
+    return type == eImageBufferType::eBufferBinary && packing == eSamplePacking::eAsTheyAre
+               ? (width + 7) / 8
+               : width * samples * elementSize(type);
+}
+
+void packBlock(const BaseImage& image, const PageBlock& block, std::byte* target, unsigned long rowBytes,
+               const eSamplePacking& packing)
+{
+    const eImageBufferType& type = image.getBufferType();
+    const unsigned long elementBytes = elementSize(type);
     for (unsigned long line = 0; line < block.height; ++line) {
         for (unsigned long sample = 0; sample < block.samples; ++sample) {
             const std::byte* const from =
                 image.accessRow(block.y + line, block.z, block.c + sample, block.t) + block.x * elementBytes;
             std::byte* const to = target + line * rowBytes + sample * elementBytes;
-            if (image.getBufferType() == eImageBufferType::eBufferBinary) {
+            if (type != eImageBufferType::eBufferBinary) {
+                packRow(from, block.width, elementBytes, block.samples, to);
+            } else if (packing == eSamplePacking::eAsTheyAre) {
                 packBits(from, block.width, to);
             } else {
-                packRow(from, block.width, elementBytes, block.samples, to);
+                packMask(from, block.width, to);
             }
         }
+        if (type == eImageBufferType::Int16 && packing == eSamplePacking::eForImageJ) {
+            shiftSign16(target + line * rowBytes, block.width * block.samples * elementBytes);
+        }
+    }
+}
+
+void shiftSign16(std::byte* first, unsigned long bytes)
+{
+    for (unsigned long i = 0; i < bytes; i += sizeof(std::uint16_t)) {
+        std::uint16_t value = 0;
+        std::memcpy(&value, first + i, sizeof value);
+        value ^= 0x8000;
+        std::memcpy(first + i, &value, sizeof value);
     }
 }
 

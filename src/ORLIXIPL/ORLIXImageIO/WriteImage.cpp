@@ -5,6 +5,7 @@
 #include "ORLIXIPL/ORLIXImageIO/File/TemporaryFile.h"
 #include "ORLIXIPL/ORLIXImageIO/Logger/ORLIXImageIOLogMessages.h"
 #include "ORLIXIPL/ORLIXImageIO/Png/PngWriter.h"
+#include "ORLIXIPL/ORLIXImageIO/Tiff/ImageJStackWriter.h"
 #include "ORLIXIPL/ORLIXImageIO/Tiff/TiffWriter.h"
 
 #include <new>
@@ -49,7 +50,9 @@ void writeTiff(const boost::filesystem::path& file, const BaseImage& image, cons
 {
     const TiffLayout layout = tiffLayoutOf(image, options, file.string());
     TemporaryFile temporary(file);
-    {
+    if (layout.bImageJ && layout.compression == COMPRESSION_NONE) {
+        ImageJStackWriter(temporary, image, layout, options.progress).write();
+    } else {
         TiffWriter writer(temporary, image, layout, options.progress);
         writer.write();
     }

@@ -16,7 +16,7 @@ namespace orlix::image::io {
 /// shapes   TIFF: any sizes above 0. PNG: one plan, one time step, 1 to 4 channels (grey, grey and alpha, RGB, RGB and
 ///          alpha) of UInt8, UInt16, their Like types or Binary, Binary with 1 channel only.
 /// keeps    axes, element type (Like types and Binary too) and calibration, as OME-XML; Binary takes one bit a pixel
-///          and counts every value but 0 as 1.
+///          and counts every value but 0 as 1. What ImageJ's description keeps stands at `eTiffDescription`.
 /// errors   ORLIXImageIOException: null image, an axis of size 0, several element types, pixels that are not in host
 ///          memory, an unknown ending, a shape that the format can't hold, the folder or `file` not writable, the disk
 ///          full, stopped by `progress`.

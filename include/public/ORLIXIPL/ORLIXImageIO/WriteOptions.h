@@ -34,6 +34,24 @@ struct eChannelLayout
     ORLIX_ENUMERATION(eChannelLayout, eAuto);
 };
 
+/// In which description a TIFF file tells axes and calibration. OME-XML holds all that an image knows. ImageJ's own is
+/// for plain ImageJ, which takes a file with any other for a plain stack.
+///
+/// types       UInt8, UInt16 and Real32 stay as they are, Like types become their plain ones. Int16 becomes unsigned
+///             samples that are higher by 32768, with the line through them that ImageJ takes for signed values, and
+///             comes back. Binary becomes bytes of 0 and 255, which come back as UInt8. Other types are refused.
+/// axes        Channels run fastest, then z, then t. That one plan is a volume, or one step a sequence, is lost.
+/// calibration Pixel sizes from 2.5e-10 to 1e9 of the unit; others above 0 are refused. Origin and rotation are lost.
+///             A calibration in 2d of several plans comes back in 3d, with a size of 1 along z.
+/// options     Tiles, 64-bit offsets, Zstd, LZMA and samples of a pixel other than 3 of UInt8 are refused; predictors
+///             are not used. Without compression a file may pass 4 GiB: it has one directory then, as ImageJ itself
+///             writes it.
+struct eTiffDescription
+{
+    enum domain { eOme = 0, eImageJ = 1 };
+    ORLIX_ENUMERATION(eTiffDescription, eOme);
+};
+
 /// All but `bSync` and `progress` is for TIFF; PNG has no such choice.
 struct WriteOptions
 {
@@ -44,6 +62,7 @@ struct WriteOptions
     eBigTiff bigTiff;
     eByteOrder byteOrder;
     eChannelLayout channelLayout;
+    eTiffDescription description;
     /// Wait until the new file is on the disk before it takes the old one's place. Without, a power cut soon after can
     /// leave neither.
     bool bSync = true;

@@ -114,6 +114,13 @@ CalibrationPtr calibrationFrom(const Lines& lines, const Resolution& resolution,
                          b3d && factors.z ? std::optional(converted(sizeZ, *factors.z)) : std::nullopt);
 }
 
+// A line through the values, c0 + c1 * v, is ImageJ's way to keep signed samples of 16 bits.
+bool isSignShifted(const Lines& lines, const eImageBufferType& type)
+{
+    return type == eImageBufferType::UInt16 && valueOf(lines, "cf") == "0" &&
+           numberFrom<double>(valueOf(lines, "c0")) == -32768. && numberFrom<double>(valueOf(lines, "c1")) == 1.;
+}
+
 // Page i of c, z, t with c fastest.
 std::vector<PagePlace> placesOf(unsigned long sizeC, unsigned long sizeZ, unsigned long sizeT, unsigned long perPage)
 {
@@ -158,7 +165,8 @@ ImageMetadata metadataOfImageJ(std::string_view text, const PageFacts& facts, co
 
     ImageMetadata metadata;
     metadata.kind = "ImageJ";
-    metadata.type = facts.type;
+    metadata.bSignShifted = isSignShifted(lines, facts.type);
+    metadata.type = metadata.bSignShifted ? eImageBufferType(eImageBufferType::Int16) : facts.type;
     if (__builtin_mul_overflow(sizeC, facts.channels, &metadata.sizeC)) {
         refuse(facts, "it tells of too many channels (" + std::to_string(sizeC) + ")");
     }

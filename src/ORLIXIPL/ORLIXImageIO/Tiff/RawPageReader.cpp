@@ -3,9 +3,9 @@
 
 #include "ORLIX/ORLIXUtil/Raise.h"
 #include "ORLIXIPL/ORLIXImageIO/ClaimCheck.h"
+#include "ORLIXIPL/ORLIXImageIO/Tiff/ByteSwap.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace orlix::image::io {
 
@@ -16,18 +16,6 @@ constexpr unsigned long g_pieceBytes = 256ul << 10;
 unsigned long rowBytesOf(const TiffPage& page)
 {
     return page.width * page.samples * (page.bits / 8);
-}
-
-template <class T>
-void swapBytes(std::byte* first, unsigned long bytes)
-{
-    for (unsigned long i = 0; i < bytes; i += sizeof(T)) {
-        T value;
-        std::memcpy(&value, first + i, sizeof(T));
-        value = sizeof(T) == 2 ? static_cast<T>(__builtin_bswap16(static_cast<std::uint16_t>(value)))
-                               : static_cast<T>(__builtin_bswap32(value));
-        std::memcpy(first + i, &value, sizeof(T));
-    }
 }
 
 } // namespace
@@ -60,10 +48,8 @@ void RawPageReader::readRows(const TiffPage& page, const PixelForm& form, unsign
         m_tiff.messages().error = "its pixels end early";
         m_tiff.raiseDamaged(place.page);
     }
-    if (TIFFIsByteSwapped(m_tiff) && page.bits == 16) {
-        swapBytes<std::uint16_t>(first, rows * rowBytes);
-    } else if (TIFFIsByteSwapped(m_tiff) && page.bits == 32) {
-        swapBytes<std::uint32_t>(first, rows * rowBytes);
+    if (TIFFIsByteSwapped(m_tiff)) {
+        swapElements(first, rows * rowBytes, page.bits / 8);
     }
     for (unsigned long line = 0; !bStraight && line < rows; ++line) {
         const SampleRow row = {first + line * rowBytes, page.samples, page.bits, page.width};

@@ -4,7 +4,7 @@
 #include "ORLIX/ORLIXUtil/Raise.h"
 #include "ORLIXIPL/ORLIXImageIO/ClaimCheck.h"
 #include "ORLIXIPL/ORLIXImageIO/Logger/ORLIXImageIOLogMessages.h"
-#include "ORLIXIPL/ORLIXImageIO/SamplePacking.h"
+#include "ORLIXIPL/ORLIXImageIO/Tiff/ImageJLayout.h"
 #include "ORLIXIPL/ORLIXImageIO/Tiff/TiffPage.h"
 #include "ORLIXIPL/ORLIXImageIO/WriteImage.h"
 
@@ -53,12 +53,13 @@ std::uint16_t predictorOf(const WriteOptions& options, const eImageBufferType& t
     return PREDICTOR_HORIZONTAL;
 }
 
-unsigned long samplesOf(const BaseImage& image, const eChannelLayout& layout, const std::string& file)
+unsigned long samplesOf(const BaseImage& image, const eChannelLayout& layout, bool bImageJ, const std::string& file)
 {
     const unsigned long channels = image.getSizeC();
     const bool bColour = channels == 3 || channels == 4;
     if (layout == eChannelLayout::eAuto) {
-        return bColour && image.getBufferType() == eImageBufferType::UInt8 ? channels : 1;
+        const bool bHeld = bColour && (!bImageJ || channels == 3);
+        return bHeld && image.getBufferType() == eImageBufferType::UInt8 ? channels : 1;
     }
     if (layout == eChannelLayout::ePages) {
         return 1;
@@ -82,7 +83,8 @@ bool needsBigTiff(const BaseImage& image, const TiffLayout& layout)
     const WideSize blocks =
         WideSize(blocksAlong(image.getSizeX(), layout.blockWidth)) * blocksAlong(image.getSizeY(), layout.blockHeight);
     const WideSize blockBytes =
-        WideSize(packedRowBytes(image.getBufferType(), layout.blockWidth, layout.samples)) * layout.blockHeight;
+        WideSize(packedRowBytes(image.getBufferType(), layout.blockWidth, layout.samples, layout.packing)) *
+        layout.blockHeight;
     const WideSize worst = layout.compression == COMPRESSION_NONE ? blockBytes : blockBytes + blockBytes / 2;
     return pages * (blocks * (worst + 16) + 1024) + (1ul << 20) > 0xffffffffu;
 }
@@ -94,7 +96,8 @@ void chooseBlocks(const BaseImage& image, const WriteOptions& options, TiffLayou
         layout.blockWidth = layout.blockHeight = options.tileSize;
         return;
     }
-    const unsigned long rowBytes = packedRowBytes(image.getBufferType(), image.getSizeX(), layout.samples);
+    const unsigned long rowBytes =
+        packedRowBytes(image.getBufferType(), image.getSizeX(), layout.samples, layout.packing);
     layout.blockWidth = image.getSizeX();
     layout.blockHeight = std::clamp(g_stripBytes / rowBytes, 1ul, image.getSizeY());
 }
@@ -118,6 +121,11 @@ bool isBuiltIn(const eTiffCompression& compression)
     return TIFFIsCODECConfigured(schemeOf(compression)) != 0;
 }
 
+std::uint16_t resolutionUnitOf(const Resolution& resolution)
+{
+    return resolution.unit == "inch" ? RESUNIT_INCH : resolution.unit == "cm" ? RESUNIT_CENTIMETER : RESUNIT_NONE;
+}
+
 TiffLayout tiffLayoutOf(const BaseImage& image, const WriteOptions& options, const std::string& file)
 {
     checkSizes(image, options, file);
@@ -128,14 +136,24 @@ TiffLayout tiffLayoutOf(const BaseImage& image, const WriteOptions& options, con
         raise<eORLIXImageIOMessage>(ORLIX_HERE, eORLIXImageIOMessage::eNoCompression, file,
                                     compressionName(layout.compression));
     }
-    layout.samples = samplesOf(image, options.channelLayout, file);
-    layout.sampleFormat = sampleFormatOf(type);
-    layout.bits = static_cast<std::uint16_t>(type == eImageBufferType::eBufferBinary ? 1 : 8 * elementSize(type));
+    layout.bImageJ = options.description == eTiffDescription::eImageJ;
+    layout.packing = layout.bImageJ ? eSamplePacking::eForImageJ : eSamplePacking::eAsTheyAre;
+    layout.samples = samplesOf(image, options.channelLayout, layout.bImageJ, file);
+    const bool bUnsigned = layout.bImageJ && type == eImageBufferType::Int16;
+    layout.sampleFormat = bUnsigned ? std::uint16_t(SAMPLEFORMAT_UINT) : sampleFormatOf(type);
+    const bool bBits = type == eImageBufferType::eBufferBinary && !layout.bImageJ;
+    layout.bits = static_cast<std::uint16_t>(bBits ? 1 : 8 * elementSize(type));
     layout.bBigEndian = options.byteOrder == eByteOrder::eBigEndian;
     layout.bForeignOrder = layout.bBigEndian != (std::endian::native == std::endian::big);
-    layout.predictor = predictorOf(options, type, layout.bForeignOrder);
+    // ImageJ undoes differences under LZW alone.
+    layout.predictor =
+        layout.bImageJ ? std::uint16_t(PREDICTOR_NONE) : predictorOf(options, type, layout.bForeignOrder);
     chooseBlocks(image, options, layout);
-    layout.bBigTiff = options.bigTiff == eBigTiff::eAlways || needsBigTiff(image, layout);
+    const bool bOneDirectory = layout.bImageJ && layout.compression == COMPRESSION_NONE;
+    layout.bBigTiff = options.bigTiff == eBigTiff::eAlways || (!bOneDirectory && needsBigTiff(image, layout));
+    if (layout.bImageJ) {
+        checkForImageJ(image, options, layout, file);
+    }
     return layout;
 }
 

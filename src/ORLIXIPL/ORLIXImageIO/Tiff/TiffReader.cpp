@@ -5,6 +5,7 @@
 #include "ORLIXIPL/ORLIXImage/ImageFactory.h"
 #include "ORLIXIPL/ORLIXImageIO/Metadata/ImageJMetadata.h"
 #include "ORLIXIPL/ORLIXImageIO/Metadata/OmeMetadata.h"
+#include "ORLIXIPL/ORLIXImageIO/SamplePacking.h"
 #include "ORLIXIPL/ORLIXImageIO/Tiff/RawPageReader.h"
 
 #include <algorithm>
@@ -30,6 +31,20 @@ WideSize samplesBytes(const TiffPage& page)
 {
     const unsigned long rowSamples = page.bSeparate ? page.width : page.width * page.samples;
     return (WideSize(rowSamples) * page.bits + 7) / 8 * page.height * (page.bSeparate ? page.samples : 1);
+}
+
+void shiftSigns(BaseImage& image)
+{
+    const unsigned long rowBytes = image.getSizeX() * elementSize(image.getBufferType());
+    for (unsigned long t = 0; t < image.getSizeT(); ++t) {
+        for (unsigned long c = 0; c < image.getSizeC(); ++c) {
+            for (unsigned long z = 0; z < image.getSizeZ(); ++z) {
+                for (unsigned long y = 0; y < image.getSizeY(); ++y) {
+                    shiftSign16(image.accessRow(y, z, c, t), rowBytes);
+                }
+            }
+        }
+    }
 }
 
 } // namespace
@@ -162,7 +177,6 @@ ImagePtr TiffReader::read(const ProgressFunction& function)
         file.getTiff().setProgress(&progress);
         RawPageReader(file.getTiff(), file.getSource(), progress, *image).readStack(firstPage(), m_form);
         file.getTiff().setProgress(nullptr);
-        return image;
     }
     for (std::span<const PagePlace> rest = m_metadata.places; !rest.empty();) { // file by file
         const auto next =
@@ -170,6 +184,9 @@ ImagePtr TiffReader::read(const ProgressFunction& function)
         const auto count = static_cast<std::size_t>(next - rest.begin());
         readPages(*image, progress, rest.first(count));
         rest = rest.subspan(count);
+    }
+    if (m_metadata.bSignShifted) {
+        shiftSigns(*image);
     }
     return image;
 }

@@ -2,6 +2,7 @@
 #include "ORLIXIPL/ORLIXImageIO/Tiff/TiffWriter.h"
 
 #include "ORLIX/ORLIXUtil/Raise.h"
+#include "ORLIXIPL/ORLIXImageIO/Metadata/ImageJWriter.h"
 #include "ORLIXIPL/ORLIXImageIO/Metadata/LengthUnit.h"
 #include "ORLIXIPL/ORLIXImageIO/Metadata/OmeWriter.h"
 
@@ -30,18 +31,20 @@ TiffWriter::TiffWriter(TemporaryFile& file, const BaseImage& image, const TiffLa
 void TiffWriter::write()
 {
     if (!goesStraight()) {
-        m_scratch.resize(packedRowBytes(m_image.getBufferType(), m_layout.blockWidth, m_layout.samples) *
-                         m_layout.blockHeight);
+        m_scratch.resize(
+            packedRowBytes(m_image.getBufferType(), m_layout.blockWidth, m_layout.samples, m_layout.packing) *
+            m_layout.blockHeight);
     }
+    const unsigned long sizeZ = m_image.getSizeZ(), sizeC = m_image.getSizeC() / m_layout.samples;
     for (unsigned long t = 0; t < m_image.getSizeT(); ++t) {
-        for (unsigned long c = 0; c < m_image.getSizeC(); c += m_layout.samples) {
-            for (unsigned long z = 0; z < m_image.getSizeZ(); ++z) {
-                setFields(z == 0 && c == 0 && t == 0);
-                writePage(z, c, t);
-                check(TIFFWriteDirectory(m_tiff) == 1);
-                m_progress.addPlans(m_layout.samples);
-                check(m_progress.goesOn());
-            }
+        for (unsigned long page = 0; page < sizeZ * sizeC; ++page) { // z fastest, in ImageJ's files c
+            const unsigned long z = m_layout.bImageJ ? page / sizeC : page % sizeZ;
+            const unsigned long c = m_layout.bImageJ ? page % sizeC : page / sizeZ;
+            setFields(page == 0 && t == 0);
+            writePage(z, c * m_layout.samples, t);
+            check(TIFFWriteDirectory(m_tiff) == 1);
+            m_progress.addPlans(m_layout.samples);
+            check(m_progress.goesOn());
         }
     }
     check(TIFFFlush(m_tiff) == 1);
@@ -71,29 +74,34 @@ void TiffWriter::setFields(bool bFirst)
     } else {
         set(TIFFTAG_ROWSPERSTRIP, static_cast<std::uint32_t>(m_layout.blockHeight));
     }
-    setResolution();
+    if (const auto resolution = resolutionToTell()) {
+        set(TIFFTAG_XRESOLUTION, resolution->perUnitX);
+        set(TIFFTAG_YRESOLUTION, resolution->perUnitY);
+        set(TIFFTAG_RESOLUTIONUNIT, resolutionUnitOf(*resolution));
+    }
     if (bFirst) {
-        set(TIFFTAG_IMAGEDESCRIPTION, omeXmlOf(m_image, m_layout.samples, m_layout.bBigEndian).c_str());
+        const std::string description = m_layout.bImageJ ? imageJDescriptionOf(m_image, m_layout.samples)
+                                                         : omeXmlOf(m_image, m_layout.samples, m_layout.bBigEndian);
+        set(TIFFTAG_IMAGEDESCRIPTION, description.c_str());
         set(TIFFTAG_SOFTWARE, "ORLIX");
     }
 }
 
-// For programs that know no OME-XML.
-void TiffWriter::setResolution()
+// Beside OME-XML for programs that don't know it.
+std::optional<Resolution> TiffWriter::resolutionToTell() const
 {
     const auto& calibration = m_image.getGeometricCalibration();
+    if (m_layout.bImageJ) {
+        return imageJResolutionOf(calibration);
+    }
     const auto metres = calibration ? metresIn(calibration->getUnit()) : std::nullopt;
     if (!metres) {
-        return;
+        return std::nullopt;
     }
-    const double perCentimetreX = 0.01 / (calibration->getPixelSizeX() * *metres);
-    const double perCentimetreY = 0.01 / (calibration->getPixelSizeY() * *metres);
+    const Resolution resolution = {0.01 / (calibration->getPixelSizeX() * *metres),
+                                   0.01 / (calibration->getPixelSizeY() * *metres), "cm"};
     const auto fits = [](double value) { return value >= 1e-6 && value <= 4e9; };
-    if (fits(perCentimetreX) && fits(perCentimetreY)) {
-        check(TIFFSetField(m_tiff, TIFFTAG_XRESOLUTION, perCentimetreX) == 1 &&
-              TIFFSetField(m_tiff, TIFFTAG_YRESOLUTION, perCentimetreY) == 1 &&
-              TIFFSetField(m_tiff, TIFFTAG_RESOLUTIONUNIT, RESUNIT_CENTIMETER) == 1);
-    }
+    return fits(resolution.perUnitX) && fits(resolution.perUnitY) ? std::optional(resolution) : std::nullopt;
 }
 
 void TiffWriter::writePage(unsigned long z, unsigned long c, unsigned long t)
@@ -109,7 +117,8 @@ void TiffWriter::writePage(unsigned long z, unsigned long c, unsigned long t)
 
 void TiffWriter::writeBlock(const PageBlock& block)
 {
-    const unsigned long rowBytes = packedRowBytes(m_image.getBufferType(), m_layout.blockWidth, m_layout.samples);
+    const unsigned long rowBytes =
+        packedRowBytes(m_image.getBufferType(), m_layout.blockWidth, m_layout.samples, m_layout.packing);
     const unsigned long rows = m_layout.bTiled ? m_layout.blockHeight : block.height;
     std::byte* source = m_scratch.data();
     if (goesStraight()) {
@@ -118,7 +127,7 @@ void TiffWriter::writeBlock(const PageBlock& block)
         if (m_layout.bTiled && (block.width < m_layout.blockWidth || block.height < m_layout.blockHeight)) {
             std::ranges::fill(m_scratch, std::byte(0));
         }
-        packBlock(m_image, block, source, rowBytes);
+        packBlock(m_image, block, source, rowBytes, m_layout.packing);
     }
     const auto x = static_cast<std::uint32_t>(block.x), y = static_cast<std::uint32_t>(block.y);
     if (!m_layout.bTiled && m_layout.compression != COMPRESSION_NONE) {
@@ -140,8 +149,8 @@ void TiffWriter::writeBlock(const PageBlock& block)
 // image itself.
 bool TiffWriter::goesStraight() const
 {
-    return !m_layout.bTiled && m_layout.samples == 1 && m_layout.bits != 1 && !m_layout.bForeignOrder &&
-           m_layout.predictor == PREDICTOR_NONE &&
+    return !m_layout.bTiled && m_layout.samples == 1 && isCopied(m_image.getBufferType(), m_layout.packing) &&
+           !m_layout.bForeignOrder && m_layout.predictor == PREDICTOR_NONE &&
            m_image.getPixelLayout().rowBytes == m_image.getSizeX() * elementSize(m_image.getBufferType());
 }
 

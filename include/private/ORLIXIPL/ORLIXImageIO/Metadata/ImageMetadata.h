@@ -43,6 +43,7 @@ struct ImageMetadata
     std::string ignoredUnits;        ///< of axes whose unit doesn't convert to that of x: "y in sec, z in nm"
     std::vector<PagePlace> places;   ///< by file and page; empty under `bRawStack`
     unsigned long furtherImages = 0; ///< that the description tells of
+    bool bSignShifted = false;       ///< Int16 lies in the file as unsigned samples that are higher by 32768
     bool bRawStack = false;          ///< plans follow the first page's pixels without directories, c fastest, then z, t
 };
 

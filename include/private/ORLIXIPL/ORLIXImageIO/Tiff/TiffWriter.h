@@ -6,6 +6,7 @@
 #include "ORLIXIPL/ORLIXImageIO/Tiff/TiffHandle.h"
 #include "ORLIXIPL/ORLIXImageIO/Tiff/TiffLayout.h"
 
+#include <optional>
 #include <vector>
 
 namespace orlix::image::io {
@@ -21,7 +22,7 @@ public:
 
 private:
     void setFields(bool bFirst);
-    void setResolution();
+    std::optional<Resolution> resolutionToTell() const;
     void writePage(unsigned long z, unsigned long c, unsigned long t);
     void writeBlock(const PageBlock& block);
     bool goesStraight() const;
