@@ -1,8 +1,8 @@
 // Writing ImageJ's lines of "key=value".
 #include "ORLIXIPL/ORLIXImageIO/Metadata/ImageJWriter.h"
 
+#include "ORLIX/ORLIXUtil/NumberText.h"
 #include "ORLIXIPL/ORLIXImageIO/Metadata/LengthUnit.h"
-#include "ORLIXIPL/ORLIXImageIO/Metadata/TextNumber.h"
 
 #include <algorithm>
 #include <cmath>
@@ -139,7 +139,7 @@ std::string imageJDescriptionOf(const BaseImage& image, unsigned long samples)
     }
     if (images > 1) {
         if (calibration && calibration->is3d() && isPixelSize(calibration->getPixelSizeZ())) {
-            add("spacing", textOf(calibration->getPixelSizeZ()));
+            add("spacing", numberText(calibration->getPixelSizeZ()));
         }
         add("loop", "false");
     }
@@ -147,8 +147,8 @@ std::string imageJDescriptionOf(const BaseImage& image, unsigned long samples)
         const Range range = rangeOf(image);
         const float offset = bSigned ? 32768.f : 0.f;
         if (range.low < range.high) {
-            add("min", textOf(range.low + offset));
-            add("max", textOf(range.high + offset));
+            add("min", numberText(range.low + offset));
+            add("max", numberText(range.high + offset));
         }
     }
     return text;
