@@ -4,6 +4,7 @@
 #include "ORLIXImageIO/TestImages.h"
 #include "ORLIXImageIO/TinyPng.h"
 #include "ORLIXImageIO/TinyTiff.h"
+#include "support/Sanitizers.h"
 
 #include <zlib.h>
 
@@ -181,7 +182,7 @@ class BombTest : public ::testing::TestWithParam<Bomb>
 protected:
     void SetUp() override
     {
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+#if defined(ORLIX_ADDRESS_SANITIZER) || defined(ORLIX_THREAD_SANITIZER)
         GTEST_SKIP() << "a sanitizer takes address space of its own";
 #endif
     }

@@ -1,6 +1,8 @@
 // Every public call survives every allocation that fails: it ends with an error or succeeds, and keeps no memory.
 #include "exhaustion/FailingMemory.h"
 
+#include "support/Sanitizers.h"
+
 #include "ORLIX/ORLIXBaseProcessing/ProcessorFactory.h"
 #include "ORLIX/ORLIXCore/BaseExecutor.h"
 #include "ORLIXIPL/ORLIXIPLUtility/ORLIXIPLUtility.h"
@@ -12,7 +14,7 @@
 
 #include <boost/filesystem.hpp>
 
-#ifdef __SANITIZE_ADDRESS__
+#ifdef ORLIX_ADDRESS_SANITIZER
 #include <sanitizer/lsan_interface.h>
 #endif
 
@@ -313,7 +315,7 @@ void laterCallsSurvive(const Call& call, bool bForGood)
                 return status;
             }
         }
-#ifdef __SANITIZE_ADDRESS__
+#ifdef ORLIX_ADDRESS_SANITIZER
         return __lsan_do_recoverable_leak_check() != 0 ? g_leak : g_survived;
 #else
         return g_survived;

@@ -1,6 +1,8 @@
 // Standing in for the allocator's functions.
 #include "exhaustion/FailingMemory.h"
 
+#include "support/Sanitizers.h"
+
 #include <dlfcn.h>
 #include <sys/mman.h>
 #include <sys/syscall.h>
@@ -93,7 +95,7 @@ using orlix::test::takeByC;
 using orlix::test::takeUnlessRefused;
 
 // Operator new calls the C library's functions beside the ones below, so that each block counts once.
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+#if defined(ORLIX_ADDRESS_SANITIZER) || defined(ORLIX_THREAD_SANITIZER)
 namespace {
 
 void* plainBlock(std::size_t alignment, std::size_t bytes) noexcept
@@ -175,7 +177,7 @@ void operator delete(void* block, std::size_t, std::align_val_t) noexcept
     operator delete(block);
 }
 
-#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
+#if !defined(ORLIX_ADDRESS_SANITIZER) && !defined(ORLIX_THREAD_SANITIZER)
 
 #pragma GCC visibility push(default) // seen by all libraries
 extern "C" {

@@ -3,6 +3,7 @@
 #include "orlix/support/Program.h"
 #include "orlix/support/TemporaryFolder.h"
 #include "orlix/support/TestImages.h"
+#include "support/Sanitizers.h"
 
 #include "ORLIX/ORLIXCore/BaseExecutor.h"
 
@@ -219,7 +220,7 @@ TEST(ArgumentsTest, FullStandardOutputIsAFailure)
 /// An instruction set that the processor lacks: on an emulated processor that has SSE2 only.
 TEST(ArgumentsTest, MissingInstructionSetIsAFailure)
 {
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+#if defined(ORLIX_ADDRESS_SANITIZER) || defined(ORLIX_THREAD_SANITIZER)
     GTEST_SKIP() << "sanitized programs don't run on the emulator";
 #endif
     const std::string emulator = "/usr/bin/qemu-x86_64";

@@ -3,6 +3,7 @@
 #include "orlix/support/Program.h"
 #include "orlix/support/TemporaryFolder.h"
 #include "orlix/support/TestImages.h"
+#include "support/Sanitizers.h"
 
 #include "ORLIX/ORLIXCore/InstructionSetAvailability.h"
 
@@ -64,7 +65,7 @@ TEST_F(CopyTest, SameFileWhateverThreadsAndInstructionSet)
     const ImagePtr image = makeNoise(*image::geometry3d(eImageBufferType::UInt16, 701, 533, 5));
     copy(image, "out.tif");
     const std::string expected = contentOf(m_folder / "out.tif");
-#ifdef __SANITIZE_THREAD__
+#ifdef ORLIX_THREAD_SANITIZER
     const std::vector<const char*> threads = {"1"};
 #else
     const std::vector<const char*> threads = {"1", "2", "7"};

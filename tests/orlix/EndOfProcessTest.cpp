@@ -1,5 +1,6 @@
 // Programs that end while asynchronous runs are under way.
 #include "orlix/support/Program.h"
+#include "support/Sanitizers.h"
 
 #include <gtest/gtest.h>
 
@@ -11,7 +12,7 @@ class EndOfProcessTest : public ::testing::TestWithParam<const char*>
 
 TEST_P(EndOfProcessTest, IsQuietWhateverIsUnderWay)
 {
-#ifdef __SANITIZE_THREAD__
+#ifdef ORLIX_THREAD_SANITIZER
     const std::vector<std::string> executors = {"plain"}; // it can't see how oneTBB synchronises
 #else
     const std::vector<std::string> executors = {"", "tbb", "plain"};

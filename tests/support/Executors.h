@@ -1,6 +1,7 @@
 // Every kind of executor, by name, and one put in place for a while.
 #pragma once
 
+#include "support/Sanitizers.h"
 #include "support/TestSettings.h"
 
 #include <string>
@@ -10,14 +11,8 @@
 namespace orlix::testing {
 
 /// ThreadSanitizer can't see how oneTBB synchronises, so it is left out under it.
-#if defined(__SANITIZE_THREAD__)
+#ifdef ORLIX_THREAD_SANITIZER
 inline constexpr bool g_bTbbIsVisible = false;
-#elif defined(__has_feature)
-#if __has_feature(thread_sanitizer)
-inline constexpr bool g_bTbbIsVisible = false;
-#else
-inline constexpr bool g_bTbbIsVisible = true;
-#endif
 #else
 inline constexpr bool g_bTbbIsVisible = true;
 #endif

@@ -88,7 +88,8 @@ ProcessingResult<bool> BaseAction::post()
     try {
         posted = PostedRuns::getInstance().add(shared_from_this());
         if (posted) {
-            core::accessExecutor().post([posted] { PostedRuns::getInstance().doIfUnclaimed(*posted); });
+            core::accessExecutor().post(
+                [number = posted->number] { PostedRuns::getInstance().doIfUnclaimed(number); });
             return result;
         }
         result = processEnds();

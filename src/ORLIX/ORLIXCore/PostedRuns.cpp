@@ -32,6 +32,7 @@ boost::shared_ptr<PostedRun> PostedRuns::add(const boost::shared_ptr<BaseAction>
         return {};
     }
     run->action = action;
+    run->number = ++m_lastNumber;
     run->pPrevious = m_pLast;
     (m_pLast == nullptr ? m_pFirst : m_pLast->pNext) = run.get();
     m_pLast = run.get();
@@ -89,15 +90,20 @@ void PostedRuns::doClaimed(PostedRun& run) noexcept
     m_nbUnderWay.notify_all();
 }
 
-void PostedRuns::doIfUnclaimed(PostedRun& run) noexcept
+void PostedRuns::doIfUnclaimed(unsigned long number) noexcept
 {
+    PostedRun* run = nullptr;
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
-        if (!claim(run)) {
+        run = m_pFirst;
+        while (run != nullptr && run->number < number) { // those under way, as a rule: numbers rise along the list
+            run = run->pNext;
+        }
+        if (run == nullptr || run->number != number || !claim(*run)) {
             return;
         }
     }
-    doClaimed(run);
+    doClaimed(*run);
 }
 
 void PostedRuns::doIfUnclaimed(BaseAction& action) noexcept

@@ -1,6 +1,8 @@
 // The built program, run as a shell would, without one.
 #include "orlix/support/Program.h"
 
+#include "support/Sanitizers.h"
+
 #include <fcntl.h>
 #include <poll.h>
 #include <pty.h>
@@ -50,7 +52,7 @@ void drain(int& descriptor, std::string& text)
 std::vector<std::string> orlixCommand(const std::vector<std::string>& arguments)
 {
     std::vector<std::string> command{ORLIX_PROGRAM};
-#ifdef __SANITIZE_THREAD__ // it can't see how oneTBB synchronises; what follows the verb still counts
+#ifdef ORLIX_THREAD_SANITIZER // it can't see how oneTBB synchronises; what follows the verb still counts
     command.insert(command.end(), {"--threads", "1"});
 #endif
     command.insert(command.end(), arguments.begin(), arguments.end());

@@ -17,6 +17,7 @@ struct PostedRun
     enum class eState { waiting, underWay, over };
 
     boost::shared_ptr<BaseAction> action; ///< kept alive until the run is over
+    unsigned long number = 0;             ///< rises from run to run
     KeptLibrary library;                  ///< the one that the class of the action lies in
     eState state = eState::waiting;
     PostedRun* pNext = nullptr; ///< in the list of those that are not over
@@ -32,8 +33,9 @@ public:
 
     /// Makes `action` a posted one. Null where the process ends.
     boost::shared_ptr<PostedRun> add(const boost::shared_ptr<BaseAction>& action);
-    /// Does the run, unless somebody does it, has done it or dropped it.
-    void doIfUnclaimed(PostedRun& run) noexcept;
+    /// Does the run of that number, unless somebody does it, has done it or dropped it. A number, since an executor that
+    /// ends with tasks in its queue forgets what they hold.
+    void doIfUnclaimed(unsigned long number) noexcept;
     /// The same for the run of an action that is posted.
     void doIfUnclaimed(BaseAction& action) noexcept;
     /// Takes out a run that no executor will ever take up; false where somebody has claimed it.
@@ -66,6 +68,7 @@ private:
     std::mutex m_mutex;
     PostedRun* m_pFirst = nullptr;
     PostedRun* m_pLast = nullptr;
+    unsigned long m_lastNumber = 0;
     bool m_bEnded = false;
     std::atomic<int> m_nbUnderWay{0};
 };
