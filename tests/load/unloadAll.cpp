@@ -9,9 +9,9 @@ namespace {
 
 using orlix::test::check;
 
-void useOnce(const char* file)
+void useOnce(const char* file, int scope)
 {
-    void* const library = ::dlopen(file, RTLD_NOW | RTLD_LOCAL);
+    void* const library = ::dlopen(file, RTLD_NOW | scope);
     if (library == nullptr) {
         check(false, ::dlerror());
         return;
@@ -33,8 +33,8 @@ int main(int argc, char** argv)
         std::fputs("usage: unloadAll <library that uses the operators>\n", stderr);
         return 2;
     }
-    for (int round = 0; round < 3; ++round) {
-        useOnce(argv[1]);
+    for (const int scope : {RTLD_LOCAL, RTLD_GLOBAL, RTLD_LOCAL}) {
+        useOnce(argv[1], scope);
     }
     return orlix::test::g_nbFailures == 0 ? 0 : 1;
 }
