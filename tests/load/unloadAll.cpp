@@ -19,6 +19,7 @@ void useOnce(const char* file, int scope)
     const auto use = reinterpret_cast<bool (*)(unsigned long, unsigned long)>(::dlsym(library, "useOperators"));
     check(use(40, 30), "a use on the loading thread");
     std::thread([&] { check(use(40, 30), "a use on a thread that ends before"); }).join();
+    check(use(3000, 2000), "a use by several threads");
     const auto places = orlix::test::findMapped("libORLIX");
     check(::dlclose(library) == 0, "closing what uses the operators");
     check(!orlix::test::isMapped("libORLIX"), "the libraries are still there after they were unloaded");
