@@ -103,6 +103,25 @@ bool copySmallImage()
     return image::planData<unsigned char>(*imaproc::util::copyImg(source), 0, 0, 0)[7] == 77;
 }
 
+/// Large enough for several threads.
+bool copyLargeImage()
+{
+    using namespace orlix;
+    const ImagePtr source = image::createImage(*image::geometry2d(image::eImageBufferType::UInt8, 3000, 2000));
+    unsigned char* const pixels = image::planData<unsigned char>(*source, 0, 0, 0);
+    for (unsigned long i = 0; i < 3000 * 2000; ++i) {
+        pixels[i] = static_cast<unsigned char>(i % 251);
+    }
+    const ImagePtr copy = imaproc::util::copyImg(source);
+    const unsigned char* const copied = image::planData<unsigned char>(*copy, 0, 0, 0);
+    for (unsigned long i = 0; i < 3000 * 2000; ++i) {
+        if (copied[i] != i % 251) {
+            return false;
+        }
+    }
+    return true;
+}
+
 bool raiseError()
 {
     using namespace orlix;
@@ -124,6 +143,7 @@ int work()
     check(statusOfChild(30, [] { return endOnOpening() && raiseError() ? 6 : 7; }) == 6, "an error opens no file");
     check(countThreads() == 1, "threads after a small image and an error: " + std::to_string(countThreads()));
     check(!orlix::test::isMapped("log4cplus"), "log4cplus is loaded by an error that nobody wants to hear");
+    check(copyLargeImage() && copyLargeImage(), "copying a large image");
     return orlix::test::g_nbFailures == 0 ? 0 : 1;
 }
 

@@ -1,6 +1,6 @@
 #include "ORLIX/ORLIXBaseProcessing/ClassStatics.h"
 
-#include "ORLIX/ORLIXBaseProcessing/ProcessEnd.h"
+#include "ORLIX/ORLIXCore/ProcessEnding.h"
 
 #include <map>
 #include <memory>
@@ -25,7 +25,7 @@ Registry& accessRegistry()
 
 [[gnu::destructor]] void endClassStatics()
 {
-    if (!isProcessEnding()) {
+    if (!core::isProcessEnding()) {
         const std::unique_ptr<std::map<std::string, ClassStatics>> classes(accessRegistry().classes);
         accessRegistry().classes = nullptr;
     }

@@ -1,7 +1,7 @@
 #include "ORLIX/ORLIXBaseProcessing/IdleProcessors.h"
 
 #include "ORLIX/ORLIXBaseProcessing/ClassStatics.h"
-#include "ORLIX/ORLIXBaseProcessing/ProcessEnd.h"
+#include "ORLIX/ORLIXCore/ProcessEnding.h"
 
 #include <map>
 #include <memory>
@@ -59,7 +59,7 @@ void endThread(void* value)
 {
     Registry& registry = accessRegistry();
     const std::lock_guard<std::mutex> lock(registry.mutex);
-    if (isProcessEnding()) {
+    if (core::isProcessEnding()) {
         return;
     }
     if (registry.bKey) {
@@ -75,7 +75,7 @@ ThreadPools& accessThreadPools()
 {
     static thread_local ThreadPools* t_pools = nullptr;
     if (t_pools == nullptr) {
-        watchProcessEnd();
+        core::watchProcessEnd();
         auto pools = std::make_unique<ThreadPools>();
         Registry& registry = accessRegistry();
         const std::lock_guard<std::mutex> lock(registry.mutex);
@@ -105,7 +105,7 @@ void endIdleProcessors() noexcept
 {
     Registry& registry = accessRegistry();
     const std::lock_guard<std::mutex> lock(registry.mutex);
-    if (isProcessEnding()) {
+    if (core::isProcessEnding()) {
         return;
     }
     for (ThreadPools* pools = registry.first; pools != nullptr; pools = pools->next) {

@@ -2,7 +2,7 @@
 
 #include "ORLIX/ORLIXBaseProcessing/Logger/ORLIXBaseProcessingLog.h"
 #include "ORLIX/ORLIXBaseProcessing/Logger/ORLIXBaseProcessingLogMessages.h"
-#include "ORLIX/ORLIXBaseProcessing/ProcessEnd.h"
+#include "ORLIX/ORLIXCore/ProcessEnding.h"
 #include "ORLIX/ORLIXUtil/Logger/BaseLogger.h"
 
 namespace orlix::processor {
@@ -52,7 +52,7 @@ void details::functionRegistration(AlgorithmFunctionSelector& selector, const Ke
 
 void details::unRegisterKernels(AlgorithmFunctionSelector& selector, const KernelTable& table) noexcept
 {
-    if (isProcessEnding()) {
+    if (core::isProcessEnding()) {
         return; // threads may still choose kernels
     }
     for (const KernelRow* row = table.rows; row != table.rows + table.nbRows; ++row) {

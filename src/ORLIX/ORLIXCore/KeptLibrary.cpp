@@ -31,7 +31,12 @@ void KeptLibrary::release() noexcept
 void keepOwnLibraryForGood() noexcept
 {
     static const char g_mark = 0;
-    openAgain(&g_mark, RTLD_NODELETE);
+    keepLibraryForGood(&g_mark);
+}
+
+void keepLibraryForGood(const void* address) noexcept
+{
+    openAgain(address, RTLD_NODELETE);
 }
 
 } // namespace orlix::core

@@ -60,10 +60,24 @@ void endAllForGood()
     PostedRuns::getInstance().endAll(true);
 }
 
+/// Is this library one of those that the program was started with? Asked while it is being loaded: those that the
+/// program loads later don't belong to its own scope by then. The default scope would do for none of this, since it
+/// has in it what was loaded together with whoever asks.
+bool isThereFromStart()
+{
+    void* const program = dlopen(nullptr, RTLD_LAZY);
+    if (program == nullptr) {
+        return false;
+    }
+    const bool bThere = dlsym(program, "_ZN5orlix4core14accessExecutorEv") != nullptr;
+    dlclose(program);
+    return bThere;
+}
+
 /// A library that the program was started with is watched for from the start, whichever thread will run something. One
 /// that is loaded later would be kept for ever by that, so it waits until an asynchronous run starts.
 const bool g_bWatchedFromStart = [] {
-    const bool bFromStart = dlsym(RTLD_DEFAULT, "_ZN5orlix4core14accessExecutorEv") != nullptr;
+    const bool bFromStart = isThereFromStart();
     if (bFromStart) {
         watchMainThread();
     }

@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <exception>
 #include <memory>
 #include <thread>
 
@@ -42,17 +43,26 @@ private:
 /// Elements are handed out in rising order, so that all below a failing one have been started before it.
 void share(unsigned long nbThreads, unsigned long nbElements, const ElementBody& body)
 {
+    watchThreads();
     std::atomic<unsigned long> next{0};
+    const auto work = [&] {
+        for (unsigned long element = next++; element < nbElements; element = next++) {
+            body(element);
+        }
+    };
     const void* const arena = t_arena;
-    tbb::parallel_for(
-        tbb::blocked_range<unsigned long>(0, nbThreads, 1),
-        [&](const tbb::blocked_range<unsigned long>&) {
-            const InsideArena inside(arena);
-            for (unsigned long element = next++; element < nbElements; element = next++) {
-                body(element);
-            }
-        },
-        tbb::simple_partitioner());
+    try {
+        tbb::parallel_for(
+            tbb::blocked_range<unsigned long>(0, nbThreads, 1),
+            [&](const tbb::blocked_range<unsigned long>&) {
+                const InsideArena inside(arena);
+                work();
+            },
+            tbb::simple_partitioner());
+    } catch (const std::exception&) {
+        // oneTBB has found no memory or no thread, since elements throw nothing. What it began has ended.
+    }
+    work();
 }
 
 void shareApart(unsigned long nbThreads, unsigned long nbElements, const ElementBody& body)
@@ -88,10 +98,19 @@ public:
             std::atomic_flag& bPlaceTaken;
             ~Leave() { bPlaceTaken.clear(std::memory_order_release); }
         } const leave{m_bPlaceTaken};
-        m_arena.execute([&] {
-            const InsideArena inside(this);
-            core::shareApart(nbThreads, nbElements, body);
-        });
+        bool bDone = false;
+        try {
+            m_arena.execute([&] {
+                const InsideArena inside(this);
+                core::shareApart(nbThreads, nbElements, body);
+                bDone = true;
+            });
+        } catch (const std::exception&) {
+            // No memory for the arena, or no thread.
+        }
+        if (!bDone) {
+            takeInOrder(nbElements, body);
+        }
     }
 
     template <class TTask>
@@ -107,8 +126,12 @@ private:
     void shareFromOutside(unsigned long nbThreads, unsigned long nbElements, const ElementBody& body)
     {
         const auto elements = boost::make_shared<SharedElements>(nbElements, body);
-        for (unsigned long i = 1; i < std::min(nbThreads, m_nbThreads); ++i) {
-            enqueue([elements] { tbb::this_task_arena::isolate([&] { elements->help(); }); });
+        try {
+            for (unsigned long i = 1; i < std::min(nbThreads, m_nbThreads); ++i) {
+                enqueue([elements] { tbb::this_task_arena::isolate([&] { elements->help(); }); });
+            }
+        } catch (const std::exception&) {
+            // Fewer help, or none. Those that do must find the elements here until they are done.
         }
         elements->doAll();
     }

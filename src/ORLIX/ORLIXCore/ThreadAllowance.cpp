@@ -3,10 +3,13 @@
 #include "ORLIX/ORLIXCore/BaseExecutor.h"
 #include "ORLIX/ORLIXCore/ForkCount.h"
 #include "ORLIX/ORLIXCore/Immortal.h"
+#include "ORLIX/ORLIXCore/KeptLibrary.h"
 #include "ORLIX/ORLIXCore/PostedRuns.h"
+#include "ORLIX/ORLIXCore/ProcessEnding.h"
 
 #include <tbb/global_control.h>
 #include <tbb/info.h>
+#include <tbb/version.h>
 
 #include <algorithm>
 #include <memory>
@@ -76,6 +79,16 @@ Ledger& accessLedger()
     return g_ledger.access();
 }
 
+constinit bool g_bThreads = false; ///< oneTBB may have some
+
+/// This library's own end.
+[[gnu::destructor]] void endThreadsWithLibrary()
+{
+    if (g_bThreads && !isProcessEnding()) {
+        endIdleThreads();
+    }
+}
+
 } // namespace
 
 ThreadAllowance::ThreadAllowance(unsigned long nbThreads) : m_nbThreads(nbThreads)
@@ -99,6 +112,17 @@ void endIdleThreads() noexcept
         tbb::task_scheduler_handle handle{tbb::attach()};
         static_cast<void>(tbb::finalize(handle, std::nothrow));
     }
+}
+
+void watchThreads() noexcept
+{
+    static const bool g_bWatched = [] {
+        watchProcessEnd();
+        keepLibraryForGood(reinterpret_cast<const void*>(&TBB_runtime_interface_version));
+        g_bThreads = true;
+        return true;
+    }();
+    static_cast<void>(g_bWatched);
 }
 
 } // namespace orlix::core

@@ -26,5 +26,7 @@ private:
 /// From now on ORLIXCore and what it links stay until the process ends: threads return through their code even when
 /// all runs are over.
 void keepOwnLibraryForGood() noexcept;
+/// The same for the library that `address` lies in.
+void keepLibraryForGood(const void* address) noexcept;
 
 } // namespace orlix::core

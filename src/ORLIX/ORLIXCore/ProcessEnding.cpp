@@ -1,8 +1,8 @@
-#include "ORLIX/ORLIXBaseProcessing/ProcessEnd.h"
+#include "ORLIX/ORLIXCore/ProcessEnding.h"
 
 #include <atomic>
 
-namespace orlix::processor {
+namespace orlix::core {
 
 namespace {
 
@@ -27,4 +27,4 @@ bool isProcessEnding()
     return g_bEnding;
 }
 
-} // namespace orlix::processor
+} // namespace orlix::core
