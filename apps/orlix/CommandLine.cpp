@@ -233,13 +233,9 @@ int fail(const std::string& message)
 int runCommandLine(int argc, const char* const* argv) noexcept
 {
     try {
-        const std::string interrupted = errorLine(formatMessage<eCommandMessage>(eCommandMessage::eInterrupted));
         try {
-            handleSignals(interrupted);
+            handleSignals(errorLine(formatMessage<eCommandMessage>(eCommandMessage::eInterrupted)));
             return parseAndRun(argc, argv);
-        } catch (const Interrupted&) {
-            std::cerr << interrupted << std::flush;
-            return eExitCode::eInterrupted;
         } catch (const std::bad_alloc&) {
             return fail(formatMessage<eCommandMessage>(eCommandMessage::eNoMemory));
         } catch (const std::exception& error) {

@@ -3,7 +3,6 @@
 
 #include "DescribeImage.h"
 #include "ImageFiles.h"
-#include "Interruption.h"
 
 namespace orlix::cli {
 
@@ -17,12 +16,8 @@ void transformFile(const FileArguments& arguments, CommandContext& context, cons
 {
     const std::string& target = arguments.output.file;
     checkOutput(target, arguments.output.format);
-    ImagePtr out;
-    {
-        const InterruptibleWork interruptible;
-        out = work(readInput(arguments.input, context));
-        writeOutput(target, out, arguments.output.format.write, context);
-    }
+    const ImagePtr out = work(readInput(arguments.input, context));
+    writeOutput(target, out, arguments.output.format.write, context);
     if (context.options.bJson) {
         JsonWriter json(context.out);
         json.beginObject();

@@ -1,8 +1,7 @@
-// Reading inputs and writing outputs of verbs: with progress, and stopped by Ctrl-C.
+// Reading inputs and writing outputs of verbs: with progress.
 #include "ImageFiles.h"
 
 #include "CommandMessages.h"
-#include "Interruption.h"
 #include "OutputOptions.h"
 
 #include "ORLIX/ORLIXUtil/Raise.h"
@@ -16,7 +15,6 @@ namespace {
 image::io::ProgressFunction watch(const char* phase, CommandContext& context)
 {
     return [phase, &context](unsigned long done, unsigned long known) {
-        throwIfInterrupted(); // arrives where the library was called
         context.progress.show(phase, done, known);
         return true;
     };
@@ -34,7 +32,6 @@ void checkFileName(const std::string& file)
 ImagePtr readInput(const std::string& file, CommandContext& context)
 {
     checkFileName(file);
-    const NothingToTidyUp nothing;
     image::io::ReadOptions options;
     options.progress = watch("read", context);
     return image::io::readImage(file, options);

@@ -1,4 +1,4 @@
-// Reading inputs and writing outputs of verbs: with progress, and stopped by Ctrl-C.
+// Reading inputs and writing outputs of verbs: with progress.
 #pragma once
 
 #include "CommandContext.h"
@@ -13,12 +13,11 @@ namespace orlix::cli {
 /// Throws CommandException for an empty name, which messages about the file could not show.
 void checkFileName(const std::string& file);
 
-/// Throws CommandException for an empty name, ORLIXImageIOException, or Interrupted after an earlier signal. One that
-/// comes in the meantime ends the program.
+/// Throws CommandException for an empty name, or ORLIXImageIOException.
 ImagePtr readInput(const std::string& file, CommandContext& context);
 
 /// The same errors, also for an element type that the format can't hold. Whatever they are, `file` is
-/// as it was and no temporary file is left. Within an InterruptibleWork.
+/// as it was and no temporary file is left.
 void writeOutput(const std::string& file, const ImageConstPtr& image, image::io::WriteOptions options,
                  CommandContext& context);
 

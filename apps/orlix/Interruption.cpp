@@ -3,6 +3,8 @@
 
 #include "CommandLine.h"
 
+#include "ORLIX/ORLIXUtil/FileReplacement.h"
+
 #include <unistd.h>
 
 #include <algorithm>
@@ -15,11 +17,10 @@ namespace {
 
 // A signal handler may touch nothing but lock-free atomics.
 std::atomic<const std::string*> g_line{nullptr};
-std::atomic<int> g_nbWorks{0};
-std::atomic<bool> g_bInterrupted{false};
+std::atomic<bool> g_bEnding{false};
 std::atomic<std::size_t> g_lengthToWipe{0};
-static_assert(std::atomic<const std::string*>::is_always_lock_free && std::atomic<int>::is_always_lock_free &&
-              std::atomic<bool>::is_always_lock_free);
+static_assert(std::atomic<const std::string*>::is_always_lock_free && std::atomic<bool>::is_always_lock_free &&
+              std::atomic<std::size_t>::is_always_lock_free);
 
 void print(const char* text, std::size_t length)
 {
@@ -39,10 +40,10 @@ void wipeLine(std::size_t length)
 
 extern "C" void obeySignal(int)
 {
-    if (g_nbWorks.load() != 0) {
-        g_bInterrupted.store(true);
-        return;
+    if (g_bEnding.exchange(true)) {
+        return; // another signal is being obeyed
     }
+    FileReplacement::removeTemporaryFiles(); // first, since a terminal may make the program wait
     if (const std::size_t length = g_lengthToWipe.load(); length > 0) {
         wipeLine(length);
     }
@@ -68,41 +69,6 @@ void handleSignals(const std::string& line)
         ::sigaction(signal, &action, nullptr);
     }
     std::signal(SIGXFSZ, SIG_IGN);
-}
-
-bool isInterrupted() noexcept
-{
-    return g_bInterrupted.load(std::memory_order_relaxed);
-}
-
-void throwIfInterrupted()
-{
-    if (isInterrupted()) {
-        throw Interrupted();
-    }
-}
-
-InterruptibleWork::InterruptibleWork() noexcept
-{
-    g_nbWorks.fetch_add(1);
-}
-
-InterruptibleWork::~InterruptibleWork()
-{
-    g_nbWorks.fetch_sub(1);
-}
-
-NothingToTidyUp::NothingToTidyUp() : m_nbWorks(g_nbWorks.exchange(0))
-{
-    if (isInterrupted()) {
-        g_nbWorks.fetch_add(m_nbWorks); // the destructor won't
-        throw Interrupted();
-    }
-}
-
-NothingToTidyUp::~NothingToTidyUp()
-{
-    g_nbWorks.fetch_add(m_nbWorks);
 }
 
 void setLineToWipe(std::size_t length) noexcept

@@ -1,4 +1,4 @@
-// Running an operator from the command line: with progress, and stopped by Ctrl-C.
+// Running an operator from the command line, with progress.
 #pragma once
 
 #include "CommandContext.h"
@@ -7,8 +7,7 @@
 
 namespace orlix::cli {
 
-/// Runs an initialised processor to its end. Throws what the run throws, or Interrupted at the next strip after a
-/// signal.
+/// Runs an initialised processor to its end. Throws what the run throws.
 void runWatched(const boost::shared_ptr<processor::BaseProcessor>& processor, const char* phase,
                 CommandContext& context);
 

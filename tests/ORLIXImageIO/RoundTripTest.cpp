@@ -236,7 +236,7 @@ TEST(RoundTripTest, ManyPages)
 namespace {
 
 // How a file of so many GiB of zeros begins. The pixels are pages that were never touched, and the write is stopped
-// once it is seen.
+// once the first bytes are in the file: those that were gathered come later.
 std::string startOfFile(unsigned long gibibytes, const eTiffCompression& compression)
 {
     const TestFolder folder;
@@ -255,7 +255,7 @@ std::string startOfFile(unsigned long gibibytes, const eTiffCompression& compres
     options.compression = compression;
     options.progress = [&](unsigned long, unsigned long) {
         start = contentOf(folder / folder.getNames().front()).substr(0, 4);
-        return false;
+        return start.empty();
     };
     EXPECT_TRUE(contains(failureOf([&] { writeImage(folder / "a.tif", image, options); }), "stopped"));
     ::munmap(memory, bytes);

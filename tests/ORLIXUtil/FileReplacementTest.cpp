@@ -7,6 +7,8 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <memory>
+#include <vector>
 
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -83,6 +85,46 @@ TEST_F(FileReplacementFolder, leavesNothingBehindUnlessCommitted)
     }
     EXPECT_EQ(get(file("a")), "old");
     EXPECT_EQ(nbFiles(), 1);
+}
+
+TEST_F(FileReplacementFolder, removesAllTemporaryFilesOfTheProcessAtOnce)
+{
+    put(file("a"), "old");
+    put(file("other.tmp"), "not of this process");
+    FileReplacement a(file("a")), b(file("b")), committed(file("c"));
+    ASSERT_TRUE(committed.open());
+    const std::string formerName = committed.getTemporaryFile();
+    ASSERT_TRUE(committed.commit());
+    put(formerName, "somebody else's by now");
+    ASSERT_TRUE(a.open());
+    ASSERT_TRUE(b.open());
+    EXPECT_EQ(nbFiles(), 6);
+    FileReplacement::removeTemporaryFiles();
+    EXPECT_EQ(nbFiles(), 4);
+    EXPECT_FALSE(fs::exists(a.getTemporaryFile()));
+    EXPECT_FALSE(fs::exists(b.getTemporaryFile()));
+    EXPECT_EQ(get(formerName), "somebody else's by now");
+    EXPECT_FALSE(a.commit());
+    EXPECT_EQ(get(file("a")), "old");
+}
+
+TEST_F(FileReplacementFolder, countsOnlyThoseThatAreOpenAtATime)
+{
+    for (int i = 0; i < 100; ++i) {
+        FileReplacement dropped(file("a"));
+        ASSERT_TRUE(dropped.open());
+        ASSERT_TRUE(dropped.open());
+    }
+    std::vector<std::unique_ptr<FileReplacement>> many;
+    for (int i = 0; i < 33; ++i) {
+        many.push_back(std::make_unique<FileReplacement>(file("a")));
+        ASSERT_TRUE(many.back()->open());
+    }
+    FileReplacement::removeTemporaryFiles();
+    EXPECT_EQ(nbFiles(), 1);
+    ASSERT_TRUE(many.back()->write("new", 3));
+    EXPECT_TRUE(many.back()->commit()); // the one that found no place
+    EXPECT_EQ(get(file("a")), "new");
 }
 
 TEST_F(FileReplacementFolder, keepsPermissions)

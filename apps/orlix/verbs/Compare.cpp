@@ -3,7 +3,6 @@
 #include "DifferencePicture.h"
 #include "DifferenceStatistics.h"
 #include "ImageFiles.h"
-#include "Interruption.h"
 #include "JsonWriter.h"
 #include "PlainText.h"
 #include "RunProcessor.h"
@@ -156,7 +155,6 @@ void runCompare(const CompareArguments& arguments, CommandContext& context)
     if (arguments.picture) {
         checkPicture(*arguments.picture);
     }
-    const InterruptibleWork work;
     const ImagePtr first = readInput(arguments.first, context);
     const ImagePtr second = readInput(arguments.second, context);
     checkComparable(arguments, *first, *second);

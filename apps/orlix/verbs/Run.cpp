@@ -1,7 +1,6 @@
 // orlix run: any processor of the factory, on values and files.
 #include "AttributeFiles.h"
 #include "DescribeAttributes.h"
-#include "Interruption.h"
 #include "NamedProcessor.h"
 #include "RunProcessor.h"
 #include "Verb.h"
@@ -30,12 +29,9 @@ void runNamed(const RunArguments& arguments, CommandContext& context)
         attributes.give(assignment);
     }
     attributes.check(arguments.format);
-    {
-        const InterruptibleWork work;
-        attributes.readImages(context);
-        runWatched(processor, processor->getObjectName().c_str(), context);
-        attributes.writeImages(arguments.format, context);
-    }
+    attributes.readImages(context);
+    runWatched(processor, processor->getObjectName().c_str(), context);
+    attributes.writeImages(arguments.format, context);
     if (!context.options.bJson) {
         attributes.printValues(context.out);
         return;

@@ -3,6 +3,7 @@
 
 #include "ORLIX/ORLIXUtil/FileAttributes.h"
 #include "ORLIX/ORLIXUtil/Logger/ORLIXUtilLogMessages.h"
+#include "ORLIX/ORLIXUtil/TemporaryName.h"
 
 #include <atomic>
 #include <cerrno>
@@ -103,7 +104,9 @@ ProcessingResult<bool> FileReplacement::open()
     const mode_t mode = bExists ? 0600 : 0666;
     std::string temporary;
     do {
+        TemporaryName::forget(m_name);
         temporary = temporaryBeside(m_target);
+        m_name = TemporaryName::add(temporary); // before the file is there, so that no signal comes in between
         m_descriptor = ::open(temporary.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, mode);
     } while (m_descriptor < 0 && errno == EEXIST);
     if (m_descriptor < 0) {
@@ -142,6 +145,7 @@ ProcessingResult<bool> FileReplacement::commit(eSync sync)
         return fail(errno);
     }
     m_temporary.clear();
+    TemporaryName::forget(std::exchange(m_name, nullptr));
     if (sync == eSync::yes) {
         syncFolder(folder.empty() ? "." : folder);
     }
@@ -166,6 +170,12 @@ void FileReplacement::discard() noexcept
         unlink(m_temporary.c_str());
         m_temporary.clear();
     }
+    TemporaryName::forget(std::exchange(m_name, nullptr));
+}
+
+void FileReplacement::removeTemporaryFiles() noexcept
+{
+    TemporaryName::unlinkAll();
 }
 
 } // namespace orlix

@@ -9,6 +9,8 @@
 
 namespace orlix {
 
+struct TemporaryName;
+
 /// Collects the new content in a temporary file beside the target and puts it in the target's place at the end. Until
 /// `commit` has succeeded the target is as it was; a temporary file that wasn't committed is removed. For one thread.
 /// links       A symbolic link stays: the file that it names is replaced, or made where it isn't there. A file with
@@ -42,6 +44,10 @@ public:
     /// Renames the temporary file to the target.
     ProcessingResult<bool> commit(eSync sync = eSync::yes);
 
+    /// Removes the temporary files of all objects of this process, up to 32 at a time, for a process that ends without
+    /// destructors: a signal handler may call it, in any thread. A `commit` that comes later fails.
+    static void removeTemporaryFiles() noexcept;
+
     /// The system's number of what failed last; 0 if nothing did.
     int getSystemError() const { return m_error; }
 
@@ -51,6 +57,7 @@ private:
 
     std::string m_target; ///< links followed
     std::string m_temporary;
+    TemporaryName* m_name = nullptr; ///< where removeTemporaryFiles finds it; null where all places are taken
     int m_descriptor = -1;
     int m_error = 0;
 };
