@@ -11,4 +11,5 @@
 #include "ORLIX/ORLIXCore/Logger/ORLIXCoreLog.h"
 #include "ORLIX/ORLIXCore/Logger/ORLIXCoreLogMessages.h"
 #include "ORLIX/ORLIXCore/ORLIXCoreException.h"
+#include "ORLIX/ORLIXCore/ProcessEnding.h"
 #include "ORLIX/ORLIXCore/RunContext.h"
