@@ -280,6 +280,34 @@ TEST(RoundTripTest, BigTiffWhereCompressedPixelsCouldNeedIt)
     EXPECT_EQ(g_big, startOfFile(3, eTiffCompression::ePackBits));
 }
 
+// A tile far larger than the image would take its memory and its time for nothing.
+TEST(RoundTripTest, TilesAreNoLargerThanTheImage)
+{
+    const TestFolder folder;
+    struct Case
+    {
+        unsigned long sizeX, sizeY, tileSize;
+        std::uint32_t width, height;
+    };
+    for (const Case& one : {Case{20, 40, 4096, 32, 48}, Case{20, 40, 65520, 32, 48}, Case{32, 200, 64, 32, 64},
+                            Case{200, 1, 64, 64, 16}, Case{64, 65, 64, 64, 64}}) {
+        const ImagePtr image = filledImage(*geometry2d(eImageBufferType::UInt8, one.sizeX, one.sizeY), 1);
+        WriteOptions options;
+        options.bTiled = true;
+        options.tileSize = one.tileSize;
+        writeImage(folder / "a.tif", image, options);
+        TIFF* const tiff = TIFFOpen((folder / "a.tif").c_str(), "r");
+        ASSERT_TRUE(tiff);
+        std::uint32_t width = 0, height = 0;
+        TIFFGetField(tiff, TIFFTAG_TILEWIDTH, &width);
+        TIFFGetField(tiff, TIFFTAG_TILELENGTH, &height);
+        TIFFClose(tiff);
+        EXPECT_EQ(one.width, width) << one.sizeX << " " << one.tileSize;
+        EXPECT_EQ(one.height, height) << one.sizeY << " " << one.tileSize;
+        EXPECT_TRUE(areSame(*image, *readImage(folder / "a.tif")));
+    }
+}
+
 // The tags that programs read which know no OME-XML.
 TEST(RoundTripTest, ResolutionsOfBothAxesAreWritten)
 {

@@ -58,7 +58,9 @@ struct WriteOptions
     eTiffCompression compression;
     bool bPredictor = true; ///< store differences of neighbours, under LZW, Deflate and Zstd
     bool bTiled = false;
-    unsigned long tileSize = 256; ///< pixels along each side of a tile; a multiple of 16
+    /// Pixels along each side of a tile, a multiple of 16 up to 65520. Along a side of the image that is shorter a tile
+    /// has the image's pixels, rounded up to a multiple of 16.
+    unsigned long tileSize = 256;
     eBigTiff bigTiff;
     eByteOrder byteOrder;
     eChannelLayout channelLayout;

@@ -17,6 +17,7 @@ namespace {
 
 constexpr unsigned long g_stripBytes = 1ul << 20;
 constexpr unsigned long g_largestSide = 0x7fffffff;
+constexpr unsigned long g_tileUnit = 16; // what the sides of tiles are multiples of
 
 std::uint16_t schemeOf(const eTiffCompression& compression)
 {
@@ -89,11 +90,17 @@ bool needsBigTiff(const BaseImage& image, const TiffLayout& layout)
     return pages * (blocks * (worst + 16) + 1024) + (1ul << 20) > 0xffffffffu;
 }
 
+unsigned long roundedUpToTiles(unsigned long size)
+{
+    return blocksAlong(size, g_tileUnit) * g_tileUnit;
+}
+
 void chooseBlocks(const BaseImage& image, const WriteOptions& options, TiffLayout& layout)
 {
     layout.bTiled = options.bTiled;
     if (layout.bTiled) {
-        layout.blockWidth = layout.blockHeight = options.tileSize;
+        layout.blockWidth = std::min(options.tileSize, roundedUpToTiles(image.getSizeX()));
+        layout.blockHeight = std::min(options.tileSize, roundedUpToTiles(image.getSizeY()));
         return;
     }
     const unsigned long rowBytes =
@@ -109,7 +116,7 @@ void checkSizes(const BaseImage& image, const WriteOptions& options, const std::
         geometry.getNbPlans() > g_largestSide) {
         raise<eORLIXImageIOMessage>(ORLIX_HERE, eORLIXImageIOMessage::eTooLongForTiff, file, geometry.toString());
     }
-    if (options.bTiled && (options.tileSize % 16 != 0 || options.tileSize == 0 || options.tileSize > 65520)) {
+    if (options.bTiled && (options.tileSize % g_tileUnit != 0 || options.tileSize == 0 || options.tileSize > 65520)) {
         raise<eORLIXImageIOMessage>(ORLIX_HERE, eORLIXImageIOMessage::eBadTileSize, file, options.tileSize);
     }
 }
