@@ -7,6 +7,7 @@
 #include "DescribeImage.h"
 #include "ImageFiles.h"
 #include "NearNames.h"
+#include "OutputText.h"
 #include "PlainText.h"
 
 #include "ORLIX/ORLIXUtil/Raise.h"
@@ -171,7 +172,7 @@ void AttributeFiles::writeImages(const FormatOptions& format, CommandContext& co
 void AttributeFiles::printValues(std::ostream& out) const
 {
     for (const auto& attribute : m_processor->getAttributeColl()) {
-        const std::optional<std::string> text = attribute->isOutput() ? attribute->getValueText() : std::nullopt;
+        const std::optional<std::string> text = outputText(*attribute);
         if (text) {
             out << printable(attribute->getObjectName() + ": " + *text) << '\n';
         }
@@ -182,7 +183,7 @@ void AttributeFiles::writeOutputs(JsonWriter& json) const
 {
     json.beginObject();
     for (const auto& attribute : m_processor->getAttributeColl()) {
-        const std::optional<std::string> text = attribute->isOutput() ? attribute->getValueText() : std::nullopt;
+        const std::optional<std::string> text = outputText(*attribute);
         if (text) {
             json.member(attribute->getObjectName(), *text);
         } else if (const auto target = m_targets.find(attribute->getObjectName()); target != m_targets.end()) {

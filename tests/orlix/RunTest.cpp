@@ -153,6 +153,18 @@ TEST_F(RunTest, OutputsThatAreNoImagesArePrinted)
     EXPECT_EQ(document["outputs"]["OutCompareResult"].text.find(found), 0U);
 }
 
+TEST_F(RunTest, ADifferenceThatIsNotThereIsNone)
+{
+    writeInput("in.tif", *image::geometry2d(eImageBufferType::UInt8, 9, 8));
+    const std::string file = m_folder / "in.tif";
+    const std::string same = "{identical: true, nbDifferentPixels: 0, nbComparedPixels: 72, firstDifference: none, "
+                             "firstValue1: none, firstValue2: none}";
+    EXPECT_EQ(runOrlix({"run", "CompareImgLvl1", "InImg1=" + file, "InImg2=" + file}).out,
+              "OutCompareResult: " + same + "\n");
+    const ProgramResult json = runOrlix({"run", "CompareImgLvl1", "InImg1=" + file, "InImg2=" + file, "--json"});
+    EXPECT_EQ(parseJson(json.out)["outputs"]["OutCompareResult"].text, same);
+}
+
 TEST_F(RunTest, JsonTellsTheImagesThatWereWritten)
 {
     writeInput("in.tif", *image::geometry2d(eImageBufferType::Int32, 4, 3));
