@@ -1,6 +1,7 @@
 #include "ORLIX/ORLIXCore/BaseExecutor.h"
 
 #include "ORLIX/ORLIXCore/Immortal.h"
+#include "ORLIX/ORLIXCore/ProcessEnding.h"
 #include "ORLIX/ORLIXCore/ThreadAllowance.h"
 
 #include <atomic>
@@ -27,6 +28,12 @@ public:
         m_current.store(m_owner.get(), std::memory_order_release);
     }
 
+    void end() noexcept
+    {
+        m_current.store(nullptr, std::memory_order_release);
+        m_owner.reset();
+    }
+
     void hold() { m_mutex.lock(); }
     void release() { m_mutex.unlock(); }
 
@@ -41,6 +48,14 @@ ExecutorSetting& accessSetting()
 {
     static Immortal<ExecutorSetting> g_setting;
     return g_setting.access();
+}
+
+/// This library's own end, where it is unloaded: nobody runs anything any more, and nobody else ends the executor.
+[[gnu::destructor]] void endExecutor()
+{
+    if (!isProcessEnding()) {
+        accessSetting().end();
+    }
 }
 
 const bool g_bHeldWhileForking = pthread_atfork([] { accessSetting().hold(); }, [] { accessSetting().release(); },

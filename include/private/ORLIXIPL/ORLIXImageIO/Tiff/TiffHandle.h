@@ -9,6 +9,7 @@
 #include <fcntl.h>
 #include <tiffio.h>
 
+#include <cstdint>
 #include <memory>
 #include <string>
 
@@ -71,6 +72,11 @@ private:
     {
         void operator()(TIFF* tiff) const
         {
+            // Of a strip that was not ended, this codec alone forgets what it holds.
+            std::uint16_t compression = COMPRESSION_NONE;
+            if (TIFFGetField(tiff, TIFFTAG_COMPRESSION, &compression) != 0 && compression == COMPRESSION_PACKBITS) {
+                static_cast<void>(TIFFFlushData(tiff));
+            }
             // It would write a directory that may lack what there was no memory for, and fall over that.
             TIFFSetMode(tiff, O_RDONLY);
             TIFFClose(tiff);
