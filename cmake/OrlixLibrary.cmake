@@ -1,4 +1,4 @@
-# One shared library a layer. Headers are reached through a link tree that holds one layer only, so that a file can
+# One shared library per layer. Headers are reached through a link tree that holds one layer only, so that a file can
 # include nothing but its own layer and what its library links.
 
 include(OrlixInstructionSets)

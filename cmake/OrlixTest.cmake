@@ -1,4 +1,4 @@
-# Test programs: one a library, built from every file of tests/<library>.
+# Test programs: one per library, built from every file of tests/<library>.
 
 find_package(GTest REQUIRED)
 find_package(rapidcheck REQUIRED)
@@ -9,13 +9,14 @@ orlix_add_precompiled(orlix_precompiled_tests HEADERS <gtest/gtest.h> LIBS GTest
 
 set(ORLIX_TEST_SKIPPED 77) # exit status of a test program that can't run here
 
-# orlix_add_tests(<library or program> [DATA] [FRAME] [PER_SET] [LIBS <further targets>])
-# DATA tells the program where sample images are, as ORLIX_TEST_DATA_DIR. FRAME gives it the main of tests/support, which
-# takes the instruction set and the executor from the environment; it is for layers from ORLIXBaseProcessing on. PER_SET,
-# which needs FRAME, runs the program once more for every instruction set, with that set forced; so it does, when asked,
-# with the tests named *LongTest.DISABLED_*, which take minutes. A library whose folder holds no tests has no program.
+# orlix_add_tests(<library or program> [DATA] [FRAME] [OPERATORS] [PER_SET] [LIBS <further targets>])
+# DATA tells the program where its sample files are, tests/<library>/samples, as ORLIX_TEST_DATA_DIR. FRAME gives it the
+# main of tests/support, which takes the instruction set and the executor from the environment; it is for layers from
+# ORLIXBaseProcessing on. OPERATORS, which needs FRAME, gives it the checks of tests/support/PixelwiseTest.h. PER_SET,
+# which needs FRAME, runs the program once more per instruction set, with that set forced; so it does, when asked, with
+# the tests named *LongTest.DISABLED_*, which take minutes. A library whose folder holds no tests has no program.
 function(orlix_add_tests library)
-    cmake_parse_arguments(ARG "DATA;FRAME;PER_SET" "" "LIBS" ${ARGN})
+    cmake_parse_arguments(ARG "DATA;FRAME;OPERATORS;PER_SET" "" "LIBS" ${ARGN})
     set(program "${library}Tests")
     file(GLOB_RECURSE sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/${library}/*.cpp")
     if(NOT sources)
@@ -34,6 +35,10 @@ function(orlix_add_tests library)
         list(APPEND sources "${PROJECT_SOURCE_DIR}/tests/support/main.cpp")
         set(main GTest::gtest)
     endif()
+    if(ARG_OPERATORS)
+        list(APPEND sources "${PROJECT_SOURCE_DIR}/tests/support/PixelwiseImagesTest.cpp"
+            "${PROJECT_SOURCE_DIR}/tests/support/PixelwiseRunsTest.cpp")
+    endif()
     add_executable(${program} ${sources})
     orlix_use_precompiled(${program} orlix_precompiled_tests)
     target_include_directories(${program} PRIVATE
@@ -44,7 +49,7 @@ function(orlix_add_tests library)
         target_compile_options(${program} PRIVATE -Wno-array-bounds -Wno-stringop-overflow) # GCC 12 finds them in std::string's own code at -O1
     endif()
     if(ARG_DATA)
-        target_compile_definitions(${program} PRIVATE ORLIX_TEST_DATA_DIR="${PROJECT_SOURCE_DIR}/../shared/data")
+        target_compile_definitions(${program} PRIVATE ORLIX_TEST_DATA_DIR="${PROJECT_SOURCE_DIR}/tests/${library}/samples")
     endif()
     target_link_libraries(${program} PRIVATE ${ARG_LIBS} ${main} rapidcheck)
     if(TARGET ORLIX::${library})
@@ -55,16 +60,18 @@ function(orlix_add_tests library)
     set(tests ${library})
     if(ARG_PER_SET)
         set(sets plain ${ORLIX_INSTRUCTION_SET_SUFFIXES})
+        set(left_out "*verySet*:*RegisteredProcessor*")
         if(ORLIX_SANITIZE MATCHES "thread") # kernels share nothing between threads, whatever the set
             set(sets plain)
+            set(values "*KernelsTest.*:*ValuesTest.*:*PairsTest.*:*NearLimitTest*:*EverySet*") # what a kernel makes of a value
+            set_property(TEST ${library} APPEND PROPERTY ENVIRONMENT "GTEST_FILTER=-${values}")
+            string(APPEND left_out ":${values}")
         endif()
         foreach(set IN LISTS sets)
             add_test(NAME ${library}.${set} COMMAND ${program})
-            set_property(TEST ${library}.${set} APPEND PROPERTY ENVIRONMENT "ORLIX_TEST_INSTRUCTION_SET=${set}")
-            if(ORLIX_SANITIZE MATCHES "address") # these go through every set by themselves, which takes long and is seen once
-                set_property(TEST ${library}.${set} APPEND PROPERTY ENVIRONMENT
-                    "GTEST_FILTER=-*KernelsTest.*:*ConvertImgValuesTest.*")
-            endif()
+            # Left out is what goes through every set by itself, and what no kernel takes part in: ${library} has it.
+            set_property(TEST ${library}.${set} APPEND PROPERTY ENVIRONMENT "ORLIX_TEST_INSTRUCTION_SET=${set}"
+                "GTEST_FILTER=-${left_out}")
             list(APPEND tests ${library}.${set})
             # Left out of every run but `ctest -C long`: disabled in the program, and known to that configuration alone.
             add_test(NAME ${library}.${set}.long CONFIGURATIONS long
@@ -75,9 +82,6 @@ function(orlix_add_tests library)
     endif()
     if(ORLIX_SANITIZE MATCHES "thread") # it can't see how oneTBB synchronises
         set_property(TEST ${tests} APPEND PROPERTY ENVIRONMENT "ORLIX_TEST_EXECUTOR=threads:4")
-        if(ARG_PER_SET) # what a kernel makes of a value involves no threads
-            set_property(TEST ${tests} APPEND PROPERTY ENVIRONMENT "GTEST_FILTER=-*KernelsTest.*:*ValuesTest.*:*PairsTest.*")
-        endif()
     endif()
     set_tests_properties(${tests} PROPERTIES SKIP_RETURN_CODE ${ORLIX_TEST_SKIPPED} TIMEOUT 300)
 endfunction()

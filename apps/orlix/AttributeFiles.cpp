@@ -183,10 +183,10 @@ void AttributeFiles::writeOutputs(JsonWriter& json) const
 {
     json.beginObject();
     for (const auto& attribute : m_processor->getAttributeColl()) {
-        const std::optional<std::string> text = outputText(*attribute);
-        if (text) {
-            json.member(attribute->getObjectName(), *text);
-        } else if (const auto target = m_targets.find(attribute->getObjectName()); target != m_targets.end()) {
+        if (writeOutputMember(json, *attribute)) {
+            continue;
+        }
+        if (const auto target = m_targets.find(attribute->getObjectName()); target != m_targets.end()) {
             const ImageConstPtr image = dynamic_cast<const BaseImageAttribute&>(*attribute).getImagePtr();
             json.key(attribute->getObjectName());
             json.beginObject();

@@ -6,7 +6,7 @@
 #include "OutputOptions.h"
 
 #include "ORLIX/ORLIXBaseProcessing/BaseProcessor.h"
-#include "ORLIXIPL/ORLIXImageProcessing/ImageAttributes.h"
+#include "ORLIXIPL/ORLIXImageProcessing/BaseImageAttributes.h"
 
 #include <map>
 #include <string>

@@ -78,7 +78,7 @@ std::string describeCalibration(const boost::shared_ptr<const image::GeometricCa
         return "none";
     }
     const std::string unit = printable(calibration->getUnit());
-    std::string text = joined(pixelSizesOf(*calibration), " x ") + " " + unit + " a pixel, origin " +
+    std::string text = joined(pixelSizesOf(*calibration), " x ") + " " + unit + " per pixel, origin " +
                        joined(originOf(*calibration), ", ") + " " + unit;
     const std::array<float, 3> rotation = rotationOf(*calibration);
     if (rotation != std::array<float, 3>{0, 0, 0}) {

@@ -11,7 +11,7 @@ namespace orlix::cli {
 
 /// "x 256, y 256, z 109, c 1, t 1"
 std::string describeAxes(const image::BaseImageGeometry& geometry);
-/// "0.9 x 0.9 x 1.5 mm a pixel, origin 0, 0, 0 mm"; "none" for null.
+/// "0.9 x 0.9 x 1.5 mm per pixel, origin 0, 0, 0 mm"; "none" for null.
 std::string describeCalibration(const boost::shared_ptr<const image::GeometricCalibration>& calibration);
 
 /// Members "size", "type" and "calibration" (null where there is none) of the object that is being written.

@@ -17,7 +17,7 @@ public:
     ProgressLine& operator=(const ProgressLine&) = delete;
 
     /// Work of the name `phase` has finished `done` of `known` parts. `known` may grow; the line never goes back while
-    /// the phase stays the same. Draws the first and the last state of a phase, and others ten times a second.
+    /// the phase stays the same. Draws the first and the last state of a phase, and others ten times per second.
     void show(const std::string& phase, unsigned long done, unsigned long known);
     /// Takes the line off the terminal.
     void wipe();

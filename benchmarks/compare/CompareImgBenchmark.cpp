@@ -1,7 +1,7 @@
 // compareImg on equal images in every mode, beside bare loops that read them, memcmp, OpenCV, and NumPy's way.
 #include "compare/CompareFixture.h"
+#include "support/DataPlace.h"
 #include "support/ForcedSet.h"
-#include "support/MemoryPlace.h"
 #include "support/SetTable.h"
 #include "support/Suite.h"
 #include "support/Table.h"
@@ -35,7 +35,7 @@ void addComparison(Suite& suite, const CompareCase& work, const CompareSize& siz
     const auto fixture = std::make_shared<CompareFixture>(work, size, nbThreads);
     const unsigned long bytes = 2 * size.sizeX * size.sizeY * image::elementSize(work.type);
     const std::string name = nameComparison(work, size, nbThreads);
-    Comparison comparison(name + ": " + bytesToText(bytes) + " read, " + describe(findMemoryPlace(bytes, nbThreads)),
+    Comparison comparison(name + ": " + bytesToText(bytes) + " read, " + describe(findDataPlace(bytes, nbThreads)),
                           nbThreads == 1 ? eClock::eThreadTime : eClock::eWall, bytes);
     comparison.setFixture([fixture] { fixture->setUp(); },
                           [fixture] {

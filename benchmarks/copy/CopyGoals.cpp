@@ -1,7 +1,7 @@
 #include "copy/CopyGoals.h"
 
 #include "copy/CopyCases.h"
-#include "support/MemoryPlace.h"
+#include "support/DataPlace.h"
 #include "support/Suite.h"
 #include "support/Table.h"
 
@@ -39,8 +39,8 @@ void addShare(Table& table, const std::string& goal, double wanted, const std::o
 void addBeyond(Table& table, const Suite& suite, const CopyCase& copyCase, unsigned long nbThreads)
 {
     const std::string goal = std::string(copyCase.size) + ", given output, all threads: of the best loop";
-    const eMemoryPlace place = findMemoryPlace(getCopyBytes(copyCase), nbThreads);
-    if (place != eMemoryPlace::eBeyond) {
+    const eDataPlace place = findDataPlace(getCopyBytes(copyCase), nbThreads);
+    if (place != eDataPlace::eBeyond) {
         table.addRow({goal, "-", "-", std::string("not beyond the cache, but ") + describe(place)});
         return;
     }
@@ -76,7 +76,7 @@ void addNewOutput(Table& table, const Suite& suite, unsigned long nbThreads)
 
 void addCall(Table& table, const Suite& suite)
 {
-    constexpr double wanted = 400e-9;
+    constexpr double wanted = 90e-9;
     const std::string goal = std::string(g_call.size) + ", given output, one thread: the whole call";
     const std::string bound = "at most " + secondsToText(wanted);
     if (const ComparisonResult* result = suite.find(nameComparison(g_call, 1))) {

@@ -2,9 +2,9 @@
 #include "copy/CopyFixture.h"
 #include "copy/CopyGoals.h"
 #include "copy/SmallCall.h"
+#include "support/DataPlace.h"
 #include "support/FlowLimits.h"
 #include "support/ForcedSet.h"
-#include "support/MemoryPlace.h"
 #include "support/Suite.h"
 #include "support/Table.h"
 
@@ -72,7 +72,7 @@ std::string describeComparison(const CopyCase& copyCase, unsigned long nbThreads
 {
     const unsigned long bytes = getCopyBytes(copyCase);
     return std::string("copyImg ") + copyCase.size + ' ' + image::getBufferTypeName(copyCase.type) + ": " +
-           bytesToText(bytes) + " read and written, " + describe(findMemoryPlace(bytes, nbThreads)) + ", " +
+           bytesToText(bytes) + " read and written, " + describe(findDataPlace(bytes, nbThreads)) + ", " +
            (nbThreads == 1 ? "1 thread, processor time" : std::to_string(nbThreads) + " threads");
 }
 

@@ -39,18 +39,16 @@ struct Pair
 
 struct Images
 {
-    Pair whole;   ///< 64x64
-    Pair pixel;   ///< 1x1
-    Pair noLines; ///< 64x0
-    Pair noPlans; ///< 64x64x0
+    Pair whole;    ///< 64x64, which goes straight to level 3
+    Pair pixel;    ///< 1x1
+    Pair twoPlans; ///< 64x32x2, which goes through all levels
 
     void setUp()
     {
         core::setNbThreads(1);
         whole.make(*image::geometry2d(eImageBufferType::UInt8, g_side, g_side));
         pixel.make(*image::geometry2d(eImageBufferType::UInt8, 1, 1));
-        noLines.make(*image::geometry2d(eImageBufferType::UInt8, g_side, 0));
-        noPlans.make(*image::geometry3d(eImageBufferType::UInt8, g_side, g_side, 0));
+        twoPlans.make(*image::geometry3d(eImageBufferType::UInt8, g_side, g_side / 2, 2));
         std::memset(whole.pixels->accessRow(0, 0, 0, 0), 1, g_pixels);
     }
     void tearDown()
@@ -66,9 +64,7 @@ using ImagesPtr = std::shared_ptr<Images>;
 const std::string g_given = "given";
 const std::string g_new = "new";
 const std::string g_pixel = "1x1";
-const std::string g_noLines = "64x0";
-const std::string g_noPlans = "64x64x0";
-const std::string g_inSitu = "in-situ";
+const std::string g_twoPlans = "64x32x2";
 const std::string g_memcpy = "memcpy";
 const std::string g_image = "new-image";
 const std::string g_processor = "new-processor";
@@ -85,9 +81,7 @@ Comparison makeComparison(const ImagesPtr& images)
     addCopy(g_given, &Images::whole);
     comparison.add({g_new, eRole::eOperator, [images] { copyImg(images->whole.input); }});
     addCopy(g_pixel, &Images::pixel);
-    addCopy(g_noLines, &Images::noLines);
-    addCopy(g_noPlans, &Images::noPlans);
-    comparison.add({g_inSitu, eRole::eOperator, [images] { copyImg(images->whole.input, images->whole.pixels); }});
+    addCopy(g_twoPlans, &Images::twoPlans);
     comparison.add({g_memcpy, eRole::ePeer, [images] {
                         std::memcpy(images->whole.output->accessRow(0, 0, 0, 0),
                                     images->whole.input->accessRow(0, 0, 0, 0), g_pixels);
@@ -161,11 +155,9 @@ void printBreakdown(std::ostream& stream, const ComparisonResult& result, const 
     Breakdown breakdown(result, countAllocations(candidates));
     images->tearDown();
     breakdown.add("whole call, given output", g_given);
-    breakdown.add("  level 1: processor, attributes, rule", g_inSitu);
-    breakdown.add("  level 1: dispatcher of plans", g_noPlans, g_inSitu);
-    breakdown.add("  level 2 and its dispatcher of strips", g_noLines, g_noPlans);
-    breakdown.add("  level 3 on one pixel", g_pixel, g_noLines);
+    breakdown.add("  on one pixel", g_pixel);
     breakdown.add("  the pixels", g_given, g_pixel);
+    breakdown.add("the same pixels in two plans", g_twoPlans);
     breakdown.add("whole call, new output", g_new);
     breakdown.add("  beyond the call with a given one", g_new, g_given);
     breakdown.add("for comparison: memcpy of the pixels", g_memcpy);

@@ -1,8 +1,8 @@
 // Erase, threshold and type conversion into given images, beside bare loops over the same bytes and beside OpenCV.
 #include "pixelwise/PixelwiseFixture.h"
+#include "support/DataPlace.h"
 #include "support/FlowLimits.h"
 #include "support/ForcedSet.h"
-#include "support/MemoryPlace.h"
 #include "support/SetTable.h"
 #include "support/Suite.h"
 #include "support/Table.h"
@@ -20,7 +20,7 @@ namespace {
 
 std::string describeComparison(const std::string& name, unsigned long bytes, unsigned long nbThreads)
 {
-    return name + ": " + bytesToText(bytes) + " read and written, " + describe(findMemoryPlace(bytes, nbThreads));
+    return name + ": " + bytesToText(bytes) + " read and written, " + describe(findDataPlace(bytes, nbThreads));
 }
 
 void addComparison(Suite& suite, const PixelwiseCase& work, const PixelwiseSize& size, unsigned long nbThreads)

@@ -25,7 +25,7 @@ struct Step
     {
         Step step;
         if constexpr (nbRead == 0) {
-            step.values[0] = TRegister::zero();
+            step.values[0] = TRegister::filling(); // not 0: some processors store lines of zeros three times as fast
         }
 #pragma GCC unroll 16
         for (std::size_t i = 0; i < nbRead; ++i) {

@@ -6,7 +6,7 @@ namespace {
 struct Register
 {
     using Type = __m512i;
-    static Type zero() { return _mm512_setzero_si512(); }
+    static Type filling() { return _mm512_set1_epi8(0x2A); }
     static Type load(const std::byte* place) { return _mm512_load_si512(reinterpret_cast<const Type*>(place)); }
     static void store(std::byte* place, Type value) { _mm512_store_si512(reinterpret_cast<Type*>(place), value); }
     static void stream(std::byte* place, Type value) { _mm512_stream_si512(reinterpret_cast<Type*>(place), value); }

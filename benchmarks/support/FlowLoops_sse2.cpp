@@ -6,7 +6,7 @@ namespace {
 struct Register
 {
     using Type = __m128i;
-    static Type zero() { return _mm_setzero_si128(); }
+    static Type filling() { return _mm_set1_epi8(0x2A); }
     static Type load(const std::byte* place) { return _mm_load_si128(reinterpret_cast<const Type*>(place)); }
     static void store(std::byte* place, Type value) { _mm_store_si128(reinterpret_cast<Type*>(place), value); }
     static void stream(std::byte* place, Type value) { _mm_stream_si128(reinterpret_cast<Type*>(place), value); }

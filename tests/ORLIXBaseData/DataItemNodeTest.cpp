@@ -98,20 +98,19 @@ TEST(DataItemNode, equalsWhatHasTheSameContent)
 {
     EXPECT_EQ(fullSample(), fullSample());
     EXPECT_FALSE(Sample() == Point());
-    const std::function<void(Sample&)> changes[] = {
-        [](Sample& sample) { sample.bFlag = true; },
-        [](Sample& sample) { sample.small = 0; },
-        [](Sample& sample) { sample.real = 0; },
-        [](Sample& sample) { sample.text += "x"; },
-        [](Sample& sample) { sample.position.y = 0; },
-        [](Sample& sample) { sample.point.access<Point::Y>() = 0; },
-        [](Sample& sample) { sample.shared->access<Point::Y>() = 0; },
-        [](Sample& sample) { sample.shared.reset(); },
-        [](Sample& sample) { sample.values[1] = 0; },
-        [](Sample& sample) { sample.values.pop_back(); },
-        [](Sample& sample) { sample.positions[1].x = 0; },
-        [](Sample& sample) { sample.points[1] = point(0, 0); },
-        [](Sample& sample) { sample.rows[0].push_back(3); }};
+    const std::function<void(Sample&)> changes[] = {[](Sample& sample) { sample.bFlag = true; },
+                                                    [](Sample& sample) { sample.small = 0; },
+                                                    [](Sample& sample) { sample.real = 0; },
+                                                    [](Sample& sample) { sample.text += "x"; },
+                                                    [](Sample& sample) { sample.position.y = 0; },
+                                                    [](Sample& sample) { sample.point.access<Point::Y>() = 0; },
+                                                    [](Sample& sample) { sample.shared->access<Point::Y>() = 0; },
+                                                    [](Sample& sample) { sample.shared.reset(); },
+                                                    [](Sample& sample) { sample.values[1] = 0; },
+                                                    [](Sample& sample) { sample.values.pop_back(); },
+                                                    [](Sample& sample) { sample.positions[1].x = 0; },
+                                                    [](Sample& sample) { sample.points[1] = point(0, 0); },
+                                                    [](Sample& sample) { sample.rows[0].push_back(3); }};
     for (const auto& change : changes) {
         Sample changed = fullSample();
         change(changed);
@@ -183,10 +182,9 @@ TEST(DataItemNode, staysAsItWasWhenReadingFails)
         text.erase(text.find(" crc32"), text.find('>', text.find(" crc32")) - text.find(" crc32"));
         return text;
     };
-    for (const char* line :
-         {"<bool name=\"flag\" value=\"false\" />", "<uint64 name=\"size\" value=\"3\" />",
-          "<int32 name=\"element\" value=\"3\" />", "<real64 name=\"Y\" value=\"10\" />",
-          "<uint32 name=\"version\" value=\"1\" />"}) {
+    for (const char* line : {"<bool name=\"flag\" value=\"false\" />", "<uint64 name=\"size\" value=\"3\" />",
+                             "<int32 name=\"element\" value=\"3\" />", "<real64 name=\"Y\" value=\"10\" />",
+                             "<uint32 name=\"version\" value=\"1\" />"}) {
         Sample target;
         target.text = "untouched";
         const Sample before = target;

@@ -23,14 +23,8 @@ TEST(PlanIndex, isOrderedWithZFastest)
         }
     }
     std::sort(indices.begin(), indices.end());
-    EXPECT_EQ(indices, (std::vector<PlanIndex>{{0, 0, 0},
-                                               {1, 0, 0},
-                                               {0, 1, 0},
-                                               {1, 1, 0},
-                                               {0, 0, 1},
-                                               {1, 0, 1},
-                                               {0, 1, 1},
-                                               {1, 1, 1}}));
+    EXPECT_EQ(indices, (std::vector<PlanIndex>{
+                           {0, 0, 0}, {1, 0, 0}, {0, 1, 0}, {1, 1, 0}, {0, 0, 1}, {1, 0, 1}, {0, 1, 1}, {1, 1, 1}}));
     EXPECT_EQ(PlanIndex(), PlanIndex(0, 0, 0));
     std::ostringstream stream;
     stream << PlanIndex(1, 2, 3);

@@ -28,8 +28,7 @@ struct PointRecord : PointLeaves, DataItemLeaves<PointLeaves::X, PointLeaves::Y>
     static constexpr const char* g_className = "orlix::test::Point";
 };
 class Point final : public DataItemNode<Point, PointRecord>
-{
-};
+{};
 
 /// A record without a class name of its own, as a member of others.
 struct Position
@@ -78,8 +77,7 @@ struct SampleRecord
     }
 };
 class Sample final : public DataItemNode<Sample, SampleRecord>
-{
-};
+{};
 
 inline boost::shared_ptr<Point> point(double x, double y)
 {

@@ -76,7 +76,8 @@ struct ScopedDefault
 TEST(AlgorithmFunctionSelector, TheHighestFigureWinsInAnyOrderOfRegistration)
 {
     const ScopedDefault scope({});
-    for (const auto& order : {std::array{Set::eNone, Set::eSSE2, Set::eAVX512}, {Set::eAVX512, Set::eSSE2, Set::eNone},
+    for (const auto& order : {std::array{Set::eNone, Set::eSSE2, Set::eAVX512},
+                              {Set::eAVX512, Set::eSSE2, Set::eNone},
                               {Set::eSSE2, Set::eAVX512, Set::eNone}}) {
         AlgorithmFunctionSelector selector;
         for (const Set::domain set : order) {

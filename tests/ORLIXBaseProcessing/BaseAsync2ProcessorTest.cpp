@@ -48,9 +48,7 @@ struct Stage
 class TwoStageProcessor final : public Scaffold<TwoStageProcessor, BaseAsync2Processor, TestLibrary, InOptNumber>
 {
 public:
-    static constexpr const char* g_name = "TwoStageProcessor";
-    static constexpr auto g_toolTip = eTestToolTip::eRecorder;
-    [[maybe_unused]] static constexpr const char* g_header = "TwoStageProcessor.h";
+    static constexpr ProcessorText g_text{"TwoStageProcessor", eTestToolTip::eRecorder};
 
     RulePtr createRule() const { return none(); }
     void initOutputInitializers(OutputInitializerMap&) const {}

@@ -129,7 +129,8 @@ TEST(KernelScaffold, ForcedSetsBelongToTheClass)
     EXPECT_EQ(&held->getForcedInstructionSets(), &Held::retrieveForcedInstructionSets());
     EXPECT_EQ(&held->getFunctionSelector(), &Held::retrieveFunctionSelector());
     EXPECT_EQ(&Held::accessFunctionSelector(), &Held::retrieveFunctionSelector());
-    for (const eInstructionSet::domain set : {eInstructionSet::eNone, eInstructionSet::eSSE2, eInstructionSet::eAVX512}) {
+    for (const eInstructionSet::domain set :
+         {eInstructionSet::eNone, eInstructionSet::eSSE2, eInstructionSet::eAVX512}) {
         Held::forceInstructionSets({set});
         EXPECT_EQ(held->run(), "no failure");
         EXPECT_EQ(held->m_set, set);

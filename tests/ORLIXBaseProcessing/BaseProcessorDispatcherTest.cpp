@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <tuple>
 
 namespace orlix::processor::test {
 namespace {
@@ -199,6 +200,19 @@ TEST(DynamicDispatcher, LowerProcessorsAreLessUrgentByOne)
     EXPECT_EQ(action->getPriority().getDepth(), 5u);
 }
 
+TEST(StaticDispatcher, OnlyProcessorsThatSucceededAreUsedAgain)
+{
+    StaticDispatcher dispatcher;
+    EXPECT_EQ(failureOf(dispatcher.init(BasePriority(), numbers(2))), "no failure");
+    for (const bool bSuccess : {false, true}) {
+        boost::shared_ptr<core::BaseAction> action;
+        EXPECT_EQ(failureOf(dispatcher.queryNextAction(core::BaseRequestOrigin(bSuccess), action)), "no failure");
+        const boost::weak_ptr<core::BaseAction> processor = action;
+        dispatcher.notifyDerived(action, bSuccess);
+        EXPECT_EQ(processor.expired(), !bSuccess);
+    }
+}
+
 TEST(StaticDispatcher, ACancelledProviderHasNothingPending)
 {
     StaticDispatcher dispatcher;
@@ -220,9 +234,10 @@ TEST(DataSplit, LocalizationIsOnUntilItIsSwitchedOff)
 TEST(DynamicDispatcher, RefusesCountsThatDifferAndNoCountAtAll)
 {
     DynamicDispatcher dispatcher;
-    EXPECT_EQ(failureOf(dispatcher.init(BasePriority(), lines(10, 1, 1), lines<InMoreLines>(11, 1, 1))),
-              "LowerProcessor: all splits must have the same number of elements, but InLines has 10 and InMoreLines has "
-              "11");
+    EXPECT_EQ(
+        failureOf(dispatcher.init(BasePriority(), lines(10, 1, 1), lines<InMoreLines>(11, 1, 1))),
+        "LowerProcessor: all splits must have the same number of elements, but InLines has 10 and InMoreLines has "
+        "11");
     EXPECT_EQ(failureOf(dispatcher.init(BasePriority(), lines(10, 1, 1, false))),
               "LowerProcessor: there is no split that tells the number of elements: add one for an attribute that is "
               "cut");
@@ -243,8 +258,9 @@ TEST(DynamicDispatcher, ChecksTheClassOfTheLowerProcessor)
 {
     DynamicProcessorDispatcher<OtherProcessor> dispatcher;
     EXPECT_EQ(failureOf(dispatcher.init(BasePriority(), lines(2, 1, 1))), "no failure");
-    EXPECT_EQ(failureOf(core::runOn(*core::makeTbbExecutor(1), dispatcher)),
-              "The split for attribute InLines does not feed processors of class OtherProcessor: make it for that class");
+    EXPECT_EQ(
+        failureOf(core::runOn(*core::makeTbbExecutor(1), dispatcher)),
+        "The split for attribute InLines does not feed processors of class OtherProcessor: make it for that class");
 }
 
 TEST(DynamicDispatcher, ChecksTheClassAgainForOtherSplits)
@@ -286,11 +302,11 @@ TEST(DynamicDispatcher, NoRangeIsLargerThanASplitAllows)
 {
     const auto linesPerElement = [](unsigned long multiple, unsigned long maxLines) {
         DynamicDispatcher dispatcher;
-        EXPECT_EQ(failureOf(dispatcher.init(BasePriority(),
-                                            boost::make_shared<LineSplit<InLines>>(
-                                                RangeDemand{true, 1000, 1, multiple, maxLines}),
-                                            lines<InMoreLines>(1000, 1, 1))),
-                  "no failure");
+        EXPECT_EQ(
+            failureOf(dispatcher.init(
+                BasePriority(), boost::make_shared<LineSplit<InLines>>(RangeDemand{true, 1000, 1, multiple, maxLines}),
+                lines<InMoreLines>(1000, 1, 1))),
+            "no failure");
         return dispatcher.getLinesPerElement();
     };
     EXPECT_EQ(linesPerElement(1, ~0UL), 1000u);
@@ -353,6 +369,49 @@ TEST(DynamicDispatcher, AllSplitsGetTheSameRangesOnEveryExecutor)
     }
 }
 
+TEST(DynamicDispatcher, AHeavierClassGetsLowerStripsAndASecondThreadEarlier)
+{
+    for (const auto& [weight, linesPerElement, cost] :
+         {std::tuple{1U, 80UL, 10000UL}, std::tuple{4U, 20UL, 40000UL}, std::tuple{0U, 80UL, 10000UL},
+          std::tuple{1000U, 2UL, 10000000UL}, std::tuple{~0U, 2UL, 10000UL * ~0U}}) {
+        ProcessorDispatchPolicy policy;
+        policy.initStripBytes(800);
+        policy.initWeight(weight);
+        DynamicDispatcher dispatcher;
+        dispatcher.setDispatchPolicy(policy);
+        EXPECT_EQ(failureOf(dispatcher.init(BasePriority(), lines(1000, 10, 2))), "no failure");
+        EXPECT_EQ(dispatcher.getLinesPerElement(), linesPerElement) << weight;
+        EXPECT_EQ(dispatcher.getCost(), cost) << weight;
+    }
+    StaticDispatcher dispatcher;
+    ProcessorDispatchPolicy policy;
+    policy.initWeight(3);
+    dispatcher.setDispatchPolicy(policy);
+    EXPECT_EQ(failureOf(dispatcher.init(BasePriority(), numbers(5))), "no failure");
+    EXPECT_EQ(dispatcher.getCost(), 3UL << 40);
+    policy.initWeight(1U << 30);
+    dispatcher.setDispatchPolicy(policy);
+    EXPECT_EQ(failureOf(dispatcher.init(BasePriority(), numbers(5))), "no failure");
+    EXPECT_EQ(dispatcher.getCost(), ~0UL) << "a product that 64 bits can't hold";
+}
+
+TEST(DynamicDispatcher, TellsItsSplitsTheRangesBeforeARun)
+{
+    ProcessorDispatchPolicy policy;
+    policy.initStripBytes(70);
+    const auto cut = lines(23, 10, 2);
+    const auto whole = lines<InMoreLines>(0, 0, 1, false);
+    DynamicDispatcher dispatcher;
+    dispatcher.setDispatchPolicy(policy);
+    EXPECT_EQ(failureOf(dispatcher.init(BasePriority(), cut, whole)), "no failure");
+    for (const LineRange& told : {cut->m_ranges, whole->m_ranges}) {
+        EXPECT_EQ(told.start, 23u) << "lines";
+        EXPECT_EQ(told.size, 8u) << "lines per range";
+    }
+    EXPECT_NE(failureOf(dispatcher.init(BasePriority(), lines(23, 10, 2), lines<InMoreLines>(24, 10, 2))),
+              "no failure");
+}
+
 // Whatever is demanded: ranges follow one another, cover all lines once, all but the last are as many lines as the
 // multiple asks, and no more than one multiple beyond what the policy wants.
 RC_GTEST_PROP(DynamicDispatcherProperty, RangesCoverAllLinesOnce, ())
@@ -379,7 +438,8 @@ RC_GTEST_PROP(DynamicDispatcherProperty, RangesCoverAllLinesOnce, ())
         RC_ASSERT(range.size > 0);
         next += range.size;
         RC_ASSERT(next == nbLines || range.size % common == 0);
-        RC_ASSERT(range.size <= common || (range.size - common) * std::max(lineBytes, otherBytes) < policy.getStripBytes());
+        RC_ASSERT(range.size <= common ||
+                  (range.size - common) * std::max(lineBytes, otherBytes) < policy.getStripBytes());
     }
     RC_ASSERT(next == nbLines);
 }

@@ -1,4 +1,5 @@
-// A processor's run: the order of its steps, what a failure leaves out, and what is said of attributes that are missing.
+// A processor's run: the order of its steps, what a failure leaves out, and what is said of attributes that are
+// missing.
 #include "ORLIX/ORLIXBaseProcessing/BaseProcessor.h"
 
 #include "ORLIX/ORLIXBaseProcessing/ORLIXBaseProcessingException.h"
@@ -41,9 +42,8 @@ TEST(BaseProcessor, WithNothingToDispatchTheRunGoesOn)
     const auto processor = makeReady();
     processor->m_bNothingToDo = true;
     executeSyncRun(processor);
-    EXPECT_EQ(processor->takeSteps(),
-              (Steps{"syncInput", "initializer", "rule", "preProcess", "retrieveProvider", "postProcess", "endProcess",
-                     "syncOutput", "clearIntermediateData"}));
+    EXPECT_EQ(processor->takeSteps(), (Steps{"syncInput", "initializer", "rule", "preProcess", "retrieveProvider",
+                                             "postProcess", "endProcess", "syncOutput", "clearIntermediateData"}));
     EXPECT_TRUE(processor->getStorage<OutNumbers>()->empty());
 }
 
@@ -118,8 +118,8 @@ TEST(BaseProcessor, AFailedSynchronousRunThrowsTheStepsMessage)
 
 TEST(BaseProcessor, ExceptionsOfAnyStepArriveUnchangedAndLeaveItUsable)
 {
-    for (const std::string throwing : {"initializer", "rule", "preProcess", "retrieveProvider", "element",
-                                       "postProcess"}) {
+    for (const std::string throwing :
+         {"initializer", "rule", "preProcess", "retrieveProvider", "element", "postProcess"}) {
         SCOPED_TRACE(throwing);
         const auto processor = makeReady();
         processor->accessRecord().throwing = throwing;

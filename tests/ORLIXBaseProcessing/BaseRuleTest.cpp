@@ -35,8 +35,7 @@ boost::shared_ptr<FixedRule> rule(bool bHolds, const std::string& name)
     return boost::make_shared<FixedRule>(bHolds, name);
 }
 
-const std::string g_gone =
-    "An attribute of the rule no longer exists: keep the processor that the rule was made for";
+const std::string g_gone = "An attribute of the rule no longer exists: keep the processor that the rule was made for";
 
 /// The numbers themselves are the collection.
 struct WholeItem
@@ -83,9 +82,9 @@ TEST(BaseRule, IfChoosesByItsConditionWhoseOwnFailureIsNone)
                 const auto otherwise = rule(bOtherwise, "otherwise");
                 const ProcessingResult<bool> result = If(rule(bCondition, "condition"), then, otherwise)->check();
                 EXPECT_EQ(result.getValue(), bCondition ? bThen : bOtherwise);
-                EXPECT_EQ(result.getMessage(), result                ? ""
-                                               : bCondition          ? "then does not hold"
-                                                                     : "otherwise does not hold");
+                EXPECT_EQ(result.getMessage(), result       ? ""
+                                               : bCondition ? "then does not hold"
+                                                            : "otherwise does not hold");
                 EXPECT_EQ(then->m_nbChecks, bCondition ? 1 : 0);
                 EXPECT_EQ(otherwise->m_nbChecks, bCondition ? 0 : 1);
             }
@@ -156,9 +155,11 @@ TEST(AttributeComparison, AllRelationsWithNotANumber)
         {nan, nan, {false, true, false, false, false, false}},
     };
     for (const Operands& operands : table) {
-        [&]<int... types>(std::integer_sequence<int, types...>) {
+        [&]<int... types>(std::integer_sequence<int, types...>)
+        {
             (expectComparison<types>(operands), ...);
-        }(std::make_integer_sequence<int, 6>());
+        }
+        (std::make_integer_sequence<int, 6>());
     }
 }
 
@@ -205,7 +206,8 @@ void expectSizeComparison(unsigned long leftSize, unsigned long rightSize, bool 
 
 TEST(CollSize, AllRelations)
 {
-    for (const auto& [left, right] : {std::pair{0UL, 0UL}, std::pair{0UL, 3UL}, std::pair{3UL, 3UL}, std::pair{4UL, 3UL}}) {
+    for (const auto& [left, right] :
+         {std::pair{0UL, 0UL}, std::pair{0UL, 3UL}, std::pair{3UL, 3UL}, std::pair{4UL, 3UL}}) {
         expectSizeComparison<0>(left, right, left == right);
         expectSizeComparison<1>(left, right, left != right);
         expectSizeComparison<2>(left, right, left > right);

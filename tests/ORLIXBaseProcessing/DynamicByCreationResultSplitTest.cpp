@@ -202,9 +202,7 @@ TEST(DynamicByCreationResultSplit, UsesAResultAgainOnceNobodyHoldsIt)
 class SumLevel final : public Scaffold<SumLevel, BaseAsync1Processor, TestLibrary, InLines, OutSum>
 {
 public:
-    static constexpr const char* g_name = "SumLevel";
-    static constexpr auto g_toolTip = eTestToolTip::eRecorder;
-    [[maybe_unused]] static constexpr const char* g_header = "SumLevel.h";
+    static constexpr ProcessorText g_text{"SumLevel", eTestToolTip::eRecorder};
 
     RulePtr createRule() const { return none(); }
     void initOutputInitializers(OutputInitializerMap&) const {}

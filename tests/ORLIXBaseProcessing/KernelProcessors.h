@@ -51,9 +51,7 @@ template <int tag>
 class TestAlgorithm final : public KernelScaffold<TestAlgorithm<tag>, TestLibrary, InOptNumber>
 {
 public:
-    static constexpr const char* g_name = "TestAlgorithm";
-    static constexpr auto g_toolTip = eTestToolTip::eAlgorithm;
-    static constexpr const char* g_header = "TestAlgorithm.h";
+    static constexpr ProcessorText g_text{"TestAlgorithm", eTestToolTip::eAlgorithm, "TestAlgorithm.h"};
 
     RulePtr createRule() const { return none(); }
 

@@ -75,10 +75,9 @@ TEST(KernelTable, WhatCannotBeEnteredIsTracedAndLeftOut)
     ASSERT_EQ(appender.get().m_events.size(), 1u);
     EXPECT_EQ(appender.get().m_events[0].level, log4cplus::TRACE_LOG_LEVEL);
     EXPECT_EQ(appender.get().m_events[0].logger, "ORLIX.ORLIXBaseProcessing");
-    EXPECT_EQ(appender.get().m_events[0].message,
-              "Some kernels could not be registered:\n"
-              "There is a kernel for type 1 with the figure of merit 0 already\n"
-              "The kernel for type 2 is a null pointer\n");
+    EXPECT_EQ(appender.get().m_events[0].message, "Some kernels could not be registered:\n"
+                                                  "There is a kernel for type 1 with the figure of merit 0 already\n"
+                                                  "The kernel for type 2 is a null pointer\n");
 }
 
 } // namespace

@@ -43,9 +43,7 @@ class LowerProcessor final
     : public Scaffold<LowerProcessor, BaseSyncProcessor, TestLibrary, InOptNumber, InLines, InMoreLines>
 {
 public:
-    static constexpr const char* g_name = "LowerProcessor";
-    static constexpr auto g_toolTip = eTestToolTip::eLower;
-    static constexpr const char* g_header = "LowerProcessor.h";
+    static constexpr ProcessorText g_text{"LowerProcessor", eTestToolTip::eLower, "LowerProcessor.h"};
 
     RulePtr createRule() const { return none(); }
     void initOutputInitializers(OutputInitializerMap&) const {}
@@ -83,9 +81,7 @@ private:
 class OtherProcessor final : public Scaffold<OtherProcessor, BaseSyncProcessor, TestLibrary, InOptNumber>
 {
 public:
-    static constexpr const char* g_name = "OtherProcessor";
-    static constexpr auto g_toolTip = eTestToolTip::eRecorder;
-    static constexpr const char* g_header = "OtherProcessor.h";
+    static constexpr ProcessorText g_text{"OtherProcessor", eTestToolTip::eRecorder, "OtherProcessor.h"};
 
     RulePtr createRule() const { return none(); }
     void initOutputInitializers(OutputInitializerMap&) const {}
@@ -180,8 +176,13 @@ public:
         return true;
     }
     RangeDemand getRangeDemand() const override { return m_demand; }
+    void initRanges(unsigned long nbLines, unsigned long linesPerRange) override
+    {
+        m_ranges = {nbLines, linesPerRange};
+    }
     void clear() override { ++m_nbCleared; }
 
+    LineRange m_ranges; ///< lines in all and per range, as told
     unsigned long m_failingStart = ~0UL;
     int m_nbCleared = 0;
 

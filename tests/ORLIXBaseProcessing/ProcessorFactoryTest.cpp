@@ -86,12 +86,14 @@ TEST(ProcessorFactory, ASourceFilesRegistrationEntersBothFactoriesForItsLifetime
     static constexpr KernelRow rows[] = {{1, 0, testKernel<Algorithm, eInstructionSet::eNone>()}};
     static constexpr KernelTable first{eInstructionSet::eNone, rows, 1};
     static constexpr KernelTable second{eInstructionSet::eSSE2, rows, 1};
+    static constexpr const KernelTable* tables[] = {&first, &second};
     const std::string name = "orlix::processor::test::TestAlgorithm";
     {
-        const ProcessorRegistration<Algorithm, eTestToolTip> registration{&first, &second};
+        const ProcessorRegistration<Algorithm, eTestToolTip> registration(tables);
         EXPECT_TRUE(DynamicObjectFactory::getInstance().isRegistered(name));
         EXPECT_TRUE(ProcessorFactory::getInstance().isRegistered(name));
-        EXPECT_NE(boost::dynamic_pointer_cast<Algorithm>(DynamicObjectFactory::getInstance().createShared(name)), nullptr);
+        EXPECT_NE(boost::dynamic_pointer_cast<Algorithm>(DynamicObjectFactory::getInstance().createShared(name)),
+                  nullptr);
         EXPECT_NE(dynamic_cast<Algorithm*>(DynamicObjectFactory::getInstance().createNew(name).get()), nullptr);
         const auto& entered = Algorithm::retrieveFunctionSelector().getFunctions();
         ASSERT_EQ(entered.size(), 2u);

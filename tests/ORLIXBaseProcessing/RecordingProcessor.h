@@ -39,9 +39,8 @@ class RecordingProcessor final
     : public Scaffold<RecordingProcessor, BaseAsync1Processor, TestLibrary, InNumber, InOptNumber, OutNumbers>
 {
 public:
-    static constexpr const char* g_name = "RecordingProcessor";
-    static constexpr auto g_toolTip = eTestToolTip::eRecorder;
-    static constexpr const char* g_header = "/somewhere/include/private/TestLibrary/RecordingProcessor.h";
+    static constexpr ProcessorText g_text{"RecordingProcessor", eTestToolTip::eRecorder,
+                                          "/somewhere/include/private/TestLibrary/RecordingProcessor.h"};
 
     RulePtr createRule() const { return boost::make_shared<RecordingRule>(m_record); }
     void initOutputInitializers(OutputInitializerMap& initializers) const

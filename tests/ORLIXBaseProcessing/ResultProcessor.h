@@ -68,9 +68,7 @@ struct OutSum final : NamedAttribute<OutSum, BaseOutputDataItemAttribute<Sum>>
 class SumProcessor final : public Scaffold<SumProcessor, BaseSyncProcessor, TestLibrary, InLines, OutSum>
 {
 public:
-    static constexpr const char* g_name = "SumProcessor";
-    static constexpr auto g_toolTip = eTestToolTip::eLower;
-    static constexpr const char* g_header = "ResultProcessor.h";
+    static constexpr ProcessorText g_text{"SumProcessor", eTestToolTip::eLower, "ResultProcessor.h"};
 
     RulePtr createRule() const { return none(); }
     void initOutputInitializers(OutputInitializerMap&) const {}
@@ -92,9 +90,7 @@ protected:
 class PointProcessor final : public Scaffold<PointProcessor, BaseSyncProcessor, TestLibrary, InLines, InOutPoints>
 {
 public:
-    static constexpr const char* g_name = "PointProcessor";
-    static constexpr auto g_toolTip = eTestToolTip::eLower;
-    static constexpr const char* g_header = "ResultProcessor.h";
+    static constexpr ProcessorText g_text{"PointProcessor", eTestToolTip::eLower, "ResultProcessor.h"};
 
     RulePtr createRule() const { return none(); }
     void initOutputInitializers(OutputInitializerMap&) const {}

@@ -18,8 +18,7 @@ namespace {
 class BareProcessor final : public Scaffold<BareProcessor, BaseSyncProcessor, TestLibrary, InNumber>
 {
 public:
-    static constexpr const char* g_name = "BareProcessor";
-    static constexpr auto g_toolTip = eTestToolTip::eLower;
+    static constexpr ProcessorText g_text{"BareProcessor", eTestToolTip::eLower};
 
     RulePtr createRule() const { return none(); }
     void initOutputInitializers(OutputInitializerMap&) const {}
@@ -29,9 +28,13 @@ protected:
 };
 
 template <class TProcessor, class TAttribute>
-constexpr bool g_bCanBeRead = requires(const TProcessor& processor) { processor.template getStorage<TAttribute>(); };
+constexpr bool g_bCanBeRead = requires(const TProcessor& processor)
+{
+    processor.template getStorage<TAttribute>();
+};
 template <class TProcessor, class TAttribute>
-constexpr bool g_bCanBeSet = requires(TProcessor& processor, const typename TAttribute::StorageType& value) {
+constexpr bool g_bCanBeSet = requires(TProcessor& processor, const typename TAttribute::StorageType& value)
+{
     processor.template set<TAttribute>(value);
 };
 
@@ -46,7 +49,8 @@ static_assert(g_bCanBeSet<RecordingProcessor, OutNumbers>);
 std::string versionRecord(const std::string& version)
 {
     return "<orlix_archive format=\"1\"><section name=\"orlix::processor::test::BareProcessor\">"
-           "<uint32 name=\"version\" value=\"" + version + "\"/></section></orlix_archive>";
+           "<uint32 name=\"version\" value=\"" +
+           version + "\"/></section></orlix_archive>";
 }
 
 std::size_t countOf(const std::string& text, const std::string& part)

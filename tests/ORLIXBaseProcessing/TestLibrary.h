@@ -2,9 +2,9 @@
 #pragma once
 
 #include "ORLIX/ORLIXBaseProcessing/BaseAttribute.h"
+#include "ORLIX/ORLIXBaseProcessing/BaseValueAttributes.h"
 #include "ORLIX/ORLIXBaseProcessing/DataItemAttributes.h"
 #include "ORLIX/ORLIXBaseProcessing/Scaffold.h"
-#include "ORLIX/ORLIXBaseProcessing/ValueAttributes.h"
 #include "ORLIX/ORLIXUtil/BaseException.h"
 #include "ORLIX/ORLIXUtil/Logger/LibraryLog.h"
 #include "ORLIX/ORLIXUtil/MessageCatalogue.h"

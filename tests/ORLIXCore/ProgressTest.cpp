@@ -54,9 +54,8 @@ TEST(Progress, DoneReachesKnown)
         SCOPED_TRACE(each.name);
         const ScopedExecutor scope(each.executor);
         Record record;
-        const auto action = boost::make_shared<TestAction>([](RunContext& context) {
-            return runTwoLevels(context, [](unsigned long, RunContext&) { return true; });
-        });
+        const auto action = boost::make_shared<TestAction>(
+            [](RunContext& context) { return runTwoLevels(context, [](unsigned long, RunContext&) { return true; }); });
         action->setProgressObserver(record.observer());
         EXPECT_TRUE(action->run(eSynchroType::eSynchroSync).getValue());
         EXPECT_EQ(record.last.done, g_nbOuter + g_nbOuter * g_nbInner);
@@ -79,9 +78,8 @@ TEST(Progress, AnObserverCanCancel)
         SCOPED_TRACE(each.name);
         const ScopedExecutor scope(each.executor);
         Progress last;
-        const auto action = boost::make_shared<TestAction>([](RunContext& context) {
-            return runTwoLevels(context, [](unsigned long, RunContext&) { return true; });
-        });
+        const auto action = boost::make_shared<TestAction>(
+            [](RunContext& context) { return runTwoLevels(context, [](unsigned long, RunContext&) { return true; }); });
         action->setProgressObserver([&](const Progress& progress) {
             last = progress;
             if (progress.done == 20) {

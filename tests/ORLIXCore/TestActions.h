@@ -4,6 +4,7 @@
 #include "ORLIX/ORLIXCore/BaseAction.h"
 #include "ORLIX/ORLIXCore/BaseActionProvider.h"
 #include "ORLIX/ORLIXCore/RunContext.h"
+#include "ORLIX/ORLIXCore/RunLoop.h"
 
 #include <boost/make_shared.hpp>
 
@@ -31,7 +32,10 @@ public:
         return g_name;
     }
     std::unique_ptr<BaseDynamicObject> createNew() const override { return std::make_unique<TestAction>(m_work); }
-    boost::shared_ptr<BaseDynamicObject> createShared() const override { return boost::make_shared<TestAction>(m_work); }
+    boost::shared_ptr<BaseDynamicObject> createShared() const override
+    {
+        return boost::make_shared<TestAction>(m_work);
+    }
     bool isComplexAction() const override { return false; }
 
     std::vector<std::string> m_hooks; ///< what the run loop called, in order
@@ -80,7 +84,8 @@ public:
                 return result;
             }
         }
-        action = boost::make_shared<TestAction>([this, element](RunContext& context) { return m_work(element, context); });
+        action =
+            boost::make_shared<TestAction>([this, element](RunContext& context) { return m_work(element, context); });
         return true;
     }
     bool hasPendingAction() const override { return m_nbAsked < std::min(m_nbElements, m_nbPending); }
@@ -101,10 +106,10 @@ public:
         ++m_nbCancelled;
     }
 
-    unsigned long m_cost = 1UL << 40;                                       ///< large: worth threads
-    std::function<ProcessingResult<bool>(unsigned long element)> m_query;   ///< before an action is made; may be empty
+    unsigned long m_cost = 1UL << 40;                                     ///< large: worth threads
+    std::function<ProcessingResult<bool>(unsigned long element)> m_query; ///< before an action is made; may be empty
 
-    unsigned long m_nbPending = ~0UL;                                       ///< no more is pending, whatever the elements
+    unsigned long m_nbPending = ~0UL; ///< no more is pending, whatever the elements
 
     std::vector<unsigned long> m_queried;
     unsigned long m_nbSucceeded = 0;

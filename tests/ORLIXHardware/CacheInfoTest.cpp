@@ -15,14 +15,14 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class KernelCacheFolder : public testing::Test
+class CacheFolder : public testing::Test
 {
 protected:
-    KernelCacheFolder() : m_directory(fs::temp_directory_path() / ("orlix-caches-" + std::to_string(getpid())))
+    CacheFolder() : m_directory(fs::temp_directory_path() / ("orlix-caches-" + std::to_string(getpid())))
     {
         fs::remove_all(m_directory);
     }
-    ~KernelCacheFolder() override { fs::remove_all(m_directory); }
+    ~CacheFolder() override { fs::remove_all(m_directory); }
 
     void addCache(const std::string& type, int level, const std::string& size)
     {
@@ -57,28 +57,28 @@ TEST(CacheInfo, sizesAreReadWithTheirUnit)
     }
 }
 
-TEST_F(KernelCacheFolder, givesDataCachesOfTheRightLevel)
+TEST_F(CacheFolder, givesDataCachesOfTheRightLevel)
 {
     addCache("Data", 1, "48K");
     addCache("Instruction", 1, "32K");
     addCache("Unified", 2, "2048K");
     addCache("Unified", 3, "33792K");
-    const details::CacheSizes sizes = details::readKernelCacheSizes(m_directory.string());
+    const details::CacheSizes sizes = details::readCacheSizesIn(m_directory.string());
     EXPECT_EQ(sizes.line, 128u);
     EXPECT_EQ(sizes.level2, 2048u << 10);
     EXPECT_EQ(sizes.lastLevel, 33792u << 10);
 }
 
-TEST_F(KernelCacheFolder, withoutLevel3TheLastLevelIsL2)
+TEST_F(CacheFolder, withoutLevel3TheLastLevelIsL2)
 {
     addCache("Data", 1, "32K");
     addCache("Unified", 2, "512K");
-    EXPECT_EQ(details::readKernelCacheSizes(m_directory.string()).lastLevel, 512u << 10);
+    EXPECT_EQ(details::readCacheSizesIn(m_directory.string()).lastLevel, 512u << 10);
 }
 
-TEST_F(KernelCacheFolder, mayBeMissing)
+TEST_F(CacheFolder, mayBeMissing)
 {
-    const details::CacheSizes sizes = details::readKernelCacheSizes(m_directory.string());
+    const details::CacheSizes sizes = details::readCacheSizesIn(m_directory.string());
     EXPECT_EQ(sizes.line + sizes.level2 + sizes.lastLevel, 0u);
 }
 

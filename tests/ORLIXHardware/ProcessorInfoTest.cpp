@@ -94,6 +94,15 @@ TEST(ProcessorInfo, listsTheSetsInOrder)
     EXPECT_TRUE(std::is_sorted(sets.begin(), sets.end()));
 }
 
+TEST(ProcessorInfo, knowsItsMakerAsTheCompilerDoes)
+{
+    __builtin_cpu_init();
+    const std::string& vendor = getProcessorInfo().getVendorName();
+    EXPECT_EQ(vendor == "GenuineIntel", __builtin_cpu_is("intel") != 0) << vendor;
+    EXPECT_EQ(vendor == "AuthenticAMD", __builtin_cpu_is("amd") != 0) << vendor;
+    EXPECT_FALSE(vendor.empty());
+}
+
 TEST(ProcessorInfo, hasANameWithoutBlanksAround)
 {
     const std::string& name = getProcessorInfo().getModelName();

@@ -105,13 +105,13 @@ TEST(CreateImage, TheSizeTellsWhichCacheMayHoldTheImage)
 {
     using simd::eMemoryPlace;
     const auto placeOf = [](unsigned long sizeX, unsigned long sizeY) {
-        return createImage(*geometry2d(g_uint8, sizeX, sizeY))->getPixelLayout().place;
+        return levelOf(createImage(*geometry2d(g_uint8, sizeX, sizeY))->getPixelLayout().place);
     };
     EXPECT_EQ(placeOf(64, 64), eMemoryPlace::secondLevelCache);
     EXPECT_EQ(placeOf(1ul << 15, 1ul << 15), eMemoryPlace::memory);
-    const unsigned long beyondL2 = hard::getL2CacheBytes() / 2 + 64;
-    EXPECT_EQ(placeOf(beyondL2, 1),
-              beyondL2 < hard::getLastLevelCacheBytes() / 2 ? eMemoryPlace::lastLevelCache : eMemoryPlace::memory);
+    const unsigned long half = hard::getLastLevelCacheBytes() / 2;
+    EXPECT_EQ(placeOf(half, 1), eMemoryPlace::lastLevelCacheFilled);
+    EXPECT_LT(placeOf(half - 256, 1), eMemoryPlace::lastLevelCacheFilled);
 }
 
 TEST(CreateImage, SizesOfZeroAreLegalOnEveryAxis)

@@ -5,7 +5,12 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <cstdio>
 #include <cstring>
+#include <fstream>
+#include <set>
+#include <string>
 #include <thread>
 #include <vector>
 
@@ -119,13 +124,92 @@ TEST_F(PixelMemoryPool, ALowerLimitTakesEffectAtOnce)
 
 TEST_F(PixelMemoryPool, KeepsABoundedNumberOfBlocks)
 {
-    setPooledMemoryLimit(4096 * g_mebi);
+    setPooledMemoryLimit(16384 * g_mebi);
     std::vector<ImagePtr> images;
-    for (int i = 0; i < 600; ++i) {
+    for (int i = 0; i < 4500; ++i) {
         images.push_back(imageOf(g_mebi)); // never written, so no page is used
     }
     images.clear();
-    EXPECT_LE(releasePooledMemory(), 512 * (g_mebi + g_mebi / 4));
+    const unsigned long released = releasePooledMemory();
+    EXPECT_LE(released, 4096 * (g_mebi + g_mebi / 4));
+    EXPECT_GT(released, 4096 * g_mebi);
+}
+
+TEST_F(PixelMemoryPool, KeepsAThousandImagesOfAMebibyte)
+{
+    setPooledMemoryLimit(4096 * g_mebi);
+    const auto places = [] {
+        std::vector<ImagePtr> images;
+        std::set<const void*> found;
+        for (int i = 0; i < 1000; ++i) {
+            images.push_back(imageOf(g_mebi));
+            found.insert(placeOf(images.back()));
+        }
+        return found;
+    };
+    const std::set<const void*> first = places();
+    EXPECT_EQ(first.size(), 1000u);
+    EXPECT_EQ(places(), first);
+}
+
+/// Flags of the mapping that `place` lies in, as the kernel spells them.
+std::string mappingFlagsOf(const void* place)
+{
+    std::ifstream maps("/proc/self/smaps");
+    const auto address = reinterpret_cast<std::uintptr_t>(place);
+    bool bFound = false;
+    for (std::string line; std::getline(maps, line);) {
+        std::uintptr_t first = 0;
+        std::uintptr_t end = 0;
+        if (std::sscanf(line.c_str(), "%lx-%lx ", &first, &end) == 2) {
+            bFound = address >= first && address < end;
+        } else if (bFound && line.rfind("VmFlags:", 0) == 0) {
+            return line;
+        }
+    }
+    return "";
+}
+
+TEST_F(PixelMemoryPool, SmallerBlocksLieInHugePagesAsLargeOnesDo)
+{
+    const ImagePtr large = imageOf(8 * g_mebi);
+    if (mappingFlagsOf(placeOf(large)).find(" hg") == std::string::npos) {
+        GTEST_SKIP() << "this system has no huge pages";
+    }
+    for (const unsigned long bytes : {g_mebi, g_mebi * 3 / 2, 2 * g_mebi - 8192}) {
+        const ImagePtr image = imageOf(bytes);
+        EXPECT_NE(mappingFlagsOf(placeOf(image)).find(" hg"), std::string::npos) << bytes;
+    }
+}
+
+/// What is mapped for neighbours counts as kept, so that a program that wants nothing kept gets nothing more.
+TEST_F(PixelMemoryPool, MapsNeighboursWithinTheLimitOnly)
+{
+    setPooledMemoryLimit(8 * g_mebi);
+    const ImagePtr alone = imageOf(g_mebi);
+    EXPECT_EQ(releasePooledMemory(), 0u);
+    setPooledMemoryLimit(64 * g_mebi);
+    const ImagePtr image = imageOf(g_mebi);
+    const unsigned long released = releasePooledMemory();
+    EXPECT_GE(released, 15 * g_mebi);
+    EXPECT_LE(released, 64 * g_mebi);
+    std::memset(planData<unsigned char>(*image, 0, 0, 0), 1, g_mebi); // the neighbours have gone, this one hasn't
+    std::memset(planData<unsigned char>(*alone, 0, 0, 0), 1, g_mebi);
+}
+
+TEST_F(PixelMemoryPool, ImagesBeginAtSeveralPlacesOfAPageButNeverALineApart)
+{
+    for (const unsigned long bytes : {64ul << 10, 256ul << 10, g_mebi, 8 * g_mebi}) {
+        std::vector<ImagePtr> images;
+        std::set<std::uintptr_t> offsets;
+        for (int i = 0; i < 48; ++i) {
+            images.push_back(imageOf(bytes));
+            const std::uintptr_t offset = reinterpret_cast<std::uintptr_t>(placeOf(images.back())) % 4096;
+            EXPECT_EQ(offset % 512, 0u) << bytes;
+            offsets.insert(offset);
+        }
+        EXPECT_GE(offsets.size(), 4u) << bytes;
+    }
 }
 
 TEST_F(PixelMemoryPool, SurvivesWhatCannotBeHad)

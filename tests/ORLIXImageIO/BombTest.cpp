@@ -1,7 +1,7 @@
 // Small files that claim much cost no more memory than other small files.
+#include "ORLIXImageIO/FilledImages.h"
 #include "ORLIXImageIO/TestFiles.h"
 #include "ORLIXImageIO/TestFolder.h"
-#include "ORLIXImageIO/TestImages.h"
 #include "ORLIXImageIO/TinyPng.h"
 #include "ORLIXImageIO/TinyTiff.h"
 #include "support/Sanitizers.h"
@@ -115,7 +115,7 @@ std::vector<Bomb> pngBombs()
     return bombs;
 }
 
-/// A page of one row a strip, or of one pixel a tile, of which one is listed.
+/// A page of one row per strip, or of one pixel per tile, of which one is listed.
 std::string tiffClaiming(std::uint64_t height, bool bTiles, bool bBig = false)
 {
     TinyTiff tiff(false, bBig);

@@ -1,7 +1,7 @@
 // Between two questions whether to go on lie few pixels, whatever the codec and the layout.
 #include "ORLIXIPL/ORLIXImageIO/ORLIXImageIO.h"
+#include "ORLIXImageIO/FilledImages.h"
 #include "ORLIXImageIO/TestFolder.h"
-#include "ORLIXImageIO/TestImages.h"
 
 #include <cstring>
 

@@ -1,7 +1,7 @@
 // Files for plain ImageJ: its description, its order of pages, its way to lie in a file, and what it can't read.
+#include "ORLIXImageIO/FilledImages.h"
 #include "ORLIXImageIO/TestFiles.h"
 #include "ORLIXImageIO/TestFolder.h"
-#include "ORLIXImageIO/TestImages.h"
 
 #include <boost/make_shared.hpp>
 
@@ -155,6 +155,8 @@ TEST(ImageJWriterTest, DescriptionTellsAxesAndDisplayRange)
                       calibrationIn("\u00b5m", 1, 1, 1.5f)));
     EXPECT_EQ("ImageJ=1.53t\nimages=2\nframes=2\nhyperstack=true\nloop=false\n",
               descriptionOf(filledImage(*geometry5d(eImageBufferType::UInt8, 4, 4, 1, 1, 2), 1)));
+    EXPECT_EQ("ImageJ=1.53t\nimages=7\nchannels=7\nhyperstack=true\nmode=composite\nloop=false\n",
+              descriptionOf(filledImage(*geometry5d(eImageBufferType::UInt8, 4, 4, 1, 7, 1), 1)));
     EXPECT_EQ("ImageJ=1.53t\nimages=8\nchannels=8\nhyperstack=true\nmode=grayscale\nloop=false\n",
               descriptionOf(filledImage(*geometry5d(eImageBufferType::UInt8, 4, 4, 1, 8, 1), 1)));
     const ImagePtr real = createImage(*geometry2d(eImageBufferType::Real32, 4, 1));
@@ -166,6 +168,34 @@ TEST(ImageJWriterTest, DescriptionTellsAxesAndDisplayRange)
     setValue(*signed16, {1, 0, 0, 0, 0}, 300);
     EXPECT_EQ("ImageJ=1.53t\ncf=0\nc0=-32768.0\nc1=1.0\nvunit=Gray Value\nmin=32668\nmax=33068\n",
               descriptionOf(signed16));
+}
+
+TEST(ImageJWriterTest, DisplayRangeIsThatOfAllPixels)
+{
+    const auto image = [] {
+        const ImagePtr made = createImage(*geometry5d(eImageBufferType::UInt16, 5, 4, 3, 2, 2));
+        forEachPixel(*made, [&](const Position& p) { setValue(*made, p, 1000); });
+        return made;
+    };
+    EXPECT_FALSE(contains(descriptionOf(image()), "min=")) << "there is none of equal values";
+    for (const Position& last : {Position{4, 0, 0, 0, 0}, Position{0, 3, 0, 0, 0}, Position{0, 0, 2, 0, 0},
+                                 Position{0, 0, 0, 1, 0}, Position{0, 0, 0, 0, 1}}) {
+        const ImagePtr higher = image(), lower = image();
+        setValue(*higher, last, 2000);
+        EXPECT_TRUE(contains(descriptionOf(higher), "min=1000\nmax=2000\n"));
+        setValue(*lower, last, 500);
+        EXPECT_TRUE(contains(descriptionOf(lower), "min=500\nmax=1000\n"));
+    }
+}
+
+TEST(ImageJWriterTest, DistancesOfSlicesAreToldWhereThereAreAny)
+{
+    const ImagePtr image = filledImage(*geometry3d(eImageBufferType::UInt8, 4, 4, 3), 1);
+    const auto flat = boost::make_shared<GeometricCalibration>();
+    flat->init2d("mm", 0.5f, 0.5f, 0, 0);
+    EXPECT_FALSE(contains(descriptionOf(image, flat), "spacing"));
+    EXPECT_FALSE(contains(descriptionOf(image, calibrationIn("mm", 0.5f, 0.5f, 0)), "spacing"));
+    EXPECT_TRUE(contains(descriptionOf(image, calibrationIn("mm", 0.5f, 0.5f, 0.1f)), "spacing=0.1\n"));
 }
 
 TEST(ImageJWriterTest, UnitsAndResolutions)
@@ -199,6 +229,19 @@ TEST(ImageJWriterTest, UnitsAndResolutions)
         writeImage(folder / "a.tif", image, imageJOptions());
         EXPECT_FLOAT_EQ(size, readImage(folder / "a.tif")->getGeometricCalibration()->getPixelSizeX());
     }
+}
+
+TEST(ImageJWriterTest, UnitsAreWrittenInUtf16)
+{
+    const auto lineOf = [](const std::string& unit) {
+        const std::string text =
+            descriptionOf(filledImage(*geometry2d(eImageBufferType::UInt8, 4, 4), 1), calibrationIn(unit, 1, 1, 1));
+        const std::size_t start = text.find("unit=");
+        return text.substr(start, text.find('\n', start) - start);
+    };
+    EXPECT_EQ("unit=\\u00B5\\u20AC", lineOf("\u00b5\u20ac"));
+    EXPECT_EQ("unit=\\uD83D\\uDD2Cs", lineOf("\U0001f52cs"));
+    EXPECT_EQ("unit=\\u00E9t\\u00E9", lineOf("\xe9t\xe9")) << "no UTF-8, so Latin-1";
 }
 
 TEST(ImageJWriterTest, ColoursAreSamplesWhereImageJHasThem)

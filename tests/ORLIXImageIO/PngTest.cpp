@@ -1,7 +1,7 @@
 // Hand-made PNG files of every kind, and damaged ones.
+#include "ORLIXImageIO/FilledImages.h"
 #include "ORLIXImageIO/TestFiles.h"
 #include "ORLIXImageIO/TestFolder.h"
-#include "ORLIXImageIO/TestImages.h"
 #include "ORLIXImageIO/TinyPng.h"
 
 #include <boost/make_shared.hpp>
@@ -239,7 +239,8 @@ TEST_F(PngDamageTest, FlippedBits)
             std::string flipped = content;
             flipped[bit / 8] = static_cast<char>(flipped[bit / 8] ^ 1 << bit % 8);
             if (const ImagePtr image = readOrRefuse(flipped)) { // check sums guard the pixels
-                EXPECT_TRUE(orlix::testing::sameImages(*whole, *image) || image->getSizeC() != whole->getSizeC()) << bit;
+                EXPECT_TRUE(orlix::testing::sameImages(*whole, *image) || image->getSizeC() != whole->getSizeC())
+                    << bit;
             }
         }
     }

@@ -1,7 +1,7 @@
 // Writing and reading back gives the same image, whatever the options.
+#include "ORLIXImageIO/FilledImages.h"
 #include "ORLIXImageIO/TestFiles.h"
 #include "ORLIXImageIO/TestFolder.h"
-#include "ORLIXImageIO/TestImages.h"
 
 #include <boost/make_shared.hpp>
 #include <rapidcheck/gtest.h>

@@ -1,7 +1,7 @@
 // Every compression that the installed libtiff has, written by libtiff itself or by hand where it can only read.
+#include "ORLIXImageIO/FilledImages.h"
 #include "ORLIXImageIO/TestFiles.h"
 #include "ORLIXImageIO/TestFolder.h"
-#include "ORLIXImageIO/TestImages.h"
 #include "ORLIXImageIO/TinyTiff.h"
 
 #include <tiffio.h>

@@ -1,7 +1,7 @@
 // Truncated, flipped and lying TIFF files end in a clear error, print nothing and take no memory.
+#include "ORLIXImageIO/FilledImages.h"
 #include "ORLIXImageIO/TestFiles.h"
 #include "ORLIXImageIO/TestFolder.h"
-#include "ORLIXImageIO/TestImages.h"
 #include "ORLIXImageIO/TinyTiff.h"
 
 #include <optional>

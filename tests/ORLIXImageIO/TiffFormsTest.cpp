@@ -1,6 +1,6 @@
 // Hand-made TIFF files of every form of pixels, strips and tiles, in both byte orders.
+#include "ORLIXImageIO/FilledImages.h"
 #include "ORLIXImageIO/TestFiles.h"
-#include "ORLIXImageIO/TestImages.h"
 #include "ORLIXImageIO/TinyTiff.h"
 
 #include <bit>
@@ -134,7 +134,7 @@ INSTANTIATE_TEST_SUITE_P(AllForms, TiffFormTest,
 
 namespace {
 
-// One strip of `bits` bits a sample, 11 pixels wide and 3 high; sample (x, y) is (x * 5 + y * 3) mod 2^bits.
+// One strip of `bits` bits per sample, 11 pixels wide and 3 high; sample (x, y) is (x * 5 + y * 3) mod 2^bits.
 std::string packedPage(unsigned bits, unsigned photometric, const std::vector<std::uint64_t>& colorMap = {},
                        bool bBigEndian = false)
 {

@@ -1,6 +1,6 @@
 // Pages that hold several plans: the tags ImageDepth and TileDepth.
+#include "ORLIXImageIO/FilledImages.h"
 #include "ORLIXImageIO/TestFiles.h"
-#include "ORLIXImageIO/TestImages.h"
 #include "ORLIXImageIO/TinyTiff.h"
 
 using namespace orlix;

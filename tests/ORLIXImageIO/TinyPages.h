@@ -1,8 +1,8 @@
 // Hand-made files of small pages that tell by their values which page they are.
 #pragma once
 
+#include "ORLIXImageIO/FilledImages.h"
 #include "ORLIXImageIO/TestFiles.h"
-#include "ORLIXImageIO/TestImages.h"
 #include "ORLIXImageIO/TinyTiff.h"
 
 namespace orlix::image::io::test {

@@ -1,7 +1,7 @@
 // The limit of bytes is for pixels and working memory together.
+#include "ORLIXImageIO/FilledImages.h"
 #include "ORLIXImageIO/TestFiles.h"
 #include "ORLIXImageIO/TestFolder.h"
-#include "ORLIXImageIO/TestImages.h"
 #include "ORLIXImageIO/TinyPng.h"
 
 using namespace orlix;

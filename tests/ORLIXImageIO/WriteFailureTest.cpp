@@ -1,7 +1,7 @@
 // Writes that fail leave the target as it was and nothing beside it.
+#include "ORLIXImageIO/FilledImages.h"
 #include "ORLIXImageIO/TestFiles.h"
 #include "ORLIXImageIO/TestFolder.h"
-#include "ORLIXImageIO/TestImages.h"
 
 #include <boost/make_shared.hpp>
 

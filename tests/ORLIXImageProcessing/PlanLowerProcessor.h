@@ -3,8 +3,8 @@
 
 #include "ORLIX/ORLIXBaseData/DataItemNode.h"
 #include "ORLIX/ORLIXBaseData/PlanIndexedColl.h"
+#include "ORLIX/ORLIXBaseProcessing/BaseValueAttributes.h"
 #include "ORLIX/ORLIXBaseProcessing/DataItemAttributes.h"
-#include "ORLIX/ORLIXBaseProcessing/ValueAttributes.h"
 #include "ORLIXImageProcessing/TestAttributes.h"
 
 #include <map>
@@ -46,9 +46,7 @@ class NoteProcessor final : public processor::Scaffold<NoteProcessor, processor:
                                                        InPicture, InOptNote, OutNote>
 {
 public:
-    static constexpr const char* g_name = "NoteProcessor";
-    static constexpr int g_toolTip = 0;
-    static constexpr const char* g_header = "PlanLowerProcessor.h";
+    static constexpr processor::ProcessorText g_text{"NoteProcessor", 0, "PlanLowerProcessor.h"};
 
     processor::RulePtr createRule() const { return processor::none(); }
     void initOutputInitializers(processor::OutputInitializerMap&) const {}

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "ORLIXCore/TestActions.h"
-#include "ORLIXIPL/ORLIXImageProcessing/KernelStripAttributes.h"
+#include "ORLIXIPL/ORLIXImageProcessing/MarginStripAttributes.h"
 #include "ORLIXIPL/ORLIXImageProcessing/Split/LevelDispatch.h"
 #include "ORLIXIPL/ORLIXImageProcessing/TileCollAttributes.h"
 #include "ORLIXIPL/ORLIXImageProcessing/ZStripAttributes.h"
@@ -31,14 +31,14 @@ struct InOutVolumeStrip final : processor::NamedAttribute<InOutVolumeStrip, Base
     static constexpr const char* g_name = "InOutVolumeStrip";
     static constexpr const char* g_toolTip = "A strip of a volume that is changed";
 };
-struct InKernelStrip final : processor::NamedAttribute<InKernelStrip, BaseInputYStrip2dWithKernelAttribute>
+struct InMarginStrip final : processor::NamedAttribute<InMarginStrip, BaseInputYStrip2dWithKernelAttribute>
 {
-    static constexpr const char* g_name = "InKernelStrip";
+    static constexpr const char* g_name = "InMarginStrip";
     static constexpr const char* g_toolTip = "A strip with margins";
 };
-struct InKernelVolumeStrip final : processor::NamedAttribute<InKernelVolumeStrip, BaseInputZStrip3dWithKernelAttribute>
+struct InMarginVolumeStrip final : processor::NamedAttribute<InMarginVolumeStrip, BaseInputZStrip3dWithKernelAttribute>
 {
-    static constexpr const char* g_name = "InKernelVolumeStrip";
+    static constexpr const char* g_name = "InMarginVolumeStrip";
     static constexpr const char* g_toolTip = "A strip of a volume with margins";
 };
 struct InTiles final : processor::NamedAttribute<InTiles, BaseInputTile2dCollAttribute>
@@ -57,9 +57,7 @@ class StorageRecorder final : public processor::Scaffold<StorageRecorder<TAttrib
                                                          PictureLibrary, TAttributes...>
 {
 public:
-    static constexpr const char* g_name = "StorageRecorder";
-    static constexpr int g_toolTip = 0;
-    static constexpr const char* g_header = "StorageRecorder.h";
+    static constexpr processor::ProcessorText g_text{"StorageRecorder", 0, "StorageRecorder.h"};
 
     processor::RulePtr createRule() const { return processor::none(); }
     void initOutputInitializers(processor::OutputInitializerMap&) const {}

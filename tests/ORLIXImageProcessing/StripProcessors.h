@@ -25,9 +25,7 @@ class StripRecorder final
     : public processor::Scaffold<StripRecorder, processor::BaseSyncProcessor, PictureLibrary, InStrip, OutStrip>
 {
 public:
-    static constexpr const char* g_name = "StripRecorder";
-    static constexpr int g_toolTip = 0;
-    static constexpr const char* g_header = "StripRecorder.h";
+    static constexpr processor::ProcessorText g_text{"StripRecorder", 0, "StripRecorder.h"};
 
     processor::RulePtr createRule() const { return processor::none(); }
     void initOutputInitializers(processor::OutputInitializerMap&) const {}
@@ -46,8 +44,8 @@ protected:
     {
         const image::BaseImageYStrip2d& in = accessAttribute<InStrip>()->getBaseImageYStrip2d();
         const image::BaseImageYStrip2d& out = accessAttribute<OutStrip>()->getBaseImageYStrip2d();
-        const bool bSameLines = in.getStripStartOffsetY() == out.getStripStartOffsetY() &&
-                                in.getStripSizeY() == out.getStripSizeY();
+        const bool bSameLines =
+            in.getStripStartOffsetY() == out.getStripStartOffsetY() && in.getStripSizeY() == out.getStripSizeY();
         const std::lock_guard<std::mutex> lock(mutex());
         seen().push_back({in.getStripStartOffsetY(), in.getStripSizeY(),
                           accessAttribute<InStrip>()->getStorage()->accessBuffer(),
@@ -76,9 +74,7 @@ class PlanLevel final
     : public processor::Scaffold<PlanLevel, processor::BaseAsync1Processor, PictureLibrary, InPicture, OutPicture>
 {
 public:
-    static constexpr const char* g_name = "PlanLevel";
-    static constexpr int g_toolTip = 0;
-    static constexpr const char* g_header = "PlanLevel.h";
+    static constexpr processor::ProcessorText g_text{"PlanLevel", 0, "PlanLevel.h"};
 
     processor::RulePtr createRule() const { return processor::none(); }
     void initOutputInitializers(processor::OutputInitializerMap&) const {}
@@ -104,9 +100,7 @@ class ImageLevel final
     : public processor::Scaffold<ImageLevel, processor::BaseAsync1Processor, PictureLibrary, InPicture, OutPicture>
 {
 public:
-    static constexpr const char* g_name = "ImageLevel";
-    static constexpr int g_toolTip = 0;
-    static constexpr const char* g_header = "ImageLevel.h";
+    static constexpr processor::ProcessorText g_text{"ImageLevel", 0, "ImageLevel.h"};
 
     processor::RulePtr createRule() const { return processor::none(); }
     void initOutputInitializers(processor::OutputInitializerMap&) const {}

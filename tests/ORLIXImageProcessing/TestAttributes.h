@@ -2,8 +2,8 @@
 #pragma once
 
 #include "ORLIX/ORLIXBaseProcessing/Scaffold.h"
+#include "ORLIXIPL/ORLIXImageProcessing/BaseStripAttributes.h"
 #include "ORLIXIPL/ORLIXImageProcessing/BufferTypeAttribute.h"
-#include "ORLIXIPL/ORLIXImageProcessing/StripAttributes.h"
 
 namespace orlix::imaproc::test {
 

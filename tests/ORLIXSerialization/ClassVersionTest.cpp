@@ -1,4 +1,4 @@
-// The version record of a class: once an archive, and none that is newer than what reads it.
+// The version record of a class: once per archive, and none that is newer than what reads it.
 #include "ORLIX/ORLIXSerialization/ClassVersion.h"
 
 #include "ORLIX/ORLIXSerialization/Logger/ORLIXSerializationLog.h"

@@ -42,8 +42,7 @@ bool hasSameBits(T left, T right)
 
 template <class T>
 class TextArchiveInteger : public ::testing::Test
-{
-};
+{};
 
 using Integers = ::testing::Types<char, signed char, unsigned char, short, unsigned short, int, unsigned int, long,
                                   unsigned long, long long, unsigned long long>;
@@ -59,8 +58,7 @@ TYPED_TEST(TextArchiveInteger, keepsItsWholeRange)
 
 template <class T>
 class TextArchiveReal : public ::testing::Test
-{
-};
+{};
 
 using Reals = ::testing::Types<float, double>;
 TYPED_TEST_SUITE(TextArchiveReal, Reals);
@@ -69,9 +67,9 @@ TYPED_TEST(TextArchiveReal, keepsEveryBit)
 {
     using Limits = std::numeric_limits<TypeParam>;
     const TypeParam third = TypeParam(1) / 3;
-    for (const TypeParam value : {TypeParam(0), -TypeParam(0), third, -third, TypeParam(1e10), Limits::max(),
-                                  Limits::lowest(), Limits::min(), Limits::denorm_min(), Limits::infinity(),
-                                  -Limits::infinity(), Limits::quiet_NaN(), -Limits::quiet_NaN()}) {
+    for (const TypeParam value :
+         {TypeParam(0), -TypeParam(0), third, -third, TypeParam(1e10), Limits::max(), Limits::lowest(), Limits::min(),
+          Limits::denorm_min(), Limits::infinity(), -Limits::infinity(), Limits::quiet_NaN(), -Limits::quiet_NaN()}) {
         EXPECT_TRUE(hasSameBits(passThrough(value), value)) << value;
     }
 }

@@ -214,12 +214,12 @@ TEST(TextIArchive, refusesValuesThatTheTypeCannotHold)
 {
     const auto refuses = [](const char* type, const std::string& text, auto value) {
         const std::string entry = std::string("<") + type + " name='a' value='" + text + "'/>";
-        EXPECT_EQ(readFailure(entry, "a", value),
-                  "The archive has \"" + text + "\" as value of \"a\" in section \"/\", which is no " + type +
-                      ": give it one that its type can hold");
+        EXPECT_EQ(readFailure(entry, "a", value), "The archive has \"" + text +
+                                                      "\" as value of \"a\" in section \"/\", which is no " + type +
+                                                      ": give it one that its type can hold");
     };
-    for (const char* text : {"", " 1", "1 ", "+1", "1.0", "0x1", "one", "4294967296", "-1", "1e3",
-                             "99999999999999999999999999"}) {
+    for (const char* text :
+         {"", " 1", "1 ", "+1", "1.0", "0x1", "one", "4294967296", "-1", "1e3", "99999999999999999999999999"}) {
         refuses("uint32", text, 7U);
     }
     refuses("int8", "128", static_cast<signed char>(7));

@@ -11,12 +11,10 @@
 namespace orlix {
 
 class BaseOArchive
-{
-};
+{};
 
 class BaseIArchive
-{
-};
+{};
 
 namespace {
 

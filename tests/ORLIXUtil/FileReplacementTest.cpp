@@ -1,46 +1,25 @@
 // Replacing a file as a whole, and leaving it alone when that fails.
 #include "ORLIX/ORLIXUtil/FileReplacement.h"
 
+#include "ORLIXUtil/FileReplacementFolder.h"
+
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <csignal>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <memory>
 #include <vector>
 
 #include <sys/resource.h>
 #include <sys/stat.h>
-#include <sys/xattr.h>
 #include <unistd.h>
 
 namespace orlix {
 namespace {
 
+using orlix::testing::FileReplacementFolder;
+using orlix::testing::g_nobody;
 namespace fs = std::filesystem;
-
-class FileReplacementFolder : public testing::Test
-{
-protected:
-    FileReplacementFolder() : m_folder(fs::temp_directory_path() / ("orlix-replacement-" + std::to_string(getpid())))
-    {
-        fs::remove_all(m_folder);
-        fs::create_directories(m_folder);
-    }
-    ~FileReplacementFolder() override { fs::remove_all(m_folder); }
-
-    std::string file(const std::string& name) const { return (m_folder / name).string(); }
-    static void put(const std::string& path, const std::string& text) { std::ofstream(path) << text; }
-    static std::string get(const std::string& path)
-    {
-        std::ifstream stream(path);
-        return {std::istreambuf_iterator<char>(stream), {}};
-    }
-    long nbFiles() const { return std::distance(fs::directory_iterator(m_folder), fs::directory_iterator()); }
-
-    fs::path m_folder;
-};
 
 TEST_F(FileReplacementFolder, putsTheNewContentInPlaceAtTheEnd)
 {
@@ -127,99 +106,6 @@ TEST_F(FileReplacementFolder, countsOnlyThoseThatAreOpenAtATime)
     EXPECT_EQ(get(file("a")), "new");
 }
 
-TEST_F(FileReplacementFolder, keepsPermissions)
-{
-    put(file("a"), "old");
-    ASSERT_EQ(chmod(file("a").c_str(), 0640), 0);
-    FileReplacement replacement(file("a"));
-    ASSERT_TRUE(replacement.open());
-    ASSERT_TRUE(replacement.commit());
-    EXPECT_EQ(fs::status(file("a")).permissions(), static_cast<fs::perms>(0640));
-}
-
-TEST_F(FileReplacementFolder, keepsTheNewContentToTheUserUntilItIsInPlace)
-{
-    for (const mode_t mode : {0600u, 0644u}) {
-        put(file("a"), "old");
-        ASSERT_EQ(chmod(file("a").c_str(), mode), 0);
-        FileReplacement replacement(file("a"));
-        ASSERT_TRUE(replacement.open());
-        EXPECT_EQ(fs::status(replacement.getTemporaryFile()).permissions(), static_cast<fs::perms>(0600));
-        ASSERT_TRUE(replacement.commit());
-        EXPECT_EQ(fs::status(file("a")).permissions(), static_cast<fs::perms>(mode));
-    }
-}
-
-TEST_F(FileReplacementFolder, givesANewFileTheModeThatTheUserAskedFor)
-{
-    const mode_t before = umask(027);
-    FileReplacement replacement(file("a"));
-    const auto opened = replacement.open();
-    umask(before);
-    ASSERT_TRUE(opened);
-    ASSERT_TRUE(replacement.commit());
-    EXPECT_EQ(fs::status(file("a")).permissions(), static_cast<fs::perms>(0640));
-}
-
-constexpr uid_t g_nobody = 65534;
-
-TEST_F(FileReplacementFolder, keepsOwnerAndGroup)
-{
-    if (geteuid() != 0) {
-        GTEST_SKIP() << "only the superuser can give a file away";
-    }
-    put(file("a"), "old");
-    ASSERT_EQ(chown(file("a").c_str(), g_nobody, 4711), 0);
-    ASSERT_EQ(chmod(file("a").c_str(), 04750), 0);
-    FileReplacement replacement(file("a"));
-    ASSERT_TRUE(replacement.open());
-    ASSERT_TRUE(replacement.commit());
-    struct stat status = {};
-    ASSERT_EQ(stat(file("a").c_str(), &status), 0);
-    EXPECT_EQ(status.st_uid, g_nobody);
-    EXPECT_EQ(status.st_gid, 4711u);
-    EXPECT_EQ(status.st_mode & 07777, 04750u);
-}
-
-TEST_F(FileReplacementFolder, givesAnotherGroupNoMoreThanAllHave)
-{
-    if (geteuid() != 0) {
-        GTEST_SKIP() << "only the superuser can make a file of somebody else's";
-    }
-    put(file("a"), "old");
-    ASSERT_EQ(chown(file("a").c_str(), 4711, 4711), 0);
-    ASSERT_EQ(chmod(file("a").c_str(), 06672), 0);
-    ASSERT_EQ(chmod(m_folder.c_str(), 0777), 0);
-    ASSERT_EQ(seteuid(g_nobody), 0);
-    FileReplacement replacement(file("a"));
-    const auto opened = replacement.open();
-    const auto committed = replacement.commit();
-    ASSERT_EQ(seteuid(0), 0);
-    EXPECT_TRUE(opened);
-    EXPECT_TRUE(committed);
-    struct stat status = {};
-    ASSERT_EQ(stat(file("a").c_str(), &status), 0);
-    EXPECT_EQ(status.st_uid, g_nobody);
-    EXPECT_EQ(status.st_mode & 07777, 0622u);
-}
-
-TEST_F(FileReplacementFolder, keepsExtendedAttributes)
-{
-    put(file("a"), "old");
-    const std::string note = "kept";
-    if (setxattr(file("a").c_str(), "user.note", note.data(), note.size(), 0) != 0) {
-        GTEST_SKIP() << "this file system has none";
-    }
-    ASSERT_EQ(setxattr(file("a").c_str(), "user.empty", "", 0, 0), 0);
-    FileReplacement replacement(file("a"));
-    ASSERT_TRUE(replacement.open());
-    ASSERT_TRUE(replacement.commit());
-    char value[16];
-    ASSERT_EQ(getxattr(file("a").c_str(), "user.note", value, sizeof value), 4);
-    EXPECT_EQ(std::string(value, 4), note);
-    EXPECT_EQ(getxattr(file("a").c_str(), "user.empty", value, sizeof value), 0);
-}
-
 TEST_F(FileReplacementFolder, makesTheFileThatALinkNames)
 {
     fs::create_directory(m_folder / "sub");
@@ -285,6 +171,30 @@ TEST_F(FileReplacementFolder, refusesWhatIsNoFile)
     EXPECT_FALSE(FileReplacement("/dev/full").open());
     EXPECT_TRUE(fs::is_character_file("/dev/full"));
     EXPECT_FALSE(FileReplacement("").open());
+}
+
+TEST_F(FileReplacementFolder, tellsTheSystemsNumberOfAnError)
+{
+    FileReplacement folder(m_folder.string()), device("/dev/full");
+    EXPECT_FALSE(folder.open());
+    EXPECT_EQ(folder.getSystemError(), EISDIR);
+    EXPECT_FALSE(device.open());
+    EXPECT_EQ(device.getSystemError(), EINVAL);
+}
+
+TEST_F(FileReplacementFolder, takesAnotherNameWhereTheTemporaryOneIsTaken)
+{
+    FileReplacement first(file("a")), second(file("b"));
+    ASSERT_TRUE(first.open());
+    const std::string name = first.getTemporaryFile();
+    const std::size_t number = name.rfind('-') + 1;
+    const std::string next =
+        name.substr(0, number) + std::to_string(std::stoul(name.substr(number)) + 1) + name.substr(name.rfind('.'));
+    put(next, "somebody else's");
+    ASSERT_TRUE(second.open());
+    EXPECT_NE(second.getTemporaryFile(), next);
+    EXPECT_TRUE(second.commit());
+    EXPECT_EQ(get(next), "somebody else's");
 }
 
 TEST_F(FileReplacementFolder, refusesAMissingFolder)

@@ -38,8 +38,7 @@ std::ostream& operator<<(std::ostream& stream, const Streamed& streamed)
 }
 
 struct Unprintable
-{
-};
+{};
 
 std::ostream& operator<<(std::ostream&, const Unprintable&)
 {
@@ -95,7 +94,7 @@ TEST(LogMessageFormater, doesNotDependOnTheLocaleOfTheCLibrary)
 {
     const orlix::testing::ScopedCLocale scope;
     if (!scope.isFound()) {
-        GTEST_SKIP() << "this system has no locale with a decimal comma: install de_DE.UTF-8 or fr_FR.UTF-8";
+        GTEST_SKIP() << "this system has no locale with a decimal comma, nor the package locales to make one of";
     }
     EXPECT_EQ(format("%d %f %s", 1234567, 1234.5, 1234567.5), "1234567 1234.500000 1234567.5");
 }

@@ -47,8 +47,7 @@ struct MessageCatalogue<test::eRegisteredMessage>
 
 template <>
 struct MessageCatalogue<test::eLateMessage> : MessageCatalogue<test::eTestMessage>
-{
-};
+{};
 
 namespace test {
 namespace {

@@ -32,8 +32,8 @@ public:
 protected:
     void append(const log4cplus::spi::InternalLoggingEvent& event) override
     {
-        m_events.push_back({event.getLoggerName(), event.getLogLevel(), event.getMessage(), event.getFile(),
-                            event.getLine()});
+        m_events.push_back(
+            {event.getLoggerName(), event.getLogLevel(), event.getMessage(), event.getFile(), event.getLine()});
     }
 };
 

@@ -14,8 +14,7 @@ struct HookLibrary
 class HookProcessor final : public Scaffold<HookProcessor, BaseSyncProcessor, HookLibrary>
 {
 public:
-    static constexpr const char* g_name = "HookProcessor";
-    static constexpr int g_toolTip = 0;
+    static constexpr ProcessorText g_text{"HookProcessor", 0};
 
 #if defined(RULE_IS_PROTECTED)
 protected:

@@ -45,8 +45,7 @@ struct FuzzedRecord
 };
 
 class Fuzzed final : public DataItemNode<Fuzzed, FuzzedRecord>
-{
-};
+{};
 
 using FuzzedColl = PlanIndexedColl<Fuzzed>;
 

@@ -161,7 +161,7 @@ void run(const std::vector<std::string>& words)
     require(code == cli::eExitCode::eSuccess || code == cli::eExitCode::eDifferent || code == cli::eExitCode::eFailure);
     require((code == cli::eExitCode::eFailure) == !told.empty());
     require(told.empty() || (told.starts_with("orlix: ") && told.ends_with('\n')));
-    const bool bInfo = std::ranges::find(words, "info") != words.end(); // one line a file
+    const bool bInfo = std::ranges::find(words, "info") != words.end(); // one line per file
     require(told.empty() || bInfo || std::ranges::count(told, '\n') == 1);
 }
 

@@ -3,6 +3,7 @@
 #include "FuzzedImage.h"
 #include "FuzzedRun.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/CompareImg/CompareImg.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Processor/CompareImg/CompareImgLvl1.h"
 #include "ORLIXIPLUtility/Processor/CompareImg/ComparePixelOracle.h"
 
 namespace {

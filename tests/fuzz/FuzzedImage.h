@@ -124,7 +124,7 @@ public:
     FuzzedImage(const Shape& shape, ByteReader& bytes) : m_shape(shape)
     {
         const unsigned long kind = bytes.below(4);
-        const auto place = static_cast<simd::eMemoryPlace>(bytes.below(3));
+        const auto place = static_cast<simd::eMemoryPlace>(bytes.below(8));
         if (kind == 0 || shape.types.size() > 1) {
             m_image = image::createImage(shape.geometry());
         } else {

@@ -60,6 +60,11 @@ ssize_t pwrite(int file, const void* source, std::size_t bytes, off_t offset)
     return isInterrupted() ? -1 : ::syscall(SYS_pwrite64, file, source, moved(bytes), offset);
 }
 
+ssize_t write(int file, const void* source, std::size_t bytes)
+{
+    return isInterrupted() ? -1 : ::syscall(SYS_write, file, source, moved(bytes));
+}
+
 int fsync(int file)
 {
     g_system.events += "sync ";

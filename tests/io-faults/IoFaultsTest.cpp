@@ -1,7 +1,8 @@
 // What the system may do is no failure, and what it fails with is told.
+#include "ORLIX/ORLIXUtil/FileReplacement.h"
+#include "ORLIXImageIO/FilledImages.h"
 #include "ORLIXImageIO/TestFiles.h"
 #include "ORLIXImageIO/TestFolder.h"
-#include "ORLIXImageIO/TestImages.h"
 #include "io-faults/FaultySystem.h"
 
 #include <cerrno>
@@ -50,6 +51,23 @@ TEST_F(IoFaultsTest, ShortAndInterruptedTransfersAreGoneOnWith)
     EXPECT_TRUE(areSame(*image, *readImage(folder / "a.tif")));
 }
 
+TEST_F(IoFaultsTest, SoAreWritesOfOtherFiles)
+{
+    const TestFolder folder;
+    std::string text;
+    for (int i = 0; i < 10000; ++i) {
+        text += std::to_string(i);
+    }
+    FileReplacement replacement((folder / "a.txt").string());
+    ASSERT_TRUE(replacement.open());
+    orlix::test::system() = {.bInterrupts = true, .bShort = true};
+    const auto written = replacement.write(text.data(), text.size());
+    orlix::test::system() = {};
+    EXPECT_TRUE(written) << written.getMessage();
+    EXPECT_TRUE(replacement.commit());
+    EXPECT_TRUE(text == contentOf(folder / "a.txt"));
+}
+
 TEST_F(IoFaultsTest, AReadBackThatFailsIsTold)
 {
     const TestFolder folder;
@@ -89,4 +107,23 @@ TEST_F(IoFaultsTest, ContentIsOnTheDiskBeforeItIsRenamedAndTheFolderAfter)
     options.bSync = false;
     writeImage(folder / "a.tif", stack(), options);
     EXPECT_EQ("rename ", orlix::test::system().events);
+}
+
+// A file system that has nothing to wait for says EINVAL.
+TEST_F(IoFaultsTest, AFileSystemWithoutSynchronisationIsNoFailure)
+{
+    const TestFolder folder;
+    orlix::test::system().syncError = EINVAL;
+    EXPECT_NO_THROW(writeImage(folder / "a.tif", stack()));
+    EXPECT_TRUE(areSame(*stack(), *readImage(folder / "a.tif")));
+}
+
+TEST_F(IoFaultsTest, TheCurrentFolderIsSynchronisedToo)
+{
+    const TestFolder folder;
+    const auto before = boost::filesystem::current_path();
+    boost::filesystem::current_path(folder.getPath());
+    EXPECT_NO_THROW(writeImage("a.tif", stack()));
+    boost::filesystem::current_path(before);
+    EXPECT_EQ("sync rename sync ", orlix::test::system().events);
 }

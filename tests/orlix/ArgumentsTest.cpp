@@ -1,8 +1,8 @@
 // Arguments, help, version and what is said about mistakes.
 #include "CommandLine.h"
+#include "orlix/support/NoiseImages.h"
 #include "orlix/support/Program.h"
 #include "orlix/support/TemporaryFolder.h"
-#include "orlix/support/TestImages.h"
 #include "support/Sanitizers.h"
 
 #include "ORLIX/ORLIXCore/BaseExecutor.h"

@@ -4,9 +4,9 @@
 #include "DifferencePicture.h"
 #include "DifferenceStatistics.h"
 #include "orlix/support/JsonDocument.h"
+#include "orlix/support/NoiseImages.h"
 #include "orlix/support/Program.h"
 #include "orlix/support/TemporaryFolder.h"
-#include "orlix/support/TestImages.h"
 #include "support/ScopedLocale.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 // The tolerances that orlix compare takes and refuses.
+#include "orlix/support/NoiseImages.h"
 #include "orlix/support/Program.h"
 #include "orlix/support/TemporaryFolder.h"
-#include "orlix/support/TestImages.h"
 
 #include <gtest/gtest.h>
 
@@ -96,11 +96,29 @@ TEST_F(CompareTolerancesTest, WhatIsHeldCounts)
     EXPECT_EQ(compare(eImageBufferType::UInt16, 60000, {"--relative", "1"}).exitCode, 0);
 }
 
-TEST_F(CompareTolerancesTest, RunTakesNone)
+TEST_F(CompareTolerancesTest, RunTakesThemByName)
 {
-    const ProgramResult result = runOrlix({"run", "CompareImgLvl1", "InOptImgComparisonTolerance=nan"});
-    EXPECT_EQ(result.exitCode, 2);
-    EXPECT_NE(result.err.find("InOptImgComparisonTolerance (data item) can't be given as text"), std::string::npos);
+    EXPECT_EQ(compare(eImageBufferType::UInt8, 200, {}).exitCode, 1);
+    const auto run = [this](const std::string& tolerance) {
+        return runOrlix({"run", "CompareImgLvl1", "InImg1=" + (m_folder / "one.tif"),
+                         "InImg2=" + (m_folder / "two.tif"), "InOptImgComparisonTolerance=" + tolerance});
+    };
+    EXPECT_NE(run("mode=1,absoluteTolerance=199").out.find("nbDifferentPixels: 1"), std::string::npos);
+    EXPECT_NE(run("absoluteTolerance=200,mode=1").out.find("nbDifferentPixels: 0"), std::string::npos);
+    EXPECT_NE(run("mode=2,relativeTolerance=1").out.find("nbDifferentPixels: 0"), std::string::npos);
+    const std::pair<std::string, std::string> refused[] = {
+        {"mode=1,absoluteTolerance=nan", "absoluteTolerance: expected a number from 0 to 3.4028235e+38, found nan"},
+        {"mode=3,absoluteTolerance=-1", "absoluteTolerance: expected a number from 0 to 3.4028235e+38, found -1"},
+        {"mode=2,relativeTolerance=inf", "relativeTolerance: expected a number from 0 to 3.4028235e+38, found inf"},
+        {"mode=4", "mode: expected 0 (equal), 1 (absolute), 2 (relative) or 3 (either), found 4"},
+        {"absoluteTolerance=2", "absoluteTolerance counts in modes 1 and 3 alone: give one of them with it"},
+        {"mode=1,relativeTolerance=2", "relativeTolerance counts in modes 2 and 3 alone: give one of them with it"},
+        {"mode=1,tolerance=2", "there is no tolerance: give mode="}};
+    for (const auto& [text, reason] : refused) {
+        const ProgramResult result = run(text);
+        EXPECT_EQ(result.exitCode, 2) << text;
+        EXPECT_EQ(result.err.find("orlix: InOptImgComparisonTolerance: " + reason), 0U) << result.err;
+    }
 }
 
 } // namespace

@@ -1,8 +1,8 @@
 // orlix copy.
 #include "orlix/support/JsonDocument.h"
+#include "orlix/support/NoiseImages.h"
 #include "orlix/support/Program.h"
 #include "orlix/support/TemporaryFolder.h"
-#include "orlix/support/TestImages.h"
 #include "support/Sanitizers.h"
 
 #include "ORLIX/ORLIXCore/InstructionSetAvailability.h"

@@ -1,8 +1,8 @@
 // orlix info.
 #include "orlix/support/JsonDocument.h"
+#include "orlix/support/NoiseImages.h"
 #include "orlix/support/Program.h"
 #include "orlix/support/TemporaryFolder.h"
-#include "orlix/support/TestImages.h"
 
 #include <boost/make_shared.hpp>
 
@@ -34,9 +34,9 @@ TEST(InfoTest, TellsAxesTypeCalibrationAndFormat)
     EXPECT_EQ(result.out, file +
                               "\n"
                               "  axes         x 7, y 5, z 3, c 2, t 4\n"
-                              "  type         UInt16, 2 bytes an element in memory\n"
-                              "  calibration  0.5 x 0.25 x 1.5 mm a pixel, origin 1, -2, 3 mm\n"
-                              "  file         TIFF with OME-XML axes, 24 pages, 16 bits a sample, compression None, "
+                              "  type         UInt16, 2 bytes per element in memory\n"
+                              "  calibration  0.5 x 0.25 x 1.5 mm per pixel, origin 1, -2, 3 mm\n"
+                              "  file         TIFF with OME-XML axes, 24 pages, 16 bits per sample, compression None, "
                               "strips, little endian, " +
                               bytes + " bytes\n");
 }

@@ -1,9 +1,9 @@
 // Ctrl-C and its kin.
 #include "Interruption.h"
 
+#include "orlix/support/NoiseImages.h"
 #include "orlix/support/Program.h"
 #include "orlix/support/TemporaryFolder.h"
-#include "orlix/support/TestImages.h"
 
 #include <gtest/gtest.h>
 

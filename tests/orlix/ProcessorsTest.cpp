@@ -3,7 +3,7 @@
 #include "orlix/support/Program.h"
 
 #include "ORLIX/ORLIXBaseProcessing/ProcessorFactory.h"
-#include "ORLIXIPL/ORLIXIPLUtility/Processor/CopyImg/CopyImg.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Processor/CopyImg/CopyImgLvl1.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // Progress: on a terminal, and nowhere else.
+#include "orlix/support/NoiseImages.h"
 #include "orlix/support/Program.h"
 #include "orlix/support/TemporaryFolder.h"
-#include "orlix/support/TestImages.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 // orlix run.
 #include "orlix/support/JsonDocument.h"
+#include "orlix/support/NoiseImages.h"
 #include "orlix/support/Program.h"
 #include "orlix/support/TemporaryFolder.h"
-#include "orlix/support/TestImages.h"
 
 #include "ORLIX/ORLIXCore/InstructionSetAvailability.h"
 
@@ -150,7 +150,17 @@ TEST_F(RunTest, OutputsThatAreNoImagesArePrinted)
     asJson.push_back("--json");
     const JsonDocument document = parseJson(runOrlix(asJson).out);
     EXPECT_EQ(document["processor"].text, "orlix::imaproc::util::CompareImgLvl1");
-    EXPECT_EQ(document["outputs"]["OutCompareResult"].text.find(found), 0U);
+    const JsonDocument& output = document["outputs"]["OutCompareResult"];
+    EXPECT_FALSE(output["identical"].bValue);
+    EXPECT_EQ(output["nbDifferentPixels"].number, 1);
+    EXPECT_EQ(output["nbComparedPixels"].number, 72);
+    ASSERT_EQ(output["firstDifference"].members.size(), 5U);
+    EXPECT_EQ(output["firstDifference"]["x"].number, 4);
+    EXPECT_EQ(output["firstDifference"]["y"].number, 1);
+    EXPECT_EQ(output["firstDifference"]["t"].number, 0);
+    const ImagePtr before = image::io::readImage(m_folder / "in.tif");
+    EXPECT_EQ(output["firstValue1"].number, image::planData<unsigned char>(*before, 0, 0, 0)[13]);
+    EXPECT_EQ(output["firstValue2"].number, image::planData<unsigned char>(*in, 0, 0, 0)[13]);
 }
 
 TEST_F(RunTest, ADifferenceThatIsNotThereIsNone)
@@ -162,7 +172,13 @@ TEST_F(RunTest, ADifferenceThatIsNotThereIsNone)
     EXPECT_EQ(runOrlix({"run", "CompareImgLvl1", "InImg1=" + file, "InImg2=" + file}).out,
               "OutCompareResult: " + same + "\n");
     const ProgramResult json = runOrlix({"run", "CompareImgLvl1", "InImg1=" + file, "InImg2=" + file, "--json"});
-    EXPECT_EQ(parseJson(json.out)["outputs"]["OutCompareResult"].text, same);
+    const JsonDocument document = parseJson(json.out);
+    const JsonDocument& output = document["outputs"]["OutCompareResult"];
+    EXPECT_TRUE(output["identical"].bValue);
+    EXPECT_EQ(output["nbComparedPixels"].number, 72);
+    for (const char* const name : {"firstDifference", "firstValue1", "firstValue2"}) {
+        EXPECT_TRUE(output[name].isNull()) << name;
+    }
 }
 
 TEST_F(RunTest, JsonTellsTheImagesThatWereWritten)
@@ -213,7 +229,8 @@ TEST_F(RunTest, MistakesAreToldBeforeAnyFileIsTouched)
         refusal({"CopyImgLvl3"}),
         "CopyImgLvl3 needs InYStrip2d (strip), which neither a file nor a text can give: run a processor of level 1");
     EXPECT_EQ(refusal({"CompareImgLvl1", "InOptImgComparisonTolerance=1"})
-                  .find("InOptImgComparisonTolerance (data item) can't be given as text"),
+                  .find("InOptImgComparisonTolerance: expected mode=<whole number from 0 to 4294967295>,"
+                        "absoluteTolerance=<number>,relativeTolerance=<number>, found \"1\""),
               0U);
     EXPECT_EQ(refusal({"CopyImgLvl1", in, m_out}).find("/nowhere/in.tif: can't be opened"), 0U);
 }

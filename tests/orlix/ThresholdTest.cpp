@@ -1,7 +1,7 @@
 // orlix threshold.
+#include "orlix/support/NoiseImages.h"
 #include "orlix/support/Program.h"
 #include "orlix/support/TemporaryFolder.h"
-#include "orlix/support/TestImages.h"
 
 #include <boost/make_shared.hpp>
 

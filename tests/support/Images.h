@@ -14,7 +14,8 @@
 namespace orlix::testing {
 
 /// Calls `action(t, row)` for every row of the image: x fastest, then y, z, c, t.
-inline void forEachRow(const image::BaseImage& image, const std::function<void(unsigned long t, std::byte* row)>& action)
+inline void forEachRow(const image::BaseImage& image,
+                       const std::function<void(unsigned long t, std::byte* row)>& action)
 {
     for (unsigned long t = 0; t < image.getSizeT(); ++t) {
         for (unsigned long c = 0; c < image.getSizeC(); ++c) {

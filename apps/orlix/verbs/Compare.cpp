@@ -177,35 +177,39 @@ void runCompare(const CompareArguments& arguments, CommandContext& context)
     }
 }
 
-VerbRun setUpCompare(OptionList& options)
-{
-    const auto arguments = boost::make_shared<CompareArguments>();
-    options.add("FIRST", arguments->first, "TIFF or PNG file").valueName(" ").required();
-    options.add("SECOND", arguments->second, "TIFF or PNG file of the same sizes and element type")
-        .valueName(" ")
-        .required();
-    addToleranceOption(options, g_absolute, arguments->absolute,
-                       "Let differences of up to so many grey values pass; on\ninteger images the fraction is dropped")
-        .valueName("VALUE");
-    addToleranceOption(options, "--relative", arguments->relative,
-                       "Let differences of up to this part of the larger absolute\nvalue pass; with --absolute too, "
-                       "those within either")
-        .valueName("PART");
-    const auto takePicture = [arguments](const std::string& file) {
-        arguments->picture = file;
-        return std::nullopt;
-    };
-    options
-        .add("--picture", takePicture,
-             "Draw the plan of the first difference in both images and\nits differences into a PNG file")
-        .valueName("FILE");
-    return [arguments](CommandContext& context) { runCompare(*arguments, context); };
-}
+constexpr VerbRow<CompareArguments> g_row = {
+    .name = "compare",
+    .summary = "Tell whether two images are the same, and where they differ",
+    .operands =
+        [](OptionList& list, CompareArguments& arguments) {
+            list.add("FIRST", arguments.first, "TIFF or PNG file").valueName(" ").required();
+            list.add("SECOND", arguments.second, "TIFF or PNG file of the same sizes and element type")
+                .valueName(" ")
+                .required();
+        },
+    .options =
+        [](OptionList& list, CompareArguments& arguments) {
+            addToleranceOption(list, g_absolute, arguments.absolute,
+                               "Let differences of up to so many grey values pass; on\n"
+                               "integer images the fraction is dropped")
+                .valueName("VALUE");
+            addToleranceOption(list, "--relative", arguments.relative,
+                               "Let differences of up to this part of the larger absolute\n"
+                               "value pass; with --absolute too, those within either")
+                .valueName("PART");
+            const auto takePicture = [&arguments](const std::string& file) {
+                arguments.picture = file;
+                return std::nullopt;
+            };
+            list.add("--picture", takePicture,
+                     "Draw the plan of the first difference in both images and\nits differences into a PNG file")
+                .valueName("FILE");
+        },
+    .run = &runCompare};
 
 } // namespace
 
 extern const Verb g_compare;
-constinit const Verb g_compare = {"compare", "Tell whether two images are the same, and where they differ",
-                                  &setUpCompare};
+constinit const Verb g_compare = verbOf<g_row>();
 
 } // namespace orlix::cli

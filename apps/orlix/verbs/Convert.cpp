@@ -26,27 +26,30 @@ ImagePtr convert(const ImagePtr& in, const image::eImageBufferType& type, Comman
         ->getStorage<attr::OutImg>();
 }
 
-VerbRun setUpConvert(OptionList& options)
-{
-    const auto arguments = boost::make_shared<ConvertArguments>();
-    addFileArguments(options, arguments->files);
-    addAttributeOption<InConvertImageBufferType>(
-        options, "--type", arguments->type,
-        "Element type of the output, needed: Int8, UInt8, Int16, UInt16, Int32,\n"
-        "UInt32, Real32, Binary, UInt8Like, UInt16Like or UInt32Like;\n"
-        "float32 and bool for Real32 and Binary. Upper or lower case.\n"
-        "Values are converted as they stand, nothing is scaled")
-        .valueName("TYPE")
-        .required();
-    return [arguments](CommandContext& context) {
-        transformFile(arguments->files, context,
-                      [&](const ImagePtr& in) { return convert(in, arguments->type->value, context); });
-    };
-}
+constexpr VerbRow<ConvertArguments> g_row = {
+    .name = "convert",
+    .summary = "Change the element type of an image",
+    .operands = [](OptionList& list, ConvertArguments& arguments) { addFileArguments(list, arguments.files); },
+    .options =
+        [](OptionList& list, ConvertArguments& arguments) {
+            addAttributeOption<InConvertImageBufferType>(
+                list, "--type", arguments.type,
+                "Element type of the output, needed: Int8, UInt8, Int16, UInt16, Int32,\n"
+                "UInt32, Real32, Binary, UInt8Like, UInt16Like or UInt32Like;\n"
+                "float32 and bool for Real32 and Binary. Upper or lower case.\n"
+                "Values are converted as they stand, nothing is scaled")
+                .valueName("TYPE")
+                .required();
+        },
+    .run =
+        [](const ConvertArguments& arguments, CommandContext& context) {
+            transformFile(arguments.files, context,
+                          [&](const ImagePtr& in) { return convert(in, arguments.type->value, context); });
+        }};
 
 } // namespace
 
 extern const Verb g_convert;
-constinit const Verb g_convert = {"convert", "Change the element type of an image", &setUpConvert};
+constinit const Verb g_convert = verbOf<g_row>();
 
 } // namespace orlix::cli

@@ -16,19 +16,17 @@ ImagePtr copy(const ImagePtr& in, CommandContext& context)
         ->getStorage<attr::OutImg>();
 }
 
-VerbRun setUpCopy(OptionList& options)
-{
-    const auto arguments = boost::make_shared<FileArguments>();
-    addFileArguments(options, *arguments);
-    return [arguments](CommandContext& context) {
-        transformFile(*arguments, context, [&](const ImagePtr& in) { return copy(in, context); });
-    };
-}
+constexpr VerbRow<FileArguments> g_row = {
+    .name = "copy",
+    .summary = "Copy an image to another file, in the format that its name ends in",
+    .operands = &addFileArguments,
+    .run = [](const FileArguments& arguments, CommandContext& context) {
+        transformFile(arguments, context, [&](const ImagePtr& in) { return copy(in, context); });
+    }};
 
 } // namespace
 
 extern const Verb g_copy;
-constinit const Verb g_copy = {"copy", "Copy an image to another file, in the format that its name ends in",
-                               &setUpCopy};
+constinit const Verb g_copy = verbOf<g_row>();
 
 } // namespace orlix::cli

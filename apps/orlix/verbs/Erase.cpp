@@ -27,22 +27,25 @@ ImagePtr erase(const ImagePtr& image, const EraseArguments& arguments, CommandCo
         ->getStorage<attr::OutImg>();
 }
 
-VerbRun setUpErase(OptionList& options)
-{
-    const auto arguments = boost::make_shared<EraseArguments>();
-    addFileArguments(options, arguments->files);
-    addAttributeOption<InOptEraseValue>(options, "--value", arguments->value,
-                                        "Value of every pixel; integers take its low bytes without its\n"
-                                        "fraction, nothing saturates; default: 0")
-        .valueName("VALUE");
-    return [arguments](CommandContext& context) {
-        transformFile(arguments->files, context, [&](const ImagePtr& in) { return erase(in, *arguments, context); });
-    };
-}
+constexpr VerbRow<EraseArguments> g_row = {
+    .name = "erase",
+    .summary = "Set every pixel of an image to one value",
+    .operands = [](OptionList& list, EraseArguments& arguments) { addFileArguments(list, arguments.files); },
+    .options =
+        [](OptionList& list, EraseArguments& arguments) {
+            addAttributeOption<InOptEraseValue>(list, "--value", arguments.value,
+                                                "Value of every pixel; integers take its low bytes without its\n"
+                                                "fraction, nothing saturates; default: 0")
+                .valueName("VALUE");
+        },
+    .run =
+        [](const EraseArguments& arguments, CommandContext& context) {
+            transformFile(arguments.files, context, [&](const ImagePtr& in) { return erase(in, arguments, context); });
+        }};
 
 } // namespace
 
 extern const Verb g_erase;
-constinit const Verb g_erase = {"erase", "Set every pixel of an image to one value", &setUpErase};
+constinit const Verb g_erase = verbOf<g_row>();
 
 } // namespace orlix::cli

@@ -27,7 +27,7 @@ std::string describeType(const image::BaseImageGeometry& geometry)
 {
     const unsigned long bytes = image::elementSize(geometry.getBufferType());
     return std::string(image::getBufferTypeName(geometry.getBufferType())) + ", " + std::to_string(bytes) +
-           (bytes == 1 ? " byte" : " bytes") + " an element in memory";
+           (bytes == 1 ? " byte" : " bytes") + " per element in memory";
 }
 
 std::string describeContainer(const ImageFileInfo& info)
@@ -40,7 +40,7 @@ std::string describeContainer(const ImageFileInfo& info)
         text += " and pages of " + std::to_string(info.files) + " files";
     }
     text += ", " + std::to_string(info.pages) + (info.pages == 1 ? " page, " : " pages, ");
-    text += std::to_string(info.bitsPerSample) + " bits a sample, compression " + printable(info.compression);
+    text += std::to_string(info.bitsPerSample) + " bits per sample, compression " + printable(info.compression);
     if (info.format == eImageFileFormat::eTiff) {
         text += info.bTiled ? ", tiles" : ", strips";
         text += info.bBigEndian ? ", big endian" : ", little endian";
@@ -145,16 +145,20 @@ void runInfo(const std::vector<std::string>& files, CommandContext& context)
     }
 }
 
-VerbRun setUpInfo(OptionList& options)
-{
-    const auto files = boost::make_shared<std::vector<std::string>>();
-    options.add("FILE", *files, "TIFF or PNG files; only their headers are read").valueName("...").required();
-    return [files](CommandContext& context) { runInfo(*files, context); };
-}
+using Files = std::vector<std::string>;
+
+constexpr VerbRow<Files> g_row = {
+    .name = "info",
+    .summary = "Tell axes, element type, calibration and file format of images",
+    .operands =
+        [](OptionList& list, Files& files) {
+            list.add("FILE", files, "TIFF or PNG files; only their headers are read").valueName("...").required();
+        },
+    .run = &runInfo};
 
 } // namespace
 
 extern const Verb g_info;
-constinit const Verb g_info = {"info", "Tell axes, element type, calibration and file format of images", &setUpInfo};
+constinit const Verb g_info = verbOf<g_row>();
 
 } // namespace orlix::cli

@@ -66,19 +66,21 @@ void showProcessor(const std::string& name, CommandContext& context)
     json.endObject();
 }
 
-VerbRun setUpProcessors(OptionList& options)
-{
-    const auto name = boost::make_shared<std::string>();
-    options.add("PROCESSOR", *name, "Tell this one alone, with its attributes").valueName(" ");
-    return [name](CommandContext& context) {
-        name->empty() ? listProcessors(context) : showProcessor(findProcessor(*name), context);
-    };
-}
+constexpr VerbRow<std::string> g_row = {
+    .name = "processors",
+    .summary = "List the processors by name, with tool tip, library and header",
+    .operands =
+        [](OptionList& list, std::string& name) {
+            list.add("PROCESSOR", name, "Tell this one alone, with its attributes").valueName(" ");
+        },
+    .run =
+        [](const std::string& name, CommandContext& context) {
+            name.empty() ? listProcessors(context) : showProcessor(findProcessor(name), context);
+        }};
 
 } // namespace
 
 extern const Verb g_processors;
-constinit const Verb g_processors = {"processors", "List the processors by name, with tool tip, library and header",
-                                     &setUpProcessors};
+constinit const Verb g_processors = verbOf<g_row>();
 
 } // namespace orlix::cli

@@ -54,34 +54,36 @@ std::string helpOnAttributes(const std::string& processor)
     return "Attributes of " + name + ":\n" + describeAttributes(*makeProcessor(name));
 }
 
-VerbRun setUpRun(OptionList& options)
-{
-    const auto arguments = boost::make_shared<RunArguments>();
-    options
-        .add("PROCESSOR", arguments->processor,
-             "Name of the processor as `orlix processors` tells it; what stands\n"
-             "before the last :: may be left out")
-        .valueName(" ")
-        .required();
-    options
-        .add("ATTRIBUTE=VALUE", arguments->assignments,
-             "Value of an input; for images the file to read or, for an\n"
-             "output, to write. Outputs that no file is named for are dropped")
-        .valueName("...");
-    options
-        .add("--given", arguments->given,
-             "Read the image that an output holds before the run; for\n"
-             "processors that write into an image that is there")
-        .valueName("ATTRIBUTE=FILE")
-        .oneValueEach();
-    addFormatOptions(options, arguments->format);
-    options.setFooter([arguments] { return helpOnAttributes(arguments->processor); });
-    return [arguments](CommandContext& context) { runNamed(*arguments, context); };
-}
+constexpr VerbRow<RunArguments> g_row = {
+    .name = "run",
+    .summary = "Run any processor by name, on values and files",
+    .operands =
+        [](OptionList& list, RunArguments& arguments) {
+            list.add("PROCESSOR", arguments.processor,
+                     "Name of the processor as `orlix processors` tells it; what stands\n"
+                     "before the last :: may be left out")
+                .valueName(" ")
+                .required();
+            list.add("ATTRIBUTE=VALUE", arguments.assignments,
+                     "Value of an input; for images the file to read or, for an\n"
+                     "output, to write. Outputs that no file is named for are dropped")
+                .valueName("...");
+        },
+    .options =
+        [](OptionList& list, RunArguments& arguments) {
+            list.add("--given", arguments.given,
+                     "Read the image that an output holds before the run; for\n"
+                     "processors that write into an image that is there")
+                .valueName("ATTRIBUTE=FILE")
+                .oneValueEach();
+            addFormatOptions(list, arguments.format);
+            list.setFooter([&arguments] { return helpOnAttributes(arguments.processor); });
+        },
+    .run = &runNamed};
 
 } // namespace
 
 extern const Verb g_run;
-constinit const Verb g_run = {"run", "Run any processor by name, on values and files", &setUpRun};
+constinit const Verb g_run = verbOf<g_row>();
 
 } // namespace orlix::cli

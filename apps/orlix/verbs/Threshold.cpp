@@ -58,29 +58,31 @@ ImagePtr threshold(const ImagePtr& in, const ThresholdArguments& arguments, Comm
         ->getStorage<attr::OutBinImg>();
 }
 
-VerbRun setUpThreshold(OptionList& options)
-{
-    const auto arguments = boost::make_shared<ThresholdArguments>();
-    addFileArguments(options, arguments->files);
-    addAttributeOption<InThresholdMin>(options, g_min, arguments->min,
-                                       "Smallest value that becomes 1; on integers its fraction is\n"
-                                       "dropped; default: the smallest of the element type")
-        .valueName("VALUE");
-    addAttributeOption<InThresholdMax>(options, g_max, arguments->max,
-                                       "Largest value that becomes 1; on integers its fraction is\n"
-                                       "dropped; default: the largest of the element type")
-        .valueName("VALUE");
-    return [arguments](CommandContext& context) {
-        checkOrder(*arguments);
-        transformFile(arguments->files, context,
-                      [&](const ImagePtr& in) { return threshold(in, *arguments, context); });
-    };
-}
+constexpr VerbRow<ThresholdArguments> g_row = {
+    .name = "threshold",
+    .summary = "Make a binary image: 1 between two values, 0 elsewhere",
+    .operands = [](OptionList& list, ThresholdArguments& arguments) { addFileArguments(list, arguments.files); },
+    .options =
+        [](OptionList& list, ThresholdArguments& arguments) {
+            addAttributeOption<InThresholdMin>(list, g_min, arguments.min,
+                                               "Smallest value that becomes 1; on integers its fraction is\n"
+                                               "dropped; default: the smallest of the element type")
+                .valueName("VALUE");
+            addAttributeOption<InThresholdMax>(list, g_max, arguments.max,
+                                               "Largest value that becomes 1; on integers its fraction is\n"
+                                               "dropped; default: the largest of the element type")
+                .valueName("VALUE");
+        },
+    .run =
+        [](const ThresholdArguments& arguments, CommandContext& context) {
+            checkOrder(arguments);
+            transformFile(arguments.files, context,
+                          [&](const ImagePtr& in) { return threshold(in, arguments, context); });
+        }};
 
 } // namespace
 
 extern const Verb g_threshold;
-constinit const Verb g_threshold = {"threshold", "Make a binary image: 1 between two values, 0 elsewhere",
-                                    &setUpThreshold};
+constinit const Verb g_threshold = verbOf<g_row>();
 
 } // namespace orlix::cli

@@ -19,8 +19,7 @@ std::atomic<int>& accessDefaultLimit()
 
 } // namespace
 
-AlgorithmFunctionSelector::AlgorithmFunctionSelector() : m_rowsOfKey(DataTypeIdentifierColl::g_nbKeys)
-{}
+AlgorithmFunctionSelector::AlgorithmFunctionSelector() : m_rowsOfKey(DataTypeIdentifierColl::g_nbKeys) {}
 
 AlgorithmFunctionSelector::~AlgorithmFunctionSelector() = default;
 
@@ -83,8 +82,8 @@ const AlgorithmFunctionIdentifier* AlgorithmFunctionSelector::select(const DataT
     if (rows.empty()) {
         return nullptr;
     }
-    const int limit = forced.isEmpty() ? accessDefaultLimit().load(std::memory_order_relaxed)
-                                       : static_cast<int>(forced.getHighest());
+    const int limit =
+        forced.isEmpty() ? accessDefaultLimit().load(std::memory_order_relaxed) : static_cast<int>(forced.getHighest());
     if (limit >= 0) {
         for (const unsigned row : rows) {
             if (static_cast<int>(m_functions[row].getInstructionSets().getHighest()) <= limit) {

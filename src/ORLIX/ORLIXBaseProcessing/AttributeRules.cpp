@@ -13,7 +13,7 @@ ProcessingResult<bool> failure(std::string text)
 
 const char* relationName(eValueComparisonRuleType type)
 {
-    static constexpr const char* g_names[] = {"equal to",           "different from", "greater than",
+    static constexpr const char* g_names[] = {"equal to",          "different from", "greater than",
                                               "at least equal to", "less than",      "at most equal to"};
     return g_names[static_cast<eValueComparisonRuleType::domain>(type)];
 }
@@ -29,8 +29,8 @@ ProcessingResult<bool> RuleOptionalIsSet::check() const
     if (attribute->isSet()) {
         return true;
     }
-    return failure(formatMessage<eProcessingRuleMessage>(eProcessingRuleMessage::eOptionalNotSet,
-                                                         attribute->getObjectName()));
+    return failure(
+        formatMessage<eProcessingRuleMessage>(eProcessingRuleMessage::eOptionalNotSet, attribute->getObjectName()));
 }
 
 namespace details {
@@ -42,8 +42,8 @@ ProcessingResult<bool> attributeGone()
 
 ProcessingResult<bool> attributeEmpty(const BaseAttribute& attribute)
 {
-    return failure(formatMessage<eProcessingRuleMessage>(eProcessingRuleMessage::eAttributeEmpty,
-                                                         attribute.getObjectName()));
+    return failure(
+        formatMessage<eProcessingRuleMessage>(eProcessingRuleMessage::eAttributeEmpty, attribute.getObjectName()));
 }
 
 ProcessingResult<bool> comparisonFailed(const BaseAttribute& left, const std::string& leftValue,

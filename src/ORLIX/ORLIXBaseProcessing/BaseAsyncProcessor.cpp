@@ -1,6 +1,7 @@
 #include "ORLIX/ORLIXBaseProcessing/BaseAsyncProcessor.h"
 
 #include "ORLIX/ORLIXCore/RunContext.h"
+#include "ORLIX/ORLIXCore/RunLoop.h"
 
 namespace orlix::processor {
 

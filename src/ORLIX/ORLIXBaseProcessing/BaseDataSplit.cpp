@@ -12,4 +12,6 @@ void BaseDataSplit::throwNullInputSharedPtr() const
     raise<eProcessorMessage>(ORLIX_HERE, eProcessorMessage::eNullSplitInput, getAttributeName());
 }
 
+void BaseDynamicSplit::initRanges(unsigned long, unsigned long) {}
+
 } // namespace orlix::processor

@@ -27,16 +27,30 @@ ProcessingResult<bool> BaseProcessingAlgorithm::mainProcess()
     if (ProcessingResult<bool> result = initDataParserColl(m_parsers); !result) {
         return result;
     }
+    if (StepResult step = preProcess(); step.status != eStepStatus::eStepSuccess) {
+        return ProcessingResult<bool>::failure(step.message);
+    }
     DataTypeIdentifierColl types;
     if (ProcessingResult<bool> result = getDataTypeIdColl(types); !result) {
         return result;
     }
-    const AlgorithmFunctionIdentifier* row = getFunctionSelector().select(types, getForcedInstructionSets());
-    if (row == nullptr) {
-        return ProcessingResult<bool>::failure(
-            formatMessage<eProcessorMessage>(eProcessorMessage::eNoKernel, getObjectName(), types.toString()));
+    const KernelFunction kernel = selectKernel(types);
+    if (kernel == nullptr) {
+        return failNoKernel(types);
     }
-    return runKernel(row->getFunction());
+    if (ProcessingResult<bool> result = runKernel(kernel); !result) {
+        return result;
+    }
+    if (StepResult step = postProcess(); step.status != eStepStatus::eStepSuccess) {
+        return ProcessingResult<bool>::failure(step.message);
+    }
+    return true;
+}
+
+ProcessingResult<bool> BaseProcessingAlgorithm::failNoKernel(const DataTypeIdentifierColl& types) const
+{
+    return ProcessingResult<bool>::failure(
+        formatMessage<eProcessorMessage>(eProcessorMessage::eNoKernel, getObjectName(), types.toString()));
 }
 
 ProcessingResult<bool> BaseProcessingAlgorithm::runKernel(KernelFunction kernel)
@@ -57,6 +71,7 @@ ProcessingResult<bool> BaseProcessingAlgorithm::runKernel(KernelFunction kernel)
         for (auto parser = m_parsers.rbegin(); parser != m_parsers.rend(); ++parser) {
             (*parser)->startBlock(block, info); // the first parser describes the block last
         }
+        takeBlocks();
         if (ProcessingResult<bool> result = (this->*kernel)(info); !result) {
             return result;
         }

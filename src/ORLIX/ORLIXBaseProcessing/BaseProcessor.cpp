@@ -21,7 +21,8 @@ BaseProcessor::~BaseProcessor() = default;
 
 ProcessingResult<bool> BaseProcessor::init(const eProcessorRulePolicy& rulePolicy)
 {
-    ProcessingResult<bool> result = initDerived(m_attributes, m_outputInitializers, m_dispatchPolicy, m_rule, rulePolicy);
+    ProcessingResult<bool> result =
+        initDerived(m_attributes, m_outputInitializers, m_dispatchPolicy, m_rule, rulePolicy);
     m_bInitialised = result.getValue();
     return result;
 }

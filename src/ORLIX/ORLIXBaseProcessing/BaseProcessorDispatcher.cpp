@@ -20,7 +20,7 @@ ProcessingResult<bool> failure(eProcessorMessage::domain id, const TArgs&... arg
 /// Static splits take the number of an element as an `unsigned int`.
 constexpr unsigned long g_mostElements = 1UL << 32;
 
-/// Reads one count from every split that has one; they must agree.  gives -1UL for a split without a count.
+/// Reads one count from every split that has one; they must agree. `read` is false for a split without a count.
 template <class TSplit, class TRead>
 ProcessingResult<bool> readCommonCount(const BaseProcessorDispatcher& dispatcher,
                                        const std::vector<boost::shared_ptr<TSplit>>& splits, const TRead& read,
@@ -36,8 +36,8 @@ ProcessingResult<bool> readCommonCount(const BaseProcessorDispatcher& dispatcher
             first = split.get();
             count = own;
         } else if (own != count) {
-            return failure(eProcessorMessage::eSplitCountsDiffer, dispatcher.getProcessorName(), first->getAttributeName(), count,
-                           split->getAttributeName(), own);
+            return failure(eProcessorMessage::eSplitCountsDiffer, dispatcher.getProcessorName(),
+                           first->getAttributeName(), count, split->getAttributeName(), own);
         }
     }
     return first != nullptr ? true : failure(eProcessorMessage::eNoSplits, dispatcher.getProcessorName());
@@ -74,6 +74,14 @@ ProcessingResult<bool> BaseProcessorDispatcher::queryNextAction(const core::Base
     ProcessingResult<bool> result = initAttributes(*lower, origin);
     action = std::move(lower);
     return result;
+}
+
+void BaseProcessorDispatcher::setSize(unsigned long nbElements, unsigned long bytes)
+{
+    m_nbElements = nbElements;
+    if (__builtin_mul_overflow(bytes, static_cast<unsigned long>(m_policy.getWeight()), &m_cost)) {
+        m_cost = ~0UL;
+    }
 }
 
 void BaseProcessorDispatcher::notifyDerived(boost::shared_ptr<core::BaseAction>& action, bool bSuccess)
@@ -169,13 +177,18 @@ BaseDynamicProcessorDispatcher::initBase(const core::BasePriority& priority,
     if (bEmptyLines) {
         m_nbLines = 0;
     }
-    const unsigned long wanted = std::max(1UL, std::min(m_nbLines, getDispatchPolicy().getStripBytes() / widest));
+    const ProcessorDispatchPolicy& policy = getDispatchPolicy();
+    const unsigned long wanted =
+        std::max(1UL, std::min(m_nbLines, policy.getStripBytes() / policy.getWeight() / widest));
     m_linesPerElement = (wanted + multiple - 1) / multiple * multiple;
     if (m_linesPerElement > maxLines) {
         m_linesPerElement = std::max(1UL, maxLines / multiple) * multiple;
     }
     const unsigned long nbElements = m_nbLines / m_linesPerElement + (m_nbLines % m_linesPerElement != 0);
     setSize(nbElements, cost + lineCost * m_nbLines);
+    for (auto split = m_splits.begin(); result && split != m_splits.end(); ++split) {
+        (*split)->initRanges(m_nbLines, m_linesPerElement);
+    }
     return result;
 }
 

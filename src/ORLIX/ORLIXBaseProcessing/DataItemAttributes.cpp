@@ -1,5 +1,7 @@
 #include "ORLIX/ORLIXBaseProcessing/DataItemAttributes.h"
 
+#include "ORLIX/ORLIXBaseProcessing/Logger/AttributeLogMessages.h"
+
 #include <locale>
 #include <sstream>
 
@@ -11,6 +13,12 @@ std::string printedItem(const BaseDataItem& item)
     stream.imbue(std::locale::classic());
     item.print(stream);
     return stream.str();
+}
+
+ProcessingResult<bool> itemTextFailed(const BaseAttribute& attribute, const std::string& flaw)
+{
+    return ProcessingResult<bool>::failure(
+        formatMessage<eAttributeMessage>(eAttributeMessage::eBadItem, attribute.getObjectName(), flaw));
 }
 
 } // namespace orlix::processor::details

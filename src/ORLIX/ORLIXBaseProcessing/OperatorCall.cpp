@@ -5,6 +5,11 @@
 
 namespace orlix::processor::details {
 
+void throwRunFailed(const ProcessingResult<bool>& result)
+{
+    raise<eProcessorMessage>(ORLIX_HERE, eProcessorMessage::eRunFailed, result.getMessage());
+}
+
 void throwNullProcessor(const std::string& name)
 {
     raise<eProcessorMessage>(ORLIX_HERE, eProcessorMessage::eNullProcessor, name);

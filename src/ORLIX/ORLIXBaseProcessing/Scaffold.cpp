@@ -7,10 +7,11 @@ std::string makeTypeName(const char* nameSpace, const char* name)
     return std::string(nameSpace) + "::" + name;
 }
 
-ProcessorDispatchPolicy makeDispatchPolicy(const char* name)
+ProcessorDispatchPolicy makeDispatchPolicy(const char* name, unsigned weight)
 {
     ProcessorDispatchPolicy policy;
     policy.initDefault();
+    policy.initWeight(weight);
     policy.initName("get" + std::string(name) + "StaticDispatchPolicy");
     return policy;
 }

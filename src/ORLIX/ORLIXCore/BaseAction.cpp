@@ -88,8 +88,7 @@ ProcessingResult<bool> BaseAction::post()
     try {
         posted = PostedRuns::getInstance().add(shared_from_this());
         if (posted) {
-            core::accessExecutor().post(
-                [number = posted->number] { PostedRuns::getInstance().doIfUnclaimed(number); });
+            core::accessExecutor().post([number = posted->number] { PostedRuns::getInstance().doIfUnclaimed(number); });
             return result;
         }
         result = processEnds();

@@ -179,26 +179,12 @@ public:
 
     void forEach(unsigned long nbElements, unsigned long cost, const ElementBody& body) override
     {
-        const unsigned long nbThreads = countThreads(nbElements, cost);
-        if (nbThreads <= 1) {
-            takeInOrder(nbElements, body);
-        } else if (m_arena && t_arena != m_arena.get()) {
-            m_arena->shareApart(nbThreads, nbElements, body);
-        } else {
-            share(nbThreads, nbElements, body);
-        }
+        shareBy(&share, nbElements, cost, body);
     }
 
     void forEachApart(unsigned long nbElements, unsigned long cost, const ElementBody& body) override
     {
-        const unsigned long nbThreads = countThreads(nbElements, cost);
-        if (nbThreads <= 1) {
-            takeInOrder(nbElements, body);
-        } else if (m_arena && t_arena != m_arena.get()) {
-            m_arena->shareApart(nbThreads, nbElements, body);
-        } else {
-            shareApart(nbThreads, nbElements, body);
-        }
+        shareBy(&shareApart, nbElements, cost, body);
     }
 
     void post(boost::function<void()> task) override
@@ -216,9 +202,19 @@ private:
     /// Are the threads those of a process that this one was forked from?
     bool isCutOff() const { return m_nbForks != getForkCount(); }
 
-    unsigned long countThreads(unsigned long nbElements, unsigned long cost) const
+    using Share = void(unsigned long nbThreads, unsigned long nbElements, const ElementBody& body);
+
+    /// By `shareHere` where the calling thread is in the arena already, or where there is none.
+    void shareBy(Share* shareHere, unsigned long nbElements, unsigned long cost, const ElementBody& body)
     {
-        return std::min(nbElements, cost <= g_parallelBytes ? 1 : getNbThreads());
+        const unsigned long nbThreads = std::min(nbElements, cost <= g_parallelBytes ? 1 : getNbThreads());
+        if (nbThreads <= 1) {
+            takeInOrder(nbElements, body);
+        } else if (m_arena && t_arena != m_arena.get()) {
+            m_arena->shareApart(nbThreads, nbElements, body);
+        } else {
+            shareHere(nbThreads, nbElements, body);
+        }
     }
 
     unsigned long m_nbThreads;

@@ -10,7 +10,7 @@ namespace {
 const details::CacheSizes& cacheSizes()
 {
     static const details::CacheSizes sizes = details::completeCacheSizes(
-        details::readKernelCacheSizes("/sys/devices/system/cpu/cpu0/cache"), details::readSystemCacheSizes());
+        details::readCacheSizesIn("/sys/devices/system/cpu/cpu0/cache"), details::readSystemCacheSizes());
     return sizes;
 }
 

@@ -39,7 +39,7 @@ unsigned long parseCacheSize(const std::string& text)
     return unit == "K" ? number << 10 : unit == "M" ? number << 20 : 0;
 }
 
-CacheSizes readKernelCacheSizes(const std::string& directory)
+CacheSizes readCacheSizesIn(const std::string& directory)
 {
     CacheSizes sizes;
     unsigned long lastLevel = 0;

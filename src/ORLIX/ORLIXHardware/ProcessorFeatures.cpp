@@ -60,6 +60,18 @@ bool hasInstructionSet(const FeatureWords& words, const eInstructionSet& set)
     return false;
 }
 
+std::string readVendorName()
+{
+    unsigned eax = 0, ebx = 0, ecx = 0, edx = 0;
+    if (!__get_cpuid(0, &eax, &ebx, &ecx, &edx)) {
+        return "unknown";
+    }
+    const unsigned words[3] = {ebx, edx, ecx}; // in this order
+    char text[sizeof words + 1] = {};
+    std::memcpy(text, words, sizeof words);
+    return text[0] ? text : "unknown";
+}
+
 std::string readModelName()
 {
     constexpr unsigned firstLeaf = 0x80000002, nbLeaves = 3;

@@ -11,7 +11,7 @@
 namespace orlix::hard {
 
 ProcessorInfo::ProcessorInfo()
-    : m_modelName(details::readModelName()),
+    : m_vendorName(details::readVendorName()), m_modelName(details::readModelName()),
       m_nbLogicalCores(static_cast<unsigned long>(std::max(1L, sysconf(_SC_NPROCESSORS_ONLN))))
 {
     const details::FeatureWords words = details::readFeatureWords();

@@ -98,8 +98,7 @@ ProcessingResult<bool> checkDocument(const pugi::xml_document& document)
 
 } // namespace
 
-ProcessingResult<bool> loadArchiveDocument(std::string_view text, std::size_t maxBytes,
-                                           pugi::xml_document& document)
+ProcessingResult<bool> loadArchiveDocument(std::string_view text, std::size_t maxBytes, pugi::xml_document& document)
 {
     document.reset();
     if (text.size() > maxBytes) {

@@ -171,8 +171,8 @@ ProcessingResult<bool> TextIArchive::loadFromFile(const std::string& file)
     if (!stream.is_open() || !readAll(stream, m_maxBytes, text)) {
         const int error = errno;
         m_reader = std::make_unique<Reader>();
-        return BoolResult::failure(formatMessage<Message>(Message::eUnreadableFile, file,
-                                                          std::generic_category().message(error)));
+        return BoolResult::failure(
+            formatMessage<Message>(Message::eUnreadableFile, file, std::generic_category().message(error)));
     }
     return loadFromString(text);
 }

@@ -91,8 +91,8 @@ public:
     {
         const pugi::xml_node unfinished = isAnyOpen() ? m_sections.back() : m_failedSection;
         if (unfinished) {
-            return BoolResult::failure(formatMessage<Message>(
-                Message::eIncompleteArchive, unfinished.attribute(archiveformat::g_name).value()));
+            return BoolResult::failure(formatMessage<Message>(Message::eIncompleteArchive,
+                                                              unfinished.attribute(archiveformat::g_name).value()));
         }
         char checksum[8];
         const auto end = std::to_chars(checksum, checksum + sizeof checksum, m_checksum.get(), 16).ptr;
@@ -169,8 +169,7 @@ ProcessingResult<bool> TextOArchive::saveToStream(std::ostream& stream) const
     } catch (const std::ios_base::failure&) {
         // A stream that was told to throw: the same failure in another dress.
     }
-    return bWritten ? BoolResult::success()
-                    : BoolResult::failure(formatMessage<Message>(Message::eUnwritableStream));
+    return bWritten ? BoolResult::success() : BoolResult::failure(formatMessage<Message>(Message::eUnwritableStream));
 }
 
 ProcessingResult<bool> TextOArchive::saveToFile(const std::string& file) const

@@ -3,8 +3,8 @@
 
 #include "ORLIX/ORLIXUtil/Raise.h"
 #include "ORLIXIPL/ORLIXImage/CheckedArithmetic.h"
-#include "ORLIXIPL/ORLIXImage/Logger/ORLIXImageLogMessages.h"
 #include "ORLIXIPL/ORLIXImage/FindMemoryPlace.h"
+#include "ORLIXIPL/ORLIXImage/Logger/ORLIXImageLogMessages.h"
 
 #include <boost/make_shared.hpp>
 

@@ -17,6 +17,8 @@ namespace {
 
 constexpr unsigned long g_hugePage = 2ul << 20;
 constexpr unsigned long g_page = 4096;
+constexpr unsigned long g_nbInRow =
+    16; // blocks of 1 to 2 MiB, whose sizes are eighths of a MiB, so that they fill huge pages
 constexpr unsigned long g_largestDefaultLimit = 4ul << 30;
 
 std::byte* mapPages(unsigned long bytes) noexcept
@@ -85,6 +87,11 @@ std::byte* LargeBlockPool::take(unsigned long bytes) noexcept
     if (std::byte* const kept = takeKept(capacity)) {
         return kept;
     }
+    if (capacity < g_hugePage) {
+        if (std::byte* const first = takeFromNewRow(capacity)) {
+            return first;
+        }
+    }
     if (std::byte* const fresh = mapBlock(capacity)) {
         return fresh;
     }
@@ -104,6 +111,41 @@ std::byte* LargeBlockPool::takeKept(unsigned long capacity) noexcept
         }
     }
     return nullptr;
+}
+
+// A block smaller than a huge page gets one only together with its neighbours, which are kept meanwhile as the oldest.
+// No page of theirs is there before somebody writes it. Null where they would not fit the limit, or can't be had.
+std::byte* LargeBlockPool::takeFromNewRow(unsigned long capacity) noexcept
+{
+    static_assert(g_nbInRow * (1ul << 20) / 8 % g_hugePage == 0);
+    constexpr unsigned long nbSpare = g_nbInRow - 1;
+    const auto fits = [&] {
+        return m_count + nbSpare <= m_blocks.size() && m_keptBytes + nbSpare * capacity <= limitLocked();
+    };
+    {
+        const std::lock_guard lock(m_mutex);
+        if (!fits()) {
+            return nullptr;
+        }
+    }
+    std::byte* const row = mapBlock(g_nbInRow * capacity);
+    if (!row) {
+        return nullptr;
+    }
+    {
+        const std::lock_guard lock(m_mutex);
+        if (fits()) {
+            std::move_backward(m_blocks.begin(), m_blocks.begin() + m_count, m_blocks.begin() + m_count + nbSpare);
+            for (unsigned long i = 0; i < nbSpare; ++i) {
+                m_blocks[i] = {row + (nbSpare - i) * capacity, capacity}; // the first block's neighbour is taken next
+            }
+            m_count += nbSpare;
+            m_keptBytes += nbSpare * capacity;
+            return row;
+        }
+    }
+    unmapPages(row + capacity, nbSpare * capacity);
+    return row;
 }
 
 void LargeBlockPool::give(std::byte* block, unsigned long bytes) noexcept

@@ -2,10 +2,10 @@
 #include "ORLIX/ORLIXUtil/Raise.h"
 #include "ORLIXIPL/ORLIXImage/CheckedArithmetic.h"
 #include "ORLIXIPL/ORLIXImage/DenseLayout.h"
+#include "ORLIXIPL/ORLIXImage/FindMemoryPlace.h"
 #include "ORLIXIPL/ORLIXImage/HostImage.h"
 #include "ORLIXIPL/ORLIXImage/ImageFactory.h"
 #include "ORLIXIPL/ORLIXImage/Logger/ORLIXImageLogMessages.h"
-#include "ORLIXIPL/ORLIXImage/FindMemoryPlace.h"
 
 #include <boost/make_shared.hpp>
 

@@ -14,10 +14,10 @@ void expectRefused()
 {
     try {
         static_cast<void>(getAsyncProcessorOutput(boost::shared_ptr<TProcessor>()));
-        ADD_FAILURE() << "no exception for " << TProcessor::g_name;
+        ADD_FAILURE() << "no exception for " << TProcessor::g_text.name;
     } catch (const processor::ORLIXBaseProcessingException& error) {
         EXPECT_EQ(std::string(error.what()), "There is no processor to read an output from: give the " +
-                                                 std::string(TProcessor::g_name) +
+                                                 std::string(TProcessor::g_text.name) +
                                                  " that the asynchronous call returned");
     }
 }

@@ -23,7 +23,8 @@ using testing::WrapForm;
 
 constexpr eInstructionSet::domain g_sets[] = {eInstructionSet::eNone, eInstructionSet::eSSE2, eInstructionSet::eAVX,
                                               eInstructionSet::eAVX2, eInstructionSet::eAVX512};
-constexpr eMemoryPlace g_places[] = {eMemoryPlace::memory, eMemoryPlace::lastLevelCache,
+constexpr eMemoryPlace g_places[] = {eMemoryPlace::memory, eMemoryPlace::assistedMemory,
+                                     eMemoryPlace::lastLevelCacheFilled, eMemoryPlace::assistedLastLevelCache,
                                      eMemoryPlace::secondLevelCache};
 constexpr auto g_binary = eImageBufferType::eBufferBinary;
 
@@ -157,6 +158,23 @@ TEST(MemoryPlacesTest, conversionsOfEverySet)
     });
 }
 
+/// What a kernel writes first of an output may be what it has yet to read: lines of the output's own are cut out of the
+/// middle of such images, and their ends are written apart.
+TEST(MemoryPlacesTest, imagesOntoThemselvesBesideACacheLine)
+{
+    forEachSet<BasicThresholdImgLvl3>([] {
+        forEachPlacement([&](eMemoryPlace place, const WrapForm& form, const Size& size) {
+            const WatchedImage image(*geometry2d(g_binary, size.x, size.y), form);
+            testing::fillRandom(*image.get(), size.x + size.y);
+            const ImagePtr before = copyImg(image.get());
+            const ImagePtr same = placedIn(place, *image.get());
+            ASSERT_EQ(runThreshold(same, 0, 0, same), ""); // a second time over would turn every element back
+            ASSERT_TRUE(isThreshold(*before, 0, 0, *image.get()));
+            ASSERT_TRUE(image.isOutsideIntact());
+        });
+    });
+}
+
 /// Comparisons store nothing: what may go wrong is how far they read.
 TEST(MemoryPlacesTest, comparisonsOfEverySetAndType)
 {
@@ -202,7 +220,7 @@ TEST(MemoryPlacesTest, manyStripsOfPlansBesideACacheLine)
     }
 }
 
-/// The sizes from which on images lie in memory by themselves, as owned plans and as plans beside a cache line.
+/// The sizes from which on stores go past the caches by themselves, as owned plans and as plans beside a cache line.
 TEST(MemoryPlacesTest, halfOfTheLastLevelCache)
 {
     constexpr unsigned long sizeX = 16381;
@@ -218,7 +236,7 @@ TEST(MemoryPlacesTest, halfOfTheLastLevelCache)
         const ImagePtr in = wrap(*inMemory, eImageBufferType::UInt8);
         const ImagePtr out = wrap(*outMemory, eImageBufferType::UInt8);
         const ImagePtr mask = wrap(*outMemory, g_binary);
-        ASSERT_EQ(out->getPixelLayout().place, eMemoryPlace::memory);
+        ASSERT_EQ(levelOf(out->getPixelLayout().place), eMemoryPlace::lastLevelCacheFilled);
         unsigned char* const from = image::planData<unsigned char>(*in, 0, 0, 0);
         unsigned char* const to = image::planData<unsigned char>(*out, 0, 0, 0);
         for (unsigned long i = 0; i < nbPixels; ++i) {

@@ -24,8 +24,7 @@ using image::geometry5d;
 
 constexpr auto g_uint8 = eImageBufferType::UInt8;
 constexpr auto g_uint16 = eImageBufferType::UInt16;
-const std::string g_gone =
-    "An attribute of the rule no longer exists: keep the processor that the rule was made for";
+const std::string g_gone = "An attribute of the rule no longer exists: keep the processor that the rule was made for";
 
 template <class TValue>
 struct InValue final : processor::NamedAttribute<InValue<TValue>, processor::BaseValueAttribute<TValue>>
@@ -66,16 +65,17 @@ TEST(MatchSizeAndType, NamesWhatWasFoundOnAnyAxis)
     Pictures pictures;
     const processor::RulePtr rule = matchSizeAndType(pictures.in, pictures.out);
     pictures.set(*geometry2d(g_uint8, 512, 512), *geometry2d(g_uint8, 512, 256));
-    EXPECT_EQ(failureOf(rule->check()), "OutPicture is 512x256x1x1x1 UInt8, InPicture is 512x512x1x1x1 UInt8: sizes and "
-                                        "element types have to be the same");
+    EXPECT_EQ(failureOf(rule->check()),
+              "OutPicture is 512x256x1x1x1 UInt8, InPicture is 512x512x1x1x1 UInt8: sizes and "
+              "element types have to be the same");
     const auto same = geometry5d(g_uint8, 5, 4, 3, 2, 2);
     for (const auto& other :
          {geometry5d(g_uint8, 6, 4, 3, 2, 2), geometry5d(g_uint8, 5, 5, 3, 2, 2), geometry5d(g_uint8, 5, 4, 4, 2, 2),
           geometry5d(g_uint8, 5, 4, 3, 3, 2), geometry5d(g_uint8, 5, 4, 3, 2, 3), geometry5d(g_uint16, 5, 4, 3, 2, 2),
           geometry5d(eImageBufferType::eBufferUInt8Like, 5, 4, 3, 2, 2)}) {
         pictures.set(*same, *other);
-        EXPECT_EQ(failureOf(rule->check()), "OutPicture is " + other->toString() + ", InPicture is " + same->toString() +
-                                                ": sizes and element types have to be the same");
+        EXPECT_EQ(failureOf(rule->check()), "OutPicture is " + other->toString() + ", InPicture is " +
+                                                same->toString() + ": sizes and element types have to be the same");
     }
     pictures.set(mixedGeometry({g_uint8, g_uint16}, 4, 3, 2), mixedGeometry({g_uint8, g_uint8}, 4, 3, 2));
     EXPECT_NE(failureOf(rule->check()), "no failure") << "types are compared step by step";
@@ -213,10 +213,10 @@ TEST(FixedType, IsThatOfTheAttributeInEveryTimeStep)
         any->init(createImage(*geometry2d(type, 3, 2)));
         EXPECT_EQ(failureOf(anyRule->check()), "no failure") << "it fixes none";
         mask->init(createImage(*geometry2d(type, 3, 2)));
-        EXPECT_EQ(failureOf(rule->check()),
-                  type == binary ? "no failure"
-                                 : std::string("OutMask is 3x2x1x1x1 ") + image::getBufferTypeName(type) +
-                                       ", but has to be of element type Binary");
+        EXPECT_EQ(failureOf(rule->check()), type == binary ? "no failure"
+                                                           : std::string("OutMask is 3x2x1x1x1 ") +
+                                                                 image::getBufferTypeName(type) +
+                                                                 ", but has to be of element type Binary");
     }
     mask->init(createImage(mixedGeometry({binary, binary}, 3, 2, 1)));
     EXPECT_EQ(failureOf(rule->check()), "no failure");
@@ -343,8 +343,9 @@ TEST(ValueRange, NamesValueTypeAndRange)
     value->init(255.5F);
     EXPECT_EQ(failureOf(rule->check()), "InPicture holds no image: set it before the run");
     in->init(createImage(*geometry2d(g_uint8, 2, 2)));
-    EXPECT_EQ(failureOf(rule->check()), "InValue is 255.5, but has to lie within the range of UInt8, the element type of "
-                                        "InPicture: 0 to 255");
+    EXPECT_EQ(failureOf(rule->check()),
+              "InValue is 255.5, but has to lie within the range of UInt8, the element type of "
+              "InPicture: 0 to 255");
     value->init(254.9F);
     EXPECT_EQ(failureOf(rule->check()), "no failure");
 }

@@ -105,8 +105,8 @@ TEST(ImageYStrip2dSplit, FeedsItsAttributeOfItsClass)
     EXPECT_EQ(second->getStorage<OutStrip>()->accessBuffer(), image->accessRow(7, 0, 0, 0));
 }
 
-// Lines follow one another and are all there. Where rows touch, every strip but the last holds whole blocks of 64
-// elements; where they don't, any number of lines will do. Strips are as high as the policy asks, rounded up.
+// Lines follow one another and are all there. Every strip but the last holds whole blocks of 64 elements. Strips are as
+// high as the policy asks, rounded up.
 RC_GTEST_PROP(ImageYStrip2dSplitProperty, StripsCoverAllLinesOnce, ())
 {
     const unsigned long sizeX = *rc::gen::inRange(1UL, 300UL);
@@ -124,7 +124,7 @@ RC_GTEST_PROP(ImageYStrip2dSplitProperty, StripsCoverAllLinesOnce, ())
     const ImagePtr out = createImage(*geometry);
 
     const std::vector<StripSeen> strips = stripsOf(in, out, stripBytes);
-    const unsigned long blockLines = 64 / std::gcd(64UL, sizeX); // `out` is dense
+    const unsigned long blockLines = 64 / std::gcd(64UL, sizeX);
     unsigned long next = 0;
     for (const StripSeen& strip : strips) {
         RC_ASSERT(strip.start == next);
@@ -138,14 +138,21 @@ RC_GTEST_PROP(ImageYStrip2dSplitProperty, StripsCoverAllLinesOnce, ())
     RC_ASSERT(next == sizeY);
 }
 
-TEST(ImageYStrip2dSplit, WhereNoRowsTouchAnyNumberOfLinesWillDo)
+TEST(ImageYStrip2dSplit, AWrappedPlanIsCutLikeAnOwnOne)
 {
-    std::vector<unsigned char> memory(100 * 101);
-    const auto wrap = [&] {
-        return image::wrapImage(*geometry2d(eImageBufferType::UInt8, 99, 100), memory.data(), {101, 0, 0, 0}, nullptr);
-    };
-    const std::vector<StripSeen> strips = stripsOf(wrap(), wrap(), 99);
-    EXPECT_EQ(strips.size(), 100u);
+    for (const unsigned long sizeX : {2UL, 48UL, 99UL, 128UL}) {
+        std::vector<unsigned char> memory((sizeX + 2) * 300);
+        const auto geometry = geometry2d(eImageBufferType::UInt8, sizeX, 300);
+        const auto wrap = [&] { return image::wrapImage(*geometry, memory.data(), {sizeX + 2, 0, 0, 0}, nullptr); };
+        const std::vector<StripSeen> wrapped = stripsOf(wrap(), wrap(), 500);
+        const std::vector<StripSeen> own = stripsOf(createImage(*geometry), createImage(*geometry), 500);
+        ASSERT_EQ(wrapped.size(), own.size()) << sizeX;
+        EXPECT_GT(own.size(), 1u) << sizeX;
+        for (unsigned long i = 0; i < own.size(); ++i) {
+            EXPECT_EQ(wrapped[i].start, own[i].start);
+            EXPECT_EQ(wrapped[i].size, own[i].size);
+        }
+    }
 }
 
 } // namespace

@@ -28,9 +28,7 @@ class TileProcessor final
     : public processor::Scaffold<TileProcessor, processor::BaseSyncProcessor, PictureLibrary, InTiles>
 {
 public:
-    static constexpr const char* g_name = "TileProcessor";
-    static constexpr int g_toolTip = 0;
-    [[maybe_unused]] static constexpr const char* g_header = "InputImageTileCollSplitTest.cpp";
+    static constexpr processor::ProcessorText g_text{"TileProcessor", 0};
 
     processor::RulePtr createRule() const { return processor::none(); }
     void initOutputInitializers(processor::OutputInitializerMap&) const {}

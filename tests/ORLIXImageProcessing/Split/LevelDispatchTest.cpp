@@ -93,8 +93,7 @@ class LowStrips final
     : public processor::Scaffold<LowStrips, processor::BaseAsync1Processor, PictureLibrary, InPicture, OutPicture>
 {
 public:
-    static constexpr const char* g_name = "LowStrips";
-    static constexpr int g_toolTip = 0;
+    static constexpr processor::ProcessorText g_text{"LowStrips", 0};
 
     static const processor::ProcessorDispatchPolicy& getDefaultDispatchPolicy()
     {

@@ -86,12 +86,12 @@ const auto g_cutWithMargins = [](auto& split, const auto& image) {
 TEST(SplitLifetimes, StripsOfPlans)
 {
     using Lines = StorageRecorder<InStrip>;
-    using KernelLines = StorageRecorder<InKernelStrip>;
+    using MarginLines = StorageRecorder<InMarginStrip>;
     expectRangesHeld<InStrip, ImageYStrip2dSplit<Lines, const image::BaseImage, InStrip>>(
         ImageConstPtr(plan()), g_cutByDirections, g_firstOfLines);
     expectRangesHeld<InStrip, ImageYSubStrip2dSplit<Lines, const image::BaseImage, InStrip>>(
         ImageConstPtr(plan()), g_cutRegion, g_firstOfLines);
-    expectRangesHeld<InKernelStrip, ImageYStrip2dWithKernelSplit<KernelLines, const image::BaseImage, InKernelStrip>>(
+    expectRangesHeld<InMarginStrip, ImageYStrip2dWithKernelSplit<MarginLines, const image::BaseImage, InMarginStrip>>(
         ImageConstPtr(plan()), g_cutWithMargins, g_firstOfLines);
     expectRangesHeld<OutStrip, ImageYStrip2dSplit<StorageRecorder<OutStrip>, image::BaseImage, OutStrip>>(
         plan(), g_cutByDirections, g_firstOfLines);
@@ -100,13 +100,13 @@ TEST(SplitLifetimes, StripsOfPlans)
 TEST(SplitLifetimes, StripsOfVolumes)
 {
     using Plans = StorageRecorder<InVolumeStrip>;
-    using KernelPlans = StorageRecorder<InKernelVolumeStrip>;
+    using MarginPlans = StorageRecorder<InMarginVolumeStrip>;
     expectRangesHeld<InVolumeStrip, ImageZStrip3dSplit<Plans, const image::BaseImage, InVolumeStrip>>(
         ImageConstPtr(volume()), g_cutByDirections, g_firstOfPlans);
     expectRangesHeld<InVolumeStrip, ImageZSubStrip3dSplit<Plans, const image::BaseImage, InVolumeStrip>>(
         ImageConstPtr(volume()), g_cutRegion, g_firstOfPlans);
-    expectRangesHeld<InKernelVolumeStrip,
-                     ImageZStrip3dWithKernelSplit<KernelPlans, const image::BaseImage, InKernelVolumeStrip>>(
+    expectRangesHeld<InMarginVolumeStrip,
+                     ImageZStrip3dWithKernelSplit<MarginPlans, const image::BaseImage, InMarginVolumeStrip>>(
         ImageConstPtr(volume()), g_cutWithMargins, g_firstOfPlans);
 }
 

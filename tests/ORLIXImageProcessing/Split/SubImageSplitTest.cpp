@@ -70,8 +70,8 @@ TEST(SubImageSplit, VolumesGoChannelsFastestThenTime)
 
 TEST(SubImageSplit, AnImageOfOnePlanIsOneElementOverItsOwnPixels)
 {
-    for (const auto& geometry : {image::geometry2d(eImageBufferType::Int8, 6, 5),
-                                 image::geometry3d(eImageBufferType::Int8, 6, 5, 1)}) {
+    for (const auto& geometry :
+         {image::geometry2d(eImageBufferType::Int8, 6, 5), image::geometry3d(eImageBufferType::Int8, 6, 5, 1)}) {
         const ImagePtr image = createImage(*geometry);
         Split split;
         EXPECT_EQ(failureOf(cutPlans(split, image)), "no failure");
@@ -101,12 +101,11 @@ TEST(SubImageSplit, EachPartHasTheTypeOfItsTimeStep)
 
 TEST(SubImageSplit, AnEmptyAxisGivesNoElementsOrEmptyOnes)
 {
-    for (const auto& [geometry, nbElements] :
-         {std::pair{geometry5d(eImageBufferType::UInt8, 0, 3, 2, 2, 1), 4UL},
-          std::pair{geometry5d(eImageBufferType::UInt8, 3, 0, 2, 1, 1), 2UL},
-          std::pair{geometry5d(eImageBufferType::UInt8, 3, 3, 0, 2, 1), 0UL},
-          std::pair{geometry5d(eImageBufferType::UInt8, 3, 3, 2, 0, 1), 0UL},
-          std::pair{geometry5d(eImageBufferType::UInt8, 3, 3, 2, 2, 0), 0UL}}) {
+    for (const auto& [geometry, nbElements] : {std::pair{geometry5d(eImageBufferType::UInt8, 0, 3, 2, 2, 1), 4UL},
+                                               std::pair{geometry5d(eImageBufferType::UInt8, 3, 0, 2, 1, 1), 2UL},
+                                               std::pair{geometry5d(eImageBufferType::UInt8, 3, 3, 0, 2, 1), 0UL},
+                                               std::pair{geometry5d(eImageBufferType::UInt8, 3, 3, 2, 0, 1), 0UL},
+                                               std::pair{geometry5d(eImageBufferType::UInt8, 3, 3, 2, 2, 0), 0UL}}) {
         const ImagePtr image = createImage(*geometry);
         Split split;
         EXPECT_EQ(failureOf(cutPlans(split, image)), "no failure");
@@ -124,17 +123,18 @@ TEST(SubImageSplit, RefusesWhatItCannotCut)
 {
     Split split;
     const ImagePtr nothing;
-    EXPECT_EQ(failureOf(cutPlans(split, nothing)),
-              "There is no image to cut: set the attribute that holds it");
+    EXPECT_EQ(failureOf(cutPlans(split, nothing)), "There is no image to cut: set the attribute that holds it");
     const ImagePtr image = createImage(*geometry5d(eImageBufferType::UInt8, 3, 3, 2, 2, 1));
     const std::string badCut =
         "An element is either a plan of a volume cut plan by plan or a whole volume: ask for one of the two";
-    EXPECT_EQ(failureOf(split.initBase(eSubImageSplitType::eSubImagePlan2d, eVolumeParsingType::eWholeVolume,
-                                       eColorParsingType::eChannelByChannel, eTemporalParsingType::eFrameByFrame, image)),
-              badCut);
-    EXPECT_EQ(failureOf(split.initBase(eSubImageSplitType::eSubImageVolume3d, eVolumeParsingType::ePlanByPlan,
-                                       eColorParsingType::eChannelByChannel, eTemporalParsingType::eFrameByFrame, image)),
-              badCut);
+    EXPECT_EQ(
+        failureOf(split.initBase(eSubImageSplitType::eSubImagePlan2d, eVolumeParsingType::eWholeVolume,
+                                 eColorParsingType::eChannelByChannel, eTemporalParsingType::eFrameByFrame, image)),
+        badCut);
+    EXPECT_EQ(
+        failureOf(split.initBase(eSubImageSplitType::eSubImageVolume3d, eVolumeParsingType::ePlanByPlan,
+                                 eColorParsingType::eChannelByChannel, eTemporalParsingType::eFrameByFrame, image)),
+        badCut);
     EXPECT_EQ(nbElementsOf(split), 0u);
     ImagePtr plan;
     EXPECT_EQ(failureOf(split.getSubImage(0, plan)), "There is no element 0 in a list of 0");

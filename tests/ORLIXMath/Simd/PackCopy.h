@@ -17,12 +17,12 @@ struct CopyRow
     unsigned long registerBytes = 0; ///< 0 for plain code
     CopyFunction copy = nullptr;
     CopyFunction streamCopy = nullptr;
-    CopyFunction broadcast = nullptr; ///< from one element to a block of it
+    CopyFunction broadcast = nullptr;      ///< from one element to a block of it
     CopyFunction copyByRegister = nullptr; ///< one register; null for plain code
     CopyFunction streamByRegister = nullptr;
 };
 
-/// One row an element type: signed and unsigned char, short and int, then float.
+/// One row per element type: signed and unsigned char, short and int, then float.
 struct CopyTable
 {
     CopyRow rows[7];

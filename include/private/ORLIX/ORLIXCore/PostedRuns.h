@@ -33,8 +33,8 @@ public:
 
     /// Makes `action` a posted one. Null where the process ends.
     boost::shared_ptr<PostedRun> add(const boost::shared_ptr<BaseAction>& action);
-    /// Does the run of that number, unless somebody does it, has done it or dropped it. A number, since an executor that
-    /// ends with tasks in its queue forgets what they hold.
+    /// Does the run of that number, unless somebody does it, has done it or dropped it. A number, since an executor
+    /// that ends with tasks in its queue forgets what they hold.
     void doIfUnclaimed(unsigned long number) noexcept;
     /// The same for the run of an action that is posted.
     void doIfUnclaimed(BaseAction& action) noexcept;

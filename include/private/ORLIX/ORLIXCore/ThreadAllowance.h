@@ -21,8 +21,8 @@ private:
 /// oneTBB, or from inside a run.
 void endIdleThreads() noexcept;
 
-/// To be called before oneTBB is given work. Where this library is unloaded, oneTBB's threads end with it; oneTBB itself
-/// stays from then on, since they sleep in its code where the program or another thread of it uses oneTBB.
+/// To be called before oneTBB is given work. Where this library is unloaded, oneTBB's threads end with it; oneTBB
+/// itself stays from then on, since they sleep in its code where the program or another thread of it uses oneTBB.
 void watchThreads() noexcept;
 
 } // namespace orlix::core

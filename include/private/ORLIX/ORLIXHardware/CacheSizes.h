@@ -18,8 +18,8 @@ struct CacheSizes
 /// "32K", "1M" and "512" in bytes; 0 for anything else.
 ORLIXHARDWARE_API unsigned long parseCacheSize(const std::string& text);
 
-/// What the kernel tells in `directory`, which holds one folder "index<n>" a cache. A missing folder is not an error.
-ORLIXHARDWARE_API CacheSizes readKernelCacheSizes(const std::string& directory);
+/// What Linux tells in `directory`, which holds one folder "index<n>" per cache. A missing folder is not an error.
+ORLIXHARDWARE_API CacheSizes readCacheSizesIn(const std::string& directory);
 
 /// What the C library tells.
 CacheSizes readSystemCacheSizes();

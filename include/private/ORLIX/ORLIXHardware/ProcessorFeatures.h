@@ -22,6 +22,9 @@ FeatureWords readFeatureWords();
 /// May code for `set` run on a processor and system with these words? False for a value that names no set.
 ORLIXHARDWARE_API bool hasInstructionSet(const FeatureWords& words, const eInstructionSet& set);
 
+/// The mark of the processor's maker; "unknown" where it has none.
+std::string readVendorName();
+
 /// The processor's own name without surrounding blanks; "unknown" where it has none.
 std::string readModelName();
 

@@ -15,7 +15,6 @@ namespace orlix {
 /// Succeeds only if every element is a section or an item with the attributes that it must have, nothing is nested too
 /// deep, the text has no more than `maxBytes`, and the checksum, where there is one, agrees. On failure the document is
 /// empty.
-ProcessingResult<bool> loadArchiveDocument(std::string_view text, std::size_t maxBytes,
-                                           pugi::xml_document& document);
+ProcessingResult<bool> loadArchiveDocument(std::string_view text, std::size_t maxBytes, pugi::xml_document& document);
 
 } // namespace orlix

@@ -7,9 +7,9 @@
 
 namespace orlix::image {
 
-/// Blocks on 2 MiB boundaries, of huge pages where the system has them; freed ones are kept, up to a number of bytes,
-/// and handed out again newest first. Thread-safe. Needs no constructor and no destructor to run, so images may be made
-/// and end while static objects do.
+/// Blocks from 2 MiB on begin on boundaries of 2 MiB, smaller ones on boundaries of pages; both lie in huge pages where
+/// the system has them. Freed ones are kept, up to a number of bytes, and handed out again newest first. Thread-safe.
+/// Needs no constructor and no destructor to run, so images may be made and end while static objects do.
 ///
 /// Why not oneTBB's allocator, which serves the small blocks: it gives blocks of 64 MiB and more back to the system
 /// when they are freed, whatever its huge-size threshold, and asks for huge pages only where the system's setting is
@@ -49,12 +49,13 @@ private:
     };
 
     std::byte* takeKept(unsigned long capacity) noexcept;
+    std::byte* takeFromNewRow(unsigned long capacity) noexcept;
     Block removeOldest() noexcept;
     unsigned long shrinkTo(unsigned long bytes) noexcept;
     unsigned long limitLocked() noexcept;
 
     std::mutex m_mutex;
-    std::array<Block, 512> m_blocks{}; ///< [0, m_count), oldest first
+    std::array<Block, 4096> m_blocks{}; ///< [0, m_count), oldest first; as many of 1 MiB as the largest default limit
     std::size_t m_count = 0;
     unsigned long m_keptBytes = 0;
     unsigned long m_limit = 0;

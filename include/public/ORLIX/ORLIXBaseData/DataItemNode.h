@@ -50,7 +50,7 @@ public:
     }
     void copy(const BaseDynamicObject& source) override { accessRecord() = getNode(source).getRecord(); }
 
-    /// One version record an archive, then the members in order.
+    /// One version record per archive, then the members in order.
     ProcessingResult<bool> write(BaseOArchive& archive) const override
     {
         auto result = writeClassVersion(archive, getTypeName(), getVersion());

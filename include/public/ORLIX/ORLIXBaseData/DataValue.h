@@ -23,21 +23,17 @@ struct IgnoreMember
 
 template <class T>
 struct IsVector : std::false_type
-{
-};
+{};
 template <class T>
 struct IsVector<std::vector<T>> : std::true_type
-{
-};
+{};
 
 template <class T>
 struct IsSharedPointer : std::false_type
-{
-};
+{};
 template <class T>
 struct IsSharedPointer<boost::shared_ptr<T>> : std::true_type
-{
-};
+{};
 
 } // namespace details
 
@@ -50,7 +46,10 @@ struct IsSharedPointer<boost::shared_ptr<T>> : std::true_type
 ///         visitor("y", &PixelPosition::y);
 ///     }
 template <class T>
-concept DataRecord = requires { T::visit(details::IgnoreMember()); };
+concept DataRecord = requires
+{
+    T::visit(details::IgnoreMember());
+};
 
 /// A class behind BaseDataItem; a record as well where it is a DataItemNode.
 template <class T>

@@ -67,8 +67,8 @@ ORLIXBASEPROCESSING_API ProcessingResult<bool> comparisonFailed(const BaseAttrib
                                                                 const BaseAttribute& right,
                                                                 const std::string& rightValue);
 ORLIXBASEPROCESSING_API ProcessingResult<bool> collSizeFailed(const BaseAttribute& left, unsigned long leftSize,
-                                                              eValueComparisonRuleType type,
-                                                              const BaseAttribute& right, unsigned long rightSize);
+                                                              eValueComparisonRuleType type, const BaseAttribute& right,
+                                                              unsigned long rightSize);
 
 } // namespace details
 
@@ -77,7 +77,8 @@ template <class TAttribute1, class TAttribute2, int type>
 class BaseTAttributeComparisonRule : public BaseRule
 {
 public:
-    BaseTAttributeComparisonRule(const AttributeRef<const TAttribute1>& left, const AttributeRef<const TAttribute2>& right)
+    BaseTAttributeComparisonRule(const AttributeRef<const TAttribute1>& left,
+                                 const AttributeRef<const TAttribute2>& right)
         : m_left(left), m_right(right)
     {}
 

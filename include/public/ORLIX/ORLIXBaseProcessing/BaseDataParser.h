@@ -1,8 +1,8 @@
 // A parser hands the data of an attribute to a kernel, block by block.
 #pragma once
 
-#include "ORLIX/ORLIXBaseProcessing/ProcessingTypes.h"
 #include "ORLIX/ORLIXBaseProcessing/Export.h"
+#include "ORLIX/ORLIXBaseProcessing/ProcessingTypes.h"
 
 namespace orlix::processor {
 

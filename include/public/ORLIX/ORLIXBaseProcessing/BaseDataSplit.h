@@ -104,6 +104,9 @@ public:
 
     /// What an unsplitted one asks for, unless overridden.
     virtual RangeDemand getRangeDemand() const { return {false, 0, 0, 1}; }
+    /// Told by the dispatcher before a run, once it has decided: every range but the last will hold `linesPerRange` of
+    /// `nbLines` lines. Ranges may be asked for in any order.
+    virtual void initRanges(unsigned long nbLines, unsigned long linesPerRange);
 
     /// A split that cuts nothing: `location` tells what its ranges touch beside the lines of the others. It no longer
     /// counts when the dispatcher chooses where elements run.
@@ -136,7 +139,10 @@ class FeedingSplit : public TBase
 public:
     const std::string& getAttributeName() const override { return TAttribute::getObjectNameStr(); }
     const std::string& getAttributeToolTip() const override { return TAttribute::getToolTipStr(); }
-    bool checkProcessorType(const BaseProcessor& lower) const override { return details::isProcessor<TProcessor>(lower); }
+    bool checkProcessorType(const BaseProcessor& lower) const override
+    {
+        return details::isProcessor<TProcessor>(lower);
+    }
 
 protected:
     /// Sets the attribute of `lower`, which is of class `TProcessor`.

@@ -9,9 +9,9 @@ namespace orlix::processor {
 
 using DataParserVector = std::vector<boost::shared_ptr<BaseDataParser>>;
 
-/// `mainProcess`: the parsers are made, the kernel is chosen by element types and forced sets, it is called for each
-/// block that the parsers give (once, with the values of `getNoParseInfo`, where the class has no parser), and the
-/// parsers are cleared, whatever happened.
+/// A run: the parsers are made, `preProcess`, the kernel is chosen by element types and forced sets, it is called for
+/// each block that the parsers give (once, with the values of `getNoParseInfo`, where the class has no parser),
+/// `postProcess`; the parsers are cleared last, whatever happened.
 class ORLIXBASEPROCESSING_API BaseProcessingAlgorithm : public BaseSyncProcessor
 {
 public:
@@ -19,14 +19,26 @@ public:
     virtual const InstructionSetsIdentifier& getForcedInstructionSets() const = 0;
 
 protected:
+    ProcessingResult<bool> process() override { return mainProcess(); }
     ProcessingResult<bool> mainProcess() override;
 
     virtual ProcessingResult<bool> getDataTypeIdColl(DataTypeIdentifierColl& types) const = 0;
     /// Makes `parsers` hold the parsers of this run, in order; it comes as the last run left it.
     virtual ProcessingResult<bool> initDataParserColl(DataParserVector& parsers) = 0;
     virtual void clearDataParserColl() = 0;
+    /// The parsers have started a block: to be told to kernels.
+    virtual void takeBlocks() {}
+    /// The kernel for `types`; null where there is none, and then `failNoKernel` is the result.
+    KernelFunction selectKernel(const DataTypeIdentifierColl& types) const
+    {
+        const AlgorithmFunctionIdentifier* row = getFunctionSelector().select(types, getForcedInstructionSets());
+        return row == nullptr ? nullptr : row->getFunction();
+    }
+    ProcessingResult<bool> failNoKernel(const DataTypeIdentifierColl& types) const;
+
     /// Elements, current line and first element of the one call of a class without parsers.
-    virtual void getNoParseInfo(unsigned long& nbElements, unsigned long& currentLine, unsigned long& firstElement) const;
+    virtual void getNoParseInfo(unsigned long& nbElements, unsigned long& currentLine,
+                                unsigned long& firstElement) const;
 
     /// For kernels: their success, made outside the files that are built for an instruction set.
     static ProcessingResult<bool> succeed();

@@ -68,6 +68,8 @@ protected:
     virtual StepResult postProcess() { return StepResult::success(); }
 
     const ProcessorDispatchPolicy& getDispatchPolicy() const { return m_dispatchPolicy; }
+    /// Is the rule checked in every run? Not where `init` was told to skip it.
+    bool hasRule() const { return m_rule != nullptr; }
 
 private:
     [[noreturn]] void throwNotInitialised() const;

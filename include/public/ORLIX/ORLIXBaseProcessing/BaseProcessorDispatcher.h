@@ -18,6 +18,7 @@ public:
     ProcessingResult<bool> queryNextAction(const core::BaseRequestOrigin& origin,
                                            boost::shared_ptr<core::BaseAction>& action) override;
     unsigned long getNbElements() const override { return m_nbElements; }
+    /// Bytes that all elements touch, as many times as the policy weighs them.
     unsigned long getCost() const override { return m_cost; }
     bool hasPendingAction() const override { return m_nbQueried < m_nbElements; }
     void notifyDerived(boost::shared_ptr<core::BaseAction>& action, bool bSuccess) override;
@@ -39,7 +40,7 @@ protected:
         m_nbQueried = 0;
         m_lowerPriority = core::BasePriority(priority.getDepth() + 1);
     }
-    void setSize(unsigned long nbElements, unsigned long cost) { m_nbElements = nbElements, m_cost = cost; }
+    void setSize(unsigned long nbElements, unsigned long bytes);
 
 private:
     ProcessorDispatchPolicy m_policy;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ORLIX/ORLIXBaseProcessing/BaseDataSplit.h"
+#include "ORLIX/ORLIXBaseProcessing/ItemsByRange.h"
 #include "ORLIX/ORLIXBaseProcessing/RangeMap.h"
 #include "ORLIX/ORLIXMath/Truncate.h"
 
@@ -32,7 +33,7 @@ public:
             this->throwNullInputSharedPtr();
         }
         m_data = data;
-        orderByLine();
+        readLines();
         return true;
     }
     /// And files under each range where its items came from, for a level that puts results back in place after the run.
@@ -46,19 +47,24 @@ public:
     }
 
     eSplitDynamicType getSplitDynamicType() const override { return eSplitDynamicType::eDynamicByRangeDataSplit; }
+    void initRanges(unsigned long nbLines, unsigned long linesPerRange) override
+    {
+        m_places.initRanges(nbLines, linesPerRange);
+    }
     ProcessingResult<bool> processAttribute(BaseProcessor& lower, unsigned long start, unsigned long size,
                                             const core::BaseRequestOrigin&) override
     {
-        findItems(start, size);
+        const std::span<const unsigned long> found = m_places.find(start, size);
         const boost::shared_ptr<Data> part = boost::make_shared<Data>();
         auto& items = part->template access<TColl>();
-        items.reserve(m_found.size());
-        for (const unsigned long index : m_found) {
-            items.push_back(m_data->template get<TColl>()[index]);
+        const auto& all = m_data->template get<TColl>();
+        items.reserve(found.size());
+        for (const unsigned long index : found) {
+            items.push_back(all[index]);
         }
         this->feed(lower, part);
         if (m_indices != nullptr) {
-            m_indices->insert(ElementsRange(start, size), m_found);
+            m_indices->insert(ElementsRange(start, size), {found.begin(), found.end()});
         }
         return true;
     }
@@ -66,19 +72,10 @@ public:
     {
         m_data.reset();
         m_indices = nullptr;
-        emptyForReuse(m_byLine);
-        emptyForReuse(m_found);
+        m_places.clear();
     }
 
 private:
-    /// Where an item lies, and which it is.
-    struct Place
-    {
-        unsigned long line;
-        unsigned long index;
-        friend auto operator<=>(const Place&, const Place&) = default;
-    };
-
     template <class TValue>
     static unsigned long lineOf(TValue key)
     {
@@ -89,35 +86,21 @@ private:
         }
     }
 
-    /// Once a run, so that a range finds its items without a look at all others.
-    void orderByLine()
+    void readLines()
     {
         const auto& items = m_data->template get<TColl>();
-        m_byLine.clear();
-        m_byLine.reserve(items.size());
+        m_places.start(items.size());
         for (const auto& item : items) {
             if (!item) {
                 this->throwNullInputSharedPtr();
             }
-            m_byLine.push_back({lineOf(item->template get<TKey>()), m_byLine.size()});
+            m_places.add(lineOf(item->template get<TKey>()));
         }
-        std::sort(m_byLine.begin(), m_byLine.end());
-    }
-
-    void findItems(unsigned long start, unsigned long size)
-    {
-        m_found.clear();
-        auto place = std::lower_bound(m_byLine.begin(), m_byLine.end(), Place{start, 0});
-        for (; place != m_byLine.end() && place->line - start < size; ++place) {
-            m_found.push_back(place->index);
-        }
-        std::sort(m_found.begin(), m_found.end());
     }
 
     boost::shared_ptr<const Data> m_data;
     RangeIndexMap* m_indices = nullptr;
-    std::vector<Place> m_byLine;
-    std::vector<unsigned long> m_found; ///< the items of the current range
+    ItemsByRange m_places;
 };
 
 /// A split of `data`; see `initBase`.

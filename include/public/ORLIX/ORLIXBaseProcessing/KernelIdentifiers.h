@@ -63,12 +63,14 @@ public:
     void init(const eInstructionSet& set) { m_bits = 1U << static_cast<eInstructionSet::domain>(set); }
     void clear() { m_bits = 0; }
     bool isEmpty() const { return m_bits == 0; }
-    bool contains(const eInstructionSet& set) const { return (m_bits >> static_cast<eInstructionSet::domain>(set)) & 1U; }
+    bool contains(const eInstructionSet& set) const
+    {
+        return (m_bits >> static_cast<eInstructionSet::domain>(set)) & 1U;
+    }
     /// The highest of them by value; plain for an empty set.
     eInstructionSet getHighest() const
     {
-        return m_bits == 0 ? eInstructionSet::eNone
-                           : static_cast<eInstructionSet::domain>(31 - __builtin_clz(m_bits));
+        return m_bits == 0 ? eInstructionSet::eNone : static_cast<eInstructionSet::domain>(31 - __builtin_clz(m_bits));
     }
     friend bool operator==(const InstructionSetsIdentifier&, const InstructionSetsIdentifier&) = default;
 

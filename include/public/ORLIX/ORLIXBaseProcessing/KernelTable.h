@@ -7,7 +7,8 @@
 
 namespace orlix::processor {
 
-/// One kernel and the types that it works on, as ids of a data type identifier; `type2` is 0 for a single type.
+/// One kernel and the types that it works on, as ids of a data type identifier; `type2` is 0 for a single type, and
+/// both are for a kernel that goes by none.
 struct KernelRow
 {
     unsigned char type1;

@@ -1,37 +1,76 @@
 // The ways in which a public operator function uses its level-1 processor.
 #pragma once
 
+#include "ORLIX/ORLIXBaseProcessing/AttributeValues.h"
 #include "ORLIX/ORLIXBaseProcessing/ProcessorPool.h"
 
 namespace orlix::processor {
 
-/// A value for an attribute, by reference.
-template <class TAttribute>
-struct AttributeValue
-{
-    using Attribute = TAttribute;
-    const typename TAttribute::StorageType& value;
-};
+namespace details {
 
-template <class TAttribute>
-AttributeValue<TAttribute> with(const typename TAttribute::StorageType& value)
+/// Throws ORLIXBaseProcessingException with the message of a failed run.
+[[noreturn]] ORLIXBASEPROCESSING_API void throwRunFailed(const ProcessingResult<bool>& result);
+
+/// Is everything given that a run needs, the outputs included?
+template <class TCall, class... TAttributes>
+bool isComplete(const OwnAttributes<TAttributes...>*)
 {
-    return {value};
+    return ((TCall::template isGiven<TAttributes>() || (!TAttributes::g_bOutput && TAttributes().isOptional())) && ...);
 }
+
+/// Does the call without a run of level 1, where that comes to the same: see DispatchLevel. False: nothing is done.
+template <class TProcessor, class TCall>
+bool runStraight(const TCall& call)
+{
+    if constexpr (requires { TProcessor::isStraight(call); }) {
+        using Attributes = typename TProcessor::Attributes;
+        if (isComplete<TCall>(static_cast<const Attributes*>(nullptr)) && TProcessor::isStraight(call) &&
+            TProcessor::Rule::holds(call)) {
+            if (const ProcessingResult<bool> result = TProcessor::runStraight(call); !result) {
+                throwRunFailed(result);
+            }
+            return true;
+        }
+    }
+    return false;
+}
+
+/// What the class's initializer makes of the call for `TOutput`; null where it makes none.
+template <class TProcessor, class TOutput, class TCall>
+typename TOutput::StorageType makeOutput(const TCall& call)
+{
+    if constexpr (requires { typename TProcessor::Initializers; }) {
+        using Initializer = typename decltype(TProcessor::Initializers::template find<TOutput>())::type;
+        if constexpr (!std::is_void_v<Initializer>) {
+            return Initializer::makeOutput(call);
+        }
+    }
+    return {};
+}
+
+} // namespace details
 
 /// Sets the attributes in the given order and runs to the end. A failed run throws.
 template <class TProcessor, class... TValues>
 void run(const TValues&... values)
 {
+    if (details::runStraight<TProcessor>(CallValues<TValues...>(values...))) {
+        return;
+    }
     const CallProcessor<TProcessor> processor;
     (processor->template set<typename TValues::Attribute>(values.value), ...);
     processor.run();
 }
 
-/// The same, and reads `TOutput` back.
+/// The same, and gives back what `TOutput` then holds.
 template <class TProcessor, class TOutput, class... TValues>
 typename TOutput::StorageType runForOutput(const TValues&... values)
 {
+    if (typename TOutput::StorageType output =
+            details::makeOutput<TProcessor, TOutput>(CallValues<TValues...>(values...))) {
+        run<TProcessor>(values..., with<TOutput>(output));
+        return output;
+    }
     const CallProcessor<TProcessor> processor;
     (processor->template set<typename TValues::Attribute>(values.value), ...);
     processor.run();

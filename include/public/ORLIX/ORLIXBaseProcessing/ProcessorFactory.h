@@ -58,7 +58,7 @@ ProcessingResult<bool> ProcessorFactory::registerProcessor()
     info.objectName = TProcessor::getObjectNameStr();
     info.toolTip = TProcessor::getToolTipStr();
     info.libraryName = TProcessor::getLibraryName();
-    info.headerPath = cutHeaderPath(TProcessor::g_header);
+    info.headerPath = cutHeaderPath(TProcessor::g_text.header);
     info.creator = &TProcessor::createBaseProcessor;
     return registerProcessor(TProcessor::getTypeName(), info);
 }
@@ -68,8 +68,7 @@ template <class TProcessor>
 class ProcessorRegistrator
 {
 public:
-    ProcessorRegistrator()
-        : m_bRegistered(ProcessorFactory::getInstance().registerProcessor<TProcessor>().getValue())
+    ProcessorRegistrator() : m_bRegistered(ProcessorFactory::getInstance().registerProcessor<TProcessor>().getValue())
     {}
     ~ProcessorRegistrator()
     {

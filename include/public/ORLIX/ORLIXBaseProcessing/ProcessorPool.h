@@ -32,13 +32,24 @@ public:
     static void giveBack(boost::shared_ptr<TProcessor> processor) noexcept
     {
         try {
-            IdleProcessors& idle = accessIdle();
-            if (processor.use_count() == 1 && idle.size() < g_maxIdle) {
+            if (processor.use_count() == 1) {
                 processor->clearForReuse();
-                idle.push_back(std::move(processor));
+                keep(std::move(processor));
             }
         } catch (...) {
             // The next call makes a new one.
+        }
+    }
+    /// Keeps a processor that is as it was when it was taken, and that nobody else holds.
+    static void keep(boost::shared_ptr<TProcessor> processor) noexcept
+    {
+        try {
+            IdleProcessors& idle = accessIdle();
+            if (idle.size() < g_maxIdle) {
+                idle.push_back(std::move(processor));
+            }
+        } catch (...) {
+            // As above.
         }
     }
 
@@ -55,19 +66,25 @@ private:
     }
 };
 
-/// A processor for one synchronous call, initialised, and given back at the end of the scope.
+/// A processor out of the pool, or a new one; on both `init` has been called.
+template <class TProcessor>
+boost::shared_ptr<TProcessor> takeOrMake()
+{
+    boost::shared_ptr<TProcessor> processor = ProcessorPool<TProcessor>::take();
+    if (!processor) {
+        processor = boost::make_shared<TProcessor>();
+        // A class whose init fails says so again, as a text, when it is run.
+        static_cast<void>(processor->init(eProcessorRulePolicy::eRulePolicyCheck));
+    }
+    return processor;
+}
+
+/// A processor for one synchronous call, given back at the end of the scope.
 template <class TProcessor>
 class CallProcessor
 {
 public:
-    CallProcessor() : m_processor(ProcessorPool<TProcessor>::take())
-    {
-        if (!m_processor) {
-            m_processor = boost::make_shared<TProcessor>();
-            // A class whose init fails says so again, as a text, when it is run.
-            static_cast<void>(m_processor->init(eProcessorRulePolicy::eRulePolicyCheck));
-        }
-    }
+    CallProcessor() : m_processor(takeOrMake<TProcessor>()) {}
     ~CallProcessor() { ProcessorPool<TProcessor>::giveBack(std::move(m_processor)); }
     CallProcessor(const CallProcessor&) = delete;
     CallProcessor& operator=(const CallProcessor&) = delete;

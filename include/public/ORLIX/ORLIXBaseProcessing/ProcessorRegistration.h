@@ -7,7 +7,7 @@
 #include "ORLIX/ORLIXUtil/DynamicRegistrator.h"
 #include "ORLIX/ORLIXUtil/MessageMapRegistrator.h"
 
-#include <initializer_list>
+#include <cstddef>
 #include <vector>
 
 namespace orlix::processor {
@@ -30,9 +30,10 @@ class ProcessorRegistration
 {
 public:
     ProcessorRegistration() { TProcessor::createMutexes(); }
-    /// `kernels` in order of their files.
-    ProcessorRegistration(std::initializer_list<const KernelTable*> kernels)
-        : m_selector(&TProcessor::retrieveFunctionSelector()), m_kernels(kernels)
+    /// `kernels` in the order in which they are entered.
+    template <std::size_t nbTables>
+    explicit ProcessorRegistration(const KernelTable* const (&kernels)[nbTables])
+        : m_selector(&TProcessor::retrieveFunctionSelector()), m_kernels(kernels, kernels + nbTables)
     {
         for (const KernelTable* table : m_kernels) {
             details::functionRegistration(*m_selector, *table);

@@ -10,8 +10,7 @@
 namespace orlix::processor {
 
 /// Values by range, filled in whatever order a run takes its ranges in and walked in the order of the ranges. A run
-/// gives out each range once, so none is filed twice. Filled and walked by one thread at a
-/// time.
+/// gives out each range once, so none is filed twice. Filled and walked by one thread at a time.
 template <class TValue>
 class RangeMap
 {

@@ -2,8 +2,11 @@
 // attribute storage, `set` and `getStorage`.
 #pragma once
 
+#include "ORLIX/ORLIXBaseProcessing/AttributeValues.h"
 #include "ORLIX/ORLIXBaseProcessing/BaseProcessor.h"
 #include "ORLIX/ORLIXBaseProcessing/ClassStatics.h"
+#include "ORLIX/ORLIXBaseProcessing/DispatchWeight.h"
+#include "ORLIX/ORLIXBaseProcessing/ProcessorText.h"
 #include "ORLIX/ORLIXSerialization/ClassVersion.h"
 #include "ORLIX/ORLIXUtil/DynamicRegistrator.h"
 
@@ -30,8 +33,8 @@ const TValue& guardedStatic(std::mutex& mutex, std::optional<TValue>& value, TMa
 
 /// "<nameSpace>::<name>".
 ORLIXBASEPROCESSING_API std::string makeTypeName(const char* nameSpace, const char* name);
-/// The default policy as that of class `name`: "get<name>StaticDispatchPolicy".
-ORLIXBASEPROCESSING_API ProcessorDispatchPolicy makeDispatchPolicy(const char* name);
+/// The default policy as that of class `name`, "get<name>StaticDispatchPolicy", with the weight of that class.
+ORLIXBASEPROCESSING_API ProcessorDispatchPolicy makeDispatchPolicy(const char* name, unsigned weight);
 
 // Asked from outside the class, so that a protected function counts as none.
 template <class TProcessor>
@@ -49,30 +52,33 @@ concept StatesOutputInitializers = requires(const TProcessor& processor, OutputI
 
 } // namespace details
 
-/// `TDerived` says `static constexpr const char* g_name`, `static constexpr <catalogue>::domain g_toolTip`,
-/// `static constexpr const char* g_header = __FILE__`, and, both public, `RulePtr createRule() const`, which gives
-/// `none()` where there is no rule, and `void initOutputInitializers(OutputInitializerMap&) const`, which does nothing
-/// where all outputs are given. `TBase` is the kind of processor. `TLibrary` says `g_name`, `g_namespace` and
-/// `toolTip(id)`. `TAttributes` are the attribute classes in order of creation.
+/// `TDerived` says `static constexpr ProcessorText g_text{<name>, <tool tip in the library's catalogue>}` and, both
+/// public, `RulePtr createRule() const`, which gives `none()` where there is no rule, and
+/// `void initOutputInitializers(OutputInitializerMap&) const`, which does nothing where all outputs are given. `TBase`
+/// is the kind of processor. `TLibrary` says `g_name`, `g_namespace` and `toolTip(id)`. `TAttributes` are the attribute
+/// classes in order of creation.
 template <class TDerived, class TBase, class TLibrary, class... TAttributes>
 class Scaffold : public TBase
 {
 public:
+    using Attributes = OwnAttributes<TAttributes...>;
+
     static const std::string& getTypeName()
     {
-        return details::guardedStatic(TypeNameMutex(), accessStatics().typeName,
-                                      [] { return details::makeTypeName(TLibrary::g_namespace, TDerived::g_name); });
+        return details::guardedStatic(TypeNameMutex(), accessStatics().typeName, [] {
+            return details::makeTypeName(TLibrary::g_namespace, TDerived::g_text.name);
+        });
     }
     /// Shares the mutex of the tool tip.
     static const std::string& getObjectNameStr()
     {
         return details::guardedStatic(ToolTipMutex(), accessStatics().objectName,
-                                      [] { return std::string(TDerived::g_name); });
+                                      [] { return std::string(TDerived::g_text.name); });
     }
     static const std::string& getToolTipStr()
     {
         return details::guardedStatic(ToolTipMutex(), accessStatics().toolTip,
-                                      [] { return TLibrary::toolTip(TDerived::g_toolTip); });
+                                      [] { return TLibrary::toolTip(TDerived::g_text.toolTip); });
     }
     static unsigned int getVersion()
     {
@@ -81,8 +87,9 @@ public:
     /// Valid until the process ends; copy it at once.
     static const ProcessorDispatchPolicy& getDefaultDispatchPolicy()
     {
-        return details::guardedStatic(DispatchPolicyMutex(), accessStatics().dispatchPolicy,
-                                      [] { return details::makeDispatchPolicy(TDerived::g_name); });
+        return details::guardedStatic(DispatchPolicyMutex(), accessStatics().dispatchPolicy, [] {
+            return details::makeDispatchPolicy(TDerived::g_text.name, dispatchWeightOf<TDerived>());
+        });
     }
     static const char* getLibraryName() { return TLibrary::g_name; }
 
@@ -128,8 +135,7 @@ public:
     }
     /// What an output attribute holds. Throws where `init` has not been called.
     template <class TAttribute>
-        requires(TAttribute::g_bOutput)
-    typename TAttribute::StorageType getStorage() const
+    requires(TAttribute::g_bOutput) typename TAttribute::StorageType getStorage() const
     {
         this->checkInitialised();
         return accessAttribute<TAttribute>()->getStorage();
@@ -148,6 +154,7 @@ protected:
     {
         return std::get<boost::shared_ptr<TAttribute>>(m_ownAttributes);
     }
+    const Attributes& accessOwnAttributes() const { return m_ownAttributes; }
 
     ProcessingResult<bool> initDerived(AttributeVector& attributes, OutputInitializerMap& outputInitializers,
                                        ProcessorDispatchPolicy& dispatchPolicy, RulePtr& rule,
@@ -184,7 +191,7 @@ private:
     static std::mutex& VersionMutex() { return accessStatics().versionMutex; }
     static std::mutex& DispatchPolicyMutex() { return accessStatics().dispatchPolicyMutex; }
 
-    std::tuple<boost::shared_ptr<TAttributes>...> m_ownAttributes;
+    Attributes m_ownAttributes;
 };
 
 } // namespace orlix::processor

@@ -1,11 +1,9 @@
-// Gives out the actions of one level, element by element, and the loop that runs them.
+// Gives out the actions of one level, element by element.
 #pragma once
 
 #include "ORLIX/ORLIXCore/BaseAction.h"
 
 namespace orlix::core {
-
-class RunContext;
 
 /// A fixed number of elements, each of which becomes one action. The run loop calls the virtual operations from one
 /// thread at a time.
@@ -30,10 +28,5 @@ public:
     /// The run is to end early: called once the run loop sees that, before it asks for anything else.
     virtual void requestCancellationDerived() = 0;
 };
-
-/// Runs all elements of `provider` and clears it. The first failing element by index decides the result, and an
-/// exception of an element is thrown again here, unchanged. No element behind a failed one starts, and none after a
-/// cancellation.
-ORLIXCORE_API ProcessingResult<bool> runElements(BaseActionProvider& provider, RunContext& context);
 
 } // namespace orlix::core

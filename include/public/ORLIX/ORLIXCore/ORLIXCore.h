@@ -13,3 +13,4 @@
 #include "ORLIX/ORLIXCore/ORLIXCoreException.h"
 #include "ORLIX/ORLIXCore/ProcessEnding.h"
 #include "ORLIX/ORLIXCore/RunContext.h"
+#include "ORLIX/ORLIXCore/RunLoop.h"

@@ -23,6 +23,9 @@ public:
     BaseExecutor& accessExecutor() const { return m_executor; }
     bool isCancelled() const { return m_bCancelled.load(std::memory_order_relaxed); }
 
+    /// Does anybody get the progress of this run?
+    bool isWatched() const { return m_bWatched; }
+
     void addKnown(unsigned long nbElements)
     {
         if (m_bWatched) {

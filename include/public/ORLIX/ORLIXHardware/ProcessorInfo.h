@@ -16,6 +16,10 @@ public:
     /// Asks the processor and the system.
     ProcessorInfo();
 
+    /// The maker's mark of twelve characters, "GenuineIntel" or "AuthenticAMD" for example; "unknown" where there is
+    /// none.
+    const std::string& getVendorName() const { return m_vendorName; }
+
     /// As the processor spells it, "Intel(R) Xeon(R) Gold 6248 CPU @ 2.50GHz" for example; "unknown" where it doesn't.
     const std::string& getModelName() const { return m_modelName; }
 
@@ -29,6 +33,7 @@ public:
     const std::vector<eInstructionSet>& getInstructionSets() const { return m_sets; }
 
 private:
+    std::string m_vendorName;
     std::string m_modelName;
     unsigned long m_nbLogicalCores;
     std::vector<eInstructionSet> m_sets;

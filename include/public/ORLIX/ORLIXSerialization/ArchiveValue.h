@@ -17,14 +17,46 @@ namespace details {
 
 template <std::size_t size, bool bSigned>
 struct SizedInteger;
-template <> struct SizedInteger<1, true> { using Type = std::int8_t; };
-template <> struct SizedInteger<1, false> { using Type = std::uint8_t; };
-template <> struct SizedInteger<2, true> { using Type = std::int16_t; };
-template <> struct SizedInteger<2, false> { using Type = std::uint16_t; };
-template <> struct SizedInteger<4, true> { using Type = std::int32_t; };
-template <> struct SizedInteger<4, false> { using Type = std::uint32_t; };
-template <> struct SizedInteger<8, true> { using Type = std::int64_t; };
-template <> struct SizedInteger<8, false> { using Type = std::uint64_t; };
+template <>
+struct SizedInteger<1, true>
+{
+    using Type = std::int8_t;
+};
+template <>
+struct SizedInteger<1, false>
+{
+    using Type = std::uint8_t;
+};
+template <>
+struct SizedInteger<2, true>
+{
+    using Type = std::int16_t;
+};
+template <>
+struct SizedInteger<2, false>
+{
+    using Type = std::uint16_t;
+};
+template <>
+struct SizedInteger<4, true>
+{
+    using Type = std::int32_t;
+};
+template <>
+struct SizedInteger<4, false>
+{
+    using Type = std::uint32_t;
+};
+template <>
+struct SizedInteger<8, true>
+{
+    using Type = std::int64_t;
+};
+template <>
+struct SizedInteger<8, false>
+{
+    using Type = std::uint64_t;
+};
 
 template <class T>
 struct ArchiveTypeOf
@@ -46,8 +78,8 @@ struct ArchiveTypeOf<bool>
 
 /// bool, every integer type, float, double and std::string.
 template <class T>
-concept ArchiveScalar = std::integral<T> || std::same_as<T, float> || std::same_as<T, double> ||
-                        std::same_as<T, std::string>;
+concept ArchiveScalar =
+    std::integral<T> || std::same_as<T, float> || std::same_as<T, double> || std::same_as<T, std::string>;
 
 /// The alternative of ArchiveValue that stands for `T`: integers go by size and sign: `long` and `long long` are one.
 template <ArchiveScalar T>

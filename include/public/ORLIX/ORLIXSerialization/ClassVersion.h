@@ -1,4 +1,4 @@
-// The version record that a class leaves in an archive, once an archive.
+// The version record that a class leaves in an archive, once per archive.
 #pragma once
 
 #include "ORLIX/ORLIXSerialization/BaseIArchive.h"

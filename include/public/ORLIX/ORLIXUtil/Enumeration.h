@@ -12,7 +12,10 @@
 #define ORLIX_ENUMERATION(name, first)                                                                                 \
     constexpr name() : m_value(first) {}                                                                               \
     constexpr name(domain value) : m_value(value) {}                                                                   \
-    constexpr operator domain() const { return m_value; }                                                              \
+    constexpr operator domain() const                                                                                  \
+    {                                                                                                                  \
+        return m_value;                                                                                                \
+    }                                                                                                                  \
                                                                                                                        \
 private:                                                                                                               \
     domain m_value

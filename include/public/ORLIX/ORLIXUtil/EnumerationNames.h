@@ -8,9 +8,9 @@ namespace orlix {
 
 /// Specialise beside an enumeration of the family to let its values be told and given as text:
 ///
-///     static constexpr std::array<eColour::domain, 2> g_values = {eColour::eRed, eColour::eGreen}; // as they are
-///     listed static const char* nameOf(const eColour& value);                                             // "red",
-///     "green"
+///     // in the order in which they are listed
+///     static constexpr std::array<eColour::domain, 2> g_values = {eColour::eRed, eColour::eGreen};
+///     static const char* nameOf(const eColour& value); // "red", "green"
 ///
 /// Names are unique whatever their case.
 template <class TEnum>

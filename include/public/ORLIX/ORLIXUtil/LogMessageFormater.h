@@ -48,9 +48,8 @@ public:
         } else if constexpr (std::floating_point<T>) {
             m_arguments.emplace_back(static_cast<double>(argument));
         } else {
-            appendStreamed(std::addressof(argument), [](std::ostream& stream, const void* value) {
-                stream << *static_cast<const T*>(value);
-            });
+            appendStreamed(std::addressof(argument),
+                           [](std::ostream& stream, const void* value) { stream << *static_cast<const T*>(value); });
         }
         return *this;
     }

@@ -58,9 +58,8 @@ CatalogueAccess catalogueAccess()
 template <class T>
 MessageArgument messageArgument(const T& value)
 {
-    return {std::addressof(value), [](LogMessageFormater& formatter, const void* argument) {
-                formatter % *static_cast<const T*>(argument);
-            }};
+    return {std::addressof(value),
+            [](LogMessageFormater& formatter, const void* argument) { formatter % *static_cast<const T*>(argument); }};
 }
 
 ORLIXUTIL_API void fillCatalogue(const CatalogueAccess& catalogue);

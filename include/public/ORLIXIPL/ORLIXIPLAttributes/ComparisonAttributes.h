@@ -5,8 +5,8 @@
 #include "ORLIXIPL/ORLIXIPLAttributes/DataItem/CompareResult.h"
 #include "ORLIXIPL/ORLIXIPLAttributes/DataItem/ImgComparisonTolerance.h"
 #include "ORLIXIPL/ORLIXIPLAttributes/Export.h"
-#include "ORLIXIPL/ORLIXImageProcessing/ImageAttributes.h"
-#include "ORLIXIPL/ORLIXImageProcessing/StripAttributes.h"
+#include "ORLIXIPL/ORLIXImageProcessing/BaseImageAttributes.h"
+#include "ORLIXIPL/ORLIXImageProcessing/BaseStripAttributes.h"
 
 namespace orlix::imaproc::attr {
 
@@ -60,7 +60,8 @@ class ORLIXIPLATTRIBUTES_API InOptImgComparisonTolerance final
 {
 public:
     static constexpr const char* g_name = "InOptImgComparisonTolerance";
-    static constexpr const char* g_toolTip = "How far apart two pixels may be and still count as the same; none if unset";
+    static constexpr const char* g_toolTip =
+        "How far apart two pixels may be and still count as the same; none if unset";
 };
 
 class ORLIXIPLATTRIBUTES_API InImgComparisonTolerance final

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "ORLIXIPL/ORLIXIPLAttributes/Export.h"
-#include "ORLIXIPL/ORLIXImageProcessing/ImageAttributes.h"
+#include "ORLIXIPL/ORLIXImageProcessing/BaseImageAttributes.h"
 
 namespace orlix::imaproc::attr {
 

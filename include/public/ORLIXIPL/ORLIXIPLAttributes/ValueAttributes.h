@@ -1,7 +1,7 @@
 // The attributes of the operators that hold a number.
 #pragma once
 
-#include "ORLIX/ORLIXBaseProcessing/ValueAttributes.h"
+#include "ORLIX/ORLIXBaseProcessing/BaseValueAttributes.h"
 #include "ORLIXIPL/ORLIXIPLAttributes/Export.h"
 
 namespace orlix::imaproc::attr {

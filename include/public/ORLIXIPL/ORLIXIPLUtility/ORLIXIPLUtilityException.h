@@ -1,8 +1,8 @@
 // Exception of ORLIXIPLUtility.
 #pragma once
 
-#include "ORLIXIPL/ORLIXIPLUtility/Export.h"
 #include "ORLIX/ORLIXUtil/BaseException.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Export.h"
 
 namespace orlix::imaproc::util {
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "ORLIXIPL/ORLIXImage/ImageYStrip2d.h"
-#include "ORLIXIPL/ORLIXImage/KernelMargin.h"
+#include "ORLIXIPL/ORLIXImage/Margin.h"
 
 #include <algorithm>
 
@@ -14,7 +14,7 @@ class BaseImageYStrip2dWithKernel : public BaseImageYStrip2d
 public:
     /// Lines [startOffsetY, startOffsetY + stripSizeY) of `image`, which has one plan. No bounds are checked.
     BaseImageYStrip2dWithKernel(const BaseImage& image, unsigned long startOffsetY, unsigned long stripSizeY,
-                                const KernelMargin& marginX, const KernelMargin& marginY)
+                                const Margin& marginX, const Margin& marginY)
         : BaseImageYStrip2d(image, startOffsetY, stripSizeY), m_marginX(marginX), m_marginY(marginY)
     {}
 
@@ -34,8 +34,8 @@ public:
     }
 
 private:
-    KernelMargin m_marginX;
-    KernelMargin m_marginY;
+    Margin m_marginX;
+    Margin m_marginY;
 };
 
 class InputImageYStrip2dWithKernel : public BaseImageYStrip2dWithKernel

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "ORLIXIPL/ORLIXImage/ImageZStrip3d.h"
-#include "ORLIXIPL/ORLIXImage/KernelMargin.h"
+#include "ORLIXIPL/ORLIXImage/Margin.h"
 
 #include <algorithm>
 
@@ -15,7 +15,7 @@ public:
     /// Plans [startOffsetZ, startOffsetZ + stripSizeZ) of `image`, which has one channel and one time step. `marginXY`
     /// holds along both axes of a plan. No bounds are checked.
     BaseImageZStrip3dWithKernel(const BaseImage& image, unsigned long startOffsetZ, unsigned long stripSizeZ,
-                                const KernelMargin& marginXY, const KernelMargin& marginZ)
+                                const Margin& marginXY, const Margin& marginZ)
         : BaseImageZStrip3d(image, startOffsetZ, stripSizeZ), m_marginXY(marginXY), m_marginZ(marginZ)
     {}
 
@@ -35,8 +35,8 @@ public:
     }
 
 private:
-    KernelMargin m_marginXY;
-    KernelMargin m_marginZ;
+    Margin m_marginXY;
+    Margin m_marginZ;
 };
 
 class InputImageZStrip3dWithKernel : public BaseImageZStrip3dWithKernel

@@ -5,7 +5,7 @@
 
 namespace orlix::image::io {
 
-/// Called with the plans done and the plans in all, on the thread that reads or writes, at least once a plan. Between
+/// Called with the plans done and the plans in all, on the thread that reads or writes, at least once per plan. Between
 /// two calls lie no more than 256 KiB of pixels, or 4 MiB that are waited for until they are on the disk; a row, or a
 /// tile of a TIFF file, or a page of JPEG, LogLuv or another compression that is taken as a whole, counts as one piece
 /// however large. Returning false stops the work with an ORLIXImageIOException. What it throws arrives at the caller of

@@ -32,7 +32,8 @@ ORLIXIMAGEIO_API eImageFileFormat formatByEnding(const boost::filesystem::path& 
 /// Can files of this format hold elements of this type? What shapes they can hold stands at `writeImage`.
 ORLIXIMAGEIO_API bool canHold(const eImageFileFormat& format, const eImageBufferType& type);
 
-/// Is this compression built into the TIFF library that this process has loaded? One that is not makes `writeImage` fail.
+/// Is this compression built into the TIFF library that this process has loaded? One that is not makes `writeImage`
+/// fail.
 ORLIXIMAGEIO_API bool isBuiltIn(const eTiffCompression& compression);
 
 } // namespace orlix::image::io

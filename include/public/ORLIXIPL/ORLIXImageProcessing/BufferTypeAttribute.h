@@ -1,7 +1,7 @@
 // What initializers and rules take for an attribute that tells an element type.
 #pragma once
 
-#include "ORLIX/ORLIXBaseProcessing/ValueAttributes.h"
+#include "ORLIX/ORLIXBaseProcessing/BaseValueAttributes.h"
 #include "ORLIXIPL/ORLIXImage/ImageBufferType.h"
 
 namespace orlix::imaproc {

@@ -68,16 +68,55 @@ constexpr processor::KernelRow kernelPairRow(image::eImageBufferType::domain in,
         ORLIX_PAIR_ROWS_FROM(level, ISA, unsigned short, eBufferUInt16Like),                                           \
         ORLIX_PAIR_ROWS_FROM(level, ISA, unsigned int, eBufferUInt32Like)
 
-/// Names a table that stands in another file.
-#define ORLIX_DECLARE_KERNEL_TABLE(level, suffix)                                                                      \
-    namespace orlix::imaproc::util {                                                                                   \
-    extern const processor::KernelTable g_##level##_##suffix;                                                          \
-    }
+// What a set is called in the names of kernel files and tables.
+#define ORLIX_SET_plain eInstructionSet::eNone
+#define ORLIX_SET_sse2 eInstructionSet::eSSE2
+#define ORLIX_SET_avx eInstructionSet::eAVX
+#define ORLIX_SET_avx2 eInstructionSet::eAVX2
+#define ORLIX_SET_avx512 eInstructionSet::eAVX512
 
-/// The one table of a kernel file: the rows of `rowSet` under instruction set `ISA`, constant-initialised.
-#define ORLIX_KERNEL_TABLE(level, suffix, ISA, rowSet)                                                                 \
-    namespace orlix::imaproc::util {                                                                                   \
-    static constexpr processor::KernelRow g_##level##_##suffix##_rows[] = {ORLIX_ROWS_##rowSet(level, ISA)};           \
-    constinit const processor::KernelTable g_##level##_##suffix = {                                                    \
-        ISA, g_##level##_##suffix##_rows, sizeof(g_##level##_##suffix##_rows) / sizeof(processor::KernelRow)};         \
-    }
+#define ORLIX_DECLARE_KERNEL_TABLE(level, set) extern const processor::KernelTable g_##level##_##set;
+#define ORLIX_NAME_KERNEL_SET(level, set) ORLIX_SET_##set,
+#define ORLIX_NAME_KERNEL_TABLE(level, set) &g_##level##_##set,
+
+#define ORLIX_FOR_SETS_1(apply, level, set) apply(level, set)
+#define ORLIX_FOR_SETS_2(apply, level, set, ...) apply(level, set) ORLIX_FOR_SETS_1(apply, level, __VA_ARGS__)
+#define ORLIX_FOR_SETS_3(apply, level, set, ...) apply(level, set) ORLIX_FOR_SETS_2(apply, level, __VA_ARGS__)
+#define ORLIX_FOR_SETS_4(apply, level, set, ...) apply(level, set) ORLIX_FOR_SETS_3(apply, level, __VA_ARGS__)
+#define ORLIX_FOR_SETS_5(apply, level, set, ...) apply(level, set) ORLIX_FOR_SETS_4(apply, level, __VA_ARGS__)
+#define ORLIX_SIXTH(first, second, third, fourth, fifth, sixth, ...) sixth
+#define ORLIX_FOR_SETS(apply, level, ...)                                                                              \
+    ORLIX_SIXTH(__VA_ARGS__, ORLIX_FOR_SETS_5, ORLIX_FOR_SETS_4, ORLIX_FOR_SETS_3, ORLIX_FOR_SETS_2,                   \
+                ORLIX_FOR_SETS_1, )                                                                                    \
+    (apply, level, __VA_ARGS__)
+
+/// Stands once in the kernel header of a level, in the level's namespace, and names the sets that have a kernel file,
+/// out of plain, sse2, avx, avx2, avx512, in the order in which they are registered. Makes `<level>Kernels`, whose
+/// `g_tables` the registration takes. A set without a file is an error of the linker, a file whose set is not named
+/// here one of the compiler.
+#define ORLIX_KERNEL_SETS(level, ...)                                                                                  \
+    ORLIX_FOR_SETS(ORLIX_DECLARE_KERNEL_TABLE, level, __VA_ARGS__)                                                     \
+    struct level##Kernels                                                                                              \
+    {                                                                                                                  \
+        static constexpr eInstructionSet::domain g_sets[] = {                                                          \
+            ORLIX_FOR_SETS(ORLIX_NAME_KERNEL_SET, level, __VA_ARGS__)};                                                \
+        static constexpr const processor::KernelTable* g_tables[] = {                                                  \
+            ORLIX_FOR_SETS(ORLIX_NAME_KERNEL_TABLE, level, __VA_ARGS__)};                                              \
+                                                                                                                       \
+        static consteval bool names(eInstructionSet::domain set)                                                       \
+        {                                                                                                              \
+            bool bFound = false;                                                                                       \
+            for (const eInstructionSet::domain own : g_sets) {                                                         \
+                bFound = bFound || own == set;                                                                         \
+            }                                                                                                          \
+            return bFound;                                                                                             \
+        }                                                                                                              \
+    };
+
+/// The one table of a kernel file, in the level's namespace: the rows of `rowSet` under instruction set `set`,
+/// constant-initialised.
+#define ORLIX_KERNEL_TABLE(level, set, rowSet)                                                                         \
+    static_assert(level##Kernels::names(ORLIX_SET_##set), "name the set of this file in ORLIX_KERNEL_SETS");           \
+    static constexpr processor::KernelRow g_##level##_##set##_rows[] = {ORLIX_ROWS_##rowSet(level, ORLIX_SET_##set)};  \
+    constinit const processor::KernelTable g_##level##_##set = {                                                       \
+        ORLIX_SET_##set, g_##level##_##set##_rows, sizeof(g_##level##_##set##_rows) / sizeof(processor::KernelRow)};

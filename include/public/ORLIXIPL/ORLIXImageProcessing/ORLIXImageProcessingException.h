@@ -1,8 +1,8 @@
 // Exception of ORLIXImageProcessing.
 #pragma once
 
-#include "ORLIXIPL/ORLIXImageProcessing/Export.h"
 #include "ORLIX/ORLIXUtil/BaseException.h"
+#include "ORLIXIPL/ORLIXImageProcessing/Export.h"
 
 namespace orlix::imaproc {
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "ORLIXIPL/ORLIXBaseImageTools/ImageTileColl.h"
-#include "ORLIXIPL/ORLIXImageProcessing/ImageAttributes.h"
+#include "ORLIXIPL/ORLIXImageProcessing/BaseImageAttributes.h"
 
 namespace orlix::imaproc {
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "ORLIXIPL/ORLIXImage/ImageZStrip3d.h"
-#include "ORLIXIPL/ORLIXImageProcessing/StripAttributes.h"
+#include "ORLIXIPL/ORLIXImageProcessing/BaseStripAttributes.h"
 
 namespace orlix::imaproc {
 

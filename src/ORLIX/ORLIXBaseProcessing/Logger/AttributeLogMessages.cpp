@@ -17,7 +17,8 @@ const std::vector<MessageText>& MessageCatalogue<eAttributeMessage>::texts()
 {
     static const std::vector<MessageText> g_texts = {
         {eAttributeMessage::eTakesNoText, "%s (%s) can't be given as text: set it from a program"},
-        {eAttributeMessage::eBadText, "%s: expected %s, found \"%s\""}};
+        {eAttributeMessage::eBadText, "%s: expected %s, found \"%s\""},
+        {eAttributeMessage::eBadItem, "%s: %s"}};
     return g_texts;
 }
 

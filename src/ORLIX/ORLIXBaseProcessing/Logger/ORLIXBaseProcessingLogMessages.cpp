@@ -66,7 +66,8 @@ const std::vector<MessageText>& MessageCatalogue<processor::eProcessingRuleMessa
 {
     using Message = processor::eProcessingRuleMessage;
     static const std::vector<MessageText> g_texts = {
-        {Message::eAttributeGone, "An attribute of the rule no longer exists: keep the processor that the rule was made for"},
+        {Message::eAttributeGone,
+         "An attribute of the rule no longer exists: keep the processor that the rule was made for"},
         {Message::eOptionalNotSet, "Optional attribute %s has to be set here"},
         {Message::eComparisonFailed, "%s is %s, but has to be %s %s, which is %s"},
         {Message::eCollSizeFailed, "%s has %d entries, but their number has to be %s that of %s, which has %d"},

@@ -19,7 +19,8 @@ const std::vector<MessageText>& MessageCatalogue<core::eORLIXCoreMessage>::texts
         {Message::eNeverRun, "There is nothing to wait for: start the action with run first"},
         {Message::eAlreadyRunning, "The action is running already: wait for its end, or run another one"},
         {Message::eUnknownException, "An exception of unknown type ended the run"},
-        {Message::eProcessEnds, "The run was dropped before it began, since the process ends: wait for runs before that"},
+        {Message::eProcessEnds,
+         "The run was dropped before it began, since the process ends: wait for runs before that"},
         {Message::eLostByFork, "The run was under way on a thread of the process that this one was forked from: "
                                "wait there, or make a new action here"},
         {Message::eTooManyThreads, "%d threads were asked for, but at most %d can work at a time: give 0 to %d"}};

@@ -47,8 +47,9 @@ void checkSuitableForPng(const BaseImageGeometry& geometry, const std::string& f
     const eImageBufferType type = geometry.getBufferType();
     const bool bBinary = type == eImageBufferType::eBufferBinary;
     constexpr unsigned long largestSide = 0x7fffffff;
-    if (!canHold(eImageFileFormat::ePng, type) || geometry.getSizeZ() != 1 || geometry.getSizeT() != 1 || geometry.getSizeC() > (bBinary ? 1 : 4) ||
-        geometry.getSizeX() > largestSide || geometry.getSizeY() > largestSide) {
+    if (!canHold(eImageFileFormat::ePng, type) || geometry.getSizeZ() != 1 || geometry.getSizeT() != 1 ||
+        geometry.getSizeC() > (bBinary ? 1 : 4) || geometry.getSizeX() > largestSide ||
+        geometry.getSizeY() > largestSide) {
         raise<eORLIXImageIOMessage>(ORLIX_HERE, eORLIXImageIOMessage::eUnsuitableForPng, file, geometry.toString());
     }
 }

@@ -24,9 +24,13 @@ const std::vector<MessageText>& MessageCatalogue<imaproc::eImageRuleMessage>::te
         {Message::eWrongImageType, "%s holds %s, but %s is required"},
         {Message::eOutOfRange, "%s is %s, but has to lie within the range of %s, the element type of %s: %s to %s"},
         {Message::eNothingHeld, "%s holds no image: set it before the run"},
-        {Message::eSizeDiffers, "%s is %s, %s is %s: sizes have to be the same"},
+        {Message::eSizeDiffers, "%s is %s, %s is %s: %s have to be the same"},
         {Message::eStripSizeDiffers, "The strip of %s is %s, that of %s is %s: sizes have to be the same"},
-        {Message::eNotOfFixedType, "%s is %s, but has to be of element type %s"}};
+        {Message::eNotOfFixedType, "%s is %s, but has to be of element type %s"},
+        {Message::eTypeDiffers, "%s is %s, %s is %s: element types have to be the same"},
+        {Message::ePropertyDiffers, "%s is %s, but needs %s"},
+        {Message::ePropertyWithoutInput,
+         "There is no image from which another one's properties follow: set it, and keep the processor that holds it"}};
     return g_texts;
 }
 

@@ -16,6 +16,24 @@ const TAxis& choose(const TAxis& asked, const TAxis& own)
 
 } // namespace
 
+ImagePtr duplicateImage(const image::BaseImage& source, const image::eImageBufferType& type,
+                        const image::TemporalGeometry& temporal, const image::ColorGeometry& color,
+                        const image::VolumeGeometry& volume)
+{
+    const image::BaseImageGeometry& own = source.getGeometry();
+    const image::TemporalGeometry& sizeT = choose(temporal, own.getTemporalGeometry());
+    const image::ColorGeometry& sizeC = choose(color, own.getColorGeometry());
+    const image::VolumeGeometry& sizeZ = choose(volume, own.getVolumeGeometry());
+    const bool bSameTypes = type == image::eImageBufferType::eNoBuffer;
+    const ImagePtr made =
+        bSameTypes && !own.hasUniformBufferType()
+            ? image::createImage({own.getBufferTypeVector(), own.getSizeX(), own.getSizeY(), sizeZ, sizeC, sizeT})
+            : image::createImage(
+                  {bSameTypes ? own.getBufferType() : type, own.getSizeX(), own.getSizeY(), sizeZ, sizeC, sizeT});
+    made->setGeometricCalibration(source.getGeometricCalibration());
+    return made;
+}
+
 template <class TInputAttribute, class TOutputAttribute>
 void DuplicateImageInitializer<TInputAttribute, TOutputAttribute>::init(const image::TemporalGeometry& temporal,
                                                                         const image::ColorGeometry& color,
@@ -58,20 +76,7 @@ ProcessingResult<bool> DuplicateImageInitializer<TInputAttribute, TOutputAttribu
     if (input == nullptr || output == nullptr || !input->isHeld()) {
         return ProcessingResult<bool>::failure(formatMessage<eImageSplitMessage>(eImageSplitMessage::eInputMissing));
     }
-    const image::BaseImage& source = input->getImage();
-    const image::BaseImageGeometry& own = source.getGeometry();
-    const image::eImageBufferType given = getGivenType(*output);
-    const image::TemporalGeometry& temporal = choose(m_temporal, own.getTemporalGeometry());
-    const image::ColorGeometry& color = choose(m_color, own.getColorGeometry());
-    const image::VolumeGeometry& volume = choose(m_volume, own.getVolumeGeometry());
-    const bool bSameTypes = given == image::eImageBufferType::eNoBuffer;
-    const ImagePtr made =
-        bSameTypes && !own.hasUniformBufferType()
-            ? image::createImage({own.getBufferTypeVector(), own.getSizeX(), own.getSizeY(), volume, color, temporal})
-            : image::createImage(
-                  {bSameTypes ? own.getBufferType() : given, own.getSizeX(), own.getSizeY(), volume, color, temporal});
-    made->setGeometricCalibration(source.getGeometricCalibration());
-    output->init(made);
+    output->init(duplicateImage(input->getImage(), getGivenType(*output), m_temporal, m_color, m_volume));
     return true;
 }
 

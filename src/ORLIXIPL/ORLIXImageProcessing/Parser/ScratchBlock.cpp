@@ -18,9 +18,10 @@ void ScratchBlock::Free::operator()(std::byte* memory) const
     std::free(memory);
 }
 
-std::byte* ScratchBlock::fill(const std::byte* from, unsigned long nbRows, unsigned long rowBytes, unsigned long pitch)
+std::byte* ScratchBlock::fill(const std::byte* from, const BlockRows& rows)
 {
-    const unsigned long bytes = nbRows * rowBytes + g_kernelOverrun * g_widestElement;
+    const unsigned long used = rows.nbPlans * rows.nbRows * rows.rowBytes;
+    const unsigned long bytes = used + g_kernelOverrun * g_widestElement;
     const unsigned long rounded = (bytes + g_alignment - 1) / g_alignment * g_alignment;
     if (rounded > m_capacity) {
         m_memory.reset(static_cast<std::byte*>(std::aligned_alloc(g_alignment, rounded)));
@@ -29,18 +30,24 @@ std::byte* ScratchBlock::fill(const std::byte* from, unsigned long nbRows, unsig
             throw std::bad_alloc();
         }
     }
-    for (unsigned long row = 0; row < nbRows; ++row) {
-        std::memcpy(m_memory.get() + row * rowBytes, from + row * pitch, rowBytes);
+    std::byte* next = m_memory.get();
+    for (unsigned long plan = 0; plan < rows.nbPlans; ++plan) {
+        for (unsigned long row = 0; row < rows.nbRows; ++row, next += rows.rowBytes) {
+            std::memcpy(next, from + plan * rows.planPitch + row * rows.pitch, rows.rowBytes);
+        }
     }
     // What a kernel reads behind the last element is defined, though no result depends on it.
-    std::memset(m_memory.get() + nbRows * rowBytes, 0, rounded - nbRows * rowBytes);
+    std::memset(next, 0, rounded - used);
     return m_memory.get();
 }
 
-void ScratchBlock::writeBack(std::byte* to, unsigned long nbRows, unsigned long rowBytes, unsigned long pitch) const
+void ScratchBlock::writeBack(std::byte* to, const BlockRows& rows) const
 {
-    for (unsigned long row = 0; row < nbRows; ++row) {
-        std::memcpy(to + row * pitch, m_memory.get() + row * rowBytes, rowBytes);
+    const std::byte* next = m_memory.get();
+    for (unsigned long plan = 0; plan < rows.nbPlans; ++plan) {
+        for (unsigned long row = 0; row < rows.nbRows; ++row, next += rows.rowBytes) {
+            std::memcpy(to + plan * rows.planPitch + row * rows.pitch, next, rows.rowBytes);
+        }
     }
 }
 

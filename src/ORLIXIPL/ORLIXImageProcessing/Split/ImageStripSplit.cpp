@@ -55,8 +55,9 @@ ProcessingResult<bool> BaseImageStripSplit<TImage>::initPlan(const boost::shared
 {
     ProcessingResult<bool> result = initSubPlan(image, 0, image ? image->getSizeY() : 0);
     const unsigned long sizeX = result ? image->getSizeX() : 0;
-    if (sizeX != 0 && image->getPixelLayout().bDense) {
+    if (sizeX != 0) {
         // Where rows touch, whole blocks of the widest kernel keep what it writes past its count out of the next strip.
+        // Rows apart are cut alike: what a generator fills a strip with must not depend on the memory that it lies in.
         // The overrun is a power of two, so its part that the line lacks is found in the line's trailing zero bits.
         m_demand.lineMultiple = g_kernelOverrun >> std::min(std::countr_zero(g_kernelOverrun), std::countr_zero(sizeX));
     }

@@ -37,10 +37,9 @@ bool isPlan(const image::BaseImageGeometry& geometry)
 } // namespace
 
 template <class TImagePtr>
-ProcessingResult<bool> BaseSubImageSplit<TImagePtr>::initBase(const eSubImageSplitType& subImageType,
-                                                              const eVolumeParsingType& volumeParsing,
-                                                              const eColorParsingType&, const eTemporalParsingType&,
-                                                              const TImagePtr& image)
+ProcessingResult<bool>
+BaseSubImageSplit<TImagePtr>::initBase(const eSubImageSplitType& subImageType, const eVolumeParsingType& volumeParsing,
+                                       const eColorParsingType&, const eTemporalParsingType&, const TImagePtr& image)
 {
     m_nbElements = 0;
     if (!image) {

@@ -1,8 +1,7 @@
-// Thresholds of whole images: geometry, layout, executors, made outputs, and what is refused.
+// Thresholds of whole images, and what is refused.
 #include "ORLIX/ORLIXHardware/CacheInfo.h"
 #include "ORLIXIPLUtility/Processor/BasicThresholdImg/ThresholdOracle.h"
-#include "support/Executors.h"
-#include "support/SameImages.h"
+#include "support/PixelwiseTest.h"
 
 #include <rapidcheck.h>
 
@@ -15,93 +14,51 @@ using image::createImage;
 using image::eImageBufferType;
 using image::geometry2d;
 using image::geometry5d;
-using testing::WatchedImage;
-using testing::WrapForm;
+using testing::PixelwiseTest;
 
 constexpr auto g_binary = eImageBufferType::eBufferBinary;
 constexpr double g_infinity = std::numeric_limits<double>::infinity();
 constexpr double g_nan = std::numeric_limits<double>::quiet_NaN();
 
-TEST(BasicThresholdImgTest, everyTypeAndLineLength)
+/// With bounds that select about half of all pixels.
+testing::PixelwiseOperator thresholdOperator()
 {
+    const auto prepare = [](const ImageConstPtr& in, const ImagePtr& out) {
+        const Bounds bounds = in ? middleOf(in->getBufferType()) : Bounds{0, 1};
+        const auto level = makeThreshold(in, bounds.low, bounds.high);
+        level->set<attr::OutBinImg>(out);
+        return level;
+    };
+    std::vector<testing::ElementTypes> types;
     for (const eImageBufferType type : image::g_allBufferTypes) {
-        const Bounds bounds = middleOf(type);
-        for (const unsigned long sizeX :
-             {1UL, 2UL, 15UL, 16UL, 17UL, 31UL, 33UL, 63UL, 64UL, 65UL, 127UL, 199UL, 1023UL}) {
-            for (const unsigned long sizeY : {1UL, 3UL, 64UL}) {
-                const ImagePtr in = makeRandom(*geometry2d(type, sizeX, sizeY), sizeX);
-                EXPECT_TRUE(isThreshold(*in, bounds.low, bounds.high, *threshold(in, bounds.low, bounds.high)));
-                const ImagePtr given = makeRandom(*geometry2d(g_binary, sizeX, sizeY), 99);
-                EXPECT_EQ(runThreshold(in, bounds.low, bounds.high, given), "");
-                EXPECT_TRUE(isThreshold(*in, bounds.low, bounds.high, *given));
-            }
-        }
+        types.push_back({type, g_binary});
     }
+    return {.name = "BasicThresholdImgLvl1",
+            .types = types,
+            .call = [=](const ImageConstPtr& in, const ImagePtr& out) { processor::executeSyncRun(prepare(in, out)); },
+            .make =
+                [](const ImageConstPtr& in, eImageBufferType) {
+                    const Bounds bounds = middleOf(in->getBufferType());
+                    const auto level = makeThreshold(in, bounds.low, bounds.high);
+                    processor::executeSyncRun(level);
+                    return level->getStorage<attr::OutBinImg>();
+                },
+            .start =
+                [=](const ImageConstPtr& in, const ImagePtr& out) {
+                    const auto level = prepare(in, out);
+                    EXPECT_TRUE(level->run(core::eSynchroType::eSynchroAsync));
+                    return level;
+                },
+            .prepare = prepare,
+            .isRight =
+                [](const image::BaseImage& in, const image::BaseImage& out) {
+                    const Bounds bounds = middleOf(in.getBufferType());
+                    return isThreshold(in, bounds.low, bounds.high, out);
+                },
+            .output = "OutBinImg"};
 }
 
-TEST(BasicThresholdImgTest, fiveAxes)
-{
-    for (const eImageBufferType type : {eImageBufferType::Int8, eImageBufferType::UInt16, eImageBufferType::Real32}) {
-        const Bounds bounds = middleOf(type);
-        const ImagePtr in = makeRandom(*geometry5d(type, 37, 29, 4, 3, 2));
-        EXPECT_TRUE(isThreshold(*in, bounds.low, bounds.high, *threshold(in, bounds.low, bounds.high)));
-    }
-}
-
-TEST(BasicThresholdImgTest, emptyAxes)
-{
-    for (int axis = 0; axis < 5; ++axis) {
-        unsigned long sizes[] = {7, 5, 3, 2, 2};
-        sizes[axis] = 0;
-        const ImagePtr in =
-            createImage(*geometry5d(eImageBufferType::UInt16, sizes[0], sizes[1], sizes[2], sizes[3], sizes[4]));
-        const ImagePtr out = threshold(in, 3, 4);
-        EXPECT_TRUE(isThreshold(*in, 3, 4, *out));
-        EXPECT_EQ(runThreshold(in, 3, 4, out), "");
-    }
-}
-
-TEST(BasicThresholdImgTest, stripsAndExecutorsGiveTheSameBytes)
-{
-    const ImagePtr in = makeRandom(*geometry5d(eImageBufferType::UInt16, 701, 997, 2, 1, 2));
-    const ImagePtr expected = threshold(in, 1000, 30000);
-    ASSERT_TRUE(isThreshold(*in, 1000, 30000, *expected));
-    std::vector<testing::NamedExecutor> executors = testing::makeAllExecutors();
-    for (unsigned long nbThreads = 1; nbThreads <= 8; ++nbThreads) {
-        executors.push_back({std::to_string(nbThreads) + " threads", core::makePlainThreadExecutor(nbThreads)});
-    }
-    for (const testing::NamedExecutor& named : executors) {
-        const testing::ScopedExecutor scope(named.executor);
-        EXPECT_TRUE(testing::sameImages(*expected, *threshold(in, 1000, 30000))) << named.name;
-    }
-}
-
-TEST(BasicThresholdImgTest, wrappedMemoryIsTouchedNowhereElse)
-{
-    for (const eImageBufferType type : image::g_allBufferTypes) {
-        const Bounds bounds = middleOf(type);
-        for (const unsigned long sizeX : {1UL, 16UL, 61UL, 64UL, 130UL}) {
-            const auto geometry = geometry5d(type, sizeX, 9, 2, 1, 2);
-            const WrapForm forms[] = {{testing::GuardEdge::eEnd, 0, 0},
-                                      {testing::GuardEdge::eBegin, 0, 0},
-                                      {testing::GuardEdge::eEnd, 3, 5},
-                                      {testing::GuardEdge::eEnd, 0, 7, 1, false},
-                                      {testing::GuardEdge::eBegin, 5, 0, 3, false}};
-            for (const WrapForm& form : forms) {
-                const WatchedImage in(*geometry, form);
-                testing::fillRandom(*in.get(), sizeX);
-                EXPECT_TRUE(
-                    isThreshold(*in.get(), bounds.low, bounds.high, *threshold(in.get(), bounds.low, bounds.high)));
-                for (const WrapForm& other : forms) {
-                    const WatchedImage out(*geometry5d(g_binary, sizeX, 9, 2, 1, 2), other);
-                    EXPECT_EQ(runThreshold(in.get(), bounds.low, bounds.high, out.get()), "");
-                    EXPECT_TRUE(isThreshold(*in.get(), bounds.low, bounds.high, *out.get()));
-                    EXPECT_TRUE(in.isOutsideIntact() && out.isOutsideIntact()) << image::getBufferTypeName(type);
-                }
-            }
-        }
-    }
-}
+INSTANTIATE_TEST_SUITE_P(BasicThresholdImg, PixelwiseTest, ::testing::Values(thresholdOperator()));
 
 /// Half the last-level cache and more: stores go past the caches.
 TEST(BasicThresholdImgTest, largeImage)
@@ -110,7 +67,7 @@ TEST(BasicThresholdImgTest, largeImage)
     const unsigned long sizeY = hard::getLastLevelCacheBytes() / 2 / sizeX + 2;
     const ImagePtr in = makeRandom(*geometry2d(eImageBufferType::UInt8, sizeX, sizeY));
     const ImagePtr out = threshold(in, 100, 155.5);
-    ASSERT_EQ(out->getPixelLayout().place, simd::eMemoryPlace::memory);
+    ASSERT_EQ(levelOf(out->getPixelLayout().place), simd::eMemoryPlace::lastLevelCacheFilled);
     for (unsigned long y = 0; y < sizeY; ++y) {
         const unsigned char* from = image::planData<unsigned char>(*in, 0, 0, 0) + y * sizeX;
         const unsigned char* to = image::planData<unsigned char>(*out, 0, 0, 0) + y * sizeX;
@@ -129,21 +86,6 @@ TEST(BasicThresholdImgTest, aBinaryImageOntoItself)
     const std::vector<std::byte> expected = expectedBytes(*image, 0, 1);
     EXPECT_EQ(runThreshold(image, 0, 1, image), "");
     EXPECT_EQ(testing::bytesOf(*image), expected);
-}
-
-TEST(BasicThresholdImgTest, theMadeOutputIsABinaryDuplicate)
-{
-    const ImagePtr in = makeRandom(*geometry5d(eImageBufferType::Int16, 8, 6, 3, 2, 2));
-    const auto calibration = boost::make_shared<image::GeometricCalibration>();
-    calibration->init2d("um", 0.5F, 0.25F, 3, 4);
-    in->setGeometricCalibration(calibration);
-    const ImagePtr out = threshold(in, 0, 100);
-    EXPECT_EQ(out->getGeometry().toString(), geometry5d(g_binary, 8, 6, 3, 2, 2)->toString());
-    ASSERT_TRUE(out->hasGeometricCalibration());
-    EXPECT_EQ(*out->getGeometricCalibration(), *calibration);
-    const ImagePtr given = createImage(out->getGeometry());
-    EXPECT_EQ(runThreshold(in, 0, 100, given), "");
-    EXPECT_FALSE(given->hasGeometricCalibration());
 }
 
 image::BaseImageGeometry mixedGeometry(const std::vector<eImageBufferType>& types)
@@ -235,22 +177,6 @@ TEST(BasicThresholdImgRulesTest, boundsThatAreNoNumbers)
         expectRefused(in, g_nan, g_nan, out,
                       "InThresholdMin is nan, but has to be at most equal to InThresholdMax, which is nan");
     }
-}
-
-TEST(BasicThresholdImgRulesTest, attributesThatAreMissing)
-{
-    EXPECT_EQ(runThreshold(ImageConstPtr(), 1, 2),
-              "BasicThresholdImgLvl1: attribute InImg holds a null pointer: give it an object that exists");
-    const auto level = boost::make_shared<BasicThresholdImgLvl1>();
-    ASSERT_TRUE(level->init(processor::eProcessorRulePolicy::eRulePolicyCheck));
-    level->set<attr::InImg>(makeRandom(*geometry2d(eImageBufferType::UInt8, 3, 3)));
-    level->set<attr::InThresholdMax>(3);
-    EXPECT_EQ(level->run(core::eSynchroType::eSynchroSync).getMessage(),
-              "BasicThresholdImgLvl1: attribute InThresholdMin has not been set: set InThresholdMin before the run");
-    level->set<attr::InThresholdMin>(3);
-    level->set<attr::OutBinImg>(ImagePtr());
-    EXPECT_EQ(level->run(core::eSynchroType::eSynchroSync).getMessage(),
-              "BasicThresholdImgLvl1: attribute OutBinImg holds a null pointer: give it an object that exists");
 }
 
 TEST(BasicThresholdImgTest, randomGeometriesAndBounds)

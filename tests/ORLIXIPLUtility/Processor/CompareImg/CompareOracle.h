@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/CompareImg/CompareImg.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Processor/CompareImg/CompareImgLvl1.h"
 #include "ORLIXIPL/ORLIXImage/ImageBufferType.h"
 #include "ORLIXIPLUtility/Processor/CompareImg/ComparePixelOracle.h"
 

@@ -1,9 +1,9 @@
-// eraseImg as a caller sees it: whole images of every type, size, layout and executor.
+// eraseImg as a caller sees it.
 #include "ORLIX/ORLIXHardware/CacheInfo.h"
 #include "ORLIXIPL/ORLIXIPLUtility/ORLIXIPLUtility.h"
 #include "ORLIXIPLUtility/Processor/EraseImg/EraseOracle.h"
-#include "support/Executors.h"
-#include "support/SameImages.h"
+#include "ORLIXIPLUtility/ProcessorChecks.h"
+#include "support/PixelwiseTest.h"
 
 #include <rapidcheck.h>
 
@@ -17,12 +17,37 @@ using image::eImageBufferType;
 using image::geometry2d;
 using image::geometry5d;
 using testing::makeRandom;
-using testing::sameImages;
-using testing::WatchedImage;
-using testing::WrapForm;
+using testing::PixelwiseTest;
 
 constexpr double g_infinity = std::numeric_limits<double>::infinity();
 constexpr double g_nan = std::numeric_limits<double>::quiet_NaN();
+
+constexpr double g_value = 77.7;
+
+boost::shared_ptr<EraseImgLvl1> prepareErasure(const ImagePtr& out)
+{
+    const auto erasure = testing::makeInitialised<EraseImgLvl1>();
+    erasure->set<attr::InOptEraseValue>(g_value);
+    erasure->set<attr::OutImg>(out);
+    return erasure;
+}
+
+testing::PixelwiseOperator eraseOperator()
+{
+    std::vector<testing::ElementTypes> types;
+    for (const eImageBufferType type : image::g_allBufferTypes) {
+        types.push_back({type, type});
+    }
+    return {.name = "EraseImgLvl1",
+            .types = types,
+            .call = [](const ImageConstPtr&, const ImagePtr& out) { eraseImg(out, g_value); },
+            .start = [](const ImageConstPtr&, const ImagePtr& out) { return eraseImg_async(out, g_value); },
+            .prepare = [](const ImageConstPtr&, const ImagePtr& out) { return prepareErasure(out); },
+            .isRight = [](const image::BaseImage&, const image::BaseImage& out) { return isErased(out, g_value); },
+            .input = ""};
+}
+
+INSTANTIATE_TEST_SUITE_P(EraseImg, PixelwiseTest, ::testing::Values(eraseOperator()));
 
 template <class T>
 T erasedTo(const eImageBufferType& type, double value)
@@ -97,97 +122,18 @@ TEST(EraseImgTest, withoutAValueItIsZero)
         eraseImg(image);
         EXPECT_TRUE(isErased(*image, 0.0)) << "a value of an earlier call must not stay";
     }
+    EXPECT_NO_THROW(eraseImg(createImage(*geometry2d(eImageBufferType::UInt8, 0, 3))));
+    EXPECT_EQ(testing::messageOf([] { eraseImg(ImagePtr()); }),
+              "EraseImgLvl1: attribute OutImg holds a null pointer: give it an object that exists");
 }
 
-TEST(EraseImgTest, emptyAxes)
-{
-    for (int axis = 0; axis < 5; ++axis) {
-        unsigned long sizes[] = {7, 5, 3, 2, 2};
-        sizes[axis] = 0;
-        const auto geometry = geometry5d(eImageBufferType::UInt16, sizes[0], sizes[1], sizes[2], sizes[3], sizes[4]);
-        EXPECT_NO_THROW(eraseImg(createImage(*geometry), 3.0));
-        EXPECT_NO_THROW(eraseImg(createImage(*geometry)));
-    }
-}
-
-TEST(EraseImgTest, stripsAndExecutorsGiveTheSameBytes)
-{
-    const auto geometry = geometry5d(eImageBufferType::UInt16, 701, 997, 2, 1, 2); // 28 strips
-    const ImagePtr image = makeRandom(*geometry);
-    const ImagePtr expected = createImage(*geometry);
-    unsigned short value = 1;
-    const auto check = [&](const std::string& name) {
-        eraseImg(image, ++value);
-        for (unsigned long plan = 0; plan < 4; ++plan) {
-            std::fill_n(image::planData<unsigned short>(*expected, plan % 2, 0, plan / 2), 701 * 997, value);
-        }
-        EXPECT_TRUE(sameImages(*expected, *image)) << name;
-    };
-    for (const testing::NamedExecutor& named : testing::makeAllExecutors()) {
-        const testing::ScopedExecutor scope(named.executor);
-        check(named.name);
-    }
-    for (unsigned long nbThreads = 1; nbThreads <= 8; ++nbThreads) {
-        const testing::ScopedExecutor scope(core::makePlainThreadExecutor(nbThreads));
-        check(std::to_string(nbThreads) + " threads");
-    }
-}
-
-TEST(EraseImgTest, wrappedMemoryIsTouchedNowhereElse)
-{
-    for (const eImageBufferType type : image::g_allBufferTypes) {
-        for (const unsigned long sizeX : {1UL, 16UL, 61UL, 64UL, 130UL}) {
-            const auto geometry = geometry5d(type, sizeX, 9, 2, 1, 2);
-            const WrapForm forms[] = {{testing::GuardEdge::eEnd, 0, 0},
-                                      {testing::GuardEdge::eBegin, 0, 0},
-                                      {testing::GuardEdge::eEnd, 3, 5},
-                                      {testing::GuardEdge::eEnd, 0, 7, 1, false},
-                                      {testing::GuardEdge::eBegin, 5, 0, 3, false}};
-            for (const WrapForm& form : forms) {
-                const WatchedImage wrapped(*geometry, form);
-                eraseImg(wrapped.get(), 77.7);
-                EXPECT_TRUE(isErased(*wrapped.get(), 77.7));
-                EXPECT_TRUE(wrapped.isOutsideIntact()) << image::getBufferTypeName(type) << " " << sizeX;
-            }
-        }
-    }
-}
-
-/// The memory holds the plans of two images in turn; erasing one leaves the other as it is.
-TEST(EraseImgTest, neighbouringPlansAndRowsStay)
-{
-    for (const eImageBufferType type : {eImageBufferType::UInt8, eImageBufferType::Int16, eImageBufferType::Real32}) {
-        constexpr unsigned long sizeX = 37;
-        constexpr unsigned long sizeY = 11;
-        const unsigned long size = image::elementSize(type);
-        const auto geometry = image::geometry3d(type, sizeX, sizeY, 3);
-        std::vector<std::byte> memory(6 * sizeX * sizeY * size);
-        const auto wrap = [&](unsigned long start, const image::BufferStrides& strides) {
-            return image::wrapImage(*geometry, memory.data() + start * size, strides, nullptr);
-        };
-        constexpr unsigned long plan = sizeX * sizeY;
-        const image::BufferStrides byPlan = {sizeX, 2 * plan, 6 * plan, 6 * plan};
-        const image::BufferStrides byRow = {2 * sizeX, 2 * plan, 6 * plan, 6 * plan};
-        for (const auto& [strides, second] : {std::pair{byPlan, plan}, std::pair{byRow, sizeX}}) {
-            const ImagePtr one = wrap(0, strides);
-            const ImagePtr other = wrap(second, strides);
-            testing::fillRandom(*one, 1);
-            testing::fillRandom(*other, 2);
-            const std::vector<std::byte> before = testing::bytesOf(*other);
-            eraseImg(one, 9.0);
-            EXPECT_TRUE(isErased(*one, 9.0));
-            EXPECT_EQ(testing::bytesOf(*other), before) << image::getBufferTypeName(type);
-        }
-    }
-}
-
-/// Half the last-level cache and more: stores go past the caches.
+/// The last-level cache and more: stores go past the caches.
 TEST(EraseImgTest, largeImage)
 {
     constexpr unsigned long sizeX = 16381;
-    const unsigned long sizeY = hard::getLastLevelCacheBytes() / 2 / sizeX + 2;
+    const unsigned long sizeY = hard::getLastLevelCacheBytes() / sizeX + 2;
     const ImagePtr image = createImage(*geometry2d(eImageBufferType::UInt8, sizeX, sizeY));
-    ASSERT_EQ(image->getPixelLayout().place, simd::eMemoryPlace::memory);
+    ASSERT_EQ(levelOf(image->getPixelLayout().place), simd::eMemoryPlace::memory);
     eraseImg(image, 250.0);
     EXPECT_TRUE(isErased(*image, 250.0));
 }

@@ -12,7 +12,8 @@ struct eAttributeMessage
 {
     enum domain {
         eTakesNoText = 0, ///< attribute, kind of its value
-        eBadText = 1      ///< attribute, kind of its value, text
+        eBadText = 1,     ///< attribute, kind of its value, text
+        eBadItem = 2      ///< attribute, what is wrong
     };
     ORLIX_ENUMERATION(eAttributeMessage, eTakesNoText);
 };

@@ -36,8 +36,8 @@ struct eAlgorithmFunctionMessage
 {
     enum domain {
         eFunctionRegisteredTwice = 0, ///< element types, figure
-        eFunctionIsNull = 1, ///< element types
-        eRegistrationFailed = 12 ///< all reasons
+        eFunctionIsNull = 1,          ///< element types
+        eRegistrationFailed = 12      ///< all reasons
     };
     ORLIX_ENUMERATION(eAlgorithmFunctionMessage, eFunctionRegisteredTwice);
 };
@@ -47,10 +47,10 @@ struct eProcessingRuleMessage
 {
     enum domain {
         eAttributeGone = 0,
-        eOptionalNotSet = 1, ///< attribute
+        eOptionalNotSet = 1,   ///< attribute
         eComparisonFailed = 2, ///< attribute, value, relation, attribute, value
-        eCollSizeFailed = 3, ///< attribute, size, relation, attribute, size
-        eAttributeEmpty = 4 ///< attribute
+        eCollSizeFailed = 3,   ///< attribute, size, relation, attribute, size
+        eAttributeEmpty = 4    ///< attribute
     };
     ORLIX_ENUMERATION(eProcessingRuleMessage, eAttributeGone);
 };

@@ -50,7 +50,7 @@ bool isHeard(TLogger logger)
 /// for `level`. Does nothing where no appender is set up, so a program that configures no logging sees none. An
 /// exception out of an appender passes through. May be called from any thread.
 template <class TLogger>
-    requires std::same_as<TLogger, log4cplus::Logger>
+requires std::same_as<TLogger, log4cplus::Logger>
 void logMessage(TLogger& logger, const int& level, const std::string& message, const std::string& file, int line)
 {
     if (details::isHeard(logger)) {
@@ -58,8 +58,8 @@ void logMessage(TLogger& logger, const int& level, const std::string& message, c
     }
 }
 
-/// The same for the logger of that name, by code that doesn't link log4cplus: does nothing where log4cplus is not in the
-/// process.
+/// The same for the logger of that name, by code that doesn't link log4cplus: does nothing where log4cplus is not in
+/// the process.
 ORLIXUTIL_API void logMessage(const std::string& loggerName, const int& level, const std::string& message,
                               const std::string& file, int line);
 

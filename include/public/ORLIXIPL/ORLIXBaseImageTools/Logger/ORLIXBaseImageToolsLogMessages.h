@@ -14,12 +14,12 @@ struct eORLIXBaseImageToolsMessage
         ePlanOutOfRange = 0,
         eVolumeOutOfRange = 1,
         eStepsOutOfRange = 2,
-        eNoPixels = 3,      ///< geometry
-        eTileTooLarge = 4,  ///< sizes on x, y, z
-        eNotOnePlan = 5,    ///< geometry
-        eNotOneVolume = 6,  ///< geometry
-        eNoSuchTile = 7,    ///< index, count
-        eTileNotTaken = 8   ///< reason
+        eNoPixels = 3,     ///< geometry
+        eTileTooLarge = 4, ///< sizes on x, y, z
+        eNotOnePlan = 5,   ///< geometry
+        eNotOneVolume = 6, ///< geometry
+        eNoSuchTile = 7,   ///< index, count
+        eTileNotTaken = 8  ///< reason
     };
     ORLIX_ENUMERATION(eORLIXBaseImageToolsMessage, ePlanOutOfRange);
 };

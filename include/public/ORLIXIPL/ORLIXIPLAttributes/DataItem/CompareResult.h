@@ -51,6 +51,15 @@ public:
         firstValue2 = part.firstValue2;
         return true;
     }
+    /// Of the first difference, the plan that it lies in; nothing where none is recorded.
+    void placeIn(const PlanIndex& plan)
+    {
+        if (hasFirstDifference()) {
+            firstDifference.z = plan.z;
+            firstDifference.c = plan.c;
+            firstDifference.t = plan.t;
+        }
+    }
 };
 
 /// A result for each plan of an image.

@@ -38,8 +38,13 @@ struct ImgComparisonToleranceRecord
     friend bool operator==(const ImgComparisonToleranceRecord&, const ImgComparisonToleranceRecord&) = default;
 };
 
-class ImgComparisonTolerance final : public DataItemNode<ImgComparisonTolerance, ImgComparisonToleranceRecord>
-{};
+class ORLIXIPLATTRIBUTES_API ImgComparisonTolerance final
+    : public DataItemNode<ImgComparisonTolerance, ImgComparisonToleranceRecord>
+{
+public:
+    /// Why a person can't have meant these values; empty where they make sense.
+    std::string findFlaw() const;
+};
 
 /// Pixels have to be equal.
 ORLIXIPLATTRIBUTES_API boost::shared_ptr<const ImgComparisonTolerance> createImgComparisonNoTolerance();

@@ -1,18 +1,16 @@
 // Messages of the module as a whole.
 #pragma once
 
-#include "ORLIXIPL/ORLIXIPLUtility/Export.h"
-#include "ORLIXIPL/ORLIXIPLUtility/ORLIXIPLUtilityException.h"
 #include "ORLIX/ORLIXUtil/Enumeration.h"
 #include "ORLIX/ORLIXUtil/MessageCatalogue.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Export.h"
+#include "ORLIXIPL/ORLIXIPLUtility/ORLIXIPLUtilityException.h"
 
 namespace orlix::imaproc::util {
 
 struct eORLIXIPLUtilityMessage
 {
-    enum domain {
-        eOutputImageNotInitialized = 0
-    };
+    enum domain { eOutputImageNotInitialized = 0 };
     ORLIX_ENUMERATION(eORLIXIPLUtilityMessage, eOutputImageNotInitialized);
 };
 

@@ -1,18 +1,16 @@
 // Messages of output initializers.
 #pragma once
 
-#include "ORLIXIPL/ORLIXIPLUtility/Export.h"
-#include "ORLIXIPL/ORLIXIPLUtility/ORLIXIPLUtilityException.h"
 #include "ORLIX/ORLIXUtil/Enumeration.h"
 #include "ORLIX/ORLIXUtil/MessageCatalogue.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Export.h"
+#include "ORLIXIPL/ORLIXIPLUtility/ORLIXIPLUtilityException.h"
 
 namespace orlix::imaproc::util {
 
 struct eOutputInitializerMessage
 {
-    enum domain {
-        eInputAttributeNull = 0
-    };
+    enum domain { eInputAttributeNull = 0 };
     ORLIX_ENUMERATION(eOutputInitializerMessage, eInputAttributeNull);
 };
 

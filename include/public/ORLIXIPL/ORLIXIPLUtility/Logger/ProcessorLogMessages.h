@@ -1,10 +1,10 @@
 // Tool tips of the processors, and messages of the operators.
 #pragma once
 
-#include "ORLIXIPL/ORLIXIPLUtility/Export.h"
-#include "ORLIXIPL/ORLIXIPLUtility/ORLIXIPLUtilityException.h"
 #include "ORLIX/ORLIXUtil/Enumeration.h"
 #include "ORLIX/ORLIXUtil/MessageCatalogue.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Export.h"
+#include "ORLIXIPL/ORLIXIPLUtility/ORLIXIPLUtilityException.h"
 
 namespace orlix::imaproc::util {
 

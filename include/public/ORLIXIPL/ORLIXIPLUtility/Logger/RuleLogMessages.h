@@ -1,19 +1,16 @@
 // Messages of rules.
 #pragma once
 
-#include "ORLIXIPL/ORLIXIPLUtility/Export.h"
-#include "ORLIXIPL/ORLIXIPLUtility/ORLIXIPLUtilityException.h"
 #include "ORLIX/ORLIXUtil/Enumeration.h"
 #include "ORLIX/ORLIXUtil/MessageCatalogue.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Export.h"
+#include "ORLIXIPL/ORLIXIPLUtility/ORLIXIPLUtilityException.h"
 
 namespace orlix::imaproc::util {
 
 struct eRuleMessage
 {
-    enum domain {
-        eAttributeExpired = 0,
-        eInputAttributeNull = 1
-    };
+    enum domain { eAttributeExpired = 0, eInputAttributeNull = 1 };
     ORLIX_ENUMERATION(eRuleMessage, eAttributeExpired);
 };
 

@@ -1,10 +1,10 @@
 // Messages of ORLIXImageProcessing.
 #pragma once
 
-#include "ORLIXIPL/ORLIXImageProcessing/Export.h"
-#include "ORLIXIPL/ORLIXImageProcessing/ORLIXImageProcessingException.h"
 #include "ORLIX/ORLIXUtil/Enumeration.h"
 #include "ORLIX/ORLIXUtil/MessageCatalogue.h"
+#include "ORLIXIPL/ORLIXImageProcessing/Export.h"
+#include "ORLIXIPL/ORLIXImageProcessing/ORLIXImageProcessingException.h"
 
 namespace orlix::imaproc {
 
@@ -20,9 +20,12 @@ struct eImageRuleMessage
         eWrongImageType = 5,         ///< attribute, kind, kind
         eOutOfRange = 6,             ///< attribute, value, type, attribute, smallest, largest
         eNothingHeld = 7,            ///< attribute
-        eSizeDiffers = 8,            ///< attribute, geometry, attribute, geometry
+        eSizeDiffers = 8,            ///< attribute, geometry, attribute, geometry, sizes
         eStripSizeDiffers = 9,       ///< attribute, lines, attribute, lines
-        eNotOfFixedType = 10         ///< attribute, geometry, type
+        eNotOfFixedType = 10,        ///< attribute, geometry, type
+        eTypeDiffers = 11,           ///< attribute, geometry or type, attribute, geometry or type
+        ePropertyDiffers = 12,       ///< attribute, geometry, differences
+        ePropertyWithoutInput = 13
     };
     ORLIX_ENUMERATION(eImageRuleMessage, eSizeOrTypeDiffers);
 };

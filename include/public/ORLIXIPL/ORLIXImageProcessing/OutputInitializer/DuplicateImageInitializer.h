@@ -3,8 +3,8 @@
 
 #include "ORLIX/ORLIXBaseProcessing/BaseOutputInitializer.h"
 #include "ORLIXIPL/ORLIXImage/ImageGeometry.h"
+#include "ORLIXIPL/ORLIXImageProcessing/BaseImageAttributes.h"
 #include "ORLIXIPL/ORLIXImageProcessing/BufferTypeAttribute.h"
-#include "ORLIXIPL/ORLIXImageProcessing/ImageAttributes.h"
 
 #include <boost/make_shared.hpp>
 
@@ -16,6 +16,14 @@ struct eImageStoragePolicy
     enum domain { eDefaultStorage = 0 };
     ORLIX_ENUMERATION(eImageStoragePolicy, eDefaultStorage);
 };
+
+/// A new image with the sizes and the calibration of `source` and, in all time steps, element type `type`, those of
+/// `source` where it is none. An axis that is not default-constructed stands for that of `source`. Throws as
+/// image::createImage does.
+ORLIXIMAGEPROCESSING_API ImagePtr duplicateImage(const image::BaseImage& source, const image::eImageBufferType& type,
+                                                 const image::TemporalGeometry& temporal = {},
+                                                 const image::ColorGeometry& color = {},
+                                                 const image::VolumeGeometry& volume = {});
 
 /// The output takes the input's sizes, calibration and element types. A type that its attribute fixes, or else one that
 /// was asked for, stands for the input's.

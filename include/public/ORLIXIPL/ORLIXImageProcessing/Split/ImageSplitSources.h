@@ -99,11 +99,11 @@ SubStripSource<TImagePtr> subStripByStrip(const TImagePtr& image, unsigned long 
 
 /// What a split into strips with margins is set up with.
 template <class TImagePtr>
-struct KernelStripSource
+struct MarginStripSource
 {
     const TImagePtr& image;
-    image::KernelMargin within;
-    image::KernelMargin across;
+    image::Margin within;
+    image::Margin across;
 
     template <class TSplit>
     ProcessingResult<bool> init(TSplit& split) const
@@ -116,8 +116,8 @@ struct KernelStripSource
 /// The plan in strips with margins `within` its lines and `across` them, or the volume in such with margins within its
 /// plans and across them.
 template <class TImagePtr>
-KernelStripSource<TImagePtr> kernelStripByStrip(const TImagePtr& image, const image::KernelMargin& within,
-                                                const image::KernelMargin& across)
+MarginStripSource<TImagePtr> marginStripByStrip(const TImagePtr& image, const image::Margin& within,
+                                                const image::Margin& across)
 {
     return {image, within, across};
 }

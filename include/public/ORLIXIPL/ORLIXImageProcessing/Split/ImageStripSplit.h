@@ -44,7 +44,8 @@ protected:
     // All fail for a null image; those for plans also for an image of several plans, those for volumes for one of
     // several channels or time steps.
 
-    /// All lines of a plan. Where rows touch, every strip but the last holds whole blocks of the widest kernel.
+    /// All lines of a plan. Every strip but the last holds whole blocks of the widest kernel, whatever memory the plan
+    /// lies in.
     ProcessingResult<bool> initPlan(const boost::shared_ptr<TImage>& image);
     /// Lines [start, start + size) of a plan, for kernels that write no further than their count: strips may have any
     /// number of lines. Fails where the plan has fewer.

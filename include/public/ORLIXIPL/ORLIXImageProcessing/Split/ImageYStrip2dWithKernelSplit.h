@@ -31,8 +31,8 @@ public:
     }
 
 private:
-    image::KernelMargin m_marginX;
-    image::KernelMargin m_marginY;
+    image::Margin m_marginX;
+    image::Margin m_marginY;
 };
 
 /// Feeds attribute `TAttribute` of processors of class `TProcessor`.

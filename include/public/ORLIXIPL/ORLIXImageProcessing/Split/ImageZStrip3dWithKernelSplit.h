@@ -32,8 +32,8 @@ public:
     }
 
 private:
-    image::KernelMargin m_marginXY;
-    image::KernelMargin m_marginZ;
+    image::Margin m_marginXY;
+    image::Margin m_marginZ;
 };
 
 /// Feeds attribute `TAttribute` of processors of class `TProcessor`.

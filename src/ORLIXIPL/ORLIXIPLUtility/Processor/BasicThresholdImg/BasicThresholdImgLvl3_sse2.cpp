@@ -1,3 +1,7 @@
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/BasicThresholdImg/BasicThresholdImgLvl3.kernel.h"
 
-ORLIX_KERNEL_TABLE(BasicThresholdImgLvl3, sse2, eInstructionSet::eSSE2, EveryBufferType)
+namespace orlix::imaproc::util {
+
+ORLIX_KERNEL_TABLE(BasicThresholdImgLvl3, sse2, EveryBufferType)
+
+} // namespace orlix::imaproc::util

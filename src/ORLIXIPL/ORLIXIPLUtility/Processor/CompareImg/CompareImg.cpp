@@ -1,6 +1,7 @@
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/CompareImg/CompareImg.h"
 
 #include "ORLIX/ORLIXBaseProcessing/OperatorCall.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Processor/CompareImg/CompareImgLvl1.h"
 
 namespace orlix::imaproc::util {
 

@@ -1,35 +1,36 @@
 #include "ORLIX/ORLIXBaseProcessing/ProcessorRegistration.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/CompareImg/CompareImgLvl3.kernel.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/CompareImg/RelativeLimit.h"
-#include "ORLIXIPL/ORLIXImageProcessing/Rule/ImageRules.h"
 
 #include <xmmintrin.h>
 
-ORLIX_KERNEL_TABLE(CompareImgLvl3, plain, eInstructionSet::eNone, EveryBufferType)
-
 namespace orlix::imaproc::util {
+
+ORLIX_KERNEL_TABLE(CompareImgLvl3, plain, EveryBufferType)
 
 namespace {
 
-const processor::ProcessorRegistration<CompareImgLvl3, eProcessorMessage> g_registration{
-    &g_CompareImgLvl3_plain, &g_CompareImgLvl3_sse2, &g_CompareImgLvl3_avx2, &g_CompareImgLvl3_avx512};
+const processor::ProcessorRegistration<CompareImgLvl3, eProcessorMessage>
+    g_registration(CompareImgLvl3Kernels::g_tables);
 
 /// The truncations are the processor's, which are defined for every value: the most negative number stands for all that
 /// doesn't fit.
 CompareImgLvl3::Limits limitsOf(const attr::ImgComparisonTolerance& tolerance)
 {
     const __m128 absolute = _mm_set_ss(tolerance.absoluteTolerance);
-    return {tolerance.mode, _mm_cvttss_si32(absolute), static_cast<unsigned int>(_mm_cvttss_si64(absolute)),
-            tolerance.absoluteTolerance, static_cast<double>(tolerance.relativeTolerance),
-            makeRelativeLimit(tolerance.relativeTolerance, 0xFF), makeRelativeLimit(tolerance.relativeTolerance, 0xFFFF)};
+    return {tolerance.mode,
+            _mm_cvttss_si32(absolute),
+            static_cast<unsigned int>(_mm_cvttss_si64(absolute)),
+            tolerance.absoluteTolerance,
+            static_cast<double>(tolerance.relativeTolerance),
+            makeRelativeLimit(tolerance.relativeTolerance, 0xFF),
+            makeRelativeLimit(tolerance.relativeTolerance, 0xFFFF)};
 }
 
 } // namespace
 
-processor::RulePtr CompareImgLvl3::createRule() const
-{
-    return matchSizeAndType(accessAttribute<attr::InYStrip2d1>(), accessAttribute<attr::InYStrip2d2>());
-}
+CompareImgLvl3::CompareImgLvl3() = default;
+CompareImgLvl3::~CompareImgLvl3() = default;
 
 processor::StepResult CompareImgLvl3::preProcess()
 {
@@ -44,17 +45,13 @@ processor::StepResult CompareImgLvl3::preProcess()
     return processor::StepResult::success();
 }
 
-CompareImgLvl3::Line CompareImgLvl3::accessKernelLine() const
-{
-    return {accessBlock<attr::InYStrip2d1>(), accessBlock<attr::InYStrip2d2>(), &m_limits};
-}
-
 bool CompareImgLvl3::isSearching() const
 {
     return !m_result->hasFirstDifference();
 }
 
-void CompareImgLvl3::recordFirst(const processor::ProcessingInfo& info, unsigned long index, double value1, double value2)
+void CompareImgLvl3::recordFirst(const processor::ProcessingInfo& info, unsigned long index, double value1,
+                                 double value2)
 {
     const image::BaseImageYStrip2d& strip = accessAttribute<attr::InYStrip2d1>()->getBaseImageYStrip2d();
     const unsigned long inLines = info.firstElement + index;

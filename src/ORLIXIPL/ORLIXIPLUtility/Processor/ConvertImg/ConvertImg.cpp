@@ -1,6 +1,7 @@
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/ConvertImg/ConvertImg.h"
 
 #include "ORLIX/ORLIXBaseProcessing/OperatorCall.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Processor/ConvertImg/ConvertImgLvl1.h"
 
 namespace orlix::imaproc::util {
 

@@ -1,8 +1,6 @@
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/ConvertImg/ConvertImgLvl2.h"
 
 #include "ORLIX/ORLIXBaseProcessing/ProcessorRegistration.h"
-#include "ORLIXIPL/ORLIXImageProcessing/GpuLaunch.h"
-#include "ORLIXIPL/ORLIXImageProcessing/Rule/ImageRules.h"
 
 namespace orlix::imaproc::util {
 
@@ -12,23 +10,7 @@ const processor::ProcessorRegistration<ConvertImgLvl2, eProcessorMessage> g_regi
 
 } // namespace
 
-processor::RulePtr ConvertImgLvl2::createRule() const
-{
-    return matchSize(accessAttribute<attr::InSubImg2d>(), accessAttribute<attr::OutImg>());
-}
-
-processor::ProviderResult ConvertImgLvl2::retrieveProvider(const core::BasePriority& priority,
-                                                           boost::shared_ptr<core::BaseActionProvider>& provider)
-{
-    processor::ProviderResult gpu = tryToLaunchGpuProcess();
-    if (gpu.status != processor::eProviderStatus::eProviderNone) {
-        return gpu;
-    }
-    const attr::InSubImg2d& in = *accessAttribute<attr::InSubImg2d>();
-    const attr::OutImg& out = *accessAttribute<attr::OutImg>();
-    return m_lower.dispatch(getDispatchPolicy(), priority, provider,
-                            stripByStrip(in.getStorage(), !out.getImage().needsUnlocalizedInput()),
-                            stripByStrip(out.getStorage()));
-}
+ConvertImgLvl2::ConvertImgLvl2() = default;
+ConvertImgLvl2::~ConvertImgLvl2() = default;
 
 } // namespace orlix::imaproc::util

@@ -1,3 +1,7 @@
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/ConvertImg/ConvertImgLvl3.kernel.h"
 
-ORLIX_KERNEL_TABLE(ConvertImgLvl3, avx2, eInstructionSet::eAVX2, EveryBufferTypePair)
+namespace orlix::imaproc::util {
+
+ORLIX_KERNEL_TABLE(ConvertImgLvl3, avx2, EveryBufferTypePair)
+
+} // namespace orlix::imaproc::util

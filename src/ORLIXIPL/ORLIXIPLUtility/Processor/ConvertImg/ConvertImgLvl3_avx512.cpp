@@ -1,3 +1,7 @@
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/ConvertImg/ConvertImgLvl3.kernel.h"
 
-ORLIX_KERNEL_TABLE(ConvertImgLvl3, avx512, eInstructionSet::eAVX512, EveryBufferTypePair)
+namespace orlix::imaproc::util {
+
+ORLIX_KERNEL_TABLE(ConvertImgLvl3, avx512, EveryBufferTypePair)
+
+} // namespace orlix::imaproc::util

@@ -1,3 +1,7 @@
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/CopyImg/CopyImgLvl3.kernel.h"
 
-ORLIX_KERNEL_TABLE(CopyImgLvl3, avx, eInstructionSet::eAVX, OnlyReal32)
+namespace orlix::imaproc::util {
+
+ORLIX_KERNEL_TABLE(CopyImgLvl3, avx, OnlyReal32)
+
+} // namespace orlix::imaproc::util

@@ -1,3 +1,7 @@
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/CopyImg/CopyImgLvl3.kernel.h"
 
-ORLIX_KERNEL_TABLE(CopyImgLvl3, avx2, eInstructionSet::eAVX2, AllButReal32)
+namespace orlix::imaproc::util {
+
+ORLIX_KERNEL_TABLE(CopyImgLvl3, avx2, AllButReal32)
+
+} // namespace orlix::imaproc::util

@@ -1,6 +1,7 @@
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/EraseImg/EraseImg.h"
 
 #include "ORLIX/ORLIXBaseProcessing/OperatorCall.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Processor/EraseImg/EraseImgLvl1.h"
 
 namespace orlix::imaproc::util {
 

@@ -10,12 +10,7 @@ const processor::ProcessorRegistration<EraseImgLvl1, eProcessorMessage> g_regist
 
 } // namespace
 
-processor::ProviderResult EraseImgLvl1::retrieveProvider(const core::BasePriority& priority,
-                                                         boost::shared_ptr<core::BaseActionProvider>& provider)
-{
-    return m_lower.dispatch(getDispatchPolicy(), priority, provider,
-                            sameForAll(accessAttribute<attr::InOptEraseValue>()->accessValue()),
-                            planByPlan(accessAttribute<attr::OutImg>()->getStorage()));
-}
+EraseImgLvl1::EraseImgLvl1() = default;
+EraseImgLvl1::~EraseImgLvl1() = default;
 
 } // namespace orlix::imaproc::util

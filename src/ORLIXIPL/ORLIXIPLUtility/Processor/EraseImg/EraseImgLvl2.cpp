@@ -1,7 +1,6 @@
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/EraseImg/EraseImgLvl2.h"
 
 #include "ORLIX/ORLIXBaseProcessing/ProcessorRegistration.h"
-#include "ORLIXIPL/ORLIXImageProcessing/GpuLaunch.h"
 
 namespace orlix::imaproc::util {
 
@@ -11,16 +10,7 @@ const processor::ProcessorRegistration<EraseImgLvl2, eProcessorMessage> g_regist
 
 } // namespace
 
-processor::ProviderResult EraseImgLvl2::retrieveProvider(const core::BasePriority& priority,
-                                                         boost::shared_ptr<core::BaseActionProvider>& provider)
-{
-    processor::ProviderResult gpu = tryToLaunchGpuProcess();
-    if (gpu.status != processor::eProviderStatus::eProviderNone) {
-        return gpu;
-    }
-    return m_lower.dispatch(getDispatchPolicy(), priority, provider,
-                            sameForAll(accessAttribute<attr::InOptEraseValue>()->accessValue()),
-                            stripByStrip(accessAttribute<attr::OutSubImg2d>()->getStorage()));
-}
+EraseImgLvl2::EraseImgLvl2() = default;
+EraseImgLvl2::~EraseImgLvl2() = default;
 
 } // namespace orlix::imaproc::util

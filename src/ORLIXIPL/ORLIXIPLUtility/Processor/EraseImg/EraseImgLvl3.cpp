@@ -1,21 +1,23 @@
 #include "ORLIX/ORLIXBaseProcessing/ProcessorRegistration.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/EraseImg/EraseImgLvl3.kernel.h"
 
-ORLIX_KERNEL_TABLE(EraseImgLvl3, plain, eInstructionSet::eNone, EveryBufferType)
-
 namespace orlix::imaproc::util {
+
+ORLIX_KERNEL_TABLE(EraseImgLvl3, plain, EveryBufferType)
 
 namespace {
 
-const processor::ProcessorRegistration<EraseImgLvl3, eProcessorMessage> g_registration{
-    &g_EraseImgLvl3_plain, &g_EraseImgLvl3_sse2, &g_EraseImgLvl3_avx, &g_EraseImgLvl3_avx2, &g_EraseImgLvl3_avx512};
+const processor::ProcessorRegistration<EraseImgLvl3, eProcessorMessage> g_registration(EraseImgLvl3Kernels::g_tables);
 
 } // namespace
 
-EraseImgLvl3::Block EraseImgLvl3::accessKernelBlock() const
+EraseImgLvl3::EraseImgLvl3() = default;
+EraseImgLvl3::~EraseImgLvl3() = default;
+
+processor::StepResult EraseImgLvl3::preProcess()
 {
-    return {accessBlock<attr::OutYStrip2d>(), toElementValue(accessAttribute<attr::InOptEraseValue>()->getValue()),
-            accessAttribute<attr::OutYStrip2d>()->getBaseImageYStrip2d().getMemoryPlace()};
+    m_value = toElementValue(accessAttribute<attr::InOptEraseValue>()->getValue());
+    return processor::StepResult::success();
 }
 
 } // namespace orlix::imaproc::util

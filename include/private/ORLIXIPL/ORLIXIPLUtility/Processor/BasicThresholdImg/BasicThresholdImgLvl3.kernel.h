@@ -2,36 +2,24 @@
 // BasicThresholdImgLvl3 only.
 #pragma once
 
-#include "ORLIX/ORLIXMath/Simd/PackMap.h"
+#include "ORLIX/ORLIXMath/Simd/BlockMap.h"
 #include "ORLIX/ORLIXMath/Simd/RangeTest.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/BasicThresholdImg/BasicThresholdImgLvl3.h"
 #include "ORLIXIPL/ORLIXImageProcessing/KernelRows.h"
 
-ORLIX_DECLARE_KERNEL_TABLE(BasicThresholdImgLvl3, plain)
-ORLIX_DECLARE_KERNEL_TABLE(BasicThresholdImgLvl3, sse2)
-ORLIX_DECLARE_KERNEL_TABLE(BasicThresholdImgLvl3, avx2)
-ORLIX_DECLARE_KERNEL_TABLE(BasicThresholdImgLvl3, avx512)
-
 namespace orlix::imaproc::util {
+
+ORLIX_KERNEL_SETS(BasicThresholdImgLvl3, plain, sse2, avx2, avx512)
 
 /// A step takes a pack of the input and fills a register of the output. The last one is taken whole, past the count.
 template <class T, eInstructionSet::domain ISA>
 ProcessingResult<bool> BasicThresholdImgLvl3::genericProcessFunction(const processor::ProcessingInfo& info)
 {
-    using Pack = simd::Pack<ISA, T>;
-    constexpr unsigned long width = Pack::s_nbElements;
-    const Block block = accessKernelBlock();
-    const T* const source = static_cast<const T*>(block.source);
-    unsigned char* const destination = static_cast<unsigned char*>(block.destination);
-    const simd::RangeTest<ISA, T> test(block.low.as<T>(), block.high.as<T>());
-    if constexpr (ISA == eInstructionSet::eNone) {
-        simd::forEachPack<width>(info.nbElements, [=, &test](unsigned long i) ORLIX_SIMD_LAMBDA {
-            test(Pack::load(source + i)).store(destination + i);
-        });
-    } else {
-        simd::mapPacks<width>(source, destination, info.nbElements, block.place,
-                              [&test](const T* from) ORLIX_SIMD_LAMBDA { return test(Pack::load(from)); });
-    }
+    const T* const source = static_cast<const T*>(accessBlock<attr::InYStrip2d>());
+    unsigned char* const destination = static_cast<unsigned char*>(accessBlock<attr::OutBinYStrip2d>());
+    const simd::RangeTest<ISA, T> test(m_low.as<T>(), m_high.as<T>());
+    simd::mapBlock<ISA>(source, destination, info.nbElements, getOutputPlace(),
+                        [&test](const T* from) ORLIX_SIMD_LAMBDA { return test(simd::Pack<ISA, T>::load(from)); });
     return succeed();
 }
 

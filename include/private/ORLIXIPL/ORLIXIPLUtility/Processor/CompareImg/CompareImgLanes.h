@@ -1,7 +1,7 @@
 // When two pixels differ, a vector at a time; included by the kernels of CompareImgLvl3 only.
 #pragma once
 
-#include "ORLIX/ORLIXMath/Simd/Lanes.h"
+#include "ORLIX/ORLIXMath/Simd/WidenToDouble.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/CompareImg/CompareImgPixel.h"
 
 namespace orlix::imaproc::util {
@@ -159,20 +159,70 @@ ORLIX_SIMD_INLINE unsigned long countNarrowRelatively(const T* first, const T* s
 }
 
 /// The quotient's test in double; lanes of magnitude 0 divide by 1 and are masked out.
-template <unsigned long nbLanes>
-ORLIX_SIMD_INLINE auto quotientExceeds(const simd::Lanes<double, nbLanes>& difference,
-                                       const simd::Lanes<double, nbLanes>& magnitude, double tolerance)
+template <class T, unsigned long nbLanes>
+class QuotientTest
 {
-    const auto isZero = magnitude == 0.0;
-    const simd::Lanes<double, nbLanes> one = simd::Lanes<double, nbLanes>{} + 1.0;
-    const simd::Lanes<double, nbLanes> divisor = isZero ? one : magnitude;
-    return (difference / divisor > tolerance) & ~isZero;
-}
+public:
+    explicit ORLIX_SIMD_INLINE QuotientTest(double tolerance) : m_tolerance(tolerance) {}
+
+    ORLIX_SIMD_INLINE auto operator()(const simd::Lanes<double, nbLanes>& difference,
+                                      const simd::Lanes<double, nbLanes>& magnitude) const
+    {
+        const auto isZero = magnitude == 0.0;
+        const simd::Lanes<double, nbLanes> one = simd::Lanes<double, nbLanes>{} + 1.0;
+        const simd::Lanes<double, nbLanes> divisor = isZero ? one : magnitude;
+        return (difference / divisor > m_tolerance) & ~isZero;
+    }
+
+private:
+    double m_tolerance;
+};
+
+/// The same without a division, for tolerances from 0 on, which are floats.
+///
+/// A quotient d / m rounds to more than t where it is more than half a step of doubles above t: a tie goes to t, whose
+/// last bit is 0. Of floats, d, m and t have 24 bits each, so that t m has 48 and d differs from it by a 2^-48th part
+/// or not at all. Half a step is a 2^-53rd part: no quotient lies between, and t m is exact.
+///
+/// Of integers below 2^32, t m has 56 bits, and quotients do lie between. Two parts of t of 12 bits have exact products
+/// with m. Where d is so near t m that it matters, what is left of d behind both is exact too: a number of at most 53
+/// bits, which is compared with half a step times m, a power of 2 times m. Where d is farther away, what rounding adds
+/// to the difference is far too little for either. Zero magnitudes have differences of zero, which exceed nothing.
+template <class T, unsigned long nbLanes>
+class ProductTest
+{
+public:
+    explicit ORLIX_SIMD_INLINE ProductTest(double tolerance) : m_tolerance(tolerance)
+    {
+        if constexpr (!std::is_same_v<T, float>) {
+            const auto bits = __builtin_bit_cast(unsigned long, tolerance);
+            m_high = __builtin_bit_cast(double, bits >> 41 << 41); // 11 bits behind the first one
+            m_low = tolerance - m_high;
+            m_halfStep = __builtin_bit_cast(double, bits >> 52 << 52) * 0x1p-53;
+        }
+    }
+
+    ORLIX_SIMD_INLINE auto operator()(const simd::Lanes<double, nbLanes>& difference,
+                                      const simd::Lanes<double, nbLanes>& magnitude) const
+    {
+        if constexpr (std::is_same_v<T, float>) {
+            return difference > m_tolerance * magnitude;
+        } else {
+            return difference - m_high * magnitude - m_low * magnitude > m_halfStep * magnitude;
+        }
+    }
+
+private:
+    double m_tolerance;
+    double m_high = 0;
+    double m_low = 0;
+    double m_halfStep = 0;
+};
 
 /// Modes 2 and 3 of 32-bit elements; all tests in double, which holds their differences and tolerances exactly.
-template <class T, eInstructionSet::domain ISA, bool bAbsoluteToo>
-ORLIX_SIMD_INLINE unsigned long countWideRelatively(const T* first, const T* second, unsigned long nbElements,
-                                                    const CompareImgLvl3::Limits& limits)
+template <template <class, unsigned long> class TTest, class T, eInstructionSet::domain ISA, bool bAbsoluteToo>
+ORLIX_SIMD_INLINE unsigned long countWideBy(const T* first, const T* second, unsigned long nbElements,
+                                            const CompareImgLvl3::Limits& limits)
 {
     constexpr unsigned long nbBytes = simd::Register<ISA>::s_nbBytes;
     constexpr unsigned long nbLanes = nbBytes / 4;
@@ -180,8 +230,10 @@ ORLIX_SIMD_INLINE unsigned long countWideRelatively(const T* first, const T* sec
     using Difference = typename ComparisonOf<T>::Difference;
     using Magnitude = std::conditional_t<std::is_same_v<T, int>, unsigned int, Difference>;
     const double absolute = static_cast<double>(absoluteLimitOf<T>(limits));
-    const double relative = limits.relative;
-    simd::Lanes<unsigned long, nbHalf> counts{};
+    const TTest<T, nbHalf> isFar(limits.relative);
+    using Counts = simd::Lanes<unsigned long, nbHalf>;
+    using Differences = simd::Lanes<Difference, nbLanes>;
+    Counts counts{};
     for (unsigned long i = 0; i < nbElements; i += nbLanes) {
         const auto a = simd::convertLanes<Difference, nbLanes>(simd::loadLanes<T, nbLanes>(first + i));
         const auto b = simd::convertLanes<Difference, nbLanes>(simd::loadLanes<T, nbLanes>(second + i));
@@ -194,24 +246,29 @@ ORLIX_SIMD_INLINE unsigned long countWideRelatively(const T* first, const T* sec
         const simd::Lanes<Magnitude, nbLanes> magnitudeA = a < Difference(0) ? -x : x;
         const simd::Lanes<Magnitude, nbLanes> magnitudeB = b < Difference(0) ? -y : y;
         const simd::Lanes<Magnitude, nbLanes> magnitude = magnitudeA > magnitudeB ? magnitudeA : magnitudeB;
-#pragma GCC unroll 2
-        for (unsigned long half = 0; half < 2; ++half) {
-            simd::Lanes<Difference, nbHalf> d;
-            simd::Lanes<Magnitude, nbHalf> m;
-            __builtin_memcpy(&d, reinterpret_cast<const char*>(&difference) + half * nbBytes / 2, nbBytes / 2);
-            __builtin_memcpy(&m, reinterpret_cast<const char*>(&magnitude) + half * nbBytes / 2, nbBytes / 2);
-            const auto wideD = simd::convertLanes<double, nbHalf>(d);
-            const auto wideM = simd::convertLanes<double, nbHalf>(m);
-            auto found = quotientExceeds<nbHalf>(wideD, wideM, relative);
+        const auto count = [&]<bool bUpper>(std::bool_constant<bUpper>) ORLIX_SIMD_LAMBDA {
+            const auto wideD =
+                simd::widenToDouble<ISA, bUpper, Difference>(__builtin_bit_cast(Differences, difference));
+            const auto wideM = simd::widenToDouble<ISA, bUpper, Magnitude>(magnitude);
+            auto found = isFar(wideD, wideM);
             if constexpr (bAbsoluteToo) {
                 found &= wideD > absolute;
             }
-            simd::Lanes<unsigned long, nbHalf> mask;
-            __builtin_memcpy(&mask, &found, nbBytes);
-            counts -= mask;
-        }
+            counts -= __builtin_bit_cast(Counts, found);
+        };
+        count(std::false_type());
+        count(std::true_type());
     }
     return sumLanes<unsigned long, nbBytes>(counts);
+}
+
+template <class T, eInstructionSet::domain ISA, bool bAbsoluteToo>
+ORLIX_SIMD_INLINE unsigned long countWideRelatively(const T* first, const T* second, unsigned long nbElements,
+                                                    const CompareImgLvl3::Limits& limits)
+{
+    // Below 0, infinite magnitudes have no quotient, but a product that infinite differences exceed.
+    return limits.relative >= 0 ? countWideBy<ProductTest, T, ISA, bAbsoluteToo>(first, second, nbElements, limits)
+                                : countWideBy<QuotientTest, T, ISA, bAbsoluteToo>(first, second, nbElements, limits);
 }
 
 } // namespace orlix::imaproc::util

@@ -4,12 +4,9 @@
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/CompareImg/CompareImgLanes.h"
 #include "ORLIXIPL/ORLIXImageProcessing/KernelRows.h"
 
-ORLIX_DECLARE_KERNEL_TABLE(CompareImgLvl3, plain)
-ORLIX_DECLARE_KERNEL_TABLE(CompareImgLvl3, sse2)
-ORLIX_DECLARE_KERNEL_TABLE(CompareImgLvl3, avx2)
-ORLIX_DECLARE_KERNEL_TABLE(CompareImgLvl3, avx512)
-
 namespace orlix::imaproc::util {
+
+ORLIX_KERNEL_SETS(CompareImgLvl3, plain, sse2, avx2, avx512)
 
 /// Differing elements among the first `nbElements`, a multiple of 64, by vectors alone.
 template <class TMode, class T, eInstructionSet::domain ISA>
@@ -48,21 +45,21 @@ ORLIX_SIMD_INLINE unsigned long countDifferent(const T* first, const T* second, 
 /// Counts the block. While the strip has no difference yet, it goes in steps, so that only the step with the first one
 /// is searched element by element.
 template <class TMode, class T, eInstructionSet::domain ISA>
-ORLIX_SIMD_INLINE void CompareImgLvl3::compareLine(const processor::ProcessingInfo& info, const Line& line)
+ORLIX_SIMD_INLINE void CompareImgLvl3::compareBlock(const processor::ProcessingInfo& info)
 {
     constexpr unsigned long searchStep = 4096; // a multiple of every set's blocking
-    const T* const first = static_cast<const T*>(line.first);
-    const T* const second = static_cast<const T*>(line.second);
+    const T* const first = static_cast<const T*>(accessBlock<attr::InYStrip2d1>());
+    const T* const second = static_cast<const T*>(accessBlock<attr::InYStrip2d2>());
     unsigned long nbDifferent = 0;
     unsigned long step = 0;
     for (unsigned long start = 0; start < info.nbElements; start += step) {
         const unsigned long nbLeft = info.nbElements - start;
         const bool bSearching = isSearching();
         step = bSearching && nbLeft > searchStep ? searchStep : nbLeft;
-        const unsigned long nbFound = countDifferent<TMode, T, ISA>(first + start, second + start, step, *line.limits);
+        const unsigned long nbFound = countDifferent<TMode, T, ISA>(first + start, second + start, step, m_limits);
         if (nbFound > 0 && bSearching) {
             unsigned long index = start;
-            while (index + 1 < start + step && !TMode::differ(first[index], second[index], *line.limits)) {
+            while (index + 1 < start + step && !TMode::differ(first[index], second[index], m_limits)) {
                 ++index;
             }
             recordFirst(info, index, static_cast<double>(first[index]), static_cast<double>(second[index]));
@@ -75,16 +72,11 @@ ORLIX_SIMD_INLINE void CompareImgLvl3::compareLine(const processor::ProcessingIn
 template <class T, eInstructionSet::domain ISA>
 ProcessingResult<bool> CompareImgLvl3::genericProcessFunction(const processor::ProcessingInfo& info)
 {
-    const Line line = accessKernelLine();
-    switch (line.limits->mode) {
-    case attr::eImgComparisonToleranceMode::eAbsoluteTolerance:
-        compareLine<ComparedAbsolutely, T, ISA>(info, line);
-        break;
-    case attr::eImgComparisonToleranceMode::eRelativeTolerance:
-        compareLine<ComparedRelatively, T, ISA>(info, line);
-        break;
-    case attr::eImgComparisonToleranceMode::eBothTolerances: compareLine<ComparedBothWays, T, ISA>(info, line); break;
-    default: compareLine<ComparedExactly, T, ISA>(info, line); break;
+    switch (m_limits.mode) {
+    case attr::eImgComparisonToleranceMode::eAbsoluteTolerance: compareBlock<ComparedAbsolutely, T, ISA>(info); break;
+    case attr::eImgComparisonToleranceMode::eRelativeTolerance: compareBlock<ComparedRelatively, T, ISA>(info); break;
+    case attr::eImgComparisonToleranceMode::eBothTolerances: compareBlock<ComparedBothWays, T, ISA>(info); break;
+    default: compareBlock<ComparedExactly, T, ISA>(info); break;
     }
     return succeed();
 }

@@ -48,8 +48,9 @@ ORLIX_SIMD_INLINE simd::Pack<I, TTo> narrow(const simd::Pack<I, int>& from)
     }
 }
 
-/// A plain element without its fraction, which keeps the low bits of what does not fit. By instruction, since the language leaves
-/// open what is out of range: -2^31, and for an unsigned int, which is truncated to 64 bits first, -2^63.
+/// A plain element without its fraction, which keeps the low bits of what does not fit. By instruction, since the
+/// language leaves open what is out of range: -2^31, and for an unsigned int, which is truncated to 64 bits first,
+/// -2^63.
 template <class TOut>
 ORLIX_SIMD_INLINE TOut truncateElement(float value)
 {

@@ -9,39 +9,67 @@
 
 #include <cstring>
 
-ORLIX_DECLARE_KERNEL_TABLE(CopyImgLvl3, plain)
-ORLIX_DECLARE_KERNEL_TABLE(CopyImgLvl3, sse2)
-ORLIX_DECLARE_KERNEL_TABLE(CopyImgLvl3, avx)
-ORLIX_DECLARE_KERNEL_TABLE(CopyImgLvl3, avx2)
-ORLIX_DECLARE_KERNEL_TABLE(CopyImgLvl3, avx512)
-
 namespace orlix::imaproc::util {
 
-/// Copies whole cache lines and leaves the rest to `memcpy`, which is called also where nothing is left.
+ORLIX_KERNEL_SETS(CopyImgLvl3, plain, sse2, avx, avx2, avx512)
+
+/// Copies whole cache lines of the output and leaves what is before and behind them to `memcpy`, which is called also
+/// where nothing is left.
 template <class T, eInstructionSet::domain ISA>
 ProcessingResult<bool> CopyImgLvl3::genericProcessFunction(const processor::ProcessingInfo& info)
 {
-    const Block block = accessKernelBlock();
-    const unsigned char* source = static_cast<const unsigned char*>(block.source);
-    unsigned char* destination = static_cast<unsigned char*>(block.destination);
+    const unsigned char* source = static_cast<const unsigned char*>(accessBlock<attr::InYStrip2d>());
+    unsigned char* destination = static_cast<unsigned char*>(accessBlock<attr::OutYStrip2d>());
     unsigned long nbBytes = info.nbElements * sizeof(T);
     if constexpr (ISA != eInstructionSet::eNone) {
+        const simd::eMemoryPlace place = getOutputPlace();
         using Line = simd::CacheLine<ISA>;
         constexpr unsigned long width = Line::s_nbBytes;
+        const unsigned long nbBefore = (width - reinterpret_cast<unsigned long>(destination) % width) % width;
+        if (nbBefore > 0 && nbBytes >= 16 * width) { // from here on in whole lines of the output
+            std::memcpy(destination, source, nbBefore);
+            source += nbBefore;
+            destination += nbBefore;
+            nbBytes -= nbBefore;
+        }
         const unsigned long nbWhole = nbBytes - nbBytes % width;
-        if (block.place == simd::eMemoryPlace::memory && reinterpret_cast<unsigned long>(destination) % width == 0) {
+        const bool bOnLine = reinterpret_cast<unsigned long>(destination) % width == 0;
+        const bool bStreaming = bOnLine && levelOf(place) >= simd::eMemoryPlace::lastLevelCacheFilled;
+        if (bStreaming && isAssisted(place)) {
             simd::forEachPackInterleaved<width, 4>(nbWhole, [=](unsigned long i) ORLIX_SIMD_LAMBDA {
                 simd::prefetch(source + i + 512);
                 Line::load(source + i).stream(destination + i);
             });
             simd::streamFence();
-        } else if (block.place == simd::eMemoryPlace::secondLevelCache) {
-            simd::forEachPack<width, 4>(
-                nbWhole, [=](unsigned long i) ORLIX_SIMD_LAMBDA { Line::load(source + i).store(destination + i); });
-        } else {
+        } else if (bStreaming) {
+            simd::forEachPack<width, 4>(nbWhole, [=](unsigned long i) ORLIX_SIMD_LAMBDA {
+                simd::prefetch(source + i + 2048);
+                Line::load(source + i).stream(destination + i);
+            });
+            simd::streamFence();
+        } else if (isAssisted(place)) {
             simd::forEachPack<width, 4>(nbWhole, [=](unsigned long i) ORLIX_SIMD_LAMBDA {
                 simd::prefetch(source + i + 1024);
                 Line::load(source + i).store(destination + i);
+            });
+        } else {
+            // Eight registers are filled before they are stored: processors hold a load back that looks like a store
+            // just before it, as it does where both addresses agree in their low 12 bits.
+            constexpr unsigned long nbLines = 8 / Line::s_nbRegisters;
+            const unsigned long nbBlocks = nbWhole - nbWhole % (nbLines * width);
+            simd::forEachPack<nbLines * width>(nbBlocks, [=](unsigned long i) ORLIX_SIMD_LAMBDA {
+                Line lines[nbLines];
+#pragma GCC unroll 8
+                for (unsigned long k = 0; k < nbLines; ++k) {
+                    lines[k] = Line::load(source + i + k * width);
+                }
+#pragma GCC unroll 8
+                for (unsigned long k = 0; k < nbLines; ++k) {
+                    lines[k].store(destination + i + k * width);
+                }
+            });
+            simd::forEachPack<width>(nbWhole - nbBlocks, [=](unsigned long i) ORLIX_SIMD_LAMBDA {
+                Line::load(source + nbBlocks + i).store(destination + nbBlocks + i);
             });
         }
         source += nbWhole;

@@ -1,10 +1,8 @@
 // Grey image to binary image: hands its plans to BasicThresholdImgLvl2.
 #pragma once
 
-#include "ORLIX/ORLIXBaseProcessing/BaseAsyncProcessor.h"
-#include "ORLIXIPL/ORLIXIPLAttributes/ImageAttributes.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/BasicThresholdImg/BasicThresholdImgLvl2.h"
-#include "ORLIXIPL/ORLIXIPLUtility/Processor/UtilityProcessor.h"
+#include "ORLIXIPL/ORLIXImageProcessing/OutputInitializer/DuplicateInOut.h"
 
 namespace orlix::imaproc::util {
 
@@ -18,30 +16,19 @@ namespace orlix::imaproc::util {
 ///          always are), a lower bound above the upper one: the rule fails, the run ends, no pixel is written
 /// threads  as many as core::accessExecutor() has; the input is only read
 class ORLIXIPLUTILITY_API BasicThresholdImgLvl1 final
-    : public UtilityProcessor<BasicThresholdImgLvl1, processor::BaseAsync1Processor, attr::InImg, attr::InThresholdMin,
-                              attr::InThresholdMax, attr::OutBinImg>
+    : public PlanLevel<BasicThresholdImgLvl1, UtilityLibrary, BasicThresholdImgLvl2,
+                       ByPlan<attr::InImg, attr::InSubImg2d>, SameForPlans<attr::InThresholdMin>,
+                       SameForPlans<attr::InThresholdMax>, ByPlan<attr::OutBinImg>>
 {
 public:
-    static constexpr const char* g_name = "BasicThresholdImgLvl1";
-    static constexpr auto g_toolTip = eProcessorMessage::eBasicThresholdImgLvl1;
-    static constexpr const char* g_header = __FILE__;
+    static constexpr processor::ProcessorText g_text{"BasicThresholdImgLvl1",
+                                                     eProcessorMessage::eBasicThresholdImgLvl1};
 
-    /// Same sizes, the lower bound not above the upper one, both within the range of the input, a binary output.
-    processor::RulePtr createRule() const;
-    /// A missing output is made as a binary duplicate of the input.
-    void initOutputInitializers(processor::OutputInitializerMap& initializers) const;
+    using Rule = BasicThresholdImgRule<attr::InImg, attr::OutBinImg>;
+    using Initializers = processor::OutputInitializers<DuplicateInOut<attr::InImg, attr::OutBinImg>>;
 
-protected:
-    using BaseAsync1Processor::retrieveProvider;
-    processor::ProviderResult retrieveProvider(const core::BasePriority& priority,
-                                               boost::shared_ptr<core::BaseActionProvider>& provider) override;
-
-private:
-    StaticDispatch<BasicThresholdImgLvl2, SubImageSplit<BasicThresholdImgLvl2, attr::InSubImg2d>,
-                   processor::StaticNoSplit<BasicThresholdImgLvl2, attr::InThresholdMin>,
-                   processor::StaticNoSplit<BasicThresholdImgLvl2, attr::InThresholdMax>,
-                   SubImageSplit<BasicThresholdImgLvl2, attr::OutBinImg>>
-        m_lower;
+    BasicThresholdImgLvl1();
+    ~BasicThresholdImgLvl1() override;
 };
 
 } // namespace orlix::imaproc::util

@@ -2,24 +2,25 @@
 #pragma once
 
 #include "ORLIXIPL/ORLIXIPLAttributes/StripAttributes.h"
-#include "ORLIXIPL/ORLIXIPLAttributes/ValueAttributes.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Processor/BasicThresholdImg/BasicThresholdImgRule.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/ElementValue.h"
-#include "ORLIXIPL/ORLIXIPLUtility/Processor/UtilityProcessor.h"
-#include "ORLIXIPL/ORLIXImageProcessing/StripAlgorithm.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Processor/UtilityLibrary.h"
+#include "ORLIXIPL/ORLIXImageProcessing/Level/KernelLevel.h"
 
 namespace orlix::imaproc::util {
 
 class ORLIXIPLUTILITY_API BasicThresholdImgLvl3 final
-    : public StripAlgorithm<BasicThresholdImgLvl3, UtilityLibrary, RawStripParserMode, TypedBy<attr::InYStrip2d>,
-                            attr::InYStrip2d, attr::InThresholdMin, attr::InThresholdMax, attr::OutBinYStrip2d>
+    : public KernelLevel<BasicThresholdImgLvl3, UtilityLibrary, TypedBy<attr::InYStrip2d>, Raw<attr::InYStrip2d>,
+                         Plain<attr::InThresholdMin>, Plain<attr::InThresholdMax>, Raw<attr::OutBinYStrip2d>>
 {
 public:
-    static constexpr const char* g_name = "BasicThresholdImgLvl3";
-    static constexpr auto g_toolTip = eProcessorMessage::eBasicThresholdImgLvl3;
-    static constexpr const char* g_header = __FILE__;
+    static constexpr processor::ProcessorText g_text{"BasicThresholdImgLvl3",
+                                                     eProcessorMessage::eBasicThresholdImgLvl3};
 
-    /// Same sizes, the lower bound not above the upper one, both within the range of the input, a binary output.
-    processor::RulePtr createRule() const;
+    using Rule = BasicThresholdImgRule<attr::InYStrip2d, attr::OutBinYStrip2d>;
+
+    BasicThresholdImgLvl3();
+    ~BasicThresholdImgLvl3() override;
 
     /// Sets `info.nbElements` bytes of the output's block to 1 where the input's elements of type T lie between the
     /// bounds, else to 0, with instruction set ISA. Plain code writes exactly these; every other set reads and writes
@@ -27,17 +28,13 @@ public:
     template <class T, eInstructionSet::domain ISA>
     ProcessingResult<bool> genericProcessFunction(const processor::ProcessingInfo& info);
 
+protected:
+    /// Takes the bounds as elements are compared with them.
+    processor::StepResult preProcess() override;
+
 private:
-    /// What a kernel works on.
-    struct Block
-    {
-        const void* source;
-        void* destination;
-        ElementValue low;
-        ElementValue high;
-        simd::eMemoryPlace place; ///< of the output
-    };
-    Block accessKernelBlock() const;
+    ElementValue m_low{};
+    ElementValue m_high{};
 };
 
 } // namespace orlix::imaproc::util

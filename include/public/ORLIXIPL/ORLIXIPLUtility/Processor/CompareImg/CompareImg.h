@@ -1,9 +1,14 @@
 // compareImg: how many pixels of two images differ, and where the first difference lies.
 #pragma once
 
-#include "ORLIXIPL/ORLIXIPLUtility/Processor/CompareImg/CompareImgLvl1.h"
+#include "ORLIXIPL/ORLIXIPLAttributes/DataItem/CompareResult.h"
+#include "ORLIXIPL/ORLIXIPLAttributes/DataItem/ImgComparisonTolerance.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Export.h"
+#include "ORLIXIPL/ORLIXImage/BaseImage.h"
 
 namespace orlix::imaproc::util {
+
+class CompareImgLvl1; // to wait for an asynchronous run, include its header
 
 /// Compares pixel by pixel; images that differ are a success whose result says so. Every pixel is visited, also after
 /// the first difference. In floating images not-a-number differs from everything, itself included.

@@ -1,43 +1,25 @@
 // Two plans: hands their strips to CompareImgLvl3 and merges what these find.
 #pragma once
 
-#include "ORLIX/ORLIXBaseProcessing/BaseAsyncProcessor.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/CompareImg/CompareImgLvl3.h"
-#include "ORLIXIPL/ORLIXIPLUtility/Processor/UtilityProcessor.h"
-#include "ORLIXIPL/ORLIXImageProcessing/Split/LevelDispatch.h"
+#include "ORLIXIPL/ORLIXImageProcessing/Level/DispatchLevel.h"
+#include "ORLIXIPL/ORLIXImageProcessing/Level/ResultRows.h"
 
 namespace orlix::imaproc::util {
 
 class ORLIXIPLUTILITY_API CompareImgLvl2 final
-    : public UtilityProcessor<CompareImgLvl2, processor::BaseAsync1Processor, attr::InSubImg2d1, attr::InSubImg2d2,
-                              attr::InImgComparisonTolerance, attr::OutCompareResult>
+    : public StripLevel<CompareImgLvl2, UtilityLibrary, CompareImgLvl3, ByYStrip<attr::InSubImg2d1, attr::InYStrip2d1>,
+                        ByYStrip<attr::InSubImg2d2, attr::InYStrip2d2>, SameForStrips<attr::InImgComparisonTolerance>,
+                        MergedByStrip<attr::OutCompareResult>>
 {
 public:
-    static constexpr const char* g_name = "CompareImgLvl2";
-    static constexpr auto g_toolTip = eProcessorMessage::eCompareImgLvl2;
-    static constexpr const char* g_header = __FILE__;
+    static constexpr processor::ProcessorText g_text{"CompareImgLvl2", eProcessorMessage::eCompareImgLvl2};
 
-    /// Same sizes, same element type.
-    processor::RulePtr createRule() const;
-    /// Level 1 gives the output.
-    void initOutputInitializers(processor::OutputInitializerMap&) const {}
+    using Rule = MatchSizeAndType<attr::InSubImg2d1, attr::InSubImg2d2>;
+    using Initializers = processor::AllOutputsGiven;
 
-    void clearIntermediateData() override;
-
-protected:
-    using BaseAsync1Processor::retrieveProvider;
-    processor::ProviderResult retrieveProvider(const core::BasePriority& priority,
-                                               boost::shared_ptr<core::BaseActionProvider>& provider) override;
-    /// Merges the results of the strips in the order of their lines.
-    processor::StepResult postProcess() override;
-
-private:
-    DynamicDispatch<CompareImgLvl3, processor::DynamicByCreationResultSplit<CompareImgLvl3, attr::OutCompareResult>,
-                    processor::DynamicNoSplit<CompareImgLvl3, attr::InImgComparisonTolerance>,
-                    ImageYStrip2dSplit<CompareImgLvl3, const image::BaseImage, attr::InYStrip2d1>,
-                    ImageYStrip2dSplit<CompareImgLvl3, const image::BaseImage, attr::InYStrip2d2>>
-        m_lower;
-    processor::CreationResultMap<attr::CompareResult> m_results;
+    CompareImgLvl2();
+    ~CompareImgLvl2() override;
 };
 
 } // namespace orlix::imaproc::util

@@ -2,23 +2,23 @@
 #pragma once
 
 #include "ORLIXIPL/ORLIXIPLAttributes/ComparisonAttributes.h"
-#include "ORLIXIPL/ORLIXIPLUtility/Processor/UtilityProcessor.h"
-#include "ORLIXIPL/ORLIXImageProcessing/StripAlgorithm.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Processor/UtilityLibrary.h"
+#include "ORLIXIPL/ORLIXImageProcessing/Level/KernelLevel.h"
 
 namespace orlix::imaproc::util {
 
 class ORLIXIPLUTILITY_API CompareImgLvl3 final
-    : public StripAlgorithm<CompareImgLvl3, UtilityLibrary, JoinedLineStripParserMode, TypedBy<attr::InYStrip2d1>,
-                            attr::InYStrip2d1, attr::InYStrip2d2, attr::InImgComparisonTolerance,
-                            attr::OutCompareResult>
+    : public KernelLevel<CompareImgLvl3, UtilityLibrary, TypedBy<attr::InYStrip2d1>, ByJoinedLines<attr::InYStrip2d1>,
+                         ByJoinedLines<attr::InYStrip2d2>, Plain<attr::InImgComparisonTolerance>,
+                         Plain<attr::OutCompareResult>>
 {
 public:
-    static constexpr const char* g_name = "CompareImgLvl3";
-    static constexpr auto g_toolTip = eProcessorMessage::eCompareImgLvl3;
-    static constexpr const char* g_header = __FILE__;
+    static constexpr processor::ProcessorText g_text{"CompareImgLvl3", eProcessorMessage::eCompareImgLvl3};
 
-    /// Same line length, same number of lines, same element type.
-    processor::RulePtr createRule() const;
+    using Rule = MatchSizeAndType<attr::InYStrip2d1, attr::InYStrip2d2>;
+
+    CompareImgLvl3();
+    ~CompareImgLvl3() override;
 
     /// Compares the `info.nbElements` elements of a line, or of lines that touch, with instruction set ISA, and adds
     /// what it finds to the result.
@@ -53,16 +53,8 @@ protected:
     processor::StepResult preProcess() override;
 
 private:
-    /// What a kernel works on.
-    struct Line
-    {
-        const void* first;
-        const void* second;
-        const Limits* limits;
-    };
-    Line accessKernelLine() const;
     template <class TMode, class T, eInstructionSet::domain ISA>
-    void compareLine(const processor::ProcessingInfo& info, const Line& line);
+    void compareBlock(const processor::ProcessingInfo& info);
     /// Must the kernel say where the first of its differences lies?
     bool isSearching() const;
     /// `index` counts from the first element of the block.

@@ -26,9 +26,12 @@
 // Real32 goes to 8 and 16 bits by way of Int32. NaN is out of range of every integer; in Binary it is 0, with AVX512 1.
 #pragma once
 
-#include "ORLIXIPL/ORLIXIPLUtility/Processor/ConvertImg/ConvertImgLvl1.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Export.h"
+#include "ORLIXIPL/ORLIXImage/BaseImage.h"
 
 namespace orlix::imaproc::util {
+
+class ConvertImgLvl1; // to wait for an asynchronous run, include its header
 
 /// A new image with the geometry, calibration and converted pixels of `inImg`, also where it has that type already.
 /// shapes   in (X, Y, Z, C, T) -> out (X, Y, Z, C, T), element type `type` in every time step

@@ -1,38 +1,29 @@
 // Whole image to whole image of another element type: hands its plans to ConvertImgLvl2.
 #pragma once
 
-#include "ORLIX/ORLIXBaseProcessing/BaseAsyncProcessor.h"
 #include "ORLIXIPL/ORLIXIPLAttributes/BufferTypeAttributes.h"
-#include "ORLIXIPL/ORLIXIPLAttributes/ImageAttributes.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/ConvertImg/ConvertImgLvl2.h"
-#include "ORLIXIPL/ORLIXIPLUtility/Processor/UtilityProcessor.h"
+#include "ORLIXIPL/ORLIXImageProcessing/OutputInitializer/DuplicateInOut.h"
 
 namespace orlix::imaproc::util {
 
 class ORLIXIPLUTILITY_API ConvertImgLvl1 final
-    : public UtilityProcessor<ConvertImgLvl1, processor::BaseAsync1Processor, attr::InImg,
-                              attr::InConvertImageBufferType, attr::OutImg>
+    : public PlanLevel<ConvertImgLvl1, UtilityLibrary, ConvertImgLvl2,
+                       ByPlan<attr::InImg, attr::InSubImg2d, PlacedFor<attr::OutImg>>,
+                       Kept<attr::InConvertImageBufferType>, ByPlan<attr::OutImg>>
 {
 public:
-    static constexpr const char* g_name = "ConvertImgLvl1";
-    static constexpr auto g_toolTip = eProcessorMessage::eConvertImgLvl1;
-    static constexpr const char* g_header = __FILE__;
+    static constexpr processor::ProcessorText g_text{"ConvertImgLvl1", eProcessorMessage::eConvertImgLvl1};
 
-    /// Same sizes; the output has the element type that InConvertImageBufferType tells.
-    processor::RulePtr createRule() const;
-    /// A missing output is made as a duplicate of the input, with that element type.
-    void initOutputInitializers(processor::OutputInitializerMap& initializers) const;
+    /// The output has the element type that InConvertImageBufferType tells; a missing one is made with it.
+    using Rule = processor::AllOf<MatchSize<attr::InImg, attr::OutImg>,
+                                  HasBufferType<attr::OutImg, attr::InConvertImageBufferType>>;
+    using Initializers =
+        processor::OutputInitializers<DuplicateInOutAs<attr::InImg, attr::OutImg, attr::InConvertImageBufferType>>;
+    using NothingToDo = InSitu<attr::InImg, attr::OutImg>;
 
-protected:
-    using BaseAsync1Processor::retrieveProvider;
-    /// Nothing to do where the output is the input.
-    processor::ProviderResult retrieveProvider(const core::BasePriority& priority,
-                                               boost::shared_ptr<core::BaseActionProvider>& provider) override;
-
-private:
-    StaticDispatch<ConvertImgLvl2, SubImageSplit<ConvertImgLvl2, attr::InSubImg2d>,
-                   SubImageSplit<ConvertImgLvl2, attr::OutImg>>
-        m_lower;
+    ConvertImgLvl1();
+    ~ConvertImgLvl1() override;
 };
 
 } // namespace orlix::imaproc::util

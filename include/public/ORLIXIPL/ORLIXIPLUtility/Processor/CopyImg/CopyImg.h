@@ -1,9 +1,12 @@
 // copyImg: an image into a new one or into a given one.
 #pragma once
 
-#include "ORLIXIPL/ORLIXIPLUtility/Processor/CopyImg/CopyImgLvl1.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Export.h"
+#include "ORLIXIPL/ORLIXImage/BaseImage.h"
 
 namespace orlix::imaproc::util {
+
+class CopyImgLvl1; // to wait for an asynchronous run, include its header
 
 /// A new image with the geometry, calibration and pixels of `inImg`.
 /// shapes   in (X, Y, Z, C, T) -> out (X, Y, Z, C, T), same element type

@@ -1,36 +1,25 @@
 // Plan to plan: hands its strips to CopyImgLvl3.
 #pragma once
 
-#include "ORLIX/ORLIXBaseProcessing/BaseAsyncProcessor.h"
 #include "ORLIXIPL/ORLIXIPLAttributes/ImageAttributes.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/CopyImg/CopyImgLvl3.h"
-#include "ORLIXIPL/ORLIXIPLUtility/Processor/UtilityProcessor.h"
-#include "ORLIXIPL/ORLIXImageProcessing/Split/LevelDispatch.h"
+#include "ORLIXIPL/ORLIXImageProcessing/Level/DispatchLevel.h"
 
 namespace orlix::imaproc::util {
 
 class ORLIXIPLUTILITY_API CopyImgLvl2 final
-    : public UtilityProcessor<CopyImgLvl2, processor::BaseAsync1Processor, attr::InSubImg2d, attr::OutImg>
+    : public StripLevel<CopyImgLvl2, UtilityLibrary, CopyImgLvl3,
+                        ByYStrip<attr::InSubImg2d, attr::InYStrip2d, PlacedFor<attr::OutImg>>,
+                        ByYStrip<attr::OutImg, attr::OutYStrip2d>>
 {
 public:
-    static constexpr const char* g_name = "CopyImgLvl2";
-    static constexpr auto g_toolTip = eProcessorMessage::eCopyImgLvl2;
-    static constexpr const char* g_header = __FILE__;
+    static constexpr processor::ProcessorText g_text{"CopyImgLvl2", eProcessorMessage::eCopyImgLvl2};
 
-    /// Same sizes, same element type.
-    processor::RulePtr createRule() const;
-    /// Level 1 gives the output.
-    void initOutputInitializers(processor::OutputInitializerMap&) const {}
+    using Rule = MatchSizeAndType<attr::InSubImg2d, attr::OutImg>;
+    using Initializers = processor::AllOutputsGiven;
 
-protected:
-    using BaseAsync1Processor::retrieveProvider;
-    processor::ProviderResult retrieveProvider(const core::BasePriority& priority,
-                                               boost::shared_ptr<core::BaseActionProvider>& provider) override;
-
-private:
-    DynamicDispatch<CopyImgLvl3, ImageYStrip2dSplit<CopyImgLvl3, const image::BaseImage, attr::InYStrip2d>,
-                    ImageYStrip2dSplit<CopyImgLvl3, image::BaseImage, attr::OutYStrip2d>>
-        m_lower;
+    CopyImgLvl2();
+    ~CopyImgLvl2() override;
 };
 
 } // namespace orlix::imaproc::util

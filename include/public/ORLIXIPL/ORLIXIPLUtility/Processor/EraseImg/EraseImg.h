@@ -1,9 +1,12 @@
 // eraseImg: one value into every pixel of an image.
 #pragma once
 
-#include "ORLIXIPL/ORLIXIPLUtility/Processor/EraseImg/EraseImgLvl1.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Export.h"
+#include "ORLIXIPL/ORLIXImage/BaseImage.h"
 
 namespace orlix::imaproc::util {
+
+class EraseImgLvl1; // to wait for an asynchronous run, include its header
 
 /// Sets every pixel of `outImg` to 0.
 /// shapes   out (X, Y, Z, C, T), any element type

@@ -1,0 +1,69 @@
+// The frame of levels whose work has two stages, each described by rows.
+#pragma once
+
+#include "ORLIX/ORLIXBaseProcessing/BaseAsyncProcessor.h"
+#include "ORLIX/ORLIXBaseProcessing/InitializerTypes.h"
+#include "ORLIX/ORLIXBaseProcessing/Scaffold.h"
+#include "ORLIXIPL/ORLIXImageProcessing/Level/RowDispatch.h"
+#include "ORLIXIPL/ORLIXImageProcessing/Rule/ImageRuleTypes.h"
+
+namespace orlix::imaproc {
+
+/// The attributes of a level in order of creation, where rows don't tell them.
+template <class... TAttributes>
+struct AttributeList
+{};
+
+/// One stage: `TDispatch` is StaticDispatch or DynamicDispatch, down to `TLower`; `TRows` as for DispatchLevel.
+template <template <class, class...> class TDispatch, class TLower, class... TRows>
+using Stage = RowDispatch<TDispatch, TLower, TRows...>;
+
+/// `TDerived` says its `g_text`, `Rule` and `Initializers` as for DispatchLevel and, as a rule type, `OnlySecond`:
+/// where it holds, the second stage's work is done in the first one, and the second has nothing to do. Otherwise the
+/// second stage starts when all elements of the first have ended.
+template <class TDerived, class TLibrary, class TAttributeList, class TFirst, class TSecond>
+class TwoStageLevel;
+
+template <class TDerived, class TLibrary, class... TAttributes, class TFirst, class TSecond>
+class TwoStageLevel<TDerived, TLibrary, AttributeList<TAttributes...>, TFirst, TSecond>
+    : public processor::Scaffold<TDerived, processor::BaseAsync2Processor, TLibrary, TAttributes...>
+{
+public:
+    processor::RulePtr createRule() const { return TDerived::Rule::make(this->accessOwnAttributes()); }
+    void initOutputInitializers(processor::OutputInitializerMap& initializers) const
+    {
+        TDerived::Initializers::make(this->accessOwnAttributes(), initializers);
+    }
+    void clearIntermediateData() override
+    {
+        m_first.clear();
+        m_second.clear();
+    }
+
+protected:
+    processor::ProviderResult retrieveFirstProvider(const core::BasePriority& priority,
+                                                    boost::shared_ptr<core::BaseActionProvider>& provider) override
+    {
+        m_bOnlySecond = TDerived::OnlySecond::holds(processor::HeldValues<TAttributes...>(this->accessOwnAttributes()));
+        return m_bOnlySecond ? dispatch(m_second, priority, provider) : dispatch(m_first, priority, provider);
+    }
+    processor::ProviderResult retrieveSecondProvider(const core::BasePriority& priority,
+                                                     boost::shared_ptr<core::BaseActionProvider>& provider) override
+    {
+        return m_bOnlySecond ? processor::ProviderResult::none() : dispatch(m_second, priority, provider);
+    }
+
+private:
+    template <class TStage>
+    processor::ProviderResult dispatch(TStage& stage, const core::BasePriority& priority,
+                                       boost::shared_ptr<core::BaseActionProvider>& provider)
+    {
+        return stage.dispatch(this->accessOwnAttributes(), this->getDispatchPolicy(), priority, provider);
+    }
+
+    TFirst m_first;
+    TSecond m_second;
+    bool m_bOnlySecond = false; ///< of the run under way
+};
+
+} // namespace orlix::imaproc

@@ -1,0 +1,167 @@
+// What holds of every processor of this library as an object: names, creation by name, archives, misuse.
+#include "ORLIXIPLUtility/RegisteredProcessors.h"
+#include "ORLIX/ORLIXSerialization/ORLIXSerializationException.h"
+#include "ORLIX/ORLIXSerialization/TextIArchive.h"
+#include "ORLIX/ORLIXSerialization/TextOArchive.h"
+#include "ORLIX/ORLIXUtil/DynamicObjectFactory.h"
+#include "ORLIX/ORLIXUtil/ORLIXUtilException.h"
+#include "ORLIXIPLUtility/ProcessorChecks.h"
+
+#include <typeinfo>
+
+namespace orlix::imaproc::util {
+namespace {
+
+using processor::BaseProcessor;
+using processor::ProcessorFactory;
+
+/// One row per class, in the order of the factory.
+const std::vector<RegisteredProcessor> g_rows = {
+    {"BasicThresholdImgLvl1",
+     "BasicThresholdImg",
+     "Level 1 algorithm: binary basic threshold on one image",
+     {"InImg", "InThresholdMin", "InThresholdMax", "OutBinImg"}},
+    {"BasicThresholdImgLvl2",
+     "BasicThresholdImg",
+     "Level 2 algorithm: binary basic threshold on one image",
+     {"InSubImg2d", "InThresholdMin", "InThresholdMax", "OutBinImg"}},
+    {"BasicThresholdImgLvl3",
+     "BasicThresholdImg",
+     "Level 3 algorithm: binary basic threshold on one image",
+     {"InYStrip2d", "InThresholdMin", "InThresholdMax", "OutBinYStrip2d"}},
+    {"CompareImgLvl1",
+     "CompareImg",
+     "Image comparison algorithm level 1",
+     {"InImg1", "InImg2", "InOptImgComparisonTolerance", "OutCompareResult"}},
+    {"CompareImgLvl2",
+     "CompareImg",
+     "Image comparison algorithm level 2",
+     {"InSubImg2d1", "InSubImg2d2", "InImgComparisonTolerance", "OutCompareResult"}},
+    {"CompareImgLvl3",
+     "CompareImg",
+     "Image comparison algorithm level 3",
+     {"InYStrip2d1", "InYStrip2d2", "InImgComparisonTolerance", "OutCompareResult"}},
+    {"ConvertImgLvl1",
+     "ConvertImg",
+     "Image data type conversion algorithm level 1",
+     {"InImg", "InConvertImageBufferType", "OutImg"}},
+    {"ConvertImgLvl2", "ConvertImg", "Image data type conversion algorithm level 2", {"InSubImg2d", "OutImg"}},
+    {"ConvertImgLvl3", "ConvertImg", "Image data type conversion algorithm level 3", {"InYStrip2d", "OutYStrip2d"}},
+    {"CopyImgLvl1", "CopyImg", "Image copy algorithm level 1", {"InImg", "OutImg"}},
+    {"CopyImgLvl2", "CopyImg", "Image copy algorithm level 2", {"InSubImg2d", "OutImg"}},
+    {"CopyImgLvl3", "CopyImg", "Image copy algorithm level 3", {"InYStrip2d", "OutYStrip2d"}},
+    {"EraseImgLvl1", "EraseImg", "Image erasing algorithm level 1", {"InOptEraseValue", "OutImg"}},
+    {"EraseImgLvl2", "EraseImg", "Image erasing algorithm level 2", {"InOptEraseValue", "OutSubImg2d"}},
+    {"EraseImgLvl3", "EraseImg", "Image erasing algorithm level 3", {"InOptEraseValue", "OutYStrip2d"}}};
+
+/// Those that the factory knows of this library.
+std::vector<std::string> registeredNames()
+{
+    std::vector<std::string> names;
+    for (const std::string& name : ProcessorFactory::getInstance().getProcessorNames()) {
+        if (ProcessorFactory::getInstance().getProcessorInfo(name).libraryName == "ORLIXIPLUtility") {
+            names.push_back(name);
+        }
+    }
+    return names;
+}
+
+TEST(RegisteredProcessorsTest, areThoseOfTheTable)
+{
+    std::vector<std::string> expected;
+    for (const RegisteredProcessor& row : g_rows) {
+        expected.push_back(std::string("orlix::imaproc::util::") + row.name);
+    }
+    EXPECT_EQ(registeredNames(), expected) << "a processor and its row come and go together";
+}
+
+INSTANTIATE_TEST_SUITE_P(Every, RegisteredProcessorTest, ::testing::ValuesIn(g_rows),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+TEST_P(RegisteredProcessorTest, isKnownToTheFactory)
+{
+    const ProcessorFactory::ProcessorInfo info = ProcessorFactory::getInstance().getProcessorInfo(typeName());
+    const std::string name = GetParam().name;
+    EXPECT_EQ(info.objectName, name);
+    EXPECT_EQ(info.toolTip, GetParam().toolTip);
+    EXPECT_EQ(info.headerPath.string(),
+              std::string("ORLIXIPL/ORLIXIPLUtility/Processor/") + GetParam().operatorName + "/" + name + ".h");
+}
+
+TEST_P(RegisteredProcessorTest, tellsItsNames)
+{
+    const auto processor = make();
+    EXPECT_EQ(processor->getClassName(), typeName());
+    EXPECT_EQ(processor->getObjectName(), GetParam().name);
+    EXPECT_EQ(processor->getToolTip(), GetParam().toolTip);
+}
+
+TEST_P(RegisteredProcessorTest, isMadeByBothFactoriesAndByItself)
+{
+    const auto made = make();
+    const auto byName = DynamicObjectFactory::getInstance().createShared(typeName());
+    ASSERT_NE(byName, nullptr);
+    const std::unique_ptr<BaseDynamicObject> fresh = made->createNew();
+    const boost::shared_ptr<BaseDynamicObject> shared = made->createShared();
+    for (const BaseDynamicObject* const other : {byName.get(), fresh.get(), shared.get()}) {
+        EXPECT_NE(other, made.get());
+        const BaseDynamicObject& same = *made;
+        EXPECT_EQ(typeid(*other), typeid(same));
+        const auto* const processor = dynamic_cast<const BaseProcessor*>(other);
+        ASSERT_NE(processor, nullptr);
+        EXPECT_FALSE(processor->isInitialised());
+    }
+    const auto initialised = boost::dynamic_pointer_cast<BaseProcessor>(byName);
+    ASSERT_TRUE(initialised->init(processor::eProcessorRulePolicy::eRulePolicyCheck));
+    EXPECT_EQ(initialised->getAttributeNameColl(), GetParam().attributes);
+}
+
+TEST_P(RegisteredProcessorTest, cannotBeCopied)
+{
+    const auto processor = make();
+    EXPECT_FALSE(processor->hasCopySupport());
+    EXPECT_THROW(static_cast<void>(processor->duplicate()), ORLIXUtilException);
+    EXPECT_THROW(static_cast<void>(processor->duplicateShared()), ORLIXUtilException);
+    EXPECT_THROW(processor->copy(*make()), ORLIXUtilException);
+}
+
+TEST_P(RegisteredProcessorTest, writesItsVersionOncePerArchiveAndReadsIt)
+{
+    TextOArchive archive;
+    std::string once, twice;
+    ASSERT_TRUE(make()->write(archive) && archive.saveToString(once));
+    EXPECT_NE(once.find("\"" + typeName() + "\""), std::string::npos);
+    ASSERT_TRUE(make()->write(archive) && archive.saveToString(twice));
+    EXPECT_EQ(twice, once);
+    EXPECT_NE(once.find("name=\"version\" value=\"1\""), std::string::npos) << once;
+    TextIArchive reader;
+    ASSERT_TRUE(reader.loadFromString(once));
+    EXPECT_TRUE(make()->read(reader));
+}
+
+TEST_P(RegisteredProcessorTest, readsVersionsUpToItsOwn)
+{
+    const auto read = [&](const char* version) {
+        TextIArchive archive;
+        EXPECT_TRUE(archive.loadFromString("<orlix_archive format=\"1\"><section name=\"" + typeName() +
+                                           "\"><uint32 name=\"version\" value=\"" + version +
+                                           "\"/></section></orlix_archive>"));
+        return make()->read(archive).getValue();
+    };
+    EXPECT_TRUE(read("0"));
+    EXPECT_TRUE(read("1"));
+    EXPECT_THROW(read("2"), ORLIXSerializationException);
+}
+
+TEST_P(RegisteredProcessorTest, hasNoUseBeforeItsInit)
+{
+    const auto processor = make();
+    EXPECT_FALSE(processor->isInitialised());
+    EXPECT_TRUE(processor->getAttributeColl().empty());
+    EXPECT_EQ(testing::messageOf([&] { static_cast<void>(failureOf(*processor)); }),
+              std::string("Processor ") + GetParam().name +
+                  " has not been initialised: call init before its attributes are used");
+}
+
+} // namespace
+} // namespace orlix::imaproc::util
