@@ -1,11 +1,12 @@
 // Pixel memory in a forked child, whichever thread of its parent was busy with it.
 #include "ORLIXIPL/ORLIXImage/ImageFactory.h"
 #include "ORLIXIPL/ORLIXImage/PixelMemoryPool.h"
+#include "support/Sanitizers.h"
 
 #include <gtest/gtest.h>
 
-#include <atomic>
 #include <cstring>
+#include <stop_token>
 #include <thread>
 #include <vector>
 
@@ -29,11 +30,13 @@ void useMemory()
 
 TEST(Fork, ChildrenHaveMemoryWhateverOtherThreadsDo)
 {
-    std::atomic<bool> bOver{false};
-    std::vector<std::thread> threads;
+#ifdef ORLIX_ADDRESS_SANITIZER
+    GTEST_SKIP() << "AddressSanitizer's own allocator may be locked in a child forked while others allocate";
+#endif
+    std::vector<std::jthread> threads;
     for (int i = 0; i < 3; ++i) {
-        threads.emplace_back([&bOver] {
-            while (!bOver) {
+        threads.emplace_back([](const std::stop_token& stop) {
+            while (!stop.stop_requested()) {
                 useMemory();
             }
         });
@@ -50,10 +53,6 @@ TEST(Fork, ChildrenHaveMemoryWhateverOtherThreadsDo)
         int status = 0;
         ::waitpid(child, &status, 0);
         ASSERT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << repetition << ", status " << status;
-    }
-    bOver = true;
-    for (std::thread& thread : threads) {
-        thread.join();
     }
 }
 

@@ -20,6 +20,8 @@
 #include "ORLIXIPL/ORLIXImageProcessing/Logger/ORLIXImageProcessingLogMessages.h"
 #include "ORLIXIPL/ORLIXImageProcessing/MarginStripAttributes.h"
 #include "ORLIXIPL/ORLIXImageProcessing/ORLIXImageProcessingException.h"
+#include "ORLIXIPL/ORLIXImageProcessing/OutputInitializer/CustomImageInfo.h"
+#include "ORLIXIPL/ORLIXImageProcessing/OutputInitializer/CustomOutput.h"
 #include "ORLIXIPL/ORLIXImageProcessing/OutputInitializer/DuplicateImageInitializer.h"
 #include "ORLIXIPL/ORLIXImageProcessing/OutputInitializer/DuplicateInOut.h"
 #include "ORLIXIPL/ORLIXImageProcessing/Parser/BaseStripParser.h"

@@ -1,0 +1,88 @@
+#include "ORLIXIPL/ORLIXImageProcessing/OutputInitializer/CustomImageInfo.h"
+
+#include "ORLIX/ORLIXUtil/Raise.h"
+#include "ORLIXIPL/ORLIXImageProcessing/Logger/ORLIXImageProcessingLogMessages.h"
+
+namespace orlix::imaproc {
+
+BaseCustomImageInfo::~BaseCustomImageInfo() = default;
+
+bool BaseCustomImageInfo::isOutputInitNeeded() const
+{
+    return true;
+}
+
+std::vector<image::eImageBufferType> BaseCustomImageInfo::getImageBufferTypeVector() const
+{
+    return std::vector<image::eImageBufferType>(getTemporalGeometry().getSizeT(), getImageBufferType());
+}
+
+eImageStoragePolicy BaseCustomImageInfo::getImageInitializerDistributionPolicy() const
+{
+    return eImageStoragePolicy::eDefaultStorage;
+}
+
+image::eImageBufferType BaseFromImageCustomImageInfo::getImageBufferType() const
+{
+    ImageConstPtr image;
+    return getInputGeometry(image).getBufferType();
+}
+
+std::vector<image::eImageBufferType> BaseFromImageCustomImageInfo::getImageBufferTypeVector() const
+{
+    ImageConstPtr image;
+    return getInputGeometry(image).getBufferTypeVector();
+}
+
+unsigned long BaseFromImageCustomImageInfo::getSizeX() const
+{
+    ImageConstPtr image;
+    return getInputGeometry(image).getSizeX();
+}
+
+unsigned long BaseFromImageCustomImageInfo::getSizeY() const
+{
+    ImageConstPtr image;
+    return getInputGeometry(image).getSizeY();
+}
+
+image::VolumeGeometry BaseFromImageCustomImageInfo::getVolumeGeometry() const
+{
+    ImageConstPtr image;
+    return getInputGeometry(image).getVolumeGeometry();
+}
+
+image::ColorGeometry BaseFromImageCustomImageInfo::getColorGeometry() const
+{
+    ImageConstPtr image;
+    return getInputGeometry(image).getColorGeometry();
+}
+
+image::TemporalGeometry BaseFromImageCustomImageInfo::getTemporalGeometry() const
+{
+    ImageConstPtr image;
+    return getInputGeometry(image).getTemporalGeometry();
+}
+
+bool BaseFromImageCustomImageInfo::hasInputImage() const
+{
+    return true;
+}
+
+ImageConstPtr BaseFromImageCustomImageInfo::getInputImage() const
+{
+    // The processor that owns the attribute may go at any time, so the attribute is held while it is read.
+    const boost::shared_ptr<const BaseImageAttribute> input = m_input.lock();
+    return input ? input->getImagePtr() : ImageConstPtr();
+}
+
+const image::BaseImageGeometry& BaseFromImageCustomImageInfo::getInputGeometry(ImageConstPtr& image) const
+{
+    image = getInputImage();
+    if (!image) {
+        raise<eImageRuleMessage>(ORLIX_HERE, eImageRuleMessage::ePropertyWithoutInput);
+    }
+    return image->getGeometry();
+}
+
+} // namespace orlix::imaproc
