@@ -41,12 +41,18 @@ inline ImagePtr cut(const BaseImage& whole, const FiveNumbers& first, const Five
     color.initChannels(sizes[3]);
     const ImagePtr part = createImage({whole.getBufferType(), sizes[0], sizes[1], volume, color, temporal});
     const unsigned long bytes = elementSize(whole.getBufferType());
-    forEachPixel(*part, [&](const Position& p) {
-        std::memcpy(part->accessRow(p.y, p.z, p.c, p.t) + p.x * bytes,
-                    whole.accessRow(p.y + first[1], p.z + first[2], p.c + first[3], p.t + first[4]) +
-                        (p.x + first[0]) * bytes,
-                    bytes);
-    });
+    for (unsigned long t = 0; t < sizes[4]; ++t) {
+        for (unsigned long c = 0; c < sizes[3]; ++c) {
+            for (unsigned long z = 0; z < sizes[2]; ++z) {
+                for (unsigned long y = 0; y < sizes[1]; ++y) {
+                    std::memcpy(part->accessRow(y, z, c, t),
+                                whole.accessRow(y + first[1], z + first[2], c + first[3], t + first[4]) +
+                                    first[0] * bytes,
+                                sizes[0] * bytes);
+                }
+            }
+        }
+    }
     return part;
 }
 
