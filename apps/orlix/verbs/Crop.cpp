@@ -38,20 +38,27 @@ CropArguments inTwoOptions(CropArguments arguments)
     return arguments;
 }
 
+bool hasDepth(const GivenNumbers& numbers)
+{
+    return numbers && numbers->value.z;
+}
+
 ImagePtr crop(const CropArguments& arguments, CommandContext& context)
 {
-    const AxisNumbers at = arguments.at ? arguments.at->value : AxisNumbers();
-    image::io::RegionSizes sizes;
-    if (arguments.size) {
-        const AxisNumbers& size = arguments.size->value;
-        sizes = {.x = size.x, .y = size.y, .z = size.z};
+    const auto& [files, at, size, region] = arguments;
+    image::io::RegionOffsets offsets;
+    if (at) {
+        offsets = {at->value.x, at->value.y, at->value.z.value_or(0)};
     }
-    const std::string& file = arguments.files.input;
-    const ImagePtr out = readInputRegion(file, {at.x, at.y, at.z.value_or(0)}, sizes, context);
-    if ((at.z || sizes.z) && !out->getGeometry().getVolumeGeometry().is3d()) {
-        const bool bAt = at.z.has_value();
-        raise<eCommandMessage>(ORLIX_HERE, eCommandMessage::eNoDepth, bAt ? g_at : g_size,
-                               bAt ? arguments.at->text : arguments.size->text, file);
+    image::io::RegionSizes sizes;
+    if (size) {
+        sizes = {.x = size->value.x, .y = size->value.y, .z = size->value.z};
+    }
+    const ImagePtr out = readInputRegion(files.input, offsets, sizes, context);
+    if ((hasDepth(at) || hasDepth(size)) && !out->getGeometry().getVolumeGeometry().is3d()) {
+        const bool bAt = hasDepth(at);
+        raise<eCommandMessage>(ORLIX_HERE, eCommandMessage::eNoDepth, bAt ? g_at : g_size, bAt ? at->text : size->text,
+                               files.input);
     }
     return out;
 }
