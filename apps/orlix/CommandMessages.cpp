@@ -71,8 +71,7 @@ const std::vector<MessageText>& MessageCatalogue<eCommandMessage>::texts()
         {eCommandMessage::eTypesDiffer,
          "%s is %s, %s is %s: both need the same element type; `orlix convert` changes it"},
         {eCommandMessage::eNoSuchSlice, "%s is %s%s, but a slice along %s of %s is %s: make it such a plan"},
-        {eCommandMessage::eOtherAxesDiffer,
-         "%s is %s, %s is %s: both need as many %s"},
+        {eCommandMessage::eOtherAxesDiffer, "%s is %s, %s is %s: both need as many %s"},
         {eCommandMessage::eRegionSticksOut,
          "%s is %s, put at %s into %s, which is %s, it ends beyond the %s of %d: put it elsewhere or crop it"}};
     return g_texts;
