@@ -53,9 +53,9 @@ ProcessingResult<bool> hasSlice(const image::BaseImage& volume, const eAxis& axi
     if (index < nbSlices) {
         return true;
     }
-    return ProcessingResult<bool>::failure(
-        formatMessage<eRuleMessage>(eRuleMessage::eNoSuchSlice, index, EnumerationNames<eAxis>::nameOf(axis),
-                                    volume.getGeometry().toString(), nbSlices));
+    return ProcessingResult<bool>::failure(formatMessage<eRuleMessage>(eRuleMessage::eNoSuchSlice, index,
+                                                                       EnumerationNames<eAxis>::nameOf(axis),
+                                                                       volume.getGeometry().toString(), nbSlices));
 }
 
 ProcessingResult<bool> takesSlice(const image::BaseImage& volume, const image::BaseImage& slice, const eAxis& axis,

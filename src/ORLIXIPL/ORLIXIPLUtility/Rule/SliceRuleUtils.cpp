@@ -14,8 +14,7 @@ class MatchSlice final : public BaseCustomCheckedImageProperty
 public:
     /// `checked` is the attribute that the property speaks of, `volume` the one that it answers from.
     MatchSlice(const boost::weak_ptr<const BaseImageAttribute>& checked,
-               const boost::weak_ptr<const BaseImageAttribute>& volume,
-               const boost::weak_ptr<const attr::InAxis>& axis)
+               const boost::weak_ptr<const BaseImageAttribute>& volume, const boost::weak_ptr<const attr::InAxis>& axis)
         : m_volume(volume), m_axis(axis)
     {
         initBase(checked);
@@ -45,10 +44,9 @@ public:
     std::string getReason() const override
     {
         const boost::shared_ptr<const BaseImageAttribute> volume = m_volume.lock();
-        return formatMessage<eRuleMessage>(eRuleMessage::eSliceOf,
-                                           EnumerationNames<eAxis>::nameOf(lockAxis(ORLIX_HERE)),
-                                           volume ? volume->getObjectName() : std::string(),
-                                           lockVolume(ORLIX_HERE)->getGeometry().toString());
+        return formatMessage<eRuleMessage>(
+            eRuleMessage::eSliceOf, EnumerationNames<eAxis>::nameOf(lockAxis(ORLIX_HERE)),
+            volume ? volume->getObjectName() : std::string(), lockVolume(ORLIX_HERE)->getGeometry().toString());
     }
 
 private:

@@ -13,8 +13,8 @@ struct eRuleMessage
     enum domain {
         eAttributeExpired = 0,
         eInputAttributeNull = 1,
-        eSliceOf = 2,         ///< axis, attribute, geometry
-        eNoSuchSlice = 3,     ///< number, axis, geometry, count
+        eSliceOf = 2,          ///< axis, attribute, geometry
+        eNoSuchSlice = 3,      ///< number, axis, geometry, count
         eSliceTypeDiffers = 4, ///< geometry, geometry
         eNoHostPixels = 5      ///< attribute, geometry
     };

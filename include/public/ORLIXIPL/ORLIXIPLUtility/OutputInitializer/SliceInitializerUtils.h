@@ -1,8 +1,8 @@
 // What a missing output looks like that is a slice of a volume.
 #pragma once
 
-#include "ORLIXIPL/ORLIXIPLUtility/Rule/SliceGeometry.h"
 #include "ORLIXIPL/ORLIXIPLAttributes/RegionAttributes.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Rule/SliceGeometry.h"
 #include "ORLIXIPL/ORLIXImageProcessing/OutputInitializer/CustomOutput.h"
 
 namespace orlix::imaproc::util {

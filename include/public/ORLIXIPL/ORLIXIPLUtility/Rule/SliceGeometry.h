@@ -42,8 +42,8 @@ inline unsigned bytesPerSliceByte(const image::BaseImage& volume, const eAxis& a
 /// The calibration of a slice: unit, pixel sizes and origins of the two axes that it keeps. A rotation about the axis
 /// of the slice becomes the slice's own; one about another axis can't be told in 2d and is left out. Null where the
 /// volume has none, or none along z that the slice would need.
-ORLIXIPLUTILITY_API boost::shared_ptr<const image::GeometricCalibration> sliceCalibration(const image::BaseImage& volume,
-                                                                                          const eAxis& axis);
+ORLIXIPLUTILITY_API boost::shared_ptr<const image::GeometricCalibration>
+sliceCalibration(const image::BaseImage& volume, const eAxis& axis);
 
 /// (X, Y, Z, C, T) -> a new image of the slice's sizes, (…, …, 1, C, T), with its calibration and the volume's element
 /// types; its pixels are not set.

@@ -11,9 +11,9 @@ namespace orlix::imaproc::util {
 template <class TByte>
 struct SlicePlans
 {
-    TByte* first;             ///< element (0, 0, 0)
-    unsigned long rowBytes;   ///< from a row to the next
-    unsigned long planBytes;  ///< from a plan to the next
+    TByte* first;            ///< element (0, 0, 0)
+    unsigned long rowBytes;  ///< from a row to the next
+    unsigned long planBytes; ///< from a plan to the next
     unsigned long sizeX;
     unsigned long sizeY;
     unsigned long sizeZ;
@@ -33,9 +33,9 @@ struct SliceStrip
 {
     eAxis::domain axis;
     unsigned long index;
-    unsigned long sizeX;       ///< elements of a line
+    unsigned long sizeX; ///< elements of a line
     unsigned long nbLines;
-    unsigned long firstLine;   ///< the number of the strip's first line in the slice
+    unsigned long firstLine; ///< the number of the strip's first line in the slice
 };
 
 } // namespace orlix::imaproc::util

@@ -65,7 +65,8 @@ private:
 };
 
 /// The image has what the property answers, for every check that it enables. A failure's text tells the image, and on
-/// each axis that differs what it has and what it needs, and the property's reason. What the property throws, the check throws.
+/// each axis that differs what it has and what it needs, and the property's reason. What the property throws, the check
+/// throws.
 ORLIXIMAGEPROCESSING_API processor::RulePtr
 customImageProperty(const processor::AttributeRef<const BaseImageAttribute>& image,
                     const boost::shared_ptr<const BaseCustomCheckedImageProperty>& property);

@@ -13,8 +13,6 @@ namespace orlix::imaproc::util {
 
 ORLIX_KERNEL_SETS(PutSlice3dImgLvl3, plain, sse2, avx, avx2, avx512)
 
-namespace {
-
 /// Registers for what fills them, `memcpy` for what is left of the row.
 template <eInstructionSet::domain ISA>
 ORLIX_SIMD_INLINE void copySliceRow(std::byte* to, const std::byte* from, unsigned long nbBytes)
@@ -28,8 +26,6 @@ ORLIX_SIMD_INLINE void copySliceRow(std::byte* to, const std::byte* from, unsign
     }
     std::memcpy(to + nbDone, from + nbDone, nbBytes - nbDone);
 }
-
-} // namespace
 
 template <class T, eInstructionSet::domain ISA>
 ProcessingResult<bool> PutSlice3dImgLvl3::genericProcessFunction(const processor::ProcessingInfo& info)
@@ -56,8 +52,7 @@ ProcessingResult<bool> PutSlice3dImgLvl3::genericProcessFunction(const processor
         for (unsigned long i = 0; i < info.nbElements && z < m_out.sizeZ; ++z, r = 0) {
             const unsigned long nbLeft = info.nbElements - i;
             const unsigned long end = i + (nbLeft < m_strip.sizeX - r ? nbLeft : m_strip.sizeX - r);
-            std::byte* element =
-                m_out.first + z * m_out.planBytes + r * m_out.rowBytes + m_strip.index * sizeof(T);
+            std::byte* element = m_out.first + z * m_out.planBytes + r * m_out.rowBytes + m_strip.index * sizeof(T);
             for (; i < end; ++i, element += m_out.rowBytes) {
                 std::memcpy(element, block + i * sizeof(T), sizeof(T));
             }

@@ -5,6 +5,7 @@
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/CopyImg/CopyStraight.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/GetSlice3dImg/GetSlice3dImgLvl3.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Rule/SliceRuleUtils.h"
+#include "ORLIXIPL/ORLIXImage/SubImage.h"
 
 namespace orlix::imaproc::util {
 
