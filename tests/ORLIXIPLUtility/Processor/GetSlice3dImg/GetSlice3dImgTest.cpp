@@ -86,6 +86,7 @@ unsigned long countStrips(const ImagePtr& in, eAxis::domain axis)
     slice->setProgressObserver([&](const core::Progress& progress) { nbDone = std::max(nbDone, progress.done); });
     slice->set<attr::InImg3d>(in);
     slice->set<attr::InAxis>(axis);
+    slice->set<attr::InSliceIndex>(0);
     EXPECT_TRUE(slice->run(core::eSynchroType::eSynchroSync));
     return nbDone - 1; // the volume is an element, too
 }
