@@ -1,77 +1,88 @@
-// What a missing image is made as that is generated from a size.
+// outputBuild2d, outputBuild3d: what built images look like.
 #include "ORLIXIPL/ORLIXIPLUtility/ORLIXIPLUtility.h"
 #include "ORLIXIPLUtility/ProcessorChecks.h"
-#include "support/Images.h"
 
-namespace orlix::imaproc::util {
+namespace orlix::imaproc::util::test {
 namespace {
 
 using image::eImageBufferType;
+using testing::messageOf;
 
-const char* const g_null = "Input attribute should not be null";
+constexpr const char* g_nullText = "Input attribute should not be null";
 
-/// What both have in common.
-void expectBinaryImage(const BaseCustomImageInfo& info)
+/// What is the same of any built image.
+void expectBuilt(const BaseCustomImageInfo& info)
 {
+    EXPECT_TRUE(info.isOutputInitNeeded());
     EXPECT_EQ(info.getImageBufferType(), eImageBufferType::eBufferBinary);
-    EXPECT_EQ(info.getImageBufferTypeVector(), std::vector<eImageBufferType>{eImageBufferType::eBufferBinary});
-    EXPECT_EQ(info.getColorGeometry(), image::ColorGeometry());
-    EXPECT_EQ(info.getTemporalGeometry(), image::TemporalGeometry());
+    EXPECT_EQ(info.getImageBufferTypeVector(), std::vector<image::eImageBufferType>{eImageBufferType::eBufferBinary});
+    image::ColorGeometry grey;
+    grey.initGrey();
+    EXPECT_EQ(info.getColorGeometry(), grey);
+    image::TemporalGeometry single;
+    single.initSingle();
+    EXPECT_EQ(info.getTemporalGeometry(), single);
     EXPECT_FALSE(info.hasInputImage());
     EXPECT_EQ(info.getInputImage(), nullptr);
-    EXPECT_EQ(info.getGeometricCalibration(), nullptr);
-    EXPECT_TRUE(info.isOutputInitNeeded());
 }
 
-void expectRaised(const BaseCustomImageInfo& info)
+TEST(OutputBuild2dTest, aBinaryPlanOfTheSizeThatTheAttributeHolds)
 {
-    EXPECT_EQ(testing::messageOf([&] { static_cast<void>(info.getSizeX()); }), g_null);
-    EXPECT_EQ(testing::messageOf([&] { static_cast<void>(info.getSizeY()); }), g_null);
-    EXPECT_EQ(testing::messageOf([&] { static_cast<void>(info.getVolumeGeometry()); }), g_null);
-    EXPECT_THROW(static_cast<void>(info.getSizeX()), ORLIXIPLUtilityException);
+    const auto size = boost::make_shared<attr::InOutputImg2dSize>();
+    const boost::shared_ptr<BaseCustomImageInfo> info = outputBuild2d(size);
+    for (const auto& [x, y] : {std::pair{7UL, 9UL}, {0UL, 1UL << 40}}) {
+        size->init(attr::createImg2dSize(x, y));
+        expectBuilt(*info);
+        EXPECT_EQ(info->getSizeX(), x);
+        EXPECT_EQ(info->getSizeY(), y);
+        EXPECT_FALSE(info->getVolumeGeometry().is3d());
+    }
 }
 
-TEST(OutputBuild2dTest, isAPlanOfTheSize)
+TEST(OutputBuild3dTest, aBinaryVolumeOfTheSizeThatTheAttributeHolds)
 {
-    auto size = boost::make_shared<attr::InOutputImg2dSize>();
-    const auto info = outputBuild2d(size);
-    expectRaised(*info);
-    size->init(attr::createImg2dSize(30, 20));
-    expectBinaryImage(*info);
-    EXPECT_EQ(info->getSizeX(), 30U);
-    EXPECT_EQ(info->getSizeY(), 20U);
-    EXPECT_EQ(info->getVolumeGeometry(), image::VolumeGeometry());
-    const auto output = boost::make_shared<attr::OutBinImg>();
-    ASSERT_TRUE(customOutput(output, info)->initOutput());
-    EXPECT_EQ(output->getImage().getGeometry().toString(), "30x20x1x1x1 Binary");
-    size->init(attr::createImg2dSize(7, 0));
-    EXPECT_EQ(info->getSizeX(), 7U) << "the answer follows the attribute";
+    const auto size = boost::make_shared<attr::InOutputImg3dSize>();
+    const boost::shared_ptr<BaseCustomImageInfo> info = outputBuild3d(size);
+    for (const unsigned long z : {1UL, 0UL, 12UL}) {
+        size->init(attr::createImg3dSize(3, 4, z));
+        expectBuilt(*info);
+        EXPECT_EQ(info->getSizeX(), 3U);
+        EXPECT_EQ(info->getSizeY(), 4U);
+        EXPECT_TRUE(info->getVolumeGeometry().is3d());
+        EXPECT_EQ(info->getVolumeGeometry().getSizeZ(), z);
+    }
+}
+
+template <class TSize, class TInfo>
+void expectNullIsRefused(const TInfo& makeInfo)
+{
+    auto size = boost::make_shared<TSize>();
+    const boost::shared_ptr<BaseCustomImageInfo> info = makeInfo(size);
+    const auto expectRefused = [&](const BaseCustomImageInfo& asked) {
+        EXPECT_EQ(messageOf([&] { static_cast<void>(asked.getSizeX()); }), g_nullText);
+        EXPECT_EQ(messageOf([&] { static_cast<void>(asked.getSizeY()); }), g_nullText);
+        EXPECT_THROW(static_cast<void>(asked.getSizeX()), ORLIXIPLUtilityException);
+    };
+    expectRefused(*info); // unset
     size->init(nullptr);
-    expectRaised(*info);
+    expectRefused(*info); // null
     size.reset();
-    expectRaised(*info);
-    expectRaised(*outputBuild2d({}));
+    expectRefused(*info); // gone
+    expectRefused(*makeInfo(boost::shared_ptr<TSize>()));
 }
 
-TEST(OutputBuild3dTest, isAVolumeOfTheSize)
+TEST(OutputBuild2dTest, anAttributeThatHoldsNothingIsRefused)
 {
-    auto size = boost::make_shared<attr::InOutputImg3dSize>();
-    const auto info = outputBuild3d(size);
-    expectRaised(*info);
-    size->init(attr::createImg3dSize(30, 20, 1));
-    expectBinaryImage(*info);
-    EXPECT_EQ(info->getSizeX(), 30U);
-    EXPECT_EQ(info->getSizeY(), 20U);
-    EXPECT_TRUE(info->getVolumeGeometry().is3d());
-    EXPECT_EQ(info->getVolumeGeometry().getSizeZ(), 1U);
-    const auto output = boost::make_shared<attr::OutBinImg3d>();
-    ASSERT_TRUE(customOutput(output, info)->initOutput());
-    EXPECT_EQ(output->getImage().getGeometry().toString(), "30x20x1x1x1 Binary");
-    EXPECT_TRUE(output->getImage().getGeometry().getVolumeGeometry().is3d());
-    size.reset();
-    expectRaised(*info);
-    expectRaised(*outputBuild3d({}));
+    expectNullIsRefused<attr::InOutputImg2dSize>([](const auto& size) { return outputBuild2d(size); });
+}
+
+TEST(OutputBuild3dTest, anAttributeThatHoldsNothingIsRefused)
+{
+    const auto makeInfo = [](const auto& size) { return outputBuild3d(size); };
+    expectNullIsRefused<attr::InOutputImg3dSize>(makeInfo);
+    const auto unset = boost::make_shared<attr::InOutputImg3dSize>();
+    EXPECT_EQ(messageOf([&] { static_cast<void>(makeInfo(unset)->getVolumeGeometry()); }), g_nullText);
 }
 
 } // namespace
-} // namespace orlix::imaproc::util
+} // namespace orlix::imaproc::util::test

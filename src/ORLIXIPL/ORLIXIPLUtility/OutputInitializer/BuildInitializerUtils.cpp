@@ -1,7 +1,7 @@
 #include "ORLIXIPL/ORLIXIPLUtility/OutputInitializer/BuildInitializerUtils.h"
 
+#include "ORLIX/ORLIXUtil/Raise.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Logger/OutputInitializerLogMessages.h"
-#include "ORLIXIPL/ORLIXIPLUtility/Rule/LockAttribute.h"
 
 #include <boost/make_shared.hpp>
 
@@ -9,12 +9,12 @@ namespace orlix::imaproc::util {
 
 namespace {
 
-/// What both have in common: all but the sizes on z.
-template <class TSizeAttribute>
-class BuildOutputInitializer : public BaseFromImageCustomImageInfo
+/// What built images have in common, whatever their size.
+template <class TSize, class TRecord>
+class GetBuildOutputInitializer : public BaseFromImageCustomImageInfo
 {
 public:
-    explicit BuildOutputInitializer(const boost::weak_ptr<const TSizeAttribute>& size) : m_size(size)
+    explicit GetBuildOutputInitializer(const boost::weak_ptr<const TSize>& size) : m_size(size)
     {
         BaseCustomImageInfo::initBase();
     }
@@ -24,57 +24,63 @@ public:
     {
         return BaseCustomImageInfo::getImageBufferTypeVector();
     }
-    unsigned long getSizeX() const override { return lockSize(ORLIX_HERE)->getDataItemNode().X; }
-    unsigned long getSizeY() const override { return lockSize(ORLIX_HERE)->getDataItemNode().Y; }
+    unsigned long getSizeX() const override { return getSize().X; }
+    unsigned long getSizeY() const override { return getSize().Y; }
     image::ColorGeometry getColorGeometry() const override
     {
-        image::ColorGeometry geometry;
-        geometry.initGrey();
-        return geometry;
+        image::ColorGeometry grey;
+        grey.initGrey();
+        return grey;
     }
     image::TemporalGeometry getTemporalGeometry() const override
     {
-        image::TemporalGeometry geometry;
-        geometry.initSingle();
-        return geometry;
+        image::TemporalGeometry single;
+        single.initSingle();
+        return single;
     }
     bool hasInputImage() const override { return false; }
     ImageConstPtr getInputImage() const override { return {}; }
 
 protected:
-    boost::shared_ptr<const TSizeAttribute> lockSize(const SourcePlace& place) const
+    TRecord getSize() const
     {
-        return lockAttribute<eOutputInitializerMessage>(place, eOutputInitializerMessage::eInputAttributeNull, m_size);
+        // The processor that owns the attribute may go at any time, so the attribute is held while it is read.
+        const boost::shared_ptr<const TSize> size = m_size.lock();
+        if (!size || !size->isHeld()) {
+            raise<eOutputInitializerMessage>(ORLIX_HERE, eOutputInitializerMessage::eInputAttributeNull);
+        }
+        return size->getDataItemNode();
     }
 
 private:
-    boost::weak_ptr<const TSizeAttribute> m_size;
+    boost::weak_ptr<const TSize> m_size;
 };
 
-class GetBuild2dOutputInitializer final : public BuildOutputInitializer<attr::InOutputImg2dSize>
+class GetBuild2dOutputInitializer final
+    : public GetBuildOutputInitializer<attr::InOutputImg2dSize, attr::Img2dSizeRecord>
 {
 public:
-    using BuildOutputInitializer::BuildOutputInitializer;
+    using GetBuildOutputInitializer::GetBuildOutputInitializer;
 
     image::VolumeGeometry getVolumeGeometry() const override
     {
-        static_cast<void>(lockSize(ORLIX_HERE));
-        image::VolumeGeometry geometry;
-        geometry.init2d();
-        return geometry;
+        image::VolumeGeometry plan;
+        plan.init2d();
+        return plan;
     }
 };
 
-class GetBuild3dOutputInitializer final : public BuildOutputInitializer<attr::InOutputImg3dSize>
+class GetBuild3dOutputInitializer final
+    : public GetBuildOutputInitializer<attr::InOutputImg3dSize, attr::Img3dSizeRecord>
 {
 public:
-    using BuildOutputInitializer::BuildOutputInitializer;
+    using GetBuildOutputInitializer::GetBuildOutputInitializer;
 
     image::VolumeGeometry getVolumeGeometry() const override
     {
-        image::VolumeGeometry geometry;
-        geometry.init3d(lockSize(ORLIX_HERE)->getDataItemNode().Z);
-        return geometry;
+        image::VolumeGeometry volume;
+        volume.init3d(getSize().Z);
+        return volume;
     }
 };
 
