@@ -9,10 +9,7 @@
 #include "ORLIXIPL/ORLIXIPLUtility/Logger/RuleLogMessages.h"
 #include "ORLIXIPL/ORLIXIPLUtility/ORLIXIPLUtilityException.h"
 #include "ORLIXIPL/ORLIXIPLUtility/OutputInitializer/BuildInitializerUtils.h"
-<<<<<<< HEAD
 #include "ORLIXIPL/ORLIXIPLUtility/OutputInitializer/SliceInitializerUtils.h"
-=======
->>>>>>> main
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/BasicThresholdImg/BasicThresholdImgLvl1.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/BuildLines2dImg/BuildLines2dImg.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/BuildLines2dImg/BuildLines2dImgLvl1.h"
