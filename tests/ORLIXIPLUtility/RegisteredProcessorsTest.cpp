@@ -76,7 +76,31 @@ const std::vector<RegisteredProcessor> g_rows = {
     {"CopyImgLvl3", "CopyImg", "Image copy algorithm level 3", {"InYStrip2d", "OutYStrip2d"}},
     {"EraseImgLvl1", "EraseImg", "Image erasing algorithm level 1", {"InOptEraseValue", "OutImg"}},
     {"EraseImgLvl2", "EraseImg", "Image erasing algorithm level 2", {"InOptEraseValue", "OutSubImg2d"}},
-    {"EraseImgLvl3", "EraseImg", "Image erasing algorithm level 3", {"InOptEraseValue", "OutYStrip2d"}}};
+    {"EraseImgLvl3", "EraseImg", "Image erasing algorithm level 3", {"InOptEraseValue", "OutYStrip2d"}},
+    {"GetSlice3dImgLvl1",
+     "GetSlice3dImg",
+     "Level 1 algorithm: Creates a 2D image from a slice along a given axis (x, y, or z) of a 3D image",
+     {"InImg3d", "InAxis", "InSliceIndex", "OutImg2d"}},
+    {"GetSlice3dImgLvl2",
+     "GetSlice3dImg",
+     "Level 2 algorithm: Creates a 2D image from a slice along a given axis (x, y, or z) of a 3D image",
+     {"InSubImg3d", "InAxis", "InSliceIndex", "OutImg2d"}},
+    {"GetSlice3dImgLvl3",
+     "GetSlice3dImg",
+     "Level 3 algorithm: Creates a 2D image from a slice along a given axis (x, y, or z) of a 3D image",
+     {"InSubImg3d", "InAxis", "InSliceIndex", "OutYStrip2d"}},
+    {"PutSlice3dImgLvl1",
+     "PutSlice3dImg",
+     "Level 1 algorithm: Copies a 2D image in a 3D image as a slice in the input slice index along x, y or z",
+     {"InImg3d", "InImg2d", "InAxis", "InSliceIndex", "OutImg"}},
+    {"PutSlice3dImgLvl2",
+     "PutSlice3dImg",
+     "Level 2 algorithm: Copies a 2D image in a 3D image as a slice in the input slice index along x, y or z",
+     {"InSubImg3d", "InSubImg2d", "InAxis", "InSliceIndex", "OutImg"}},
+    {"PutSlice3dImgLvl3",
+     "PutSlice3dImg",
+     "Level 3 algorithm: Copies a 2D image in a 3D image as a slice in the input slice index along x, y or z",
+     {"InSubImg3d", "InYStrip2d", "InAxis", "InSliceIndex", "OutImg"}}};
 
 /// Those that the factory knows of this library.
 std::vector<std::string> registeredNames()
