@@ -1,6 +1,7 @@
 // Plan into volume: along z the plan is copied by CopyImgLvl2, else its strips go to PutSlice3dImgLvl3.
 #pragma once
 
+#include "ORLIX/ORLIXBaseProcessing/CallerCheck.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/CopyImg/CopyImgLvl2.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/PutSlice3dImg/PutSlice3dImgLvl3.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Rule/SliceRuleUtils.h"
@@ -10,7 +11,8 @@ namespace orlix::imaproc::util {
 class ORLIXIPLUTILITY_API PutSlice3dImgLvl2 final
     : public StripLevel<PutSlice3dImgLvl2, UtilityLibrary, PutSlice3dImgLvl3, SameForStrips<attr::InSubImg3d>,
                         ByYStrip<attr::InSubImg2d, attr::InYStrip2d>, SameForStrips<attr::InAxis>,
-                        SameForStrips<attr::InSliceIndex>, SameForStrips<attr::OutImg>>
+                        SameForStrips<attr::InSliceIndex>, SameForStrips<attr::OutImg>>,
+      public processor::CallerCheck
 {
 public:
     static constexpr processor::ProcessorText g_text{"PutSlice3dImgLvl2", eProcessorMessage::ePutSlice3dImgLvl2};
@@ -21,6 +23,9 @@ public:
 
     PutSlice3dImgLvl2();
     ~PutSlice3dImgLvl2() override;
+
+    /// The slice's place is one of the volume's, and both have the same element types.
+    ProcessingResult<bool> checkForCaller() const override;
 
     /// A pixel along x costs a cache line of the volume twice: it is read, and written back.
     template <class TValues>
