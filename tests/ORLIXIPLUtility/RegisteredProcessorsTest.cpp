@@ -52,7 +52,34 @@ const std::vector<RegisteredProcessor> g_rows = {
     {"CopyImgLvl3", "CopyImg", "Image copy algorithm level 3", {"InYStrip2d", "OutYStrip2d"}},
     {"EraseImgLvl1", "EraseImg", "Image erasing algorithm level 1", {"InOptEraseValue", "OutImg"}},
     {"EraseImgLvl2", "EraseImg", "Image erasing algorithm level 2", {"InOptEraseValue", "OutSubImg2d"}},
-    {"EraseImgLvl3", "EraseImg", "Image erasing algorithm level 3", {"InOptEraseValue", "OutYStrip2d"}}};
+    {"EraseImgLvl3", "EraseImg", "Image erasing algorithm level 3", {"InOptEraseValue", "OutYStrip2d"}},
+    {"GaussianRandomImgLvl1",
+     "GaussianRandomImg",
+     "Level 1 algorithm: initialization of an image with random values generated using a normal law",
+     {"InGaussianParameter", "OutImg"}},
+    {"GaussianRandomImgLvl2",
+     "GaussianRandomImg",
+     "Level 2 algorithm: initialization of an image with random values generated using a normal law",
+     {"InGaussianParameter", "OutSubImg2d"}},
+    {"GaussianRandomImgLvl3",
+     "GaussianRandomImg",
+     "Level 3 algorithm: initialization of an image with random values generated using a normal law",
+     {"InGaussianParameter", "OutYStrip2d"}},
+    {"RandomImgLvl1",
+     "RandomImg",
+     "Level 1 algorithm: initialization of an image with random values generated using a uniform law on interval "
+     "[RandomMin; RandomMax]",
+     {"InOptOutputRange", "OutImg"}},
+    {"RandomImgLvl2",
+     "RandomImg",
+     "Level 2 algorithm: initialization of an image with random values generated using a uniform law on interval "
+     "[RandomMin; RandomMax]",
+     {"InOutputRange", "OutSubImg2d"}},
+    {"RandomImgLvl3",
+     "RandomImg",
+     "Level 3 algorithm: initialization of an image with random values generated using a uniform law on interval "
+     "[RandomMin; RandomMax]",
+     {"InOutputRange", "OutYStrip2d"}}};
 
 /// Those that the factory knows of this library.
 std::vector<std::string> registeredNames()

@@ -15,7 +15,9 @@ const std::vector<MessageText>& MessageCatalogue<imaproc::util::eORLIXIPLUtility
 {
     using Message = imaproc::util::eORLIXIPLUtilityMessage;
     static const std::vector<MessageText> g_texts = {
-        {Message::eOutputImageNotInitialized, "The output image has not been initialized"}};
+        {Message::eOutputImageNotInitialized, "The output image has not been initialized"},
+        {Message::ePartOfLines, "The part has %d pixels on axis x, the whole %d: a part has whole lines"},
+        {Message::ePartOutside, "The part has %s size %d from %d on, the whole has %d: give a part that lies within"}};
     return g_texts;
 }
 

@@ -10,7 +10,11 @@ namespace orlix::imaproc::util {
 
 struct eORLIXIPLUtilityMessage
 {
-    enum domain { eOutputImageNotInitialized = 0 };
+    enum domain {
+        eOutputImageNotInitialized = 0,
+        ePartOfLines = 1, ///< size of the part, of the whole
+        ePartOutside = 2  ///< axis, size of the part, its first, size of the whole
+    };
     ORLIX_ENUMERATION(eORLIXIPLUtilityMessage, eOutputImageNotInitialized);
 };
 
