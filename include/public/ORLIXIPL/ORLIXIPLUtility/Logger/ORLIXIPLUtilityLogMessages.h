@@ -12,8 +12,9 @@ struct eORLIXIPLUtilityMessage
 {
     enum domain {
         eOutputImageNotInitialized = 0,
-        ePartOfLines = 1, ///< size of the part, of the whole
-        ePartOutside = 2  ///< axis, size of the part, its first, size of the whole
+        ePartBeyondWhole = 1, ///< geometry, first x, y, z, sizes of the whole along x, y, z
+        ePartOfLines = 2,     ///< size of the part, of the whole
+        ePartOutside = 3      ///< axis, size of the part, its first, size of the whole
     };
     ORLIX_ENUMERATION(eORLIXIPLUtilityMessage, eOutputImageNotInitialized);
 };
