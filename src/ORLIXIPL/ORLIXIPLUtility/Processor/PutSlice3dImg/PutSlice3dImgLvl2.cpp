@@ -28,9 +28,9 @@ ProcessingResult<bool> PutSlice3dImgLvl2::checkForCaller() const
 processor::ProviderResult PutSlice3dImgLvl2::retrieveProvider(const core::BasePriority& priority,
                                                               boost::shared_ptr<core::BaseActionProvider>& provider)
 {
-    const eAxis axis = accessAttribute<attr::InAxis>()->getValue();
-    return axis == eAxis::eX || axis == eAxis::eY ? DispatchLevel::retrieveProvider(priority, provider)
-                                                  : copyXY(priority, provider);
+    return isCutByLevel3(accessAttribute<attr::InAxis>()->getValue())
+               ? DispatchLevel::retrieveProvider(priority, provider)
+               : copyXY(priority, provider);
 }
 
 processor::ProviderResult PutSlice3dImgLvl2::copyXY(const core::BasePriority& priority,

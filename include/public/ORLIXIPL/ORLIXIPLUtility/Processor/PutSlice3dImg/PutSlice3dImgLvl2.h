@@ -3,8 +3,10 @@
 
 #include "ORLIX/ORLIXBaseProcessing/CallerCheck.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/CopyImg/CopyImgLvl2.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Processor/CopyImg/CopyStraight.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/PutSlice3dImg/PutSlice3dImgLvl3.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Rule/SliceRuleUtils.h"
+#include "ORLIXIPL/ORLIXImage/SubImage.h"
 
 namespace orlix::imaproc::util {
 
@@ -36,11 +38,35 @@ public:
                bytesPerSliceByte(*processor::pointerTo(values.template get<attr::InSubImg3d>()), axis);
     }
 
+    /// Those of the frame, and for a slice along z, which the frame's rows don't tell, the copy of a plan.
+    template <class TValues>
+    static bool isStraight(const TValues& values)
+    {
+        if (isCutByLevel3(values.template get<attr::InAxis>())) {
+            return DispatchLevel::isStraight(values);
+        }
+        const image::BaseImage& volume = *processor::pointerTo(values.template get<attr::OutImg>());
+        return values.template get<attr::InSliceIndex>() < volume.getSizeZ() &&
+               isStraightCopy(*processor::pointerTo(values.template get<attr::InSubImg2d>()), volume);
+    }
+    template <class TValues>
+    static ProcessingResult<bool> runStraight(const TValues& values)
+    {
+        if (isCutByLevel3(values.template get<attr::InAxis>())) {
+            return DispatchLevel::runStraight(values);
+        }
+        const image::BaseImage& volume = *processor::pointerTo(values.template get<attr::OutImg>());
+        image::SubImage plan(volume, image::planGeometry(volume, 0), values.template get<attr::InSliceIndex>(), 0, 0);
+        return copyStraight(*processor::pointerTo(values.template get<attr::InSubImg2d>()), plan);
+    }
+
 protected:
     processor::ProviderResult retrieveProvider(const core::BasePriority& priority,
                                                boost::shared_ptr<core::BaseActionProvider>& provider) override;
 
 private:
+    static bool isCutByLevel3(const eAxis& axis) { return axis == eAxis::eX || axis == eAxis::eY; }
+
     processor::ProviderResult copyXY(const core::BasePriority& priority,
                                      boost::shared_ptr<core::BaseActionProvider>& provider);
 
