@@ -60,7 +60,9 @@ const std::vector<MessageText>& MessageCatalogue<eCommandMessage>::texts()
          "--compression: %s is not built into the TIFF library of this system; use one of %s"},
         {eCommandMessage::eValueMissing, "%s needs a value; `%s --help` tells more"},
         {eCommandMessage::eNoValueTaken, "%s takes no value; `%s --help` tells more"},
-        {eCommandMessage::eNoFileName, "the name of a file is empty; give one"}};
+        {eCommandMessage::eNoFileName, "the name of a file is empty; give one"},
+        {eCommandMessage::eNoSize, "the new image needs --size W,H and --type TYPE, or --like IMAGE"},
+        {eCommandMessage::eSizeTwice, "--like tells the size too: leave --size out"}};
     return g_texts;
 }
 

@@ -50,7 +50,9 @@ struct eCommandMessage
         eNoCodec = 30,            ///< what was given, compressions that can be had
         eValueMissing = 31,       ///< option, command
         eNoValueTaken = 32,       ///< option, command
-        eNoFileName = 33
+        eNoFileName = 33,
+        eNoSize = 34,
+        eSizeTwice = 35
     };
     ORLIX_ENUMERATION(eCommandMessage, eBadArguments);
 };
