@@ -61,6 +61,8 @@ const std::vector<MessageText>& MessageCatalogue<eCommandMessage>::texts()
         {eCommandMessage::eValueMissing, "%s needs a value; `%s --help` tells more"},
         {eCommandMessage::eNoValueTaken, "%s takes no value; `%s --help` tells more"},
         {eCommandMessage::eNoFileName, "the name of a file is empty; give one"},
+        {eCommandMessage::eNoSize, "the new image needs --size W,H and --type TYPE, or --like IMAGE"},
+        {eCommandMessage::eSizeTwice, "--like tells the size too: leave --size out"},
         {eCommandMessage::eNoRegion,
          "a region is needed: add --at, --size or --region; `orlix crop --help` tells more"},
         {eCommandMessage::eRegionTwice, "--region tells what %s tells too; leave one out"},

@@ -9,6 +9,8 @@
     verb(threshold)                                                                                                    \
     verb(erase)                                                                                                        \
     verb(crop)                                                                                                         \
+    verb(random)                                                                                                       \
+    verb(normal)                                                                                                       \
     verb(compare)                                                                                                      \
     verb(run)                                                                                                          \
     verb(processors)
