@@ -9,6 +9,8 @@
     verb(threshold)                                                                                                    \
     verb(erase)                                                                                                        \
     verb(crop)                                                                                                         \
+    verb(slice)                                                                                                        \
+    verb(putslice)                                                                                                     \
     verb(random)                                                                                                       \
     verb(normal)                                                                                                       \
     verb(compare)                                                                                                      \
