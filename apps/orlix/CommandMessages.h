@@ -50,7 +50,21 @@ struct eCommandMessage
         eNoCodec = 30,            ///< what was given, compressions that can be had
         eValueMissing = 31,       ///< option, command
         eNoValueTaken = 32,       ///< option, command
-        eNoFileName = 33
+        eNoFileName = 33,
+        eTableNotRead = 34,    ///< table, reason of the system
+        eTableTooLarge = 35,   ///< table, largest size in MiB
+        eTableHasValues = 36,  ///< table, line
+        eTableNotWritten = 37, ///< table, reason
+        eColumnTwice = 38,     ///< table, line, column
+        eColumnsMissing = 39,  ///< table, line, what it says
+        eFieldCount = 40,      ///< place, count, count, what the line says
+        eBadField = 41,        ///< place, column, what is expected, what was found
+        ePlanNotTold = 42,     ///< image, geometry, table, columns
+        eNoSuchPlan = 43,      ///< place, z, c, t, image, geometry
+        ePointOutside = 44,    ///< place, point, image, first point, last point
+        eMirrorNeedsTiles = 45,
+        eNotCalibrated = 46, ///< image
+        eRotated = 47        ///< image
     };
     ORLIX_ENUMERATION(eCommandMessage, eBadArguments);
 };

@@ -9,6 +9,7 @@
     verb(threshold)                                                                                                    \
     verb(erase)                                                                                                        \
     verb(compare)                                                                                                      \
+    verb(values)                                                                                                       \
     verb(run)                                                                                                          \
     verb(processors)
 // clang-format on

@@ -16,6 +16,7 @@
 #include "ORLIX/ORLIXBaseProcessing/BaseRule.h"
 #include "ORLIX/ORLIXBaseProcessing/BaseValueAttributes.h"
 #include "ORLIX/ORLIXBaseProcessing/ClassStatics.h"
+#include "ORLIX/ORLIXBaseProcessing/CollSizeRule.h"
 #include "ORLIX/ORLIXBaseProcessing/CsvReader.h"
 #include "ORLIX/ORLIXBaseProcessing/DataItemAttributes.h"
 #include "ORLIX/ORLIXBaseProcessing/DataItemTable.h"

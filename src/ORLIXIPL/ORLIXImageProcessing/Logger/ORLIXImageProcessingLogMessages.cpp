@@ -30,7 +30,12 @@ const std::vector<MessageText>& MessageCatalogue<imaproc::eImageRuleMessage>::te
         {Message::eTypeDiffers, "%s is %s, %s is %s: element types have to be the same"},
         {Message::ePropertyDiffers, "%s is %s, but needs %s"},
         {Message::ePropertyWithoutInput,
-         "There is no image from which another one's properties follow: set it, and keep the processor that holds it"}};
+         "There is no image from which another one's properties follow: set it, and keep the processor that holds it"},
+        {Message::ePlansDiffer,
+         "%s is for %d plans of %d channels at %d times, but %s is %s: give an entry to each of its plans"},
+        {Message::eVolumesDiffer,
+         "%s is for %d plans of %d channels at %d times, but %s is %s: give an entry to each of "
+         "its volumes, at plan 0"}};
     return g_texts;
 }
 

@@ -25,7 +25,9 @@ struct eImageRuleMessage
         eNotOfFixedType = 10,        ///< attribute, geometry, type
         eTypeDiffers = 11,           ///< attribute, geometry or type, attribute, geometry or type
         ePropertyDiffers = 12,       ///< attribute, geometry, differences
-        ePropertyWithoutInput = 13
+        ePropertyWithoutInput = 13,
+        ePlansDiffer = 14,  ///< attribute, sizes on z, c, t, attribute, geometry
+        eVolumesDiffer = 15 ///< attribute, sizes on z, c, t, attribute, geometry
     };
     ORLIX_ENUMERATION(eImageRuleMessage, eSizeOrTypeDiffers);
 };
