@@ -1,0 +1,34 @@
+#include "ORLIX/ORLIXBaseProcessing/ProcessorRegistration.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Processor/BuildLines2dImg/BuildLines2dImgLvl3.kernel.h"
+
+#include <cmath>
+
+namespace orlix::imaproc::util {
+
+ORLIX_KERNEL_TABLE(BuildLines2dImgLvl3, plain, Untyped)
+
+namespace {
+
+const processor::ProcessorRegistration<BuildLines2dImgLvl3, eProcessorMessage>
+    g_registration(BuildLines2dImgLvl3Kernels::g_tables);
+
+} // namespace
+
+BuildLines2dImgLvl3::BuildLines2dImgLvl3() = default;
+BuildLines2dImgLvl3::~BuildLines2dImgLvl3() = default;
+
+processor::StepResult BuildLines2dImgLvl3::preProcess()
+{
+    const float theta = accessAttribute<attr::InTheta>()->getValue();
+    ::sincosf(theta, &m_sine, &m_cosine);
+    m_spacing = toLineSpacing(accessAttribute<attr::InOffset>()->getValue(), std::isfinite(theta) ? 1.0F : 0.0F);
+    const image::BaseImageYStrip2d& strip = accessAttribute<attr::OutBinYStrip2d>()->accessStrip();
+    m_firstX = 0;
+    m_firstY = strip.getStripStartOffsetY();
+    const float width = static_cast<float>(strip.getSizeX());
+    const float height = static_cast<float>(strip.getImageSizeY());
+    m_centre = height * 0.5F * m_cosine - width * 0.5F * m_sine;
+    return processor::StepResult::success();
+}
+
+} // namespace orlix::imaproc::util

@@ -1,0 +1,52 @@
+#include "ORLIXIPL/ORLIXIPLUtility/Processor/BuildLines3dImg/BuildLines3dImg.h"
+
+#include "ORLIX/ORLIXBaseProcessing/OperatorCall.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Processor/BuildLines3dImg/BuildLines3dImgLvl1.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Processor/ImageToBuild.h"
+
+namespace orlix::imaproc::util {
+
+ImagePtr buildLines3dImg(unsigned long sizeX, unsigned long sizeY, unsigned long sizeZ, float theta, float phi,
+                         float alpha, float offset)
+{
+    return processor::runForOutput<BuildLines3dImgLvl1, attr::OutBinImg3d>(
+        processor::with<attr::InOutputImg3dSize>(attr::createImg3dSize(sizeX, sizeY, sizeZ)),
+        processor::with<attr::InTheta>(theta), processor::with<attr::InPhi>(phi), processor::with<attr::InAlpha>(alpha),
+        processor::with<attr::InOffset>(static_cast<double>(offset)));
+}
+
+void buildLines3dImg(float theta, float phi, float alpha, float offset, const ImagePtr& outImg)
+{
+    const image::BaseImage& out = accessImageToBuild(outImg);
+    processor::run<BuildLines3dImgLvl1>(
+        processor::with<attr::InOutputImg3dSize>(attr::createImg3dSize(out.getSizeX(), out.getSizeY(), out.getSizeZ())),
+        processor::with<attr::InTheta>(theta), processor::with<attr::InPhi>(phi), processor::with<attr::InAlpha>(alpha),
+        processor::with<attr::InOffset>(static_cast<double>(offset)), processor::with<attr::OutBinImg3d>(outImg));
+}
+
+boost::shared_ptr<BuildLines3dImgLvl1> buildLines3dImg_async(unsigned long sizeX, unsigned long sizeY,
+                                                             unsigned long sizeZ, float theta, float phi, float alpha,
+                                                             float offset)
+{
+    return processor::start<BuildLines3dImgLvl1>(
+        processor::with<attr::InOutputImg3dSize>(attr::createImg3dSize(sizeX, sizeY, sizeZ)),
+        processor::with<attr::InTheta>(theta), processor::with<attr::InPhi>(phi), processor::with<attr::InAlpha>(alpha),
+        processor::with<attr::InOffset>(static_cast<double>(offset)));
+}
+
+boost::shared_ptr<BuildLines3dImgLvl1> buildLines3dImg_async(float theta, float phi, float alpha, float offset,
+                                                             const ImagePtr& outImg)
+{
+    const image::BaseImage& out = accessImageToBuild(outImg);
+    return processor::start<BuildLines3dImgLvl1>(
+        processor::with<attr::InOutputImg3dSize>(attr::createImg3dSize(out.getSizeX(), out.getSizeY(), out.getSizeZ())),
+        processor::with<attr::InTheta>(theta), processor::with<attr::InPhi>(phi), processor::with<attr::InAlpha>(alpha),
+        processor::with<attr::InOffset>(static_cast<double>(offset)), processor::with<attr::OutBinImg3d>(outImg));
+}
+
+ImagePtr getAsyncProcessorOutput(boost::shared_ptr<BuildLines3dImgLvl1> processor)
+{
+    return processor::outputOf<attr::OutBinImg3d>(processor);
+}
+
+} // namespace orlix::imaproc::util
