@@ -22,7 +22,8 @@ inline CutCoordinate cutCoordinate(double coordinate)
         whole -= coordinate < static_cast<double>(whole) ? 1 : 0;
         return {static_cast<unsigned long>(whole), coordinate - static_cast<double>(whole)};
     }
-    return {math::truncateToUnsigned(coordinate), coordinate - coordinate};
+    // What 64 bits can't hold must not come out as 0, a place in the image.
+    return {coordinate < 0x1p64 ? math::truncateToUnsigned(coordinate) : 1UL << 63, coordinate - coordinate};
 }
 
 /// A point cut along each axis.
