@@ -110,7 +110,31 @@ const std::vector<RegisteredProcessor> g_rows = {
     {"ExtractImg3dValuesTiledLvl3",
      "ExtractImg3dValues",
      "Level 3 algorithm: extract values at specific coordinates from a 3d image",
-     {"InTile3dColl", "InInterpolationPolicy", "InOutVoxels3d"}}};
+     {"InTile3dColl", "InInterpolationPolicy", "InOutVoxels3d"}},
+    {"GetSlice3dImgLvl1",
+     "GetSlice3dImg",
+     "Level 1 algorithm: Creates a 2D image from a slice along a given axis (x, y, or z) of a 3D image",
+     {"InImg3d", "InAxis", "InSliceIndex", "OutImg2d"}},
+    {"GetSlice3dImgLvl2",
+     "GetSlice3dImg",
+     "Level 2 algorithm: Creates a 2D image from a slice along a given axis (x, y, or z) of a 3D image",
+     {"InSubImg3d", "InAxis", "InSliceIndex", "OutImg2d"}},
+    {"GetSlice3dImgLvl3",
+     "GetSlice3dImg",
+     "Level 3 algorithm: Creates a 2D image from a slice along a given axis (x, y, or z) of a 3D image",
+     {"InSubImg3d", "InAxis", "InSliceIndex", "OutYStrip2d"}},
+    {"PutSlice3dImgLvl1",
+     "PutSlice3dImg",
+     "Level 1 algorithm: Copies a 2D image in a 3D image as a slice in the input slice index along x, y or z",
+     {"InImg3d", "InImg2d", "InAxis", "InSliceIndex", "OutImg"}},
+    {"PutSlice3dImgLvl2",
+     "PutSlice3dImg",
+     "Level 2 algorithm: Copies a 2D image in a 3D image as a slice in the input slice index along x, y or z",
+     {"InSubImg3d", "InSubImg2d", "InAxis", "InSliceIndex", "OutImg"}},
+    {"PutSlice3dImgLvl3",
+     "PutSlice3dImg",
+     "Level 3 algorithm: Copies a 2D image in a 3D image as a slice in the input slice index along x, y or z",
+     {"InSubImg3d", "InYStrip2d", "InAxis", "InSliceIndex", "OutImg"}}};
 
 /// Those that the factory knows of this library.
 std::vector<std::string> registeredNames()

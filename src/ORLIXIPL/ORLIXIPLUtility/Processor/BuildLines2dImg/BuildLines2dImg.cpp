@@ -3,6 +3,7 @@
 #include "ORLIX/ORLIXBaseProcessing/OperatorCall.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/BuildLines2dImg/BuildLines2dImgLvl1.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/ImageToBuild.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Processor/LinePart.h"
 
 namespace orlix::imaproc::util {
 
@@ -20,6 +21,24 @@ void buildLines2dImg(float theta, float offset, const ImagePtr& outImg)
         processor::with<attr::InOutputImg2dSize>(attr::createImg2dSize(out.getSizeX(), out.getSizeY())),
         processor::with<attr::InTheta>(theta), processor::with<attr::InOffset>(static_cast<double>(offset)),
         processor::with<attr::OutBinImg>(outImg));
+}
+
+void buildLines2dImgPart(const attr::Img2dSizeRecord& whole, const attr::Img2dOffsetRecord& first, float theta,
+                         float offset, const ImagePtr& outImg)
+{
+    const image::BaseImage& out = accessImageToBuild(outImg);
+    checkRule<BuildLines2dImgLvl1>(
+        processor::with<attr::InOutputImg2dSize>(attr::createImg2dSize(out.getSizeX(), out.getSizeY())),
+        processor::with<attr::OutBinImg>(outImg));
+    checkPart(out, {whole.X, whole.Y, out.getSizeZ()}, {first.X, first.Y, 0});
+    forEachPieceOfPlans(out, [&](const ImagePtr& plan, unsigned long firstLine, unsigned long nbLines) {
+        const auto level = makeLevel<BuildLines2dImgLvl3>();
+        level->set<attr::InTheta>(theta);
+        level->set<attr::InOffset>(static_cast<double>(offset));
+        level->drawPartOf(whole, first);
+        level->set<attr::OutBinYStrip2d>(boost::make_shared<image::OutputImageYStrip2d>(*plan, firstLine, nbLines));
+        processor::executeSyncRun(level);
+    });
 }
 
 boost::shared_ptr<BuildLines2dImgLvl1> buildLines2dImg_async(unsigned long sizeX, unsigned long sizeY, float theta,

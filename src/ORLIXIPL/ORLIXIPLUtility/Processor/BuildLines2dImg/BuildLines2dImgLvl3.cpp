@@ -17,16 +17,22 @@ const processor::ProcessorRegistration<BuildLines2dImgLvl3, eProcessorMessage>
 BuildLines2dImgLvl3::BuildLines2dImgLvl3() = default;
 BuildLines2dImgLvl3::~BuildLines2dImgLvl3() = default;
 
+void BuildLines2dImgLvl3::drawPartOf(const attr::Img2dSizeRecord& whole, const attr::Img2dOffsetRecord& first)
+{
+    m_part = Part{whole, first};
+}
+
 processor::StepResult BuildLines2dImgLvl3::preProcess()
 {
     const float theta = accessAttribute<attr::InTheta>()->getValue();
     ::sincosf(theta, &m_sine, &m_cosine);
     m_spacing = toLineSpacing(accessAttribute<attr::InOffset>()->getValue(), std::isfinite(theta) ? 1.0F : 0.0F);
     const image::BaseImageYStrip2d& strip = accessAttribute<attr::OutBinYStrip2d>()->accessStrip();
-    m_firstX = 0;
-    m_firstY = strip.getStripStartOffsetY();
-    const float width = static_cast<float>(strip.getSizeX());
-    const float height = static_cast<float>(strip.getImageSizeY());
+    const Part part = m_part ? *m_part : Part{{strip.getSizeX(), strip.getImageSizeY()}, {}};
+    m_firstX = part.first.X;
+    m_firstY = part.first.Y + strip.getStripStartOffsetY();
+    const float width = static_cast<float>(part.whole.X);
+    const float height = static_cast<float>(part.whole.Y);
     m_centre = height * 0.5F * m_cosine - width * 0.5F * m_sine;
     return processor::StepResult::success();
 }

@@ -20,6 +20,11 @@ constexpr float g_denseLattice = 0.5F;
 BuildLines3dImgLvl3::BuildLines3dImgLvl3() = default;
 BuildLines3dImgLvl3::~BuildLines3dImgLvl3() = default;
 
+void BuildLines3dImgLvl3::drawPartOf(const attr::Img3dSizeRecord& whole, const attr::Img3dOffsetRecord& first)
+{
+    m_part = Part{whole, first};
+}
+
 processor::StepResult BuildLines3dImgLvl3::preProcess()
 {
     const float theta = accessAttribute<attr::InTheta>()->getValue();
@@ -31,13 +36,14 @@ processor::StepResult BuildLines3dImgLvl3::preProcess()
     const bool bAngles = std::isfinite(theta) && std::isfinite(phi) && std::isfinite(alpha);
     m_spacing = toLineSpacing(accessAttribute<attr::InOffset>()->getValue(), bAngles ? g_denseLattice : 0.0F);
     const image::BaseImageZStrip3d& strip = accessAttribute<attr::OutBinZStrip3d>()->accessStrip();
+    const Part part = m_part ? *m_part : Part{{strip.getSizeX(), strip.getSizeY(), strip.getImageSizeZ()}, {}};
     m_sizeY = strip.getSizeY();
-    m_firstX = 0;
-    m_firstY = 0;
-    m_firstZ = strip.getStripStartOffsetZ();
-    m_centreX = static_cast<float>(strip.getSizeX() >> 1);
-    m_centreY = static_cast<float>(strip.getSizeY() >> 1);
-    m_centreZ = static_cast<float>(strip.getImageSizeZ() >> 1);
+    m_firstX = part.first.X;
+    m_firstY = part.first.Y;
+    m_firstZ = part.first.Z + strip.getStripStartOffsetZ();
+    m_centreX = static_cast<float>(part.whole.X >> 1);
+    m_centreY = static_cast<float>(part.whole.Y >> 1);
+    m_centreZ = static_cast<float>(part.whole.Z >> 1);
     return processor::StepResult::success();
 }
 

@@ -1,6 +1,8 @@
 // buildLines2dImg: parallel straight lines, one pixel wide, as a binary image.
 #pragma once
 
+#include "ORLIXIPL/ORLIXIPLAttributes/DataItem/ImgOffset.h"
+#include "ORLIXIPL/ORLIXIPLAttributes/DataItem/ImgSize.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Export.h"
 #include "ORLIXIPL/ORLIXImage/BaseImage.h"
 
@@ -29,7 +31,19 @@ class BuildLines2dImgLvl1; // to wait for an asynchronous run, include its heade
 /// threads  as above; `outImg` is written and belongs to this call until it returns
 ORLIXIPLUTILITY_API void buildLines2dImg(float theta, float offset, const ImagePtr& outImg);
 
-/// The same two, started and left running. A null image throws as above; errors of the run are what `wait()` returns.
+/// The same into an image that is a part of a larger one: pixel (0, 0) of each of its plans is pixel `first` of one of
+/// size `whole`. Equal to that part cut out of the whole, which is made nowhere: so an image that no memory holds can
+/// be made part by part.
+///
+///     buildLines2dImgPart({100'000, 100'000}, {0, 4096}, theta, offset, lines4096to8191);
+/// shapes   out (X, Y, Z, C, T), binary
+/// errors   as above; a part that reaches beyond the whole: ORLIXIPLUtilityException
+/// threads  as above
+ORLIXIPLUTILITY_API void buildLines2dImgPart(const attr::Img2dSizeRecord& whole, const attr::Img2dOffsetRecord& first,
+                                             float theta, float offset, const ImagePtr& outImg);
+
+/// The forms for whole images, started and left running. A null image throws as above; errors of the run are what
+/// `wait()` returns.
 [[nodiscard]] ORLIXIPLUTILITY_API boost::shared_ptr<BuildLines2dImgLvl1>
 buildLines2dImg_async(unsigned long sizeX, unsigned long sizeY, float theta, float offset);
 ORLIXIPLUTILITY_API boost::shared_ptr<BuildLines2dImgLvl1> buildLines2dImg_async(float theta, float offset,

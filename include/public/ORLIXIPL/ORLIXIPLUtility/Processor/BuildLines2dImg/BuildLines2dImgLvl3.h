@@ -1,11 +1,15 @@
 // Lines into a strip, by a kernel chosen by instruction set.
 #pragma once
 
+#include "ORLIXIPL/ORLIXIPLAttributes/DataItem/ImgOffset.h"
+#include "ORLIXIPL/ORLIXIPLAttributes/DataItem/ImgSize.h"
 #include "ORLIXIPL/ORLIXIPLAttributes/StripAttributes.h"
 #include "ORLIXIPL/ORLIXIPLAttributes/ValueAttributes.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/LineSpacing.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/UtilityLibrary.h"
 #include "ORLIXIPL/ORLIXImageProcessing/Level/KernelLevel.h"
+
+#include <optional>
 
 namespace orlix::imaproc::util {
 
@@ -21,6 +25,10 @@ public:
     BuildLines2dImgLvl3();
     ~BuildLines2dImgLvl3() override;
 
+    /// From now on, what strips are of counts as a part of a image of size `whole`: its pixel (0, 0) is pixel `first`
+    /// of that, whose lines are drawn.
+    void drawPartOf(const attr::Img2dSizeRecord& whole, const attr::Img2dOffsetRecord& first);
+
     /// Draws `info.nbElements` pixels of a line, and nothing behind them, with instruction set ISA: 1 where a pixel is
     /// within half a pixel of the nearest line, 0 elsewhere. Its distance to the line through the centre is
     /// (y - H / 2) cos(theta) - (x - W / 2) sin(theta) for an image of W x H pixels, in single precision.
@@ -32,6 +40,13 @@ protected:
     processor::StepResult preProcess() override;
 
 private:
+    struct Part
+    {
+        attr::Img2dSizeRecord whole;
+        attr::Img2dOffsetRecord first;
+    };
+
+    std::optional<Part> m_part;
     LineSpacing m_spacing{};
     unsigned long m_firstX = 0; ///< of the strip's pixels in the image whose centre counts
     unsigned long m_firstY = 0;

@@ -1,6 +1,8 @@
 // buildLines3dImg: parallel straight lines, one pixel wide, as a binary volume.
 #pragma once
 
+#include "ORLIXIPL/ORLIXIPLAttributes/DataItem/ImgOffset.h"
+#include "ORLIXIPL/ORLIXIPLAttributes/DataItem/ImgSize.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Export.h"
 #include "ORLIXIPL/ORLIXImage/BaseImage.h"
 
@@ -37,7 +39,19 @@ class BuildLines3dImgLvl1; // to wait for an asynchronous run, include its heade
 /// threads  as above; `outImg` is written and belongs to this call until it returns
 ORLIXIPLUTILITY_API void buildLines3dImg(float theta, float phi, float alpha, float offset, const ImagePtr& outImg);
 
-/// The same two, started and left running. A null image throws as above; errors of the run are what `wait()` returns.
+/// The same into a volume that is a part of a larger one: voxel (0, 0, 0) of each of its volumes is voxel `first` of
+/// one of size `whole`. Equal to that part cut out of the whole, which is made nowhere: so a volume that no memory
+/// holds can be made part by part.
+///
+///     buildLines3dImgPart({4000, 4000, 4000}, {0, 0, 64}, theta, phi, alpha, offset, plans64to127);
+/// shapes   out (X, Y, Z, C, T), a volume, binary
+/// errors   as above; a part that reaches beyond the whole: ORLIXIPLUtilityException
+/// threads  as above
+ORLIXIPLUTILITY_API void buildLines3dImgPart(const attr::Img3dSizeRecord& whole, const attr::Img3dOffsetRecord& first,
+                                             float theta, float phi, float alpha, float offset, const ImagePtr& outImg);
+
+/// The forms for whole images, started and left running. A null image throws as above; errors of the run are what
+/// `wait()` returns.
 [[nodiscard]] ORLIXIPLUTILITY_API boost::shared_ptr<BuildLines3dImgLvl1>
 buildLines3dImg_async(unsigned long sizeX, unsigned long sizeY, unsigned long sizeZ, float theta, float phi,
                       float alpha, float offset);

@@ -1,11 +1,15 @@
 // Lines into a strip of a volume, by a kernel chosen by instruction set.
 #pragma once
 
+#include "ORLIXIPL/ORLIXIPLAttributes/DataItem/ImgOffset.h"
+#include "ORLIXIPL/ORLIXIPLAttributes/DataItem/ImgSize.h"
 #include "ORLIXIPL/ORLIXIPLAttributes/StripAttributes.h"
 #include "ORLIXIPL/ORLIXIPLAttributes/ValueAttributes.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/LineSpacing.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/UtilityLibrary.h"
 #include "ORLIXIPL/ORLIXImageProcessing/Level/KernelLevel.h"
+
+#include <optional>
 
 namespace orlix::imaproc::util {
 
@@ -21,6 +25,10 @@ public:
     BuildLines3dImgLvl3();
     ~BuildLines3dImgLvl3() override;
 
+    /// From now on, what strips are of counts as a part of a volume of size `whole`: its voxel (0, 0, 0) is voxel
+    /// `first` of that, whose lines are drawn.
+    void drawPartOf(const attr::Img3dSizeRecord& whole, const attr::Img3dOffsetRecord& first);
+
     /// Draws `info.nbElements` voxels of a line, and nothing behind them, with instruction set ISA: 1 where both of a
     /// voxel's distances to the nearest line, across it, are within half a pixel, 0 elsewhere. In single precision.
     template <eInstructionSet::domain ISA>
@@ -31,12 +39,19 @@ protected:
     processor::StepResult preProcess() override;
 
 private:
+    struct Part
+    {
+        attr::Img3dSizeRecord whole;
+        attr::Img3dOffsetRecord first;
+    };
+
     struct Angle
     {
         float sine;
         float cosine;
     };
 
+    std::optional<Part> m_part;
     LineSpacing m_spacing{};
     unsigned long m_firstX = 0; ///< of the strip's voxels in the volume whose centre counts
     unsigned long m_firstY = 0;
