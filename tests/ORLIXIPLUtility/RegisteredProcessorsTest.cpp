@@ -111,6 +111,18 @@ const std::vector<RegisteredProcessor> g_rows = {
      "ExtractImg3dValues",
      "Level 3 algorithm: extract values at specific coordinates from a 3d image",
      {"InTile3dColl", "InInterpolationPolicy", "InOutVoxels3d"}},
+    {"GaussianRandomImgLvl1",
+     "GaussianRandomImg",
+     "Level 1 algorithm: initialization of an image with random values generated using a normal law",
+     {"InGaussianParameter", "OutImg"}},
+    {"GaussianRandomImgLvl2",
+     "GaussianRandomImg",
+     "Level 2 algorithm: initialization of an image with random values generated using a normal law",
+     {"InGaussianParameter", "OutSubImg2d"}},
+    {"GaussianRandomImgLvl3",
+     "GaussianRandomImg",
+     "Level 3 algorithm: initialization of an image with random values generated using a normal law",
+     {"InGaussianParameter", "OutYStrip2d"}},
     {"GetSlice3dImgLvl1",
      "GetSlice3dImg",
      "Level 1 algorithm: Creates a 2D image from a slice along a given axis (x, y, or z) of a 3D image",
@@ -134,7 +146,22 @@ const std::vector<RegisteredProcessor> g_rows = {
     {"PutSlice3dImgLvl3",
      "PutSlice3dImg",
      "Level 3 algorithm: Copies a 2D image in a 3D image as a slice in the input slice index along x, y or z",
-     {"InSubImg3d", "InYStrip2d", "InAxis", "InSliceIndex", "OutImg"}}};
+     {"InSubImg3d", "InYStrip2d", "InAxis", "InSliceIndex", "OutImg"}},
+    {"RandomImgLvl1",
+     "RandomImg",
+     "Level 1 algorithm: initialization of an image with random values generated using a uniform law on interval "
+     "[RandomMin; RandomMax]",
+     {"InOptOutputRange", "OutImg"}},
+    {"RandomImgLvl2",
+     "RandomImg",
+     "Level 2 algorithm: initialization of an image with random values generated using a uniform law on interval "
+     "[RandomMin; RandomMax]",
+     {"InOutputRange", "OutSubImg2d"}},
+    {"RandomImgLvl3",
+     "RandomImg",
+     "Level 3 algorithm: initialization of an image with random values generated using a uniform law on interval "
+     "[RandomMin; RandomMax]",
+     {"InOutputRange", "OutYStrip2d"}}};
 
 /// Those that the factory knows of this library.
 std::vector<std::string> registeredNames()
