@@ -5,6 +5,7 @@
 #include "ORLIX/ORLIXUtil/NumberText.h"
 #include "ORLIX/ORLIXUtil/Raise.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cmath>
 #include <fstream>
