@@ -61,6 +61,8 @@ const std::vector<MessageText>& MessageCatalogue<eCommandMessage>::texts()
         {eCommandMessage::eValueMissing, "%s needs a value; `%s --help` tells more"},
         {eCommandMessage::eNoValueTaken, "%s takes no value; `%s --help` tells more"},
         {eCommandMessage::eNoFileName, "the name of a file is empty; give one"},
+        {eCommandMessage::eNoSize, "the new image needs --size W,H and --type TYPE, or --like IMAGE"},
+        {eCommandMessage::eSizeTwice, "--like tells the size too: leave --size out"},
         {eCommandMessage::eTableNotRead, "%s can't be read (%s): name a table of points"},
         {eCommandMessage::eTableTooLarge, "%s is larger than %d MiB: give less at a time"},
         {eCommandMessage::eTableHasValues, "%s, line %d: there is a column \"value\" already: rename it"},

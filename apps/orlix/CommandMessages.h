@@ -51,20 +51,22 @@ struct eCommandMessage
         eValueMissing = 31,       ///< option, command
         eNoValueTaken = 32,       ///< option, command
         eNoFileName = 33,
-        eTableNotRead = 34,    ///< table, reason of the system
-        eTableTooLarge = 35,   ///< table, largest size in MiB
-        eTableHasValues = 36,  ///< table, line
-        eTableNotWritten = 37, ///< table, reason
-        eColumnTwice = 38,     ///< table, line, column
-        eColumnsMissing = 39,  ///< table, line, what it says
-        eFieldCount = 40,      ///< place, count, count, what the line says
-        eBadField = 41,        ///< place, column, what is expected, what was found
-        ePlanNotTold = 42,     ///< image, geometry, table, columns
-        eNoSuchPlan = 43,      ///< place, z, c, t, image, geometry
-        ePointOutside = 44,    ///< place, point, image, first point, last point
-        eMirrorNeedsTiles = 45,
-        eNotCalibrated = 46, ///< image
-        eRotated = 47        ///< image
+        eNoSize = 34,
+        eSizeTwice = 35,
+        eTableNotRead = 36,    ///< table, reason of the system
+        eTableTooLarge = 37,   ///< table, largest size in MiB
+        eTableHasValues = 38,  ///< table, line
+        eTableNotWritten = 39, ///< table, reason
+        eColumnTwice = 40,     ///< table, line, column
+        eColumnsMissing = 41,  ///< table, line, what it says
+        eFieldCount = 42,      ///< place, count, count, what the line says
+        eBadField = 43,        ///< place, column, what is expected, what was found
+        ePlanNotTold = 44,     ///< image, geometry, table, columns
+        eNoSuchPlan = 45,      ///< place, z, c, t, image, geometry
+        ePointOutside = 46,    ///< place, point, image, first point, last point
+        eMirrorNeedsTiles = 47,
+        eNotCalibrated = 48, ///< image
+        eRotated = 49        ///< image
     };
     ORLIX_ENUMERATION(eCommandMessage, eBadArguments);
 };
