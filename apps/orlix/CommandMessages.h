@@ -53,20 +53,29 @@ struct eCommandMessage
         eNoFileName = 33,
         eNoSize = 34,
         eSizeTwice = 35,
-        eTableNotRead = 36,    ///< table, reason of the system
-        eTableTooLarge = 37,   ///< table, largest size in MiB
-        eTableHasValues = 38,  ///< table, line
-        eTableNotWritten = 39, ///< table, reason
-        eColumnTwice = 40,     ///< table, line, column
-        eColumnsMissing = 41,  ///< table, line, what it says
-        eFieldCount = 42,      ///< place, count, count, what the line says
-        eBadField = 43,        ///< place, column, what is expected, what was found
-        ePlanNotTold = 44,     ///< image, geometry, table, columns
-        eNoSuchPlan = 45,      ///< place, z, c, t, image, geometry
-        ePointOutside = 46,    ///< place, point, image, first point, last point
-        eMirrorNeedsTiles = 47,
-        eNotCalibrated = 48, ///< image
-        eRotated = 49        ///< image
+        eNoRegion = 36,
+        eRegionTwice = 37,     ///< option
+        eNoDepth = 38,         ///< option, what was given, file
+        eNoVolume = 39,        ///< file, geometry
+        eIndexBeyond = 40,     ///< what was given, file, geometry, axis, last index, size
+        eTypesDiffer = 41,     ///< file, geometry, file, geometry
+        eNoSuchSlice = 42,     ///< file, "the volume " or nothing, geometry, axis, file, geometry of its slices
+        eOtherAxesDiffer = 43, ///< file, geometry, file, geometry, what has to be the same
+        eRegionSticksOut = 44, ///< file, geometry, place, file, geometry, axis, its size
+        eTableNotRead = 45,    ///< table, reason of the system
+        eTableTooLarge = 46,   ///< table, largest size in MiB
+        eTableHasValues = 47,  ///< table, line
+        eTableNotWritten = 48, ///< table, reason
+        eColumnTwice = 49,     ///< table, line, column
+        eColumnsMissing = 50,  ///< table, line, what it says
+        eFieldCount = 51,      ///< place, count, count, what the line says
+        eBadField = 52,        ///< place, column, what is expected, what was found
+        ePlanNotTold = 53,     ///< image, geometry, table, columns
+        eNoSuchPlan = 54,      ///< place, z, c, t, image, geometry
+        ePointOutside = 55,    ///< place, point, image, first point, last point
+        eMirrorNeedsTiles = 56,
+        eNotCalibrated = 57, ///< image
+        eRotated = 58        ///< image
     };
     ORLIX_ENUMERATION(eCommandMessage, eBadArguments);
 };

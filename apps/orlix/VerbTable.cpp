@@ -8,6 +8,7 @@
     verb(convert)                                                                                                      \
     verb(threshold)                                                                                                    \
     verb(erase)                                                                                                        \
+    verb(crop)                                                                                                         \
     verb(random)                                                                                                       \
     verb(normal)                                                                                                       \
     verb(compare)                                                                                                      \
