@@ -6,12 +6,11 @@
 
 namespace orlix::imaproc {
 
-/// An image of the host with one plan, none of whose time steps needs a table. False for a null pointer and for an
-/// image without pixels.
+/// An image of the host with one plan. False for a null pointer and for an image without pixels.
 inline bool isOneHostPlan(const image::BaseImage* image)
 {
     return image != nullptr && image->getPixelLayout().first != nullptr && image->getSizeZ() == 1 &&
-           image->getSizeC() == 1 && image->getSizeT() == 1 && !image->getPixelLayout().stepOffsets;
+           image->getSizeC() == 1 && image->getSizeT() == 1; // which needs no table of its steps
 }
 
 /// A plan of a host image that a dispatcher with strips of `stripBytes` would hand out as one strip, and of which
