@@ -60,7 +60,10 @@ const std::vector<MessageText>& MessageCatalogue<eCommandMessage>::texts()
          "--compression: %s is not built into the TIFF library of this system; use one of %s"},
         {eCommandMessage::eValueMissing, "%s needs a value; `%s --help` tells more"},
         {eCommandMessage::eNoValueTaken, "%s takes no value; `%s --help` tells more"},
-        {eCommandMessage::eNoFileName, "the name of a file is empty; give one"}};
+        {eCommandMessage::eNoFileName, "the name of a file is empty; give one"},
+        {eCommandMessage::eNotAppendable, "%s is %s, %s is %s: only images of the same sizes on x, y, z and c and the "
+                                          "same element type can be appended; "
+                                          "`orlix convert` changes the type"}};
     return g_texts;
 }
 

@@ -50,7 +50,8 @@ struct eCommandMessage
         eNoCodec = 30,            ///< what was given, compressions that can be had
         eValueMissing = 31,       ///< option, command
         eNoValueTaken = 32,       ///< option, command
-        eNoFileName = 33
+        eNoFileName = 33,
+        eNotAppendable = 34 ///< file, geometry, file, geometry
     };
     ORLIX_ENUMERATION(eCommandMessage, eBadArguments);
 };

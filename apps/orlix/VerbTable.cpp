@@ -8,6 +8,7 @@
     verb(convert)                                                                                                      \
     verb(threshold)                                                                                                    \
     verb(erase)                                                                                                        \
+    verb(append)                                                                                                       \
     verb(compare)                                                                                                      \
     verb(run)                                                                                                          \
     verb(processors)

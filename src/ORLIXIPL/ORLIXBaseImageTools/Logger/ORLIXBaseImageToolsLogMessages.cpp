@@ -37,7 +37,8 @@ const std::vector<MessageText>& MessageCatalogue<eORLIXBaseImageToolsMessage>::t
         {eORLIXBaseImageToolsMessage::eTooManySteps,
          "Sequences of %s and others have more time steps together than can be counted: join fewer"},
         {eORLIXBaseImageToolsMessage::eNoHostPixels,
-         "The pixels of an image of %s are not in host memory: copy it to a host image first"}};
+         "The pixels of an image of %s are not in host memory: copy it to a host image first"},
+        {eORLIXBaseImageToolsMessage::eNotJoined, "%s"}};
     return g_texts;
 }
 

@@ -23,7 +23,8 @@ struct eORLIXBaseImageToolsMessage
         eNothingToJoin = 9,
         eNotJoinable = 10,  ///< geometry, geometry
         eTooManySteps = 11, ///< geometry of the first
-        eNoHostPixels = 12  ///< geometry
+        eNoHostPixels = 12, ///< geometry
+        eNotJoined = 13     ///< reason
     };
     ORLIX_ENUMERATION(eORLIXBaseImageToolsMessage, ePlanOutOfRange);
 };

@@ -25,7 +25,9 @@ struct eImageRuleMessage
         eNotOfFixedType = 10,        ///< attribute, geometry, type
         eTypeDiffers = 11,           ///< attribute, geometry or type, attribute, geometry or type
         ePropertyDiffers = 12,       ///< attribute, geometry, differences
-        ePropertyWithoutInput = 13
+        ePropertyWithoutInput = 13,
+        eVolumeTypeDiffers = 14, ///< attribute, kind, attribute, kind
+        eColorTypeDiffers = 15   ///< attribute, channels, attribute, channels
     };
     ORLIX_ENUMERATION(eImageRuleMessage, eSizeOrTypeDiffers);
 };
