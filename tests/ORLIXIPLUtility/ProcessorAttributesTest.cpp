@@ -1,6 +1,7 @@
 // What holds of the attributes of every processor of this library, unset, set, null and cleared.
 #include "ORLIX/ORLIXUtil/BaseException.h"
 #include "ORLIXIPL/ORLIXImageProcessing/BaseStripAttributes.h"
+#include "ORLIXIPL/ORLIXImageProcessing/ZStripAttributes.h"
 #include "ORLIXIPLUtility/RegisteredProcessors.h"
 #include "support/Images.h"
 
@@ -23,7 +24,8 @@ TEST_P(RegisteredProcessorTest, attributesAreNamedForWhatTheyAre)
         SCOPED_TRACE(name);
         EXPECT_TRUE(names.insert(name).second) << "two attributes of one name";
         EXPECT_EQ(&processor->getAttribute(name), attribute.get());
-        EXPECT_EQ(attribute->isOutput(), name.starts_with("Out") || name.starts_with("InOut"));
+        const bool bInOut = name.starts_with("InOut") && !name.starts_with("InOutput");
+        EXPECT_EQ(attribute->isOutput(), name.starts_with("Out") || bInOut);
         EXPECT_TRUE(attribute->isOutput() || name.starts_with("In"));
         EXPECT_EQ(attribute->isOptional(), name.starts_with("InOpt"));
         EXPECT_FALSE(attribute->getToolTip().empty());
@@ -70,6 +72,8 @@ bool setSomething(BaseAttribute& attribute, const ImagePtr& image)
                                                 boost::make_shared<image::InputImageYStrip2d>(*image, 0, 1)) ||
            tryToSet<BaseOutputYStrip2dAttribute>(attribute,
                                                  boost::make_shared<image::OutputImageYStrip2d>(*image, 0, 1)) ||
+           tryToSet<BaseOutputZStrip3dAttribute>(attribute,
+                                                 boost::make_shared<image::OutputImageZStrip3d>(*image, 0, 1)) ||
            (attribute.takesText() && attribute.setFromText(textFor(attribute)));
 }
 
