@@ -31,6 +31,7 @@ const std::vector<MessageText>& MessageCatalogue<imaproc::eImageRuleMessage>::te
         {Message::ePropertyDiffers, "%s is %s, but needs %s"},
         {Message::ePropertyWithoutInput,
          "There is no image from which another one's properties follow: set it, and keep the processor that holds it"},
+        {Message::ePropertyDiffersFor, "%s is %s, but needs %s: %s"},
         {Message::eVolumeTypeDiffers, "%s has %s, %s has %s: give volumes or single plans for both"},
         {Message::eColorTypeDiffers,
          "%s has %d channels, %s has %d: give images of one channel, or of several, for both"}};

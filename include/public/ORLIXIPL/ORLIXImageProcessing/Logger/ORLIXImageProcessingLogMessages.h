@@ -26,8 +26,9 @@ struct eImageRuleMessage
         eTypeDiffers = 11,           ///< attribute, geometry or type, attribute, geometry or type
         ePropertyDiffers = 12,       ///< attribute, geometry, differences
         ePropertyWithoutInput = 13,
-        eVolumeTypeDiffers = 14, ///< attribute, kind, attribute, kind
-        eColorTypeDiffers = 15   ///< attribute, channels, attribute, channels
+        ePropertyDiffersFor = 14, ///< attribute, geometry, differences, reason
+        eVolumeTypeDiffers = 15,  ///< attribute, kind, attribute, kind
+        eColorTypeDiffers = 16    ///< attribute, channels, attribute, channels
     };
     ORLIX_ENUMERATION(eImageRuleMessage, eSizeOrTypeDiffers);
 };
