@@ -17,7 +17,7 @@ inline bool isOneHostPlan(const image::BaseImage* image)
 inline bool isOneHostVolume(const image::BaseImage* image)
 {
     return image != nullptr && image->getPixelLayout().first != nullptr && image->getSizeC() == 1 &&
-           image->getSizeT() == 1 && !image->getPixelLayout().stepOffsets;
+           image->getSizeT() == 1;
 }
 
 /// A plan of a host image that a dispatcher with strips of `stripBytes` would hand out as one strip, and of which
