@@ -13,6 +13,7 @@
     verb(normal)                                                                                                       \
     verb(append)                                                                                                       \
     verb(compare)                                                                                                      \
+    verb(values)                                                                                                       \
     verb(run)                                                                                                          \
     verb(processors)
 // clang-format on

@@ -27,8 +27,10 @@ struct eImageRuleMessage
         ePropertyDiffers = 12,       ///< attribute, geometry, differences
         ePropertyWithoutInput = 13,
         ePropertyDiffersFor = 14, ///< attribute, geometry, differences, reason
-        eVolumeTypeDiffers = 15,  ///< attribute, kind, attribute, kind
-        eColorTypeDiffers = 16    ///< attribute, channels, attribute, channels
+        ePlansDiffer = 15,        ///< attribute, sizes on z, c, t, attribute, geometry
+        eVolumesDiffer = 16,      ///< attribute, sizes on z, c, t, attribute, geometry
+        eVolumeTypeDiffers = 17,  ///< attribute, kind, attribute, kind
+        eColorTypeDiffers = 18    ///< attribute, channels, attribute, channels
     };
     ORLIX_ENUMERATION(eImageRuleMessage, eSizeOrTypeDiffers);
 };
