@@ -11,9 +11,11 @@
     verb(crop)                                                                                                         \
     verb(slice)                                                                                                        \
     verb(putslice)                                                                                                     \
+    verb(append)                                                                                                       \
     verb(random)                                                                                                       \
     verb(normal)                                                                                                       \
     verb(compare)                                                                                                      \
+    verb(values)                                                                                                       \
     verb(run)                                                                                                          \
     verb(processors)
 // clang-format on

@@ -31,7 +31,15 @@ const std::vector<MessageText>& MessageCatalogue<imaproc::eImageRuleMessage>::te
         {Message::ePropertyDiffers, "%s is %s, but needs %s"},
         {Message::ePropertyWithoutInput,
          "There is no image from which another one's properties follow: set it, and keep the processor that holds it"},
-        {Message::ePropertyDiffersFor, "%s is %s, but needs %s: %s"}};
+        {Message::ePropertyDiffersFor, "%s is %s, but needs %s: %s"},
+        {Message::ePlansDiffer,
+         "%s is for %d plans of %d channels at %d times, but %s is %s: give an entry to each of its plans"},
+        {Message::eVolumesDiffer,
+         "%s is for %d plans of %d channels at %d times, but %s is %s: give an entry to each of "
+         "its volumes, at plan 0"},
+        {Message::eVolumeTypeDiffers, "%s has %s, %s has %s: give volumes or single plans for both"},
+        {Message::eColorTypeDiffers,
+         "%s has %d channels, %s has %d: give images of one channel, or of several, for both"}};
     return g_texts;
 }
 
