@@ -60,7 +60,11 @@ const std::vector<MessageText>& MessageCatalogue<eCommandMessage>::texts()
          "--compression: %s is not built into the TIFF library of this system; use one of %s"},
         {eCommandMessage::eValueMissing, "%s needs a value; `%s --help` tells more"},
         {eCommandMessage::eNoValueTaken, "%s takes no value; `%s --help` tells more"},
-        {eCommandMessage::eNoFileName, "the name of a file is empty; give one"}};
+        {eCommandMessage::eNoFileName, "the name of a file is empty; give one"},
+        {eCommandMessage::eForVolumesOnly,
+         "%s is for volumes, but %s %s is a plan: add its depth or leave the option out"},
+        {eCommandMessage::eNeedsOption, "%s means nothing without %s: give both or none"},
+        {eCommandMessage::eOtherAxes, "%s %s has other axes than %s %s: give as many numbers"}};
     return g_texts;
 }
 

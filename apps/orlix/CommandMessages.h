@@ -50,7 +50,10 @@ struct eCommandMessage
         eNoCodec = 30,            ///< what was given, compressions that can be had
         eValueMissing = 31,       ///< option, command
         eNoValueTaken = 32,       ///< option, command
-        eNoFileName = 33
+        eNoFileName = 33,
+        eForVolumesOnly = 34, ///< option, option of the size, what was given
+        eNeedsOption = 35,    ///< option, option
+        eOtherAxes = 36       ///< option, what was given, option of the size, what was given
     };
     ORLIX_ENUMERATION(eCommandMessage, eBadArguments);
 };

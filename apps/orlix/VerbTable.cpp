@@ -8,6 +8,7 @@
     verb(convert)                                                                                                      \
     verb(threshold)                                                                                                    \
     verb(erase)                                                                                                        \
+    verb(lines)                                                                                                        \
     verb(compare)                                                                                                      \
     verb(run)                                                                                                          \
     verb(processors)
