@@ -30,7 +30,8 @@ const std::vector<MessageText>& MessageCatalogue<imaproc::eImageRuleMessage>::te
         {Message::eTypeDiffers, "%s is %s, %s is %s: element types have to be the same"},
         {Message::ePropertyDiffers, "%s is %s, but needs %s"},
         {Message::ePropertyWithoutInput,
-         "There is no image from which another one's properties follow: set it, and keep the processor that holds it"}};
+         "There is no image from which another one's properties follow: set it, and keep the processor that holds it"},
+        {Message::ePropertyDiffersFor, "%s is %s, but needs %s: %s"}};
     return g_texts;
 }
 

@@ -90,13 +90,22 @@ public:
         if (m_property->isCheckEnabled(Property::eTemporalGeometry)) {
             differences.compare(found.getSizeT(), m_property->getTemporalGeometry().getSizeT(), "t");
         }
-        return differences.getText().empty() ? ProcessingResult<bool>(true)
-                                             : ProcessingResult<bool>::failure(formatMessage<eImageRuleMessage>(
-                                                   eImageRuleMessage::ePropertyDiffers, attribute->getObjectName(),
-                                                   found.toString(), differences.getText()));
+        return differences.getText().empty() ? ProcessingResult<bool>(true) : fail(*attribute, differences.getText());
     }
 
 private:
+    ProcessingResult<bool> fail(const BaseImageAttribute& attribute, const std::string& differences) const
+    {
+        const std::string& name = attribute.getObjectName();
+        const std::string found = attribute.getImage().getGeometry().toString();
+        const std::string reason = m_property->getReason();
+        return ProcessingResult<bool>::failure(
+            reason.empty()
+                ? formatMessage<eImageRuleMessage>(eImageRuleMessage::ePropertyDiffers, name, found, differences)
+                : formatMessage<eImageRuleMessage>(eImageRuleMessage::ePropertyDiffersFor, name, found, differences,
+                                                   reason));
+    }
+
     ImageAttributeRef m_image;
     boost::shared_ptr<const BaseCustomCheckedImageProperty> m_property;
 };
@@ -144,6 +153,11 @@ image::TemporalGeometry BaseCustomCheckedImageProperty::getTemporalGeometry() co
 {
     ImageConstPtr image;
     return getInputGeometry(image).getTemporalGeometry();
+}
+
+std::string BaseCustomCheckedImageProperty::getReason() const
+{
+    return {};
 }
 
 ImageConstPtr BaseCustomCheckedImageProperty::getInputImage() const

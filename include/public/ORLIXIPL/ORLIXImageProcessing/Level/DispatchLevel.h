@@ -27,6 +27,14 @@ concept StraightRow = requires(const TValues& values)
         } -> std::same_as<bool>;
 };
 
+template <class TDerived, class TValues>
+concept WeighsValues = requires(const TValues& values)
+{
+    {
+        TDerived::weightOf(values)
+        } -> std::same_as<unsigned>;
+};
+
 template <class TDerived>
 concept HasGpuProcess = requires(TDerived& level, const core::BasePriority& priority,
                                  boost::shared_ptr<core::BaseActionProvider>& provider)
@@ -46,6 +54,10 @@ concept HasGpuProcess = requires(TDerived& level, const core::BasePriority& prio
 /// that has a public `tryToLaunchGpuProcess` is asked whether a GPU does the work; else the rows are dispatched. Where
 /// the whole work is one host plan in one strip, the rule has been checked, and nobody watches the run or has cancelled
 /// it, level 3 is run straight away: see `runStraight`.
+///
+/// A class whose work depends on its values, not only on the bytes that it cuts, has a public static
+/// `unsigned weightOf(values)`, by which the weight of its policy is multiplied: see ProcessorDispatchPolicy. It has to
+/// follow from geometry and values alone.
 ///
 /// A level that needs more overrides `retrieveProvider`, `preProcess` or `postProcess`, and calls this frame's.
 template <class TDerived, class TLibrary, template <class, class...> class TDispatch, class TLower, class... TRows>
@@ -82,7 +94,7 @@ public:
         if constexpr (canBeStraight<TValues>()) {
             constexpr unsigned long stripBytes =
                 processor::ProcessorDispatchPolicy::g_defaultStripBytes / processor::dispatchWeightOf<TDerived>();
-            return (isRowStraight<TRows>(values, stripBytes) && ...) && isLowerStraight(values);
+            return areRowsStraight(values, stripBytes) && isLowerStraight(values);
         } else {
             return false;
         }
@@ -126,7 +138,13 @@ protected:
             }
         }
         m_bDispatched = true;
-        return m_lower.dispatch(this->accessOwnAttributes(), this->getDispatchPolicy(), priority, provider);
+        if constexpr (details::WeighsValues<TDerived, decltype(values)>) {
+            processor::ProcessorDispatchPolicy policy = this->getDispatchPolicy();
+            policy.initWeight(policy.getWeight() * TDerived::weightOf(values));
+            return m_lower.dispatch(this->accessOwnAttributes(), policy, priority, provider);
+        } else {
+            return m_lower.dispatch(this->accessOwnAttributes(), this->getDispatchPolicy(), priority, provider);
+        }
     }
     processor::StepResult postProcess() override
     {
@@ -137,6 +155,17 @@ protected:
     }
 
 private:
+    /// Images are looked at before what follows from their sizes.
+    template <class TValues>
+    static bool areRowsStraight(const TValues& values, unsigned long stripBytes)
+    {
+        if constexpr (details::WeighsValues<TDerived, TValues>) {
+            return (isRowStraight<TRows>(values, ~0UL) && ...) &&
+                   (isRowStraight<TRows>(values, stripBytes / TDerived::weightOf(values)) && ...);
+        } else {
+            return (isRowStraight<TRows>(values, stripBytes) && ...);
+        }
+    }
     template <class TRow, class TValues>
     static bool isRowStraight(const TValues& values, unsigned long stripBytes)
     {

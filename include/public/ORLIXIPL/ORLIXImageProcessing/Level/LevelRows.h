@@ -110,6 +110,11 @@ struct ByVolume : details::ImageRow<TAttribute, TLowerAttribute>
         return volumeByVolume(processor::own<TAttribute>(attributes)->getStorage(),
                               TPlacement::isLocalized(attributes));
     }
+    template <class TValues>
+    static bool isStraight(const TValues& values, unsigned long)
+    {
+        return isOneHostVolume(processor::pointerTo(values.template get<TAttribute>()));
+    }
 };
 
 /// The plan in strips, which are ranges of its lines.

@@ -14,6 +14,13 @@ inline bool isOneHostPlan(const image::BaseImage* image)
            image->getSizeC() == 1 && image->getSizeT() == 1 && !image->getPixelLayout().stepOffsets;
 }
 
+/// The same of an image with one volume, or a plan, which is one too.
+inline bool isOneHostVolume(const image::BaseImage* image)
+{
+    return image != nullptr && image->getPixelLayout().first != nullptr && image->getSizeC() == 1 &&
+           image->getSizeT() == 1 && !image->getPixelLayout().stepOffsets;
+}
+
 /// A plan of a host image that a dispatcher with strips of `stripBytes` would hand out as one strip, and of which
 /// kernels without a tail may be given the memory itself.
 inline bool isOneStrip(const image::BaseImage& plan, unsigned long stripBytes)

@@ -25,7 +25,8 @@ struct eImageRuleMessage
         eNotOfFixedType = 10,        ///< attribute, geometry, type
         eTypeDiffers = 11,           ///< attribute, geometry or type, attribute, geometry or type
         ePropertyDiffers = 12,       ///< attribute, geometry, differences
-        ePropertyWithoutInput = 13
+        ePropertyWithoutInput = 13,
+        ePropertyDiffersFor = 14 ///< attribute, geometry, differences, reason
     };
     ORLIX_ENUMERATION(eImageRuleMessage, eSizeOrTypeDiffers);
 };

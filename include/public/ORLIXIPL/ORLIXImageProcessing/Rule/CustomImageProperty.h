@@ -4,6 +4,7 @@
 #include "ORLIX/ORLIXBaseProcessing/BaseRule.h"
 #include "ORLIXIPL/ORLIXImageProcessing/BaseImageAttributes.h"
 
+#include <string>
 #include <vector>
 
 namespace orlix::imaproc {
@@ -45,6 +46,8 @@ public:
     virtual image::VolumeGeometry getVolumeGeometry() const; ///< compared by kind and size
     virtual image::ColorGeometry getColorGeometry() const;
     virtual image::TemporalGeometry getTemporalGeometry() const; ///< compared by size alone
+    /// Closes the text of a failure: what the image has to fit, in words. Empty for nothing to add.
+    virtual std::string getReason() const;
 
 protected:
     /// What the input attribute holds; null where it holds nothing, or is gone.
@@ -62,7 +65,8 @@ private:
 };
 
 /// The image has what the property answers, for every check that it enables. A failure's text tells the image, and on
-/// each axis that differs what it has and what it needs. What the property throws, the check throws.
+/// each axis that differs what it has and what it needs, and the property's reason. What the property throws, the check
+/// throws.
 ORLIXIMAGEPROCESSING_API processor::RulePtr
 customImageProperty(const processor::AttributeRef<const BaseImageAttribute>& image,
                     const boost::shared_ptr<const BaseCustomCheckedImageProperty>& property);
