@@ -61,6 +61,8 @@ const std::vector<MessageText>& MessageCatalogue<eCommandMessage>::texts()
         {eCommandMessage::eValueMissing, "%s needs a value; `%s --help` tells more"},
         {eCommandMessage::eNoValueTaken, "%s takes no value; `%s --help` tells more"},
         {eCommandMessage::eNoFileName, "the name of a file is empty; give one"},
+        {eCommandMessage::eNoSize, "the new image needs --size W,H and --type TYPE, or --like IMAGE"},
+        {eCommandMessage::eSizeTwice, "--like tells the size too: leave --size out"},
         {eCommandMessage::eForVolumesOnly,
          "%s is for volumes, but %s %s is a plan: add its depth or leave the option out"},
         {eCommandMessage::eNeedsOption, "%s means nothing without %s: give both or none"},

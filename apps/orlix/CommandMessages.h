@@ -51,9 +51,11 @@ struct eCommandMessage
         eValueMissing = 31,       ///< option, command
         eNoValueTaken = 32,       ///< option, command
         eNoFileName = 33,
-        eForVolumesOnly = 34, ///< option, option of the size, what was given
-        eNeedsOption = 35,    ///< option, option
-        eOtherAxes = 36       ///< option, what was given, option of the size, what was given
+        eNoSize = 34,
+        eSizeTwice = 35,
+        eForVolumesOnly = 36, ///< option, option of the size, what was given
+        eNeedsOption = 37,    ///< option, option
+        eOtherAxes = 38       ///< option, what was given, option of the size, what was given
     };
     ORLIX_ENUMERATION(eCommandMessage, eBadArguments);
 };

@@ -8,6 +8,8 @@
     verb(convert)                                                                                                      \
     verb(threshold)                                                                                                    \
     verb(erase)                                                                                                        \
+    verb(random)                                                                                                       \
+    verb(normal)                                                                                                       \
     verb(lines)                                                                                                        \
     verb(compare)                                                                                                      \
     verb(run)                                                                                                          \

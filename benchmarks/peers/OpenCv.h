@@ -20,6 +20,10 @@ PeerPass makeOpenCvCount(const image::BaseImage& first, const image::BaseImage& 
 /// The largest absolute difference.
 PeerPass makeOpenCvNorm(const image::BaseImage& first, const image::BaseImage& second);
 
+/// Random values from `min` on, below `max`, and those of a normal law.
+PeerPass makeOpenCvUniform(image::BaseImage& image, double min, double max);
+PeerPass makeOpenCvNormal(image::BaseImage& image, double mean, double deviation);
+
 /// Threads that OpenCV may use; nothing happens where it is absent.
 void setOpenCvThreads(unsigned long nbThreads);
 
