@@ -8,10 +8,12 @@
     verb(convert)                                                                                                      \
     verb(threshold)                                                                                                    \
     verb(erase)                                                                                                        \
+    verb(crop)                                                                                                         \
     verb(random)                                                                                                       \
     verb(normal)                                                                                                       \
     verb(lines)                                                                                                        \
     verb(compare)                                                                                                      \
+    verb(values)                                                                                                       \
     verb(run)                                                                                                          \
     verb(processors)
 // clang-format on

@@ -31,7 +31,12 @@ const std::vector<MessageText>& MessageCatalogue<imaproc::eImageRuleMessage>::te
         {Message::ePropertyDiffers, "%s is %s, but needs %s"},
         {Message::ePropertyWithoutInput,
          "There is no image from which another one's properties follow: set it, and keep the processor that holds it"},
-        {Message::ePropertyDiffersFor, "%s is %s, but needs %s: %s"}};
+        {Message::ePropertyDiffersFor, "%s is %s, but needs %s: %s"},
+        {Message::ePlansDiffer,
+         "%s is for %d plans of %d channels at %d times, but %s is %s: give an entry to each of its plans"},
+        {Message::eVolumesDiffer,
+         "%s is for %d plans of %d channels at %d times, but %s is %s: give an entry to each of "
+         "its volumes, at plan 0"}};
     return g_texts;
 }
 

@@ -104,12 +104,16 @@ public:
     template <class TValues>
     static ProcessingResult<bool> runStraight(const TValues& values)
     {
-        if (TDerived::NothingToDo::holds(values)) {
-            return true;
+        if constexpr (canBeStraight<TValues>()) {
+            if (TDerived::NothingToDo::holds(values)) {
+                return true;
+            }
+            ProcessingResult<bool> result = TLower::runStraight(LowerValues<TValues, TRows...>(values));
+            (finishRow<TRows>(values), ...);
+            return result;
+        } else {
+            return true; // never called
         }
-        ProcessingResult<bool> result = TLower::runStraight(LowerValues<TValues, TRows...>(values));
-        (finishRow<TRows>(values), ...);
-        return result;
     }
 
 protected:

@@ -26,7 +26,9 @@ struct eImageRuleMessage
         eTypeDiffers = 11,           ///< attribute, geometry or type, attribute, geometry or type
         ePropertyDiffers = 12,       ///< attribute, geometry, differences
         ePropertyWithoutInput = 13,
-        ePropertyDiffersFor = 14 ///< attribute, geometry, differences, reason
+        ePropertyDiffersFor = 14, ///< attribute, geometry, differences, reason
+        ePlansDiffer = 15,        ///< attribute, sizes on z, c, t, attribute, geometry
+        eVolumesDiffer = 16       ///< attribute, sizes on z, c, t, attribute, geometry
     };
     ORLIX_ENUMERATION(eImageRuleMessage, eSizeOrTypeDiffers);
 };
