@@ -93,6 +93,9 @@ const std::vector<MessageText>& MessageCatalogue<eCommandMessage>::texts()
         {eCommandMessage::eMirrorNeedsTiles, "--outside mirror goes with tiles alone; leave out --method striped"},
         {eCommandMessage::eNotCalibrated, "%s has no pixel sizes: leave out --calibrated, and give points in pixels"},
         {eCommandMessage::eRotated, "the axes of %s are rotated: leave out --calibrated, and give points in pixels"},
+        {eCommandMessage::eNotAppendable, "%s is %s, %s is %s: only images of the same sizes on x, y, z and c and the "
+                                          "same element type can be appended; "
+                                          "`orlix convert` changes the type"},
         {eCommandMessage::eForVolumesOnly,
          "%s is for volumes, but %s %s is a plan: add its depth or leave the option out"},
         {eCommandMessage::eNeedsOption, "%s means nothing without %s: give both or none"},

@@ -76,9 +76,10 @@ struct eCommandMessage
         eMirrorNeedsTiles = 56,
         eNotCalibrated = 57,  ///< image
         eRotated = 58,        ///< image
-        eForVolumesOnly = 59, ///< option, option of the size, what was given
-        eNeedsOption = 60,    ///< option, option
-        eOtherAxes = 61       ///< option, what was given, option of the size, what was given
+        eNotAppendable = 59,  ///< file, geometry, file, geometry
+        eForVolumesOnly = 60, ///< option, option of the size, what was given
+        eNeedsOption = 61,    ///< option, option
+        eOtherAxes = 62       ///< option, what was given, option of the size, what was given
     };
     ORLIX_ENUMERATION(eCommandMessage, eBadArguments);
 };

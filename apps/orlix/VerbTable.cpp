@@ -9,6 +9,7 @@
     verb(threshold)                                                                                                    \
     verb(erase)                                                                                                        \
     verb(crop)                                                                                                         \
+    verb(append)                                                                                                       \
     verb(random)                                                                                                       \
     verb(normal)                                                                                                       \
     verb(lines)                                                                                                        \

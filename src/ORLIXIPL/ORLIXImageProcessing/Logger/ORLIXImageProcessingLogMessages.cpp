@@ -36,7 +36,10 @@ const std::vector<MessageText>& MessageCatalogue<imaproc::eImageRuleMessage>::te
          "%s is for %d plans of %d channels at %d times, but %s is %s: give an entry to each of its plans"},
         {Message::eVolumesDiffer,
          "%s is for %d plans of %d channels at %d times, but %s is %s: give an entry to each of "
-         "its volumes, at plan 0"}};
+         "its volumes, at plan 0"},
+        {Message::eVolumeTypeDiffers, "%s has %s, %s has %s: give volumes or single plans for both"},
+        {Message::eColorTypeDiffers,
+         "%s has %d channels, %s has %d: give images of one channel, or of several, for both"}};
     return g_texts;
 }
 

@@ -28,7 +28,9 @@ struct eImageRuleMessage
         ePropertyWithoutInput = 13,
         ePropertyDiffersFor = 14, ///< attribute, geometry, differences, reason
         ePlansDiffer = 15,        ///< attribute, sizes on z, c, t, attribute, geometry
-        eVolumesDiffer = 16       ///< attribute, sizes on z, c, t, attribute, geometry
+        eVolumesDiffer = 16,      ///< attribute, sizes on z, c, t, attribute, geometry
+        eVolumeTypeDiffers = 17,  ///< attribute, kind, attribute, kind
+        eColorTypeDiffers = 18    ///< attribute, channels, attribute, channels
     };
     ORLIX_ENUMERATION(eImageRuleMessage, eSizeOrTypeDiffers);
 };
