@@ -19,10 +19,15 @@ PeerPass makeOpenCvConversion(const image::BaseImage& in, image::BaseImage& out)
 PeerPass makeOpenCvCount(const image::BaseImage& first, const image::BaseImage& second);
 /// The largest absolute difference.
 PeerPass makeOpenCvNorm(const image::BaseImage& first, const image::BaseImage& second);
+/// The pixels of `in` from (x, y) on into the whole of `out`, and the whole of `in` into `out` from (x, y) on; of
+/// images of one plan.
+PeerPass makeOpenCvCrop(const image::BaseImage& in, unsigned long x, unsigned long y, image::BaseImage& out);
+PeerPass makeOpenCvPaste(const image::BaseImage& in, image::BaseImage& out, unsigned long x, unsigned long y);
 
 /// Threads that OpenCV may use; nothing happens where it is absent.
 void setOpenCvThreads(unsigned long nbThreads);
 
+bool hasOpenCv();
 /// "OpenCV 4.6.0", or why its rows are missing.
 const char* describeOpenCv();
 

@@ -90,10 +90,15 @@ public:
         if (m_property->isCheckEnabled(Property::eTemporalGeometry)) {
             differences.compare(found.getSizeT(), m_property->getTemporalGeometry().getSizeT(), "t");
         }
-        return differences.getText().empty() ? ProcessingResult<bool>(true)
-                                             : ProcessingResult<bool>::failure(formatMessage<eImageRuleMessage>(
-                                                   eImageRuleMessage::ePropertyDiffers, attribute->getObjectName(),
-                                                   found.toString(), differences.getText()));
+        if (differences.getText().empty()) {
+            return true;
+        }
+        const std::string own = m_property->describeMisfit(*attribute);
+        return ProcessingResult<bool>::failure(
+            own.empty()
+                ? formatMessage<eImageRuleMessage>(eImageRuleMessage::ePropertyDiffers, attribute->getObjectName(),
+                                                   found.toString(), differences.getText())
+                : own);
     }
 
 private:
@@ -144,6 +149,11 @@ image::TemporalGeometry BaseCustomCheckedImageProperty::getTemporalGeometry() co
 {
     ImageConstPtr image;
     return getInputGeometry(image).getTemporalGeometry();
+}
+
+std::string BaseCustomCheckedImageProperty::describeMisfit(const BaseImageAttribute&) const
+{
+    return {};
 }
 
 ImageConstPtr BaseCustomCheckedImageProperty::getInputImage() const

@@ -40,6 +40,35 @@ public:
         m_second.clear();
     }
 
+    // For calls that need no dispatch, as those of DispatchLevel.
+    template <class TValues>
+    static constexpr bool canBeStraight()
+    {
+        return TFirst::template canBeStraight<TValues>() && TSecond::template canBeStraight<TValues>();
+    }
+    template <class TValues>
+    static bool isStraight(const TValues& values)
+    {
+        if constexpr (canBeStraight<TValues>()) {
+            constexpr unsigned long stripBytes = processor::straightStripBytes<TDerived>();
+            return TSecond::isStraight(values, stripBytes) &&
+                   (TFirst::isStraight(values, stripBytes) ||
+                    ((isThere(values.template get<TAttributes>()) && ...) && TDerived::OnlySecond::holds(values)));
+        } else {
+            return false;
+        }
+    }
+    template <class TValues>
+    static ProcessingResult<bool> runStraight(const TValues& values)
+    {
+        if (!TDerived::OnlySecond::holds(values)) {
+            if (ProcessingResult<bool> result = TFirst::runStraight(values); !result) {
+                return result;
+            }
+        }
+        return TSecond::runStraight(values);
+    }
+
 protected:
     processor::ProviderResult retrieveFirstProvider(const core::BasePriority& priority,
                                                     boost::shared_ptr<core::BaseActionProvider>& provider) override
@@ -54,6 +83,15 @@ protected:
     }
 
 private:
+    template <class TValue>
+    static bool isThere(const TValue& value)
+    {
+        if constexpr (requires { value != nullptr; }) {
+            return value != nullptr;
+        } else {
+            return true;
+        }
+    }
     template <class TStage>
     processor::ProviderResult dispatch(TStage& stage, const core::BasePriority& priority,
                                        boost::shared_ptr<core::BaseActionProvider>& provider)

@@ -25,7 +25,9 @@ struct eImageRuleMessage
         eNotOfFixedType = 10,        ///< attribute, geometry, type
         eTypeDiffers = 11,           ///< attribute, geometry or type, attribute, geometry or type
         ePropertyDiffers = 12,       ///< attribute, geometry, differences
-        ePropertyWithoutInput = 13
+        ePropertyWithoutInput = 13,
+        eRegionOutside = 14,    ///< attribute, sizes, sizes, offsets, axis, end
+        eRegionNeedsVolume = 15 ///< attribute, sizes, sizes, offsets
     };
     ORLIX_ENUMERATION(eImageRuleMessage, eSizeOrTypeDiffers);
 };
@@ -40,13 +42,15 @@ struct eImageSplitMessage
         eNoSuchElement = 3, ///< index, count
         eInputMissing = 4,
         eNoCollection = 5,
-        eTooManyPlans = 6,    ///< sizes on z, c, t
-        ePlanLacksEntry = 7,  ///< attribute, z, c, t
-        eSeveralVolumes = 8,  ///< geometry
-        eLinesOutside = 9,    ///< count, first, count
-        ePlansOutside = 10,   ///< count, first, count
-        eRangeOutside = 11,   ///< count, first, count
-        eWrongCollection = 12 ///< attribute, class
+        eTooManyPlans = 6,     ///< sizes on z, c, t
+        ePlanLacksEntry = 7,   ///< attribute, z, c, t
+        eSeveralVolumes = 8,   ///< geometry
+        eLinesOutside = 9,     ///< count, first, count
+        ePlansOutside = 10,    ///< count, first, count
+        eRangeOutside = 11,    ///< count, first, count
+        eWrongCollection = 12, ///< attribute, class
+        eBoxOutside = 13,      ///< attribute, sizes, sizes, offsets
+        eStripTypesDiffer = 14 ///< attribute, type, attribute, type
     };
     ORLIX_ENUMERATION(eImageSplitMessage, eNullImage);
 };

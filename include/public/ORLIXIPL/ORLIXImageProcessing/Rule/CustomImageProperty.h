@@ -4,6 +4,7 @@
 #include "ORLIX/ORLIXBaseProcessing/BaseRule.h"
 #include "ORLIXIPL/ORLIXImageProcessing/BaseImageAttributes.h"
 
+#include <string>
 #include <vector>
 
 namespace orlix::imaproc {
@@ -45,6 +46,9 @@ public:
     virtual image::VolumeGeometry getVolumeGeometry() const; ///< compared by kind and size
     virtual image::ColorGeometry getColorGeometry() const;
     virtual image::TemporalGeometry getTemporalGeometry() const; ///< compared by size alone
+    /// Why the image of `checked`, which differs, does not fit, in words of the class's own; empty: the rule's words
+    /// do.
+    virtual std::string describeMisfit(const BaseImageAttribute& checked) const;
 
 protected:
     /// What the input attribute holds; null where it holds nothing, or is gone.
@@ -61,8 +65,9 @@ private:
     unsigned m_enabled = 0;
 };
 
-/// The image has what the property answers, for every check that it enables. A failure's text tells the image, and on
-/// each axis that differs what it has and what it needs. What the property throws, the check throws.
+/// The image has what the property answers, for every check that it enables. A failure's text is the property's or,
+/// where it has none, tells the image, and on each axis that differs what it has and what it needs. What the property
+/// throws, the check throws.
 ORLIXIMAGEPROCESSING_API processor::RulePtr
 customImageProperty(const processor::AttributeRef<const BaseImageAttribute>& image,
                     const boost::shared_ptr<const BaseCustomCheckedImageProperty>& property);
