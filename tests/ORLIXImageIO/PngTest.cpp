@@ -1,4 +1,5 @@
 // Hand-made PNG files of every kind, and damaged ones.
+#include "ORLIXImageIO/CutImages.h"
 #include "ORLIXImageIO/FilledImages.h"
 #include "ORLIXImageIO/TestFiles.h"
 #include "ORLIXImageIO/TestFolder.h"
@@ -27,6 +28,7 @@ std::string fileOf(const TinyPng& png)
 
 ImagePtr imageOf(const TinyPng& png)
 {
+    EXPECT_TRUE(regionsAreCuts(fileOf(png)));
     return readPng(bytesOf(fileOf(png)));
 }
 

@@ -1,5 +1,6 @@
 // Files as other programs lay them out: axes, types, calibration and pixels. samples/make-samples wrote them, and
 // worked out what they hold, without an image library.
+#include "ORLIXImageIO/CutImages.h"
 #include "ORLIXImageIO/FilledImages.h"
 #include "ORLIXImageIO/TestFiles.h"
 #include "ORLIXImageIO/TinyPng.h"
@@ -55,6 +56,7 @@ class SampleImageTest : public ::testing::TestWithParam<SampleImage>
 TEST_P(SampleImageTest, IsRead)
 {
     const SampleImage& expected = GetParam();
+    EXPECT_TRUE(regionsOfFileAreCuts(pathOf(expected.file)));
     const ImagePtr image = readImage(pathOf(expected.file));
     ASSERT_EQ(expected.geometry, image->getGeometry().toString());
     std::string bytes;

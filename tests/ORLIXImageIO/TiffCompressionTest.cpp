@@ -1,4 +1,5 @@
 // Every compression that the installed libtiff has, written by libtiff itself or by hand where it can only read.
+#include "ORLIXImageIO/CutImages.h"
 #include "ORLIXImageIO/FilledImages.h"
 #include "ORLIXImageIO/TestFiles.h"
 #include "ORLIXImageIO/TestFolder.h"
@@ -159,6 +160,7 @@ TEST_P(TiffCompressionTest, IsRead)
     }
     const TestFolder folder;
     writeByLibrary(folder / "a.tif", codec);
+    EXPECT_TRUE(regionsOfFileAreCuts(folder / "a.tif"));
     const ImagePtr image = readImage(folder / "a.tif");
     ASSERT_EQ(codec.type, image->getBufferType());
     ASSERT_EQ(codec.samples, image->getSizeC());
@@ -191,6 +193,7 @@ TEST(TiffReadOnlyCompressionTest, ThunderScan)
     tiff.addShort(g_tagSamples, 1);
     tiff.addBlocks({std::string("\xc5\x03\xcf\x01", 4)});
     tiff.endPage();
+    EXPECT_TRUE(regionsAreCuts(tiff.getData()));
     const ImagePtr image = readTiff(bytesOf(tiff.getData()));
     const auto* const pixels = planData<unsigned char>(*image, 0, 0, 0);
     EXPECT_EQ((std::vector<unsigned char>{85, 85, 85, 85, 255, 255}), std::vector<unsigned char>(pixels, pixels + 6));
@@ -209,6 +212,7 @@ TEST(TiffReadOnlyCompressionTest, Next)
     tiff.addShort(g_tagSamples, 1);
     tiff.addBlocks({std::string("\x00\x1b\xe4", 3)});
     tiff.endPage();
+    EXPECT_TRUE(regionsAreCuts(tiff.getData()));
     const ImagePtr image = readTiff(bytesOf(tiff.getData()));
     const auto* const pixels = planData<unsigned char>(*image, 0, 0, 0);
     EXPECT_EQ((std::vector<unsigned char>{0, 85, 170, 255, 255, 170, 85, 0}),
@@ -237,6 +241,7 @@ TEST(TiffReadOnlyCompressionTest, SubsampledYCbCr)
     tiff.addShorts(530, {2, 2}); // chroma subsampling
     tiff.addBlocks({std::string("\x10\x20\x30\x40\x80\x80\x50\x60\x70\x7f\x80\x80", 12)});
     tiff.endPage();
+    EXPECT_TRUE(regionsAreCuts(tiff.getData()));
     const ImagePtr image = readTiff(bytesOf(tiff.getData()));
     ASSERT_EQ("4x2x1x3x1 UInt8", image->getGeometry().toString());
     const unsigned luma[2][4] = {{0x10, 0x20, 0x50, 0x60}, {0x30, 0x40, 0x70, 0x7f}};

@@ -1,4 +1,5 @@
 // Hand-made TIFF files of every form of pixels, strips and tiles, in both byte orders.
+#include "ORLIXImageIO/CutImages.h"
 #include "ORLIXImageIO/FilledImages.h"
 #include "ORLIXImageIO/TestFiles.h"
 #include "ORLIXImageIO/TinyTiff.h"
@@ -113,6 +114,7 @@ TEST_P(TiffFormTest, IsReadAsWritten)
     tiff.addBlocks(data, blocks == Blocks::eTiles);
     tiff.endPage();
 
+    EXPECT_TRUE(regionsAreCuts(tiff.getData()));
     const ImagePtr image = readTiff(bytesOf(tiff.getData()));
     ASSERT_EQ(type.type, image->getBufferType());
     ASSERT_EQ(std::to_string(g_width) + "x" + std::to_string(g_height) + "x1x" + std::to_string(samples) + "x1 " +
@@ -173,6 +175,7 @@ TEST(TiffPackedTest, FewBitsAreSpread)
 {
     for (const unsigned bits : {1u, 2u, 4u}) {
         for (const unsigned photometric : {0u, 1u}) {
+            EXPECT_TRUE(regionsAreCuts(packedPage(bits, photometric)));
             const ImagePtr image = readTiff(bytesOf(packedPage(bits, photometric)));
             EXPECT_EQ(bits == 1 ? eImageBufferType::eBufferBinary : eImageBufferType::UInt8, image->getBufferType());
             const unsigned largest = (1u << bits) - 1, top = bits == 1 ? 1 : 255;
@@ -187,6 +190,7 @@ TEST(TiffPackedTest, FewBitsAreSpread)
 TEST(TiffPackedTest, MinIsWhiteIsTurnedRound)
 {
     for (const unsigned bits : {8u, 16u}) {
+        EXPECT_TRUE(regionsAreCuts(packedPage(bits, 0)));
         const ImagePtr image = readTiff(bytesOf(packedPage(bits, 0)));
         forEachPixel(
             *image, [&](const Position& p) { EXPECT_EQ((1u << bits) - 1 - packedValue(p, bits), valueAt(*image, p)); });
@@ -233,6 +237,7 @@ TEST(TiffPaletteTest, ColoursBecomeChannels)
                     map.push_back(bBytes ? value : value * 256 + 255 - value);
                 }
             }
+            EXPECT_TRUE(regionsAreCuts(packedPage(bits, 3, map, bits == 4)));
             const ImagePtr image = readTiff(bytesOf(packedPage(bits, 3, map, bits == 4)));
             ASSERT_EQ("11x3x1x3x1 UInt8", image->getGeometry().toString());
             forEachPixel(*image, [&](const Position& p) {
@@ -325,6 +330,7 @@ TEST(TiffStripOrderTest, StripsAreFoundByTheirOffsets)
                 tiff.addLongs(g_tagStripOffsets, offsets);
                 tiff.addLongs(g_tagStripBytes, std::vector<std::uint64_t>(4, 5 * bytes * samples));
                 tiff.endPage();
+                EXPECT_TRUE(regionsAreCuts(tiff.getData()));
                 const ImagePtr image = readTiff(bytesOf(tiff.getData()));
                 forEachPixel(*image, [&](const Position& p) {
                     EXPECT_EQ(static_cast<double>(bitsAt(p.x, p.y, p.c, bytes)), valueAt(*image, p)) << c.name;

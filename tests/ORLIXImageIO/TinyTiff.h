@@ -65,6 +65,7 @@ public:
     void beginPage() { m_entries.clear(); }
     void addShorts(std::uint16_t tag, const std::vector<std::uint64_t>& values) { add(tag, 3, 2, values); }
     void addLongs(std::uint16_t tag, const std::vector<std::uint64_t>& values) { add(tag, 4, 4, values); }
+    void addLong8s(std::uint16_t tag, const std::vector<std::uint64_t>& values) { add(tag, 16, 8, values); }
     void addShort(std::uint16_t tag, std::uint64_t value) { addShorts(tag, {value}); }
     void addLong(std::uint16_t tag, std::uint64_t value) { addLongs(tag, {value}); }
     void addRational(std::uint16_t tag, std::uint32_t numerator, std::uint32_t denominator)

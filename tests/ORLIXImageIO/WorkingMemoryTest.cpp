@@ -33,7 +33,7 @@ std::vector<File> filesThatNeedMore()
     WriteOptions colour;
     colour.compression = eTiffCompression::eLzw;
     writeImage(folder / "a.tif", filledImage(*geometry5d(eImageBufferType::UInt8, 100, 90, 1, 3, 1), 2), colour);
-    files.push_back({"strip of colours", contentOf(folder / "a.tif"), 100 * 90 * 3, 100 * 90 * 3});
+    files.push_back({"row of colours", contentOf(folder / "a.tif"), 100 * 90 * 3, 100 * 3});
 
     writeImage(folder / "a.png", filledImage(*geometry5d(eImageBufferType::UInt8, 100, 90, 1, 3, 1), 3));
     files.push_back({"rows of colours", contentOf(folder / "a.png"), 100 * 90 * 3, 100 * 3 * 32});

@@ -24,6 +24,7 @@
 #include "ORLIX/ORLIXUtil/ORLIXUtilException.h"
 #include "ORLIX/ORLIXUtil/ProcessingResult.h"
 #include "ORLIX/ORLIXUtil/Raise.h"
+#include "ORLIX/ORLIXUtil/RandomStates.h"
 #include "ORLIX/ORLIXUtil/RelativePath.h"
 #include "ORLIX/ORLIXUtil/ResultMessage.h"
 #include "ORLIX/ORLIXUtil/SourcePlace.h"

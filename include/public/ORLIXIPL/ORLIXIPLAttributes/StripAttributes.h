@@ -3,6 +3,7 @@
 
 #include "ORLIXIPL/ORLIXIPLAttributes/Export.h"
 #include "ORLIXIPL/ORLIXImageProcessing/BaseStripAttributes.h"
+#include "ORLIXIPL/ORLIXImageProcessing/MarginStripAttributes.h"
 #include "ORLIXIPL/ORLIXImageProcessing/ZStripAttributes.h"
 
 namespace orlix::imaproc::attr {
@@ -63,6 +64,22 @@ public:
     static constexpr const char* g_toolTip = "Binary output strip: a range of plans of a volume";
 
     image::eImageBufferType getFixedBufferType() const override { return image::eImageBufferType::eBufferBinary; }
+};
+
+class ORLIXIPLATTRIBUTES_API InKnlYStrip2d final
+    : public processor::NamedAttribute<InKnlYStrip2d, BaseInputYStrip2dWithKernelAttribute>
+{
+public:
+    static constexpr const char* g_name = "InKnlYStrip2d";
+    static constexpr const char* g_toolTip = "Input strip with what lies around it: a range of lines of a plan";
+};
+
+class ORLIXIPLATTRIBUTES_API InKnlZStrip3d final
+    : public processor::NamedAttribute<InKnlZStrip3d, BaseInputZStrip3dWithKernelAttribute>
+{
+public:
+    static constexpr const char* g_name = "InKnlZStrip3d";
+    static constexpr const char* g_toolTip = "Input strip with what lies around it: a range of plans of a volume";
 };
 
 } // namespace orlix::imaproc::attr

@@ -7,5 +7,6 @@
 #include "ORLIXIPL/ORLIXImageIO/ORLIXImageIOException.h"
 #include "ORLIXIPL/ORLIXImageIO/ReadImage.h"
 #include "ORLIXIPL/ORLIXImageIO/ReadOptions.h"
+#include "ORLIXIPL/ORLIXImageIO/ReadRegion.h"
 #include "ORLIXIPL/ORLIXImageIO/WriteImage.h"
 #include "ORLIXIPL/ORLIXImageIO/WriteOptions.h"

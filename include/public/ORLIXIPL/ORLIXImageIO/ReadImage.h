@@ -13,7 +13,7 @@
 
 namespace orlix::image::io {
 
-/// Reads a TIFF or PNG file, told apart by content, into a new image.
+/// Reads a TIFF or PNG file, told apart by content, into a new image. `readRegion` reads a part of it.
 /// axes        OME-XML and ImageJ descriptions place the pages of a TIFF file on z, c and t; without them pages are z.
 ///             Samples of a pixel (red, green, blue, alpha) are channels. Reduced pages and masks are left out. Of
 ///             several images in OME-XML the first that lies in the file is read. Plans that it puts into other files

@@ -20,7 +20,8 @@ const std::vector<MessageText>& MessageCatalogue<eORLIXBaseDataMessage>::texts()
         {e::ePlanIndexTooLarge, "Plan %s can't be counted in 64 bits: use smaller indices"},
         {e::eTooManyPlans, "%d x %d x %d plans (z, c, t) are more than a collection can hold: use smaller sizes"},
         {e::eNoEntry, "The collection has no entry %d, only %d: ask for one below its size"},
-        {e::eOtherCount, "The archive has %d plans for %d items: it was changed by hand, write it anew"}};
+        {e::eOtherCount, "The archive has %d plans for %d items: it was changed by hand, write it anew"},
+        {e::eIncompletePoint, "%d numbers are no whole number of points of %d coordinates each: give all coordinates"}};
     return g_texts;
 }
 

@@ -80,7 +80,9 @@ const std::vector<MessageText>& MessageCatalogue<eORLIXImageIOMessage>::texts()
          "each plan as a page of its own"},
         {eORLIXImageIOMessage::eNotForImageJ, "%s: ImageJ can't read %s: %s"},
         {eORLIXImageIOMessage::eReadOnly,
-         "%s: must not be written to (%s): change its permissions or choose another name"}};
+         "%s: must not be written to (%s): change its permissions or choose another name"},
+        {eORLIXImageIOMessage::eRegionBeyond,
+         "%s: the image is %s, but the region %s at %s = %s: let it lie in the image, whose %s has %d"}};
     return g_texts;
 }
 

@@ -8,6 +8,7 @@
 #include "ORLIXIPL/ORLIXImageIO/Png/PngText.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <cstring>
 
@@ -66,7 +67,8 @@ void takeChannel(const std::byte* from, unsigned long step, unsigned long count,
 
 } // namespace
 
-PngReader::PngReader(ByteSource& source, const ReadLimits& limits) : m_input{source}, m_handle(&m_input, readBytes)
+PngReader::PngReader(ByteSource& source, const ReadLimits& limits, const std::optional<RegionWish>& wish)
+    : m_input{source}, m_handle(&m_input, readBytes)
 {
     readHeader();
     const WideSize rowBytes = (WideSize(m_width) * png_get_channels(m_handle.png(), m_handle.info()) * m_bits + 7) / 8;
@@ -75,9 +77,11 @@ PngReader::PngReader(ByteSource& source, const ReadLimits& limits) : m_input{sou
     }
     chooseElements();
     readMetadata();
+    m_region = wish ? regionOf(m_geometry, *wish, source.getName()) : wholeImage(m_geometry);
+    m_readGeometry = wish ? geometryOf(m_region, m_geometry) : m_geometry;
+    m_readCalibration = wish ? calibrationOf(m_region, m_geometry, m_metadata.calibration) : m_metadata.calibration;
     const WideSize scratchRow = WideSize(m_width) * m_samples * elementSize(m_metadata.type);
-    checkLimits(m_geometry, m_channelSamples.size() == 1 && m_samples == 1 ? 0 : scratchRow * bufferRows(), limits,
-                source.getName());
+    checkLimits(m_readGeometry, goesStraight() ? 0 : scratchRow * bufferRows(), limits, source.getName());
 }
 
 void PngReader::readHeader()
@@ -186,30 +190,35 @@ ImageFileInfo PngReader::getInfo() const
 
 ImagePtr PngReader::read(const ProgressFunction& function)
 {
-    Progress progress(function, m_geometry.getNbPlans());
+    Progress progress(function, m_readGeometry.getNbPlans());
     chooseTransformations();
-    const ImagePtr image = createImage(m_geometry);
-    image->setGeometricCalibration(m_metadata.calibration);
-    m_input.progress = &progress;
-    if (m_samples == 1) {
-        readStraight(*image, progress);
-    } else {
-        readInterleaved(*image, progress);
+    const ImagePtr image = createImage(m_readGeometry);
+    image->setGeometricCalibration(m_readCalibration);
+    if (m_region.isEmpty()) {
+        return image;
     }
+    m_input.progress = &progress;
+    readBands(*image, progress);
     // The end carries the check sums of the last pixels.
-    if (!guarded(m_handle.png(), [&] { png_read_end(m_handle.png(), nullptr); })) {
+    if (m_region.y.end() == m_height && !guarded(m_handle.png(), [&] { png_read_end(m_handle.png(), nullptr); })) {
         progress.throwIfStopped(eORLIXImageIOMessage::eReadingStopped, m_input.source.getName());
         raiseDamaged();
     }
-    progress.addPlans(m_geometry.getNbPlans());
+    progress.addPlans(m_readGeometry.getNbPlans());
     progress.goesOn();
     progress.throwIfStopped(eORLIXImageIOMessage::eReadingStopped, m_input.source.getName());
     return image;
 }
 
+// Whole rows of the file are rows of the image.
+bool PngReader::goesStraight() const
+{
+    return m_samples == 1 && m_region.x.size == m_width;
+}
+
 unsigned long PngReader::bufferRows() const
 {
-    return m_interlacing == PNG_INTERLACE_NONE ? std::min<unsigned long>(g_mostRowsAtOnce, m_height) : m_height;
+    return m_interlacing == PNG_INTERLACE_NONE ? std::min(g_mostRowsAtOnce, m_region.y.size) : m_region.y.size;
 }
 
 // Between two questions whether to go on.
@@ -218,49 +227,55 @@ unsigned long PngReader::rowsAtOnce() const
     return std::clamp(g_progressBytes / (m_width * m_samples * elementSize(m_metadata.type)), 1ul, g_mostRowsAtOnce);
 }
 
-void PngReader::readStraight(BaseImage& image, Progress& progress)
+// Band by band of the region's rows: an interlaced file passes over all of its rows several times, so they are one.
+void PngReader::readBands(BaseImage& image, Progress& progress)
 {
-    std::vector<png_bytep> rows(m_height);
-    for (unsigned long y = 0; y < m_height; ++y) {
-        rows[y] = reinterpret_cast<png_bytep>(image.accessRow(y, 0, 0, 0));
+    const AxisPart& wanted = m_region.y;
+    const bool bStraight = goesStraight(), bInterlaced = m_interlacing != PNG_INTERLACE_NONE;
+    const unsigned long rowBytes = m_width * m_samples * elementSize(m_metadata.type);
+    const unsigned long held = bStraight ? wanted.size : bufferRows();
+    std::vector<std::byte> buffer(bStraight ? 0 : held * rowBytes);
+    std::vector<png_bytep> rows(held);
+    for (unsigned long row = 0; row < held; ++row) {
+        rows[row] =
+            reinterpret_cast<png_bytep>(bStraight ? image.accessRow(row, 0, 0, 0) : buffer.data() + row * rowBytes);
     }
-    const int passes = m_interlacing == PNG_INTERLACE_NONE ? 1 : PNG_INTERLACE_ADAM7_PASSES;
-    for (int pass = 0; pass < passes; ++pass) {
-        for (unsigned long y = 0; y < m_height; y += rowsAtOnce()) {
-            readRows(rows.data() + y, std::min(rowsAtOnce(), m_height - y), progress);
+    const int passes = bInterlaced ? PNG_INTERLACE_ADAM7_PASSES : 1;
+    for (unsigned long y = 0; y < wanted.size; y += held) {
+        const unsigned long count = std::min(held, wanted.size - y);
+        for (int pass = 0; pass < passes; ++pass) {
+            skipRows(y == 0 ? wanted.first : 0, progress);
+            for (unsigned long row = 0; row < count; row += rowsAtOnce()) {
+                readRows(rows.data() + row, std::min(rowsAtOnce(), count - row), progress);
+            }
+            skipRows(bInterlaced ? m_height - wanted.end() : 0, progress);
+        }
+        for (unsigned long row = 0; !bStraight && row < count; ++row) {
+            takeRow(buffer.data() + row * rowBytes, image, y + row);
         }
     }
 }
 
-void PngReader::readInterleaved(BaseImage& image, Progress& progress)
+void PngReader::takeRow(const std::byte* from, BaseImage& image, unsigned long y) const
 {
     const unsigned long elementBytes = elementSize(m_metadata.type);
-    const unsigned long rowBytes = m_width * m_samples * elementBytes;
-    const unsigned long held = bufferRows();
-    std::vector<std::byte> buffer(held * rowBytes);
-    std::vector<png_bytep> rows(held);
-    for (unsigned long row = 0; row < held; ++row) {
-        rows[row] = reinterpret_cast<png_bytep>(buffer.data() + row * rowBytes);
+    for (unsigned long c = 0; c < m_region.c.size; ++c) {
+        const unsigned long sample = m_region.x.first * m_samples + m_channelSamples[m_region.c.first + c];
+        std::byte* const to = image.accessRow(y, 0, c, 0);
+        if (elementBytes == 1) {
+            takeChannel<png_byte>(from + sample, m_samples, m_region.x.size, to);
+        } else {
+            takeChannel<png_uint_16>(from + sample * elementBytes, m_samples, m_region.x.size, to);
+        }
     }
-    const int passes = m_interlacing == PNG_INTERLACE_NONE ? 1 : PNG_INTERLACE_ADAM7_PASSES;
-    for (unsigned long y = 0; y < m_height; y += held) {
-        const unsigned long count = std::min(held, m_height - y);
-        for (int pass = 0; pass < passes; ++pass) {
-            for (unsigned long row = 0; row < count; row += rowsAtOnce()) {
-                readRows(rows.data() + row, std::min(rowsAtOnce(), count - row), progress);
-            }
-        }
-        for (unsigned long row = 0; row < count; ++row) {
-            for (unsigned long c = 0; c < m_channelSamples.size(); ++c) {
-                const std::byte* const from = buffer.data() + row * rowBytes + m_channelSamples[c] * elementBytes;
-                std::byte* const to = image.accessRow(y + row, 0, c, 0);
-                if (elementBytes == 1) {
-                    takeChannel<png_byte>(from, m_samples, m_width, to);
-                } else {
-                    takeChannel<png_uint_16>(from, m_samples, m_width, to);
-                }
-            }
-        }
+}
+
+// Decodes rows that go nowhere.
+void PngReader::skipRows(unsigned long count, Progress& progress)
+{
+    std::array<png_bytep, g_mostRowsAtOnce> nowhere{};
+    for (unsigned long row = 0; row < count; row += rowsAtOnce()) {
+        readRows(nowhere.data(), std::min(rowsAtOnce(), count - row), progress);
     }
 }
 

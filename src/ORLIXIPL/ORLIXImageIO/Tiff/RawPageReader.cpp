@@ -12,6 +12,7 @@ namespace orlix::image::io {
 namespace {
 
 constexpr unsigned long g_pieceBytes = 256ul << 10;
+constexpr unsigned long g_skippedBytes = 32ul << 10; // at least, to be worth a read for each row
 
 unsigned long rowBytesOf(const TiffPage& page)
 {
@@ -27,48 +28,60 @@ bool RawPageReader::suits(const TiffPage& page, const PixelForm& form)
 
 void RawPageReader::read(const TiffPage& page, const PixelForm& form, unsigned long offset, const PagePlace& place)
 {
-    const unsigned long rowBytes = rowBytesOf(page);
-    const unsigned long pieceRows = std::clamp(g_pieceBytes / rowBytes, 1ul, page.height);
-    for (unsigned long y = 0; y < page.height; y += pieceRows) {
-        readRows(page, form, offset + y * rowBytes, place, y, std::min(pieceRows, page.height - y));
+    const ImageRegion& region = m_target.getRegion();
+    const unsigned long rowBytes = rowBytesOf(page), pixelBytes = rowBytes / page.width;
+    // What lies between the wanted parts of two rows is read too, unless it is much.
+    const bool bRowByRow = rowBytes - region.x.size * pixelBytes >= g_skippedBytes;
+    const AxisPart columns = bRowByRow ? region.x : AxisPart{0, page.width};
+    const unsigned long pieceRows = bRowByRow ? 1 : std::max(g_pieceBytes / rowBytes, 1ul);
+    for (unsigned long y = region.y.first; y < region.y.end(); y += pieceRows) {
+        readRows(page, form, offset + y * rowBytes + columns.first * pixelBytes, place, columns,
+                 {y, std::min(pieceRows, region.y.end() - y)});
     }
 }
 
 void RawPageReader::readRows(const TiffPage& page, const PixelForm& form, unsigned long offset, const PagePlace& place,
-                             unsigned long y, unsigned long rows)
+                             const AxisPart& columns, const AxisPart& rows)
 {
-    const unsigned long rowBytes = rowBytesOf(page);
-    const bool bStraight = page.samples == 1 && form.inverted == 0;
+    const ImageRegion& region = m_target.getRegion();
+    const unsigned long lineBytes = columns.size * page.samples * (page.bits / 8), bytes = rows.size * lineBytes;
+    const bool bStraight = page.samples == 1 && form.inverted == 0 && columns == region.x;
     if (!bStraight) {
-        m_scratch.resize(std::max(m_scratch.size(), rows * rowBytes));
+        m_scratch.resize(std::max(m_scratch.size(), bytes));
     }
-    std::byte* const first = bStraight ? m_image.accessRow(y, place.z, place.c, place.t) : m_scratch.data();
-    const bool bRead = m_source.read(offset, first, rows * rowBytes) == rows * rowBytes;
-    if (!bRead || !m_progress.goesOnAfter(rows * rowBytes)) {
+    std::byte* const first = bStraight ? m_target.accessRow(rows.first, place.c, place) : m_scratch.data();
+    const bool bRead = m_source.read(offset, first, bytes) == bytes;
+    if (!bRead || !m_progress.goesOnAfter(bytes)) {
         m_tiff.messages().error = "its pixels end early";
         m_tiff.raiseDamaged(place.page);
     }
     if (TIFFIsByteSwapped(m_tiff)) {
-        swapElements(first, rows * rowBytes, page.bits / 8);
+        swapElements(first, bytes, page.bits / 8);
     }
-    for (unsigned long line = 0; !bStraight && line < rows; ++line) {
-        const SampleRow row = {first + line * rowBytes, page.samples, page.bits, page.width};
-        for (unsigned sample = 0; sample < page.samples; ++sample) {
-            unpackRow(row, sample, sample, form, {}, m_image.accessRow(y + line, place.z, place.c + sample, place.t));
+    const AxisPart channels = region.channelsOf(place, page.samples);
+    for (unsigned long line = 0; !bStraight && line < rows.size; ++line) {
+        const SampleRow row = {first + line * lineBytes, page.samples, page.bits, region.x.size,
+                               region.x.first - columns.first};
+        for (unsigned long c = channels.first; c < channels.end(); ++c) {
+            const unsigned long sample = c - place.c;
+            unpackRow(row, static_cast<unsigned>(sample), sample, form, {},
+                      m_target.accessRow(rows.first + line, c, place));
         }
     }
 }
 
-void RawPageReader::readStack(const TiffPage& page, const PixelForm& form)
+void RawPageReader::readStack(const TiffPage& page, const PixelForm& form, const BaseImageGeometry& whole)
 {
-    unsigned long offset = page.rawOffset;
+    const ImageRegion& region = m_target.getRegion();
+    const unsigned long planBytes = rowBytesOf(page) * page.height, pagesPerPlan = whole.getSizeC() / page.samples;
     PagePlace place = {0, 0, 0, 0};
-    for (place.t = 0; place.t < m_image.getSizeT(); ++place.t) {
-        for (place.z = 0; place.z < m_image.getSizeZ(); ++place.z) {
-            for (place.c = 0; place.c < m_image.getSizeC(); place.c += page.samples, ++place.page) {
-                read(page, form, offset, place);
-                offset += rowBytesOf(page) * page.height;
-                m_progress.addPlans(page.samples);
+    for (place.t = region.t.first; place.t < region.t.end(); ++place.t) {
+        for (place.z = region.z.first; place.z < region.z.end(); ++place.z) {
+            for (place.c = region.c.first / page.samples * page.samples; place.c < region.c.end();
+                 place.c += page.samples) {
+                place.page = (place.t * whole.getSizeZ() + place.z) * pagesPerPlan + place.c / page.samples;
+                read(page, form, page.rawOffset + place.page * planBytes, place);
+                m_progress.addPlans(region.channelsOf(place, page.samples).size);
                 if (!m_progress.goesOn()) {
                     m_tiff.raiseDamaged(place.page);
                 }

@@ -48,10 +48,11 @@ void takeEach(const std::byte* from, unsigned step, unsigned long count, std::by
 template <class T>
 void copySamples(const SampleRow& row, unsigned sample, bool bInverted, std::byte* target)
 {
+    const std::byte* const from = row.first + row.skipped * row.step * sizeof(T);
     if (row.step == 1) {
-        std::memcpy(target, row.first, row.count * sizeof(T));
+        std::memcpy(target, from, row.count * sizeof(T));
     } else {
-        takeEach<T>(row.first + sample * sizeof(T), row.step, row.count, target);
+        takeEach<T>(from + sample * sizeof(T), row.step, row.count, target);
     }
     if (bInverted) { // max - v for unsigned, -1 - v for signed integers
         for (unsigned long i = 0; i < row.count * sizeof(T); ++i) {
@@ -60,18 +61,20 @@ void copySamples(const SampleRow& row, unsigned sample, bool bInverted, std::byt
     }
 }
 
-unsigned packedSample(const SampleRow& row, unsigned long index)
+unsigned packedSample(const SampleRow& row, unsigned long pixel, unsigned sample)
 {
-    const unsigned long bit = index * row.bits;
+    const unsigned long bit = ((row.skipped + pixel) * row.step + sample) * row.bits;
     const unsigned shift = static_cast<unsigned>(8 - row.bits - bit % 8);
     return (std::to_integer<unsigned>(row.first[bit / 8]) >> shift) & ((1u << row.bits) - 1);
 }
 
+// What is skipped ends with a byte.
 void spreadBits(const SampleRow& row, bool bInverted, std::byte* target)
 {
+    const std::byte* const from = row.first + row.skipped / 8;
     const unsigned flip = bInverted ? 255 : 0;
     for (unsigned long i = 0; i < row.count; i += 8) {
-        const auto& bits = g_bitTable[std::to_integer<unsigned>(row.first[i / 8]) ^ flip];
+        const auto& bits = g_bitTable[std::to_integer<unsigned>(from[i / 8]) ^ flip];
         std::memcpy(target + i, bits.data(), std::min(row.count - i, 8ul));
     }
 }
@@ -81,7 +84,7 @@ void spreadSamples(const SampleRow& row, unsigned sample, bool bBinary, bool bIn
     const unsigned largest = (1u << row.bits) - 1;
     const unsigned factor = bBinary ? 1 : 255 / largest;
     for (unsigned long i = 0; i < row.count; ++i) {
-        const unsigned value = packedSample(row, i * row.step + sample);
+        const unsigned value = packedSample(row, i, sample);
         target[i] = static_cast<std::byte>((bInverted ? largest - value : value) * factor);
     }
 }
@@ -91,12 +94,12 @@ void mapSamples(const SampleRow& row, const std::vector<unsigned char>& map, std
     for (unsigned long i = 0; i < row.count; ++i) {
         unsigned long index = 0;
         if (row.bits < 8) {
-            index = packedSample(row, i);
+            index = packedSample(row, i, 0);
         } else if (row.bits == 8) {
-            index = std::to_integer<unsigned>(row.first[i]);
+            index = std::to_integer<unsigned>(row.first[row.skipped + i]);
         } else {
             std::uint16_t wide = 0;
-            std::memcpy(&wide, row.first + 2 * i, sizeof wide);
+            std::memcpy(&wide, row.first + 2 * (row.skipped + i), sizeof wide);
             index = wide;
         }
         target[i] = static_cast<std::byte>(map[index]);
@@ -130,7 +133,8 @@ void unpackRow(const SampleRow& row, unsigned sample, unsigned long channel, con
     const bool bInverted = channel < form.inverted;
     if (form.conversion == eSampleConversion::ePalette) {
         mapSamples(row, palette[channel], target);
-    } else if (form.conversion == eSampleConversion::eSpread && row.bits == 1 && row.step == 1) {
+    } else if (form.conversion == eSampleConversion::eSpread && row.bits == 1 && row.step == 1 &&
+               row.skipped % 8 == 0) {
         spreadBits(row, bInverted, target);
     } else if (form.conversion == eSampleConversion::eSpread) {
         spreadSamples(row, sample, form.type == eImageBufferType::eBufferBinary, bInverted, target);

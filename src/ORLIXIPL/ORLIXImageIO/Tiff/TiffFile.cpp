@@ -8,19 +8,16 @@ TiffFile::TiffFile(ByteSource& source, unsigned long maxAllocation)
       m_currentPage(m_pages.size() - 1)
 {}
 
-// Pages come in order, so that going on from one to the next is the rule.
+// Pages come in order, so that going on from one to the next is the rule. Directories between two pages that are far
+// apart are left alone.
 void TiffFile::goToPage(unsigned long page)
 {
-    if (page < m_currentPage) {
-        if (TIFFSetDirectory(m_tiff, 0) != 1) {
-            m_tiff.raiseDamaged(0);
+    if (page != m_currentPage) {
+        const bool bNext = page == m_currentPage + 1;
+        if ((bNext ? TIFFReadDirectory(m_tiff) : TIFFSetSubDirectory(m_tiff, m_pages[page].directory)) != 1) {
+            m_tiff.raiseDamaged(page);
         }
-        m_currentPage = 0;
-    }
-    for (; m_currentPage < page; ++m_currentPage) {
-        if (TIFFReadDirectory(m_tiff) != 1) {
-            m_tiff.raiseDamaged(m_currentPage + 1);
-        }
+        m_currentPage = page;
     }
     prepareDecoders(m_tiff);
 }

@@ -140,6 +140,7 @@ TiffPage describePage(TiffHandle& tiff, unsigned long index)
     }
     page.depth = fieldOf<std::uint32_t>(tiff, TIFFTAG_IMAGEDEPTH, 1);
     page.blockDepth = fieldOf<std::uint32_t>(tiff, TIFFTAG_TILEDEPTH, 1);
+    page.directory = TIFFCurrentDirOffset(tiff);
     page.orientation = fieldOf<std::uint16_t>(tiff, TIFFTAG_ORIENTATION, ORIENTATION_TOPLEFT);
     std::uint16_t subPages = 0;
     std::uint64_t* offsets = nullptr;

@@ -9,6 +9,7 @@
 #include "ORLIXIPL/ORLIXImageIO/Tiff/RawPageReader.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace orlix::image::io {
 
@@ -49,13 +50,15 @@ void shiftSigns(BaseImage& image)
 
 } // namespace
 
-TiffReader::TiffReader(ByteSource& source, const ReadLimits& limits) : m_files(source, limits.maxBytes)
+TiffReader::TiffReader(ByteSource& source, const ReadLimits& limits, const std::optional<RegionWish>& wish)
+    : m_files(source, limits.maxBytes)
 {
     while (m_firstPage + 1 < pages().size() && firstPage().bLeftOut) {
         ++m_firstPage;
     }
     m_form = pixelFormOf(firstPage(), m_firstPage, source.getName());
     readMetadata();
+    chooseRegion(wish);
     checkPages(limits);
 }
 
@@ -95,6 +98,14 @@ void TiffReader::readMetadata()
     m_geometry = {m_metadata.type, facts.sizeX, facts.sizeY, m_metadata.volume, color, m_metadata.temporal};
 }
 
+void TiffReader::chooseRegion(const std::optional<RegionWish>& wish)
+{
+    m_region = wish ? regionOf(m_geometry, *wish, m_files.getPathOf(0)) : wholeImage(m_geometry);
+    m_readGeometry = wish ? geometryOf(m_region, m_geometry) : m_geometry;
+    m_readCalibration = wish ? calibrationOf(m_region, m_geometry, m_metadata.calibration) : m_metadata.calibration;
+}
+
+// All pages have to be alike; what they claim matters for those that are read.
 void TiffReader::checkPages(const ReadLimits& limits)
 {
     WideSize scratchBytes = 0;
@@ -107,6 +118,9 @@ void TiffReader::checkPages(const ReadLimits& limits)
             raise<eORLIXImageIOMessage>(ORLIX_HERE, eORLIXImageIOMessage::ePagesDiffer, name, m_firstPage,
                                         firstPage().toString(), place.page, page.toString());
         }
+        if (!m_region.holdsPlansOf(place, m_form.channels)) {
+            continue;
+        }
         const WideSize pageScratch = scratchBytesOf(page, form);
         if (limits.bMustBePlausible) {
             checkPlausibility(place.page, std::max(samplesBytes(page), page.bTiled ? pageScratch : 0),
@@ -117,7 +131,7 @@ void TiffReader::checkPages(const ReadLimits& limits)
     if (m_metadata.bRawStack) {
         checkRawStack(m_files.first().getTiff(), firstPage(), m_form, m_geometry, m_files.first().getSource());
     }
-    checkLimits(m_geometry, scratchBytes, limits, m_files.getPathOf(0));
+    checkLimits(m_readGeometry, scratchBytes, limits, m_files.getPathOf(0));
 }
 
 ImageFileInfo TiffReader::getInfo() const
@@ -169,20 +183,27 @@ ImageFileInfo::Ignored TiffReader::whatIsIgnored() const
 
 ImagePtr TiffReader::read(const ProgressFunction& function)
 {
-    Progress progress(function, m_geometry.getNbPlans());
-    const ImagePtr image = createImage(m_geometry);
-    image->setGeometricCalibration(m_metadata.calibration);
+    Progress progress(function, m_readGeometry.getNbPlans());
+    const ImagePtr image = createImage(m_readGeometry);
+    image->setGeometricCalibration(m_readCalibration);
+    if (m_region.isEmpty()) {
+        return image;
+    }
+    const RegionTarget target(*image, m_region);
     if (m_metadata.bRawStack) {
         TiffFile& file = m_files.first();
         file.getTiff().setProgress(&progress);
-        RawPageReader(file.getTiff(), file.getSource(), progress, *image).readStack(firstPage(), m_form);
+        RawPageReader(file.getTiff(), file.getSource(), progress, target).readStack(firstPage(), m_form, m_geometry);
         file.getTiff().setProgress(nullptr);
     }
-    for (std::span<const PagePlace> rest = m_metadata.places; !rest.empty();) { // file by file
+    std::vector<PagePlace> places;
+    std::ranges::copy_if(m_metadata.places, std::back_inserter(places),
+                         [&](const PagePlace& place) { return m_region.holdsPlansOf(place, m_form.channels); });
+    for (std::span<const PagePlace> rest = places; !rest.empty();) { // file by file
         const auto next =
             std::ranges::find_if(rest, [&](const PagePlace& place) { return place.file != rest.front().file; });
         const auto count = static_cast<std::size_t>(next - rest.begin());
-        readPages(*image, progress, rest.first(count));
+        readPages(target, progress, rest.first(count));
         rest = rest.subspan(count);
     }
     if (m_metadata.bSignShifted) {
@@ -192,13 +213,13 @@ ImagePtr TiffReader::read(const ProgressFunction& function)
 }
 
 // All of one file.
-void TiffReader::readPages(BaseImage& image, Progress& progress, std::span<const PagePlace> places)
+void TiffReader::readPages(const RegionTarget& target, Progress& progress, std::span<const PagePlace> places)
 {
     TiffFile& file = m_files.open(places.front().file);
     TiffHandle& tiff = file.getTiff();
     tiff.setProgress(&progress);
-    TiffPageDecoder decoder(tiff, progress, image);
-    RawPageReader rawReader(tiff, file.getSource(), progress, image);
+    TiffPageDecoder decoder(tiff, progress, target);
+    RawPageReader rawReader(tiff, file.getSource(), progress, target);
     for (const PagePlace& place : places) {
         const TiffPage& page = m_files.getPage(place);
         const PixelForm form = pixelFormOf(page, place.page, file.getSource().getName());
@@ -208,7 +229,7 @@ void TiffReader::readPages(BaseImage& image, Progress& progress, std::span<const
             file.goToPage(place.page);
             decoder.decode(page, form, place);
         }
-        progress.addPlans(m_form.channels);
+        progress.addPlans(m_region.channelsOf(place, m_form.channels).size);
         if (!progress.goesOn()) {
             tiff.raiseDamaged(place.page);
         }

@@ -4,12 +4,14 @@
 #include "ORLIXIPL/ORLIXImage/BaseImage.h"
 #include "ORLIXIPL/ORLIXImageIO/File/ByteSource.h"
 #include "ORLIXIPL/ORLIXImageIO/ImageFileInfo.h"
+#include "ORLIXIPL/ORLIXImageIO/ImageRegion.h"
 #include "ORLIXIPL/ORLIXImageIO/Metadata/Calibration.h"
 #include "ORLIXIPL/ORLIXImageIO/Png/PngHandle.h"
 #include "ORLIXIPL/ORLIXImageIO/Png/PngText.h"
 #include "ORLIXIPL/ORLIXImageIO/Progress.h"
 #include "ORLIXIPL/ORLIXImageIO/ReadOptions.h"
 
+#include <optional>
 #include <vector>
 
 namespace orlix::image::io {
@@ -24,14 +26,15 @@ struct PngInput
     Progress* progress = nullptr; ///< asked between reads; may be null
 };
 
-/// One file, used by one thread. The constructor reads and checks everything before the pixels; it throws
-/// ORLIXImageIOException where the file is damaged or passes a limit.
+/// One file, or a region of its image, used by one thread. The constructor reads and checks everything before the
+/// pixels; it throws ORLIXImageIOException where the file is damaged or passes a limit.
 class PngReader
 {
 public:
-    PngReader(ByteSource& source, const ReadLimits& limits);
+    /// Reads the whole image without a wish.
+    PngReader(ByteSource& source, const ReadLimits& limits, const std::optional<RegionWish>& wish = std::nullopt);
 
-    ImageFileInfo getInfo() const;
+    ImageFileInfo getInfo() const; ///< of the whole image
     /// Throws ORLIXImageIOException where pixels are damaged or reading was stopped. To be called once.
     ImagePtr read(const ProgressFunction& function);
 
@@ -41,8 +44,10 @@ private:
     void chooseTransformations();
     void readMetadata();
     unsigned long bufferRows() const;
-    void readStraight(BaseImage& image, Progress& progress);
-    void readInterleaved(BaseImage& image, Progress& progress);
+    bool goesStraight() const;
+    void readBands(BaseImage& image, Progress& progress);
+    void takeRow(const std::byte* from, BaseImage& image, unsigned long y) const;
+    void skipRows(unsigned long count, Progress& progress);
     void readRows(png_bytep* rows, unsigned long count, Progress& progress);
     unsigned long rowsAtOnce() const;
     [[noreturn]] void raiseDamaged() const;
@@ -59,7 +64,10 @@ private:
     unsigned long m_samples = 1;                 ///< of a decoded pixel
     std::vector<unsigned long> m_channelSamples; ///< the sample that each channel comes from
     ImageMetadata m_metadata;
-    BaseImageGeometry m_geometry;
+    BaseImageGeometry m_geometry; ///< of the whole image
+    ImageRegion m_region{};
+    BaseImageGeometry m_readGeometry; ///< of the image that `read` gives
+    CalibrationPtr m_readCalibration;
 };
 
 } // namespace orlix::image::io

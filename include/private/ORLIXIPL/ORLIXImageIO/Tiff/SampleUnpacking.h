@@ -20,9 +20,10 @@ Palette paletteOf(TIFF* tiff, unsigned bits);
 struct SampleRow
 {
     const std::byte* first;
-    unsigned step;       ///< samples from a pixel to the next
-    unsigned bits;       ///< of a sample; below 8 they are packed, the first in the high bits
-    unsigned long count; ///< pixels
+    unsigned step;             ///< samples from a pixel to the next
+    unsigned bits;             ///< of a sample; below 8 they are packed, the first in the high bits
+    unsigned long count;       ///< pixels that are wanted
+    unsigned long skipped = 0; ///< pixels before the first of them
 };
 
 /// Writes `row.count` elements of one channel to `target`. `sample` is the channel's sample in the row; `channel` is

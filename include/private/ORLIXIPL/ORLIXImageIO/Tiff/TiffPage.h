@@ -33,6 +33,7 @@ struct TiffPage
     unsigned long blockDepth = 1;
     unsigned long subPages = 0; ///< in directories of their own, most often reduced copies
     unsigned orientation = ORIENTATION_TOPLEFT;
+    unsigned long directory = 0; ///< where it lies in the file
 
     friend bool operator==(const TiffPage&, const TiffPage&) = default;
     std::string toString() const; ///< "512x256 pixels of 3 RGB samples, unsigned, 8 bits"

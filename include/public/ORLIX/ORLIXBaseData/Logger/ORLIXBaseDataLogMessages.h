@@ -16,7 +16,8 @@ struct eORLIXBaseDataMessage
         ePlanIndexTooLarge = 2,
         eTooManyPlans = 3,
         eNoEntry = 4,
-        eOtherCount = 5
+        eOtherCount = 5,
+        eIncompletePoint = 6 ///< numbers, coordinates of a point
     };
     ORLIX_ENUMERATION(eORLIXBaseDataMessage, eOtherClass);
 };

@@ -44,7 +44,8 @@ struct eORLIXImageIOMessage
         eCannotReplace = 29,    ///< reason of the system
         eVolumePage = 30,       ///< page, ImageDepth, TileDepth
         eNotForImageJ = 31,     ///< what does not suit, what to do
-        eReadOnly = 32          ///< reason of the system
+        eReadOnly = 32,         ///< reason of the system
+        eRegionBeyond = 33      ///< geometry, "begins" or "ends", axis, where, axis, pixels of the axis
     };
     ORLIX_ENUMERATION(eORLIXImageIOMessage, eCannotOpen);
 };
