@@ -51,12 +51,19 @@ boost::shared_ptr<TItem> passThrough(const TItem& item)
     return made;
 }
 
+template <class TRecord, class TItem>
+void expectRoundTrip(const TItem& item)
+{
+    const boost::shared_ptr<TItem> read = passThrough(item);
+    EXPECT_TRUE(static_cast<const TRecord&>(*read) == static_cast<const TRecord&>(item)) << item.getClassName();
+}
+
 TEST(RegionDataItems, ComeOutOfArchivesAsTheyWentIn)
 {
-    EXPECT_EQ(*passThrough(*createImg2dOffset(3, ~0UL)), *createImg2dOffset(3, ~0UL));
-    EXPECT_EQ(*passThrough(*createImg3dOffset(1, 2, ~0UL)), *createImg3dOffset(1, 2, ~0UL));
-    EXPECT_EQ(*passThrough(*createImg2dSize(3, 4)), *createImg2dSize(3, 4));
-    EXPECT_EQ(*passThrough(*createImg3dSize(5, 6, 7)), *createImg3dSize(5, 6, 7));
+    expectRoundTrip<Img2dOffsetRecord>(*createImg2dOffset(3, ~0UL));
+    expectRoundTrip<Img3dOffsetRecord>(*createImg3dOffset(1, 2, ~0UL));
+    expectRoundTrip<Img2dSizeRecord>(*createImg2dSize(3, 4));
+    expectRoundTrip<Img3dSizeRecord>(*createImg3dSize(5, 6, 7));
     EXPECT_EQ(createImg3dSize(5, 6, 7)->getClassName(), "orlix::imaproc::attr::Img3dSize");
 }
 

@@ -76,7 +76,9 @@ TEST_P(RefusingTest, regionsThatEndOutside)
     EXPECT_EQ(getFailure(m_in, each, roiFor(each)),
               whole + sizes("50x40", "x6") + " at (" + sizes("0, 1", ", 0") + ") ends at y = 41");
     each = region(40, 30, 10, 10);
-    EXPECT_EQ(getFailure(m_in, each, createImage(roiGeometry(*m_in, each))), "no exception") << "flush with both edges";
+    const ImagePtr flush = createImage(roiGeometry(*m_in, each));
+    m_op.getInto(m_in, each, flush);
+    EXPECT_EQ(bytesOf(*flush), regionBytes(*m_in, each)) << "with both edges";
 }
 
 TEST_P(RefusingTest, endsThatComeRound)
@@ -120,9 +122,9 @@ TEST_P(RefusingTest, otherTypesAndSizes)
     EXPECT_NE(putFailure(m_in, makeRandom(other), each, makeRandom(m_in->getGeometry(), 9)), "no exception");
     other = geometry(eImageBufferType::UInt8, 10, 10, 5, 2);
     EXPECT_NE(getFailure(m_in, each, makeRandom(other)), "no exception") << "plans";
-    EXPECT_EQ(putFailure(m_in, makeRandom(other), each, makeRandom(m_in->getGeometry(), 9)) == "no exception",
-              GetParam())
-        << "in 3d a volume of fewer plans is a region like others";
+    if (!GetParam()) { // in 3d a volume of fewer plans is a region like others
+        EXPECT_NE(putFailure(m_in, makeRandom(other), each, makeRandom(m_in->getGeometry(), 9)), "no exception");
+    }
     EXPECT_NE(putFailure(m_in, roiFor(each), each, makeRandom(geometry(eImageBufferType::UInt8, 50, 41, 6, 2))),
               "no exception");
     EXPECT_NE(putFailure(m_in, roiFor(each), each, makeRandom(geometry(eImageBufferType::Int8, 50, 40, 6, 2))),
