@@ -24,7 +24,8 @@ TEST_P(RegisteredProcessorTest, attributesAreNamedForWhatTheyAre)
         SCOPED_TRACE(name);
         EXPECT_TRUE(names.insert(name).second) << "two attributes of one name";
         EXPECT_EQ(&processor->getAttribute(name), attribute.get());
-        EXPECT_EQ(attribute->isOutput(), name.starts_with("Out") || name.starts_with("InOut"));
+        const bool bInOut = name.starts_with("InOut") && !name.starts_with("InOutput");
+        EXPECT_EQ(attribute->isOutput(), name.starts_with("Out") || bInOut);
         EXPECT_TRUE(attribute->isOutput() || name.starts_with("In"));
         EXPECT_EQ(attribute->isOptional(), name.starts_with("InOpt"));
         EXPECT_FALSE(attribute->getToolTip().empty());

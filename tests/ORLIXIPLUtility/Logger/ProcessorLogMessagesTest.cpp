@@ -103,6 +103,9 @@ TEST(ProcessorLogMessagesTest, otherCatalogues)
     MessageMapRegistrator<eOutputInitializerMessage, void>::process();
     MessageMapRegistrator<eRuleMessage, void>::process();
     EXPECT_EQ(textOf("23eORLIXIPLUtilityMessage", 0), "The output image has not been initialized");
+    EXPECT_EQ(textOf("23eORLIXIPLUtilityMessage", 1),
+              "A part of %s from (%d, %d, %d) on reaches beyond a whole of %dx%dx%d: make it smaller, let it begin "
+              "earlier, or name a larger whole");
     EXPECT_EQ(textOf("25eOutputInitializerMessage", 0), "Input attribute should not be null");
     EXPECT_EQ(textOf("12eRuleMessage", 0), "Attribute weak pointer has expired, can't get it");
     EXPECT_EQ(textOf("12eRuleMessage", 1), "Input attribute should not be null");

@@ -15,6 +15,7 @@
 #include "ORLIX/ORLIXBaseProcessing/BaseProcessorDispatcher.h"
 #include "ORLIX/ORLIXBaseProcessing/BaseRule.h"
 #include "ORLIX/ORLIXBaseProcessing/BaseValueAttributes.h"
+#include "ORLIX/ORLIXBaseProcessing/CallerCheck.h"
 #include "ORLIX/ORLIXBaseProcessing/ClassStatics.h"
 #include "ORLIX/ORLIXBaseProcessing/CsvReader.h"
 #include "ORLIX/ORLIXBaseProcessing/DataItemAttributes.h"

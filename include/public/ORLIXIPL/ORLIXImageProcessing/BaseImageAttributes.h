@@ -64,6 +64,8 @@ public:
 
     void init(const ImageConstPtr& image) { m_image = image, hold(m_image.get()); }
     void init(ImageConstPtr&& image) { m_image = std::move(image), hold(m_image.get()); }
+    /// Holds an image of the caller's, until `clear`; `getStorage` is null then.
+    void borrow(const image::BaseImage* image) { m_image.reset(), hold(image); }
     const ImageConstPtr& getStorage() const { return m_image; }
     ImageConstPtr getImagePtr() const override { return m_image; }
 
@@ -78,18 +80,23 @@ public:
     static constexpr bool g_bOutput = true;
 
     bool isOutput() const override { return true; }
-    void clear() override { m_image.reset(), letGo(); }
+    void clear() override { m_image.reset(), m_held = nullptr, letGo(); }
     /// The one element type that images of this attribute have; none where any type will do.
     virtual image::eImageBufferType getFixedBufferType() const { return image::eImageBufferType::eNoBuffer; }
 
-    void init(const ImagePtr& image) { m_image = image, hold(m_image.get()); }
-    void init(ImagePtr&& image) { m_image = std::move(image), hold(m_image.get()); }
+    void init(const ImagePtr& image) { m_image = image, holdOutput(m_image.get()); }
+    void init(ImagePtr&& image) { m_image = std::move(image), holdOutput(m_image.get()); }
+    /// Holds an image of the caller's, until `clear`; `getStorage` is null then.
+    void borrow(image::BaseImage* image) { m_image.reset(), holdOutput(image); }
     const ImagePtr& getStorage() const { return m_image; }
-    image::BaseImage& getImage() const { return *m_image; }
+    image::BaseImage& getImage() const { return *m_held; }
     ImageConstPtr getImagePtr() const override { return m_image; }
 
 private:
+    void holdOutput(image::BaseImage* image) { m_held = image, hold(image); }
+
     ImagePtr m_image;
+    image::BaseImage* m_held = nullptr; ///< the same, or what is borrowed
 };
 
 /// True when both hold the very same pixels, through whatever objects. False where one holds no image.

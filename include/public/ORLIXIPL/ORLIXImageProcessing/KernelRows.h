@@ -113,6 +113,11 @@ constexpr processor::KernelRow kernelPairRow(image::eImageBufferType::domain in,
         }                                                                                                              \
     };
 
+/// The table of a kernel file whose set has no kernels of its own: the next lower set serves.
+#define ORLIX_EMPTY_KERNEL_TABLE(level, set)                                                                           \
+    static_assert(level##Kernels::names(ORLIX_SET_##set), "name the set of this file in ORLIX_KERNEL_SETS");           \
+    constinit const processor::KernelTable g_##level##_##set = {ORLIX_SET_##set, nullptr, 0};
+
 /// The one table of a kernel file, in the level's namespace: the rows of `rowSet` under instruction set `set`,
 /// constant-initialised.
 #define ORLIX_KERNEL_TABLE(level, set, rowSet)                                                                         \

@@ -15,7 +15,9 @@ const std::vector<MessageText>& MessageCatalogue<imaproc::util::eORLIXIPLUtility
 {
     using Message = imaproc::util::eORLIXIPLUtilityMessage;
     static const std::vector<MessageText> g_texts = {
-        {Message::eOutputImageNotInitialized, "The output image has not been initialized"}};
+        {Message::eOutputImageNotInitialized, "The output image has not been initialized"},
+        {Message::ePartBeyondWhole, "A part of %s from (%d, %d, %d) on reaches beyond a whole of %dx%dx%d: make it "
+                                    "smaller, let it begin earlier, or name a larger whole"}};
     return g_texts;
 }
 

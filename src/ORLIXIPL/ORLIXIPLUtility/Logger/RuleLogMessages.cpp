@@ -16,7 +16,13 @@ const std::vector<MessageText>& MessageCatalogue<imaproc::util::eRuleMessage>::t
     using Message = imaproc::util::eRuleMessage;
     static const std::vector<MessageText> g_texts = {
         {Message::eAttributeExpired, "Attribute weak pointer has expired, can't get it"},
-        {Message::eInputAttributeNull, "Input attribute should not be null"}};
+        {Message::eInputAttributeNull, "Input attribute should not be null"},
+        {Message::eSliceOf, "it has to be a slice along %s of %s, which is %s"},
+        {Message::eNoSuchSlice,
+         "There is no slice %d along %s: the volume is %s, so choose one of the first %d from 0"},
+        {Message::eSliceTypeDiffers,
+         "The slice is %s, the volume %s: give a slice of the volume's element type, or convert it first"},
+        {Message::eNoHostPixels, "%s, which is %s, has no pixels in the memory of the host: bring them there first"}};
     return g_texts;
 }
 

@@ -31,6 +31,7 @@ const std::vector<MessageText>& MessageCatalogue<imaproc::eImageRuleMessage>::te
         {Message::ePropertyDiffers, "%s is %s, but needs %s"},
         {Message::ePropertyWithoutInput,
          "There is no image from which another one's properties follow: set it, and keep the processor that holds it"},
+        {Message::ePropertyDiffersFor, "%s is %s, but needs %s: %s"},
         {Message::eRegionOutside, "%s is %s, the region %s at (%s) ends at %s = %s"},
         {Message::eRegionNeedsVolume, "%s is %s, a single plan: the region %s at (%s) needs a volume"}};
     return g_texts;

@@ -22,6 +22,12 @@ eImageStoragePolicy BaseCustomImageInfo::getImageInitializerDistributionPolicy()
     return eImageStoragePolicy::eDefaultStorage;
 }
 
+boost::shared_ptr<const image::GeometricCalibration> BaseCustomImageInfo::getGeometricCalibration() const
+{
+    const ImageConstPtr input = hasInputImage() ? getInputImage() : ImageConstPtr();
+    return input ? input->getGeometricCalibration() : nullptr;
+}
+
 image::eImageBufferType BaseFromImageCustomImageInfo::getImageBufferType() const
 {
     ImageConstPtr image;

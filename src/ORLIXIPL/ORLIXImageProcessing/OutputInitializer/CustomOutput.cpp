@@ -27,9 +27,7 @@ public:
     {
         BaseOutputImageAttribute& output = *m_output.access();
         const ImagePtr made = image::createImage(makeGeometry(output.getFixedBufferType()));
-        if (const ImageConstPtr input = m_info->hasInputImage() ? m_info->getInputImage() : ImageConstPtr()) {
-            made->setGeometricCalibration(input->getGeometricCalibration());
-        }
+        made->setGeometricCalibration(m_info->getGeometricCalibration());
         output.init(made);
         return true;
     }

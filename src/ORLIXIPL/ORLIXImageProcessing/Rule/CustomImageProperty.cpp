@@ -90,18 +90,25 @@ public:
         if (m_property->isCheckEnabled(Property::eTemporalGeometry)) {
             differences.compare(found.getSizeT(), m_property->getTemporalGeometry().getSizeT(), "t");
         }
-        if (differences.getText().empty()) {
-            return true;
-        }
-        const std::string own = m_property->describeMisfit(*attribute);
-        return ProcessingResult<bool>::failure(
-            own.empty()
-                ? formatMessage<eImageRuleMessage>(eImageRuleMessage::ePropertyDiffers, attribute->getObjectName(),
-                                                   found.toString(), differences.getText())
-                : own);
+        return differences.getText().empty() ? ProcessingResult<bool>(true) : fail(*attribute, differences.getText());
     }
 
 private:
+    ProcessingResult<bool> fail(const BaseImageAttribute& attribute, const std::string& differences) const
+    {
+        if (const std::string own = m_property->describeMisfit(attribute); !own.empty()) {
+            return ProcessingResult<bool>::failure(own);
+        }
+        const std::string& name = attribute.getObjectName();
+        const std::string found = attribute.getImage().getGeometry().toString();
+        const std::string reason = m_property->getReason();
+        return ProcessingResult<bool>::failure(
+            reason.empty()
+                ? formatMessage<eImageRuleMessage>(eImageRuleMessage::ePropertyDiffers, name, found, differences)
+                : formatMessage<eImageRuleMessage>(eImageRuleMessage::ePropertyDiffersFor, name, found, differences,
+                                                   reason));
+    }
+
     ImageAttributeRef m_image;
     boost::shared_ptr<const BaseCustomCheckedImageProperty> m_property;
 };
@@ -152,6 +159,11 @@ image::TemporalGeometry BaseCustomCheckedImageProperty::getTemporalGeometry() co
 }
 
 std::string BaseCustomCheckedImageProperty::describeMisfit(const BaseImageAttribute&) const
+{
+    return {};
+}
+
+std::string BaseCustomCheckedImageProperty::getReason() const
 {
     return {};
 }

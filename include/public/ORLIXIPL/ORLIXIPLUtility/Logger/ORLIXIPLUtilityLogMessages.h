@@ -10,7 +10,10 @@ namespace orlix::imaproc::util {
 
 struct eORLIXIPLUtilityMessage
 {
-    enum domain { eOutputImageNotInitialized = 0 };
+    enum domain {
+        eOutputImageNotInitialized = 0,
+        ePartBeyondWhole = 1 ///< geometry, first x, y, z, sizes of the whole along x, y, z
+    };
     ORLIX_ENUMERATION(eORLIXIPLUtilityMessage, eOutputImageNotInitialized);
 };
 

@@ -10,7 +10,14 @@ namespace orlix::imaproc::util {
 
 struct eRuleMessage
 {
-    enum domain { eAttributeExpired = 0, eInputAttributeNull = 1 };
+    enum domain {
+        eAttributeExpired = 0,
+        eInputAttributeNull = 1,
+        eSliceOf = 2,          ///< axis, attribute, geometry
+        eNoSuchSlice = 3,      ///< number, axis, geometry, count
+        eSliceTypeDiffers = 4, ///< geometry, geometry
+        eNoHostPixels = 5      ///< attribute, geometry
+    };
     ORLIX_ENUMERATION(eRuleMessage, eAttributeExpired);
 };
 

@@ -18,6 +18,14 @@ concept PreparingRow = requires(const processor::OwnAttributes<typename TRow::At
     TRow::prepare(own);
 };
 
+template <class TDerived, class TValues>
+concept WeighsValues = requires(const TValues& values)
+{
+    {
+        TDerived::weightOf(values)
+        } -> std::same_as<unsigned>;
+};
+
 template <class TDerived>
 concept HasGpuProcess = requires(TDerived& level, const core::BasePriority& priority,
                                  boost::shared_ptr<core::BaseActionProvider>& provider)
@@ -37,6 +45,10 @@ concept HasGpuProcess = requires(TDerived& level, const core::BasePriority& prio
 /// that has a public `tryToLaunchGpuProcess` is asked whether a GPU does the work; else the rows are dispatched. Where
 /// the whole work is one host plan in one strip, the rule has been checked, and nobody watches the run or has cancelled
 /// it, level 3 is run straight away: see `runStraight`.
+///
+/// A class whose work depends on its values, not only on the bytes that it cuts, has a public static
+/// `unsigned weightOf(values)`, by which the weight of its policy is multiplied: see ProcessorDispatchPolicy. It has to
+/// follow from geometry and values alone.
 ///
 /// A level that needs more overrides `retrieveProvider`, `preProcess` or `postProcess`, and calls this frame's.
 template <class TDerived, class TLibrary, template <class, class...> class TDispatch, class TLower, class... TRows>
@@ -68,7 +80,14 @@ public:
     static bool isStraight(const TValues& values)
     {
         if constexpr (canBeStraight<TValues>()) {
-            return Rows::isStraight(values, processor::straightStripBytes<TDerived>());
+            constexpr unsigned long stripBytes = processor::straightStripBytes<TDerived>();
+            if constexpr (details::WeighsValues<TDerived, TValues>) {
+                // Images are looked at before what follows from their sizes.
+                return Rows::areRowsStraight(values, ~0UL) &&
+                       Rows::isStraight(values, stripBytes / TDerived::weightOf(values));
+            } else {
+                return Rows::isStraight(values, stripBytes);
+            }
         } else {
             return false;
         }
@@ -110,7 +129,13 @@ protected:
             }
         }
         m_bDispatched = true;
-        return m_lower.dispatch(this->accessOwnAttributes(), this->getDispatchPolicy(), priority, provider);
+        if constexpr (details::WeighsValues<TDerived, decltype(values)>) {
+            processor::ProcessorDispatchPolicy policy = this->getDispatchPolicy();
+            policy.initWeight(policy.getWeight() * TDerived::weightOf(values));
+            return m_lower.dispatch(this->accessOwnAttributes(), policy, priority, provider);
+        } else {
+            return m_lower.dispatch(this->accessOwnAttributes(), this->getDispatchPolicy(), priority, provider);
+        }
     }
     processor::StepResult postProcess() override
     {

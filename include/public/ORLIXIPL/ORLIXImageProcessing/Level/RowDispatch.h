@@ -87,7 +87,13 @@ public:
     template <class TValues>
     static bool isStraight(const TValues& values, unsigned long stripBytes)
     {
-        return (isRowStraight<TRows>(values, stripBytes) && ...) && isLowerStraight(values);
+        return areRowsStraight(values, stripBytes) && isLowerStraight(values);
+    }
+    /// The same of this level alone.
+    template <class TValues>
+    static bool areRowsStraight(const TValues& values, unsigned long stripBytes)
+    {
+        return (isRowStraight<TRows>(values, stripBytes) && ...);
     }
     /// Does that element on the calling thread. Only where `isStraight`.
     template <class TValues>

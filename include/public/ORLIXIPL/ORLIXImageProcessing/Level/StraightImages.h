@@ -16,7 +16,7 @@ inline bool isOneHostPlan(const image::BaseImage* image)
            image->getSizeC() == 1 && image->getSizeT() == 1 && !image->getPixelLayout().stepOffsets;
 }
 
-/// The same of one volume.
+/// The same of an image with one volume, or a plan, which is one too.
 inline bool isOneHostVolume(const image::BaseImage* image)
 {
     return image != nullptr && image->getPixelLayout().first != nullptr && image->getSizeC() == 1 &&

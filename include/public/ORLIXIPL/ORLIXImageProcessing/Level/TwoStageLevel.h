@@ -20,7 +20,8 @@ using Stage = RowDispatch<TDispatch, TLower, TRows...>;
 
 /// `TDerived` says its `g_text`, `Rule` and `Initializers` as for DispatchLevel and, as a rule type, `OnlySecond`:
 /// where it holds, the second stage's work is done in the first one, and the second has nothing to do. Otherwise the
-/// second stage starts when all elements of the first have ended.
+/// second stage starts when all elements of the first have ended. Where its rule type `NothingFirst` holds, the first
+/// stage has nothing to do.
 template <class TDerived, class TLibrary, class TAttributeList, class TFirst, class TSecond>
 class TwoStageLevel;
 
@@ -29,6 +30,9 @@ class TwoStageLevel<TDerived, TLibrary, AttributeList<TAttributes...>, TFirst, T
     : public processor::Scaffold<TDerived, processor::BaseAsync2Processor, TLibrary, TAttributes...>
 {
 public:
+    using OnlySecond = Never;
+    using NothingFirst = Never;
+
     processor::RulePtr createRule() const { return TDerived::Rule::make(this->accessOwnAttributes()); }
     void initOutputInitializers(processor::OutputInitializerMap& initializers) const
     {
@@ -53,7 +57,7 @@ public:
             constexpr unsigned long stripBytes = processor::straightStripBytes<TDerived>();
             return TSecond::isStraight(values, stripBytes) &&
                    (TFirst::isStraight(values, stripBytes) ||
-                    ((isThere(values.template get<TAttributes>()) && ...) && TDerived::OnlySecond::holds(values)));
+                    ((isThere(values.template get<TAttributes>()) && ...) && hasOnlySecond(values)));
         } else {
             return false;
         }
@@ -61,7 +65,7 @@ public:
     template <class TValues>
     static ProcessingResult<bool> runStraight(const TValues& values)
     {
-        if (!TDerived::OnlySecond::holds(values)) {
+        if (!hasOnlySecond(values)) {
             if (ProcessingResult<bool> result = TFirst::runStraight(values); !result) {
                 return result;
             }
@@ -73,7 +77,11 @@ protected:
     processor::ProviderResult retrieveFirstProvider(const core::BasePriority& priority,
                                                     boost::shared_ptr<core::BaseActionProvider>& provider) override
     {
-        m_bOnlySecond = TDerived::OnlySecond::holds(processor::HeldValues<TAttributes...>(this->accessOwnAttributes()));
+        const processor::HeldValues<TAttributes...> values(this->accessOwnAttributes());
+        m_bOnlySecond = TDerived::OnlySecond::holds(values);
+        if (TDerived::NothingFirst::holds(values)) {
+            return processor::ProviderResult::none();
+        }
         return m_bOnlySecond ? dispatch(m_second, priority, provider) : dispatch(m_first, priority, provider);
     }
     processor::ProviderResult retrieveSecondProvider(const core::BasePriority& priority,
@@ -83,6 +91,11 @@ protected:
     }
 
 private:
+    template <class TValues>
+    static bool hasOnlySecond(const TValues& values)
+    {
+        return TDerived::OnlySecond::holds(values) || TDerived::NothingFirst::holds(values);
+    }
     template <class TValue>
     static bool isThere(const TValue& value)
     {

@@ -26,8 +26,9 @@ struct eImageRuleMessage
         eTypeDiffers = 11,           ///< attribute, geometry or type, attribute, geometry or type
         ePropertyDiffers = 12,       ///< attribute, geometry, differences
         ePropertyWithoutInput = 13,
-        eRegionOutside = 14,    ///< attribute, sizes, sizes, offsets, axis, end
-        eRegionNeedsVolume = 15 ///< attribute, sizes, sizes, offsets
+        ePropertyDiffersFor = 14, ///< attribute, geometry, differences, reason
+        eRegionOutside = 15,      ///< attribute, sizes, sizes, offsets, axis, end
+        eRegionNeedsVolume = 16   ///< attribute, sizes, sizes, offsets
     };
     ORLIX_ENUMERATION(eImageRuleMessage, eSizeOrTypeDiffers);
 };

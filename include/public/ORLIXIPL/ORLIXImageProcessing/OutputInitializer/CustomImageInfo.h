@@ -30,8 +30,10 @@ public:
     virtual image::TemporalGeometry getTemporalGeometry() const = 0;
     virtual eImageStoragePolicy getImageInitializerDistributionPolicy() const;
     virtual bool hasInputImage() const = 0;
-    /// The image whose calibration the output gets; null where there is none.
+    /// The image that the output follows from; null where there is none.
     virtual ImageConstPtr getInputImage() const = 0;
+    /// What the output is made with: the calibration of the input image unless overridden; null for none.
+    virtual boost::shared_ptr<const image::GeometricCalibration> getGeometricCalibration() const;
 };
 
 /// The same for outputs that look like an input image in all that a class does not override. What follows from the

@@ -9,7 +9,7 @@
 namespace orlix::imaproc {
 
 /// The initializer of an output image that looks as `info` says, in the one element type that the attribute fixes if it
-/// fixes one, with the calibration of the info's input image. What the info throws, the initializer throws.
+/// fixes one, with the info's calibration. What the info throws, the initializer throws.
 ORLIXIMAGEPROCESSING_API boost::shared_ptr<processor::BaseOutputInitializer>
 customOutput(const processor::AttributeRef<BaseOutputImageAttribute>& output,
              const boost::shared_ptr<const BaseCustomImageInfo>& info);

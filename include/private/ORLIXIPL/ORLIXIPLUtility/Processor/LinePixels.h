@@ -1,0 +1,105 @@
+// What the kernels share that draw lines; included by kernel files only.
+#pragma once
+
+#include "ORLIX/ORLIXMath/Simd/RangeTest.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Processor/LineSpacing.h"
+
+namespace orlix::imaproc::util {
+
+/// So many numbers of pixels side by side, as many as a register holds; plain code takes one.
+template <eInstructionSet::domain ISA>
+struct LineReals
+{
+    static constexpr unsigned long s_nbReals = simd::Pack<ISA, float>::s_nbPerRegister;
+    using Real = simd::Lanes<float, s_nbReals>;
+    using Whole = simd::Lanes<int, s_nbReals>;
+};
+template <>
+struct LineReals<eInstructionSet::eNone>
+{
+    using Real = float;
+};
+
+/// 2^23, from which on single precision has whole numbers alone, with the sign of `value`.
+ORLIX_SIMD_INLINE float wholeFrom(float value)
+{
+    return __builtin_copysignf(8388608.0F, value);
+}
+template <class TReal>
+ORLIX_SIMD_INLINE TReal wholeFrom(const TReal& value)
+{
+    using Whole = simd::Lanes<int, sizeof(TReal) / sizeof(float)>;
+    const Whole sign = __builtin_bit_cast(Whole, value) & static_cast<int>(0x80000000);
+    return __builtin_bit_cast(TReal, sign | 0x4B000000);
+}
+
+/// Where lines stand every `spacing.period` pixels, one of them at 0: how far `distance` is from the nearest, with its
+/// sign, in [-half, half). The steps, each rounded to single precision, are part of what images look like: the quotient
+/// to a whole number, by way of 2^23, and down to the floor of it; what lies beyond a whole period for want of
+/// precision goes to its end. What is no number stays that.
+template <class TReal>
+ORLIX_SIMD_INLINE TReal toNearestLine(const TReal& distance, const LineSpacing& spacing)
+{
+    const TReal zero{};
+    const TReal period = zero + spacing.period;
+    const TReal quotient = distance / period;
+    const TReal whole = wholeFrom(quotient);
+    const TReal rounded = (quotient + whole) - whole;
+    const TReal floor = quotient < rounded ? rounded - 1.0F : rounded;
+    const TReal exact = distance - floor * period;
+    const TReal above = exact < zero ? zero : exact;
+    const TReal within = above >= period ? period : above;
+    return within >= zero + spacing.half ? within - period : within;
+}
+
+/// A pixel belongs to the line that is nearer than half a pixel; of two as near, to the one behind it.
+constexpr float g_lineAbove = -0x1.fffffep-2F; ///< the smallest number above -0.5
+constexpr float g_lineUpTo = 0.5F;
+
+/// Sets pixels [firstX, firstX + nbPixels) of a line to 1 where `distance(x)` lies within half a pixel, else to 0, and
+/// writes nothing else. `distance` is a lambda marked ORLIX_SIMD_LAMBDA, from the x of pixels, as LineReals or as a
+/// float, to the same.
+template <eInstructionSet::domain ISA, class TDistance>
+ORLIX_SIMD_INLINE void drawPixels(unsigned char* pixels, unsigned long firstX, unsigned long nbPixels,
+                                  const TDistance& distance)
+{
+    unsigned long i = 0;
+    if constexpr (ISA != eInstructionSet::eNone) {
+        using Real = typename LineReals<ISA>::Real;
+        using Whole = typename LineReals<ISA>::Whole;
+        constexpr unsigned long nbReals = LineReals<ISA>::s_nbReals;
+        constexpr unsigned long nbBlock = simd::Pack<ISA, unsigned char>::s_nbElements;
+        constexpr unsigned long endX = (1UL << 31) - nbBlock; // lanes count in int
+        const unsigned long nbLeft = firstX < endX ? endX - firstX : 0;
+        const unsigned long nbInLanes = nbPixels < nbLeft ? nbPixels : nbLeft;
+        const simd::RangeTest<ISA, float> isNear(g_lineAbove, g_lineUpTo);
+        Whole ramp;
+        for (unsigned long lane = 0; lane < nbReals; ++lane) {
+            ramp[lane] = static_cast<int>(lane);
+        }
+        for (; i < nbInLanes; i += nbBlock) {
+            simd::Pack<ISA, float> distances;
+#pragma GCC unroll 4
+            for (unsigned long r = 0; r < simd::Pack<ISA, float>::s_nbRegisters; ++r) {
+                const Whole x = ramp + static_cast<int>(firstX + i + r * nbReals);
+                const Real found = distance(simd::convertLanes<float, nbReals>(x));
+                distances.m_registers[r] = __builtin_bit_cast(simd::Register<ISA>, found);
+            }
+            const simd::Pack<ISA, unsigned char> block = isNear(distances);
+            if (nbInLanes - i >= nbBlock) {
+                block.store(pixels + i);
+            } else {
+                unsigned char last[nbBlock];
+                block.store(last);
+                __builtin_memcpy(pixels + i, last, nbInLanes - i);
+            }
+        }
+        i = nbInLanes;
+    }
+    for (; i < nbPixels; ++i) {
+        const float found = distance(static_cast<float>(firstX + i));
+        pixels[i] = found >= g_lineAbove && found <= g_lineUpTo ? 1 : 0;
+    }
+}
+
+} // namespace orlix::imaproc::util

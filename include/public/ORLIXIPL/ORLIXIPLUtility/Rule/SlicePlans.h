@@ -1,0 +1,41 @@
+// A volume and a strip of a slice as kernels of the slice operators take them.
+#pragma once
+
+#include "ORLIXIPL/ORLIXIPLAttributes/Axis.h"
+
+#include <cstddef>
+
+namespace orlix::imaproc::util {
+
+/// The plans of a volume. `TByte` is `std::byte`, const where they are only read.
+template <class TByte>
+struct SlicePlans
+{
+    TByte* first;            ///< element (0, 0, 0)
+    unsigned long rowBytes;  ///< from a row to the next
+    unsigned long planBytes; ///< from a plan to the next
+    unsigned long sizeX;
+    unsigned long sizeY;
+    unsigned long sizeZ;
+
+    /// Of a host image with pixels, or without any.
+    template <class TImage>
+    static SlicePlans of(const TImage& volume)
+    {
+        const auto& layout = volume.getPixelLayout();
+        return {layout.first,      layout.rowBytes,   layout.planBytes,
+                volume.getSizeX(), volume.getSizeY(), volume.getSizeZ()};
+    }
+};
+
+/// Which slice, and which lines of it.
+struct SliceStrip
+{
+    eAxis::domain axis;
+    unsigned long index;
+    unsigned long sizeX; ///< elements of a line
+    unsigned long nbLines;
+    unsigned long firstLine; ///< the number of the strip's first line in the slice
+};
+
+} // namespace orlix::imaproc::util

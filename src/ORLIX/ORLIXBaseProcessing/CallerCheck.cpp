@@ -1,0 +1,7 @@
+#include "ORLIX/ORLIXBaseProcessing/CallerCheck.h"
+
+namespace orlix::processor {
+
+CallerCheck::~CallerCheck() = default;
+
+} // namespace orlix::processor
