@@ -7,7 +7,8 @@
 
 namespace orlix::cli {
 
-/// Runs an initialised processor to its end. Throws what the run throws.
+/// Runs an initialised processor to its end, after what its rules leave to the caller has been checked. Throws what the
+/// run throws.
 void runWatched(const boost::shared_ptr<processor::BaseProcessor>& processor, const char* phase,
                 CommandContext& context);
 

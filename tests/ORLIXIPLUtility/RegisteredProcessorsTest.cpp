@@ -77,6 +77,18 @@ const std::vector<RegisteredProcessor> g_rows = {
     {"EraseImgLvl1", "EraseImg", "Image erasing algorithm level 1", {"InOptEraseValue", "OutImg"}},
     {"EraseImgLvl2", "EraseImg", "Image erasing algorithm level 2", {"InOptEraseValue", "OutSubImg2d"}},
     {"EraseImgLvl3", "EraseImg", "Image erasing algorithm level 3", {"InOptEraseValue", "OutYStrip2d"}},
+    {"GaussianRandomImgLvl1",
+     "GaussianRandomImg",
+     "Level 1 algorithm: initialization of an image with random values generated using a normal law",
+     {"InGaussianParameter", "OutImg"}},
+    {"GaussianRandomImgLvl2",
+     "GaussianRandomImg",
+     "Level 2 algorithm: initialization of an image with random values generated using a normal law",
+     {"InGaussianParameter", "OutSubImg2d"}},
+    {"GaussianRandomImgLvl3",
+     "GaussianRandomImg",
+     "Level 3 algorithm: initialization of an image with random values generated using a normal law",
+     {"InGaussianParameter", "OutYStrip2d"}},
     {"GetROI2dImgLvl1",
      "GetROI2dImg",
      "Image 2d ROI extraction algorithm level 1",
@@ -148,7 +160,22 @@ const std::vector<RegisteredProcessor> g_rows = {
     {"PutSlice3dImgLvl3",
      "PutSlice3dImg",
      "Level 3 algorithm: Copies a 2D image in a 3D image as a slice in the input slice index along x, y or z",
-     {"InSubImg3d", "InYStrip2d", "InAxis", "InSliceIndex", "OutImg"}}};
+     {"InSubImg3d", "InYStrip2d", "InAxis", "InSliceIndex", "OutImg"}},
+    {"RandomImgLvl1",
+     "RandomImg",
+     "Level 1 algorithm: initialization of an image with random values generated using a uniform law on interval "
+     "[RandomMin; RandomMax]",
+     {"InOptOutputRange", "OutImg"}},
+    {"RandomImgLvl2",
+     "RandomImg",
+     "Level 2 algorithm: initialization of an image with random values generated using a uniform law on interval "
+     "[RandomMin; RandomMax]",
+     {"InOutputRange", "OutSubImg2d"}},
+    {"RandomImgLvl3",
+     "RandomImg",
+     "Level 3 algorithm: initialization of an image with random values generated using a uniform law on interval "
+     "[RandomMin; RandomMax]",
+     {"InOutputRange", "OutYStrip2d"}}};
 
 /// Those that the factory knows of this library.
 std::vector<std::string> registeredNames()

@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
+
 namespace orlix::test {
 namespace {
 
@@ -117,6 +119,30 @@ TEST_F(RunTest, RuleOfTheProcessorJudgesTheGivenImage)
     EXPECT_EQ(refusal({"CopyImgLvl1", m_in, m_out, "--given", "OutImg=" + (m_folder / "given.tif")}),
               "OutImg is 9x8x1x1x1 UInt16, InImg is 9x8x1x1x1 UInt8: sizes and element types have to be the same");
     EXPECT_EQ(m_folder.getNames(), (NameSet{"in.tif", "given.tif"}));
+}
+
+TEST_F(RunTest, SlicesThatAVolumeLacksAreRefused)
+{
+    const ImagePtr in = writeInput("in.tif", *image::geometry3d(eImageBufferType::UInt8, 9, 8, 7));
+    const std::string volume = "InImg3d=" + (m_folder / "in.tif");
+    const std::string slice = "OutImg2d=" + (m_folder / "slice.tif");
+    runQuietly({"GetSlice3dImgLvl1", volume, "InAxis=y", "InSliceIndex=7", slice});
+    const ImagePtr read = image::io::readImage(m_folder / "slice.tif");
+    EXPECT_EQ(read->getGeometry().toString(), "9x7x1x1x1 UInt8");
+    EXPECT_EQ(std::memcmp(read->accessRow(6, 0, 0, 0), in->accessRow(7, 6, 0, 0), 9), 0);
+
+    const std::string noSuch = "There is no slice 8 along y: the volume is 9x8x7x1x1 UInt8, "
+                               "so choose one of the first 8 from 0";
+    EXPECT_EQ(refusal({"GetSlice3dImgLvl1", volume, "InAxis=y", "InSliceIndex=8", slice}), noSuch);
+    const std::string put = "InImg2d=" + (m_folder / "slice.tif");
+    EXPECT_EQ(refusal({"PutSlice3dImgLvl1", volume, put, "InAxis=y", "InSliceIndex=8", m_out}), noSuch);
+    writeInput("wide.tif", *image::geometry2d(eImageBufferType::Real32, 9, 7));
+    EXPECT_EQ(refusal({"PutSlice3dImgLvl1", volume, "InImg2d=" + (m_folder / "wide.tif"), "InAxis=y", "InSliceIndex=1",
+                       m_out}),
+              "The slice is 9x7x1x1x1 Real32, the volume 9x8x7x1x1 UInt8: give a slice of the volume's element type, "
+              "or convert it first");
+    runQuietly({"PutSlice3dImgLvl1", volume, put, "InAxis=y", "InSliceIndex=7", m_out});
+    EXPECT_TRUE(sameImages(*image::io::readImage(m_folder / "out.tif"), *in));
 }
 
 TEST_F(RunTest, ProcessorOfAPlanTakesImagesOfOnePlan)

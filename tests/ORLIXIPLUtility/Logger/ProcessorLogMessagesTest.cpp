@@ -106,6 +106,10 @@ TEST(ProcessorLogMessagesTest, otherCatalogues)
     EXPECT_EQ(textOf("23eORLIXIPLUtilityMessage", 1),
               "A part of %s from (%d, %d, %d) on reaches beyond a whole of %dx%dx%d: make it smaller, let it begin "
               "earlier, or name a larger whole");
+    EXPECT_EQ(textOf("23eORLIXIPLUtilityMessage", 2),
+              "The part has %d pixels on axis x, the whole %d: a part has whole lines");
+    EXPECT_EQ(textOf("23eORLIXIPLUtilityMessage", 3),
+              "The part has %s size %d from %d on, the whole has %d: give a part that lies within");
     EXPECT_EQ(textOf("25eOutputInitializerMessage", 0), "Input attribute should not be null");
     EXPECT_EQ(textOf("12eRuleMessage", 0), "Attribute weak pointer has expired, can't get it");
     EXPECT_EQ(textOf("12eRuleMessage", 1), "Input attribute should not be null");

@@ -136,11 +136,23 @@ TEST_P(RandomGeneratorsTest, uniformElementsAreThoseOfTheLanes)
         unsigned seed = 0;
         for (const auto& [min, max] : someBounds<T>(7)) {
             const std::vector<unsigned> states = someStates(++seed);
-            EXPECT_TRUE(areSame(made<T>(&RandomRow::uniform, min, max, states, 3000),
-                                test::uniformOracle<T>(set(), min, max, states, 3000)))
+            const std::vector<T> expected = test::uniformOracle<T>(set(), min, max, states, 3000);
+            EXPECT_TRUE(areSame(made<T>(&RandomRow::uniform, min, max, states, 3000), expected))
                 << sizeof(T) << " bytes, " << +min << " to " << +max;
+            EXPECT_TRUE(areSame(made<T>(&RandomRow::uniformBlocks, min, max, states, 3000), expected))
+                << "by blocks, " << sizeof(T) << " bytes, " << +min << " to " << +max;
         }
     });
+}
+
+/// Doubles round the longest products, about one in four million up to the next whole number.
+TEST_P(RandomGeneratorsTest, blocksRoundAsOneByOne)
+{
+    for (const unsigned int max : {4294967293U, 3000000001U}) {
+        const std::vector<unsigned> states = someStates(max);
+        EXPECT_TRUE(areSame(made<unsigned int>(&RandomRow::uniformBlocks, 0U, max, states, 10000000),
+                            made<unsigned int>(&RandomRow::uniform, 0U, max, states, 10000000)));
+    }
 }
 
 TEST_P(RandomGeneratorsTest, normalElementsAreThoseOfTheLanes)
@@ -178,8 +190,8 @@ TEST_P(RandomGeneratorsTest, anyBoundsAndLawsAreTaken)
     const float infinity = std::numeric_limits<float>::infinity();
     const float nan = std::numeric_limits<float>::quiet_NaN();
     forEachType([&]<class T>() {
-        const auto inverted = made<T>(&RandomRow::uniform, T(100), T(20), someStates(1), 1000);
-        EXPECT_EQ(inverted.size(), 1000U);
+        EXPECT_TRUE(areSame(made<T>(&RandomRow::uniform, T(100), T(20), someStates(1), 1000),
+                            made<T>(&RandomRow::uniformBlocks, T(100), T(20), someStates(1), 1000)));
         for (const auto& [mean, deviation] :
              {std::pair{nan, 1.0F}, {0.0F, nan}, {infinity, -infinity}, {0.0F, infinity}, {-infinity, 0.0F}}) {
             EXPECT_EQ(made<T>(&RandomRow::normal, mean, deviation, someStates(1), 1000).size(), 1000U);
@@ -203,10 +215,10 @@ TEST_P(RandomGeneratorsTest, startAnywhereAndFillAnyLength)
 {
     forEachType([this]<class T>() {
         const std::vector<unsigned> states = someStates(11);
-        for (const bool bNormal : {false, true}) {
+        for (const auto function : {&RandomRow::uniform, &RandomRow::uniformBlocks, &RandomRow::normal}) {
             const auto make = [&](unsigned long nb, unsigned long nbSkipped, eMemoryPlace place) {
-                return bNormal ? made<T>(&RandomRow::normal, 50.0F, 20.0F, states, nb, nbSkipped, place)
-                               : made<T>(&RandomRow::uniform, T(3), T(100), states, nb, nbSkipped, place);
+                return function == &RandomRow::normal ? made<T>(function, 50.0F, 20.0F, states, nb, nbSkipped, place)
+                                                      : made<T>(function, T(3), T(100), states, nb, nbSkipped, place);
             };
             const std::vector<T> whole = make(600, 0, eMemoryPlace::secondLevelCache);
             for (unsigned long start = 0; start < 200; ++start) {

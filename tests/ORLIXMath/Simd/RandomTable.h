@@ -3,6 +3,7 @@
 
 #include "ORLIX/ORLIXMath/Simd/NormalRandom.h"
 #include "ORLIX/ORLIXMath/Simd/RandomFill.h"
+#include "ORLIX/ORLIXMath/Simd/UniformRandomBlocks.h"
 #include "ORLIX/ORLIXMath/Simd/UniformRandomLCG.h"
 
 namespace orlix::simd::test {
@@ -23,6 +24,7 @@ using RandomFunction = void (*)(const RandomOrder& order);
 struct RandomRow
 {
     RandomFunction uniform;
+    RandomFunction uniformBlocks;
     RandomFunction normal;
     RandomFunction uniformStates; ///< the states of a new generator, as many as there are lanes
 };
@@ -44,6 +46,15 @@ void fillUniform(const RandomOrder& order)
 }
 
 template <eInstructionSet::domain I, class T>
+void fillByBlocks(const RandomOrder& order)
+{
+    const T* const bounds = static_cast<const T*>(order.parameters);
+    const UniformRandomLCG<I, T> generator(bounds[0], bounds[1], order.states);
+    simd::fillUniform(generator, bounds[0], bounds[1], static_cast<T*>(order.to), order.nbElements, order.nbSkipped,
+                      order.place);
+}
+
+template <eInstructionSet::domain I, class T>
 void fillNormal(const RandomOrder& order)
 {
     const float* const law = static_cast<const float*>(order.parameters);
@@ -62,7 +73,7 @@ void tellStates(const RandomOrder& order)
 template <eInstructionSet::domain I, class T>
 constexpr RandomRow makeRandomRow()
 {
-    return {&fillUniform<I, T>, &fillNormal<I, T>, &tellStates<I, T>};
+    return {&fillUniform<I, T>, &fillByBlocks<I, T>, &fillNormal<I, T>, &tellStates<I, T>};
 }
 
 template <eInstructionSet::domain I>

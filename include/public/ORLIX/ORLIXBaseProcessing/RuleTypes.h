@@ -50,6 +50,22 @@ struct AllOf
     }
 };
 
+/// `TRule` where the optional attribute has been set, to no null pointer; true where it has not.
+template <class TAttribute, class TRule>
+struct IfSet
+{
+    template <class TAttributes>
+    static RulePtr make(const TAttributes& attributes)
+    {
+        return If(boost::make_shared<RuleOptionalIsSet>(own<TAttribute>(attributes)), TRule::make(attributes), none());
+    }
+    template <class TValues>
+    static bool holds(const TValues& values)
+    {
+        return pointerTo(values.template get<TAttribute>()) == nullptr || TRule::holds(values);
+    }
+};
+
 /// The first attribute's value compared with the second's, as BaseTAttributeComparisonRule tells.
 template <class TAttribute1, eValueComparisonRuleType::domain type, class TAttribute2>
 struct Compared

@@ -18,6 +18,7 @@
 #include "ORLIX/ORLIXMath/Simd/RangeTest.h"
 #include "ORLIX/ORLIXMath/Simd/Register.h"
 #include "ORLIX/ORLIXMath/Simd/StreamFence.h"
+#include "ORLIX/ORLIXMath/Simd/UniformRandomBlocks.h"
 #include "ORLIX/ORLIXMath/Simd/UniformRandomLCG.h"
 #include "ORLIX/ORLIXMath/Simd/UniformRandomScale.h"
 #include "ORLIX/ORLIXMath/Simd/WidenToDouble.h"

@@ -6,6 +6,7 @@
 #include "ORLIXIPL/ORLIXIPLAttributes/ComparisonAttributes.h"
 #include "ORLIXIPL/ORLIXIPLAttributes/ImageAttributes.h"
 #include "ORLIXIPL/ORLIXIPLAttributes/PointAttributes.h"
+#include "ORLIXIPL/ORLIXIPLAttributes/RandomAttributes.h"
 #include "ORLIXIPL/ORLIXIPLAttributes/RegionAttributes.h"
 #include "ORLIXIPL/ORLIXIPLAttributes/StripAttributes.h"
 #include "ORLIXIPL/ORLIXIPLAttributes/ValueAttributes.h"

@@ -17,7 +17,9 @@ const std::vector<MessageText>& MessageCatalogue<imaproc::util::eORLIXIPLUtility
     static const std::vector<MessageText> g_texts = {
         {Message::eOutputImageNotInitialized, "The output image has not been initialized"},
         {Message::ePartBeyondWhole, "A part of %s from (%d, %d, %d) on reaches beyond a whole of %dx%dx%d: make it "
-                                    "smaller, let it begin earlier, or name a larger whole"}};
+                                    "smaller, let it begin earlier, or name a larger whole"},
+        {Message::ePartOfLines, "The part has %d pixels on axis x, the whole %d: a part has whole lines"},
+        {Message::ePartOutside, "The part has %s size %d from %d on, the whole has %d: give a part that lies within"}};
     return g_texts;
 }
 

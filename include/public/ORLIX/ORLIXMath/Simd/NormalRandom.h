@@ -44,6 +44,9 @@ struct NormalRandom
     static_assert(IUniform == I, "no kernel takes its uniform numbers from another set");
     using Uniform = UniformRandomLCG<IUniform, float>;
     static constexpr unsigned long s_nbLanes = Uniform::s_nbLanes;
+    /// So many elements come of `s_nbDraws` draws of each lane: two packs.
+    static constexpr unsigned long s_nbElements = 2 * Pack<I, T>::s_nbElements;
+    static constexpr unsigned long s_nbDraws = 24;
     using Words = typename Uniform::Words;
     using Reals = typename Uniform::Reals;
 
@@ -148,6 +151,10 @@ private:
 template <class T>
 struct NormalRandom<eInstructionSet::eNone, eInstructionSet::eNone, T>
 {
+    static constexpr unsigned long s_nbLanes = 1;
+    static constexpr unsigned long s_nbElements = 2;
+    static constexpr unsigned long s_nbDraws = 6;
+
     UniformRandomLCG<eInstructionSet::eNone, float> uniform;
     float mean;
     float stdDev;

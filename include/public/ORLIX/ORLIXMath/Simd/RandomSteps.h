@@ -10,7 +10,10 @@ namespace orlix::simd {
 /// - `cutDoubles` that of doubles from 0 to 2^32,
 /// - `round` and `roundPair` give the nearest integer, an even one between two; `truncatePair` drops the fraction,
 /// - `realPair` gives floats, `root` the square root,
-/// - `narrowBytes` and `narrowShorts` make 8-bit elements of four registers and 16-bit ones of two, in that order.
+/// - `narrowBytes` and `narrowShorts` make 8-bit elements of four registers and 16-bit ones of two, in that order,
+/// - `upperHalves` gives the upper 16 bits of the words of two registers, part by part in turn; `orderHalves` puts such
+///   in order, `narrowHalves` makes 8-bit elements of two of them,
+/// - `multiplyEven` gives the 64 bits of the products of every other word, from the first on.
 /// What an integer can't hold becomes what the processor's conversions give. Defined only in files that are compiled
 /// for `I`.
 template <eInstructionSet::domain I>
@@ -56,8 +59,11 @@ struct RandomSteps<eInstructionSet::eSSE2>
     template <class T>
     static ORLIX_SIMD_INLINE Words narrowBytes(Words a, Words b, Words c, Words d)
     {
-        const Words ab = _mm_packs_epi32(a, b);
-        const Words cd = _mm_packs_epi32(c, d);
+        return narrowHalves<T>(_mm_packs_epi32(a, b), _mm_packs_epi32(c, d));
+    }
+    template <class T>
+    static ORLIX_SIMD_INLINE Words narrowHalves(Words ab, Words cd)
+    {
         return std::is_same_v<T, signed char> ? _mm_packs_epi16(ab, cd) : _mm_packus_epi16(ab, cd);
     }
     /// Unsigned elements keep the low 16 bits: the set has no pack that saturates them.
@@ -70,6 +76,13 @@ struct RandomSteps<eInstructionSet::eSSE2>
         }
         return _mm_packs_epi32(a, b);
     }
+
+    static ORLIX_SIMD_INLINE Words upperHalves(Words a, Words b)
+    {
+        return _mm_packs_epi32(_mm_srai_epi32(a, 16), _mm_srai_epi32(b, 16));
+    }
+    static ORLIX_SIMD_INLINE Words orderHalves(Words pairs) { return pairs; }
+    static ORLIX_SIMD_INLINE Words multiplyEven(Words a, Words b) { return _mm_mul_epu32(a, b); }
 };
 
 #ifdef __AVX2__
@@ -105,8 +118,11 @@ struct RandomSteps<eInstructionSet::eAVX2>
     template <class T>
     static ORLIX_SIMD_INLINE Words narrowBytes(Words a, Words b, Words c, Words d)
     {
-        const Words ab = _mm256_packs_epi32(a, b);
-        const Words cd = _mm256_packs_epi32(c, d);
+        return narrowHalves<T>(_mm256_packs_epi32(a, b), _mm256_packs_epi32(c, d));
+    }
+    template <class T>
+    static ORLIX_SIMD_INLINE Words narrowHalves(Words ab, Words cd)
+    {
         const Words parts = std::is_same_v<T, signed char> ? _mm256_packs_epi16(ab, cd) : _mm256_packus_epi16(ab, cd);
         return _mm256_permutevar8x32_epi32(parts, _mm256_setr_epi32(0, 4, 1, 5, 2, 6, 3, 7));
     }
@@ -114,8 +130,15 @@ struct RandomSteps<eInstructionSet::eAVX2>
     static ORLIX_SIMD_INLINE Words narrowShorts(Words a, Words b)
     {
         const Words parts = std::is_same_v<T, short> ? _mm256_packs_epi32(a, b) : _mm256_packus_epi32(a, b);
-        return _mm256_permute4x64_epi64(parts, 0xD8);
+        return orderHalves(parts);
     }
+
+    static ORLIX_SIMD_INLINE Words upperHalves(Words a, Words b)
+    {
+        return _mm256_packs_epi32(_mm256_srai_epi32(a, 16), _mm256_srai_epi32(b, 16));
+    }
+    static ORLIX_SIMD_INLINE Words orderHalves(Words pairs) { return _mm256_permute4x64_epi64(pairs, 0xD8); }
+    static ORLIX_SIMD_INLINE Words multiplyEven(Words a, Words b) { return _mm256_mul_epu32(a, b); }
 };
 #endif
 
@@ -154,8 +177,11 @@ struct RandomSteps<eInstructionSet::eAVX512>
     template <class T>
     static ORLIX_SIMD_INLINE Words narrowBytes(Words a, Words b, Words c, Words d)
     {
-        const Words ab = _mm512_packs_epi32(a, b);
-        const Words cd = _mm512_packs_epi32(c, d);
+        return narrowHalves<T>(_mm512_packs_epi32(a, b), _mm512_packs_epi32(c, d));
+    }
+    template <class T>
+    static ORLIX_SIMD_INLINE Words narrowHalves(Words ab, Words cd)
+    {
         const Words parts = std::is_same_v<T, signed char> ? _mm512_packs_epi16(ab, cd) : _mm512_packus_epi16(ab, cd);
         return _mm512_permutexvar_epi32(_mm512_setr_epi32(0, 4, 8, 12, 1, 5, 9, 13, 2, 6, 10, 14, 3, 7, 11, 15), parts);
     }
@@ -163,8 +189,18 @@ struct RandomSteps<eInstructionSet::eAVX512>
     static ORLIX_SIMD_INLINE Words narrowShorts(Words a, Words b)
     {
         const Words parts = std::is_same_v<T, short> ? _mm512_packs_epi32(a, b) : _mm512_packus_epi32(a, b);
-        return _mm512_permutexvar_epi64(_mm512_setr_epi64(0, 2, 4, 6, 1, 3, 5, 7), parts);
+        return orderHalves(parts);
     }
+
+    static ORLIX_SIMD_INLINE Words upperHalves(Words a, Words b)
+    {
+        return _mm512_packs_epi32(_mm512_srai_epi32(a, 16), _mm512_srai_epi32(b, 16));
+    }
+    static ORLIX_SIMD_INLINE Words orderHalves(Words pairs)
+    {
+        return _mm512_permutexvar_epi64(_mm512_setr_epi64(0, 2, 4, 6, 1, 3, 5, 7), pairs);
+    }
+    static ORLIX_SIMD_INLINE Words multiplyEven(Words a, Words b) { return _mm512_mul_epu32(a, b); }
 };
 #endif
 

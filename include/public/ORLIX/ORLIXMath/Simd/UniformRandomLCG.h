@@ -36,6 +36,9 @@ template <eInstructionSet::domain I, class T>
 struct UniformRandomLCG
 {
     static constexpr unsigned long s_nbLanes = g_nbRandomLanes<I>;
+    /// So many elements come of `s_nbDraws` draws of each lane.
+    static constexpr unsigned long s_nbElements = Pack<I, T>::s_nbElements;
+    static constexpr unsigned long s_nbDraws = sizeof(T) == 1 ? 4 : sizeof(T) == 2 ? 6 : 12;
     using Words = Lanes<unsigned int, s_nbLanes>;
     using Reals = Lanes<float, s_nbLanes>;
     using Factors = typename details::RandomFactors<T, s_nbLanes>::Type;
@@ -97,6 +100,36 @@ struct UniformRandomLCG
                                   Steps::realPair(bits(scaled<false>(raw) + offset), bits(scaled<true>(raw) + offset)));
     }
 
+    /// Elements of 8 and 16 bits of raw numbers, still in words.
+    ORLIX_SIMD_INLINE Words toInteger(const Words& raw) const requires(sizeof(T) < 4)
+    {
+        const Reals numbers = convertLanes<float, s_nbLanes>(__builtin_bit_cast(Lanes<int, s_nbLanes>, raw));
+        const Reals whole = __builtin_bit_cast(Reals, Steps::template cut<T>(bits(numbers * scale)));
+        return __builtin_bit_cast(Words, Steps::round(bits(whole + offset)));
+    }
+    /// Elements of 32 bits of raw numbers.
+    ORLIX_SIMD_INLINE Register<I> toElements(const Words& raw) const requires(sizeof(T) == 4)
+    {
+        if constexpr (std::is_same_v<T, float>) {
+            return __builtin_bit_cast(Register<I>, toReals(raw));
+        } else {
+            const Factors lower = __builtin_bit_cast(Factors, Steps::cutDoubles(bits(scaled<false>(raw))));
+            const Factors upper = __builtin_bit_cast(Factors, Steps::cutDoubles(bits(scaled<true>(raw))));
+            const Words rounded =
+                __builtin_bit_cast(Words, Steps::roundPair(bits(lower + offset), bits(upper + offset)));
+            return __builtin_bit_cast(Register<I>, std::is_same_v<T, unsigned int> ? rounded + 0x80000000U : rounded);
+        }
+    }
+    /// The elements of such words, in order.
+    static ORLIX_SIMD_INLINE Register<I> narrowBytes(const Words& a, const Words& b, const Words& c, const Words& d)
+    {
+        return {Steps::template narrowBytes<T>(bits(a), bits(b), bits(c), bits(d))};
+    }
+    static ORLIX_SIMD_INLINE Register<I> narrowShorts(const Words& a, const Words& b)
+    {
+        return {Steps::template narrowShorts<T>(bits(a), bits(b))};
+    }
+
 private:
     using Steps = RandomSteps<I>;
 
@@ -127,39 +160,11 @@ private:
     {
         return __builtin_bit_cast(typename Steps::Words, lanes);
     }
-    static ORLIX_SIMD_INLINE Register<I> narrowBytes(const Words& a, const Words& b, const Words& c, const Words& d)
-    {
-        return {Steps::template narrowBytes<T>(bits(a), bits(b), bits(c), bits(d))};
-    }
-    static ORLIX_SIMD_INLINE Register<I> narrowShorts(const Words& a, const Words& b)
-    {
-        return {Steps::template narrowShorts<T>(bits(a), bits(b))};
-    }
-
-    /// Of 8 and 16 bits.
-    ORLIX_SIMD_INLINE Words toInteger(const Words& raw) const requires(sizeof(T) < 4)
-    {
-        const Reals numbers = convertLanes<float, s_nbLanes>(__builtin_bit_cast(Lanes<int, s_nbLanes>, raw));
-        const Reals whole = __builtin_bit_cast(Reals, Steps::template cut<T>(bits(numbers * scale)));
-        return __builtin_bit_cast(Words, Steps::round(bits(whole + offset)));
-    }
-    /// Of 32 bits: the raw number is read with a sign, so the halves of its range change places.
+    /// The raw number is read with a sign, so the halves of its range change places.
     template <bool bUpper>
     ORLIX_SIMD_INLINE Factors scaled(const Words& raw) const
     {
         return (widenToDouble<I, bUpper, int>(__builtin_bit_cast(Lanes<int, s_nbLanes>, raw)) + 0x1p31) * scale;
-    }
-    ORLIX_SIMD_INLINE Register<I> toElements(const Words& raw) const requires(sizeof(T) == 4)
-    {
-        if constexpr (std::is_same_v<T, float>) {
-            return __builtin_bit_cast(Register<I>, toReals(raw));
-        } else {
-            const Factors lower = __builtin_bit_cast(Factors, Steps::cutDoubles(bits(scaled<false>(raw))));
-            const Factors upper = __builtin_bit_cast(Factors, Steps::cutDoubles(bits(scaled<true>(raw))));
-            const Words rounded =
-                __builtin_bit_cast(Words, Steps::roundPair(bits(lower + offset), bits(upper + offset)));
-            return __builtin_bit_cast(Register<I>, std::is_same_v<T, unsigned int> ? rounded + 0x80000000U : rounded);
-        }
     }
 };
 
@@ -167,6 +172,10 @@ private:
 template <class T>
 struct UniformRandomLCG<eInstructionSet::eNone, T>
 {
+    static constexpr unsigned long s_nbLanes = 1;
+    static constexpr unsigned long s_nbElements = 1;
+    static constexpr unsigned long s_nbDraws = sizeof(T) == 1 ? 1 : sizeof(T) == 2 ? 2 : 3;
+
     unsigned int state;
     double scale;
     double offset;

@@ -12,7 +12,9 @@ struct eORLIXIPLUtilityMessage
 {
     enum domain {
         eOutputImageNotInitialized = 0,
-        ePartBeyondWhole = 1 ///< geometry, first x, y, z, sizes of the whole along x, y, z
+        ePartBeyondWhole = 1, ///< geometry, first x, y, z, sizes of the whole along x, y, z
+        ePartOfLines = 2,     ///< size of the part, of the whole
+        ePartOutside = 3      ///< axis, size of the part, its first, size of the whole
     };
     ORLIX_ENUMERATION(eORLIXIPLUtilityMessage, eOutputImageNotInitialized);
 };

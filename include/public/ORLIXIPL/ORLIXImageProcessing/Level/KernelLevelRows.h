@@ -129,7 +129,7 @@ struct Lent<TRow, true>
 
 private:
     template <class TImage>
-    static StripType makeStrip(const ImagePart<TImage>& part)
+    static StripType makeStrip(const StripPart<TImage>& part)
     {
         return StripType(*part.image, part.start, part.size);
     }

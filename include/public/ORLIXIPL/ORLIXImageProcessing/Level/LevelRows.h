@@ -186,7 +186,7 @@ struct ByYSubStrip
     static auto take(const TValues& values)
     {
         const StripRange range = TRange::of(values);
-        return ImagePart<details::ImageOf<TAttribute>>{processor::pointerTo(values.template get<TAttribute>()),
+        return StripPart<details::ImageOf<TAttribute>>{processor::pointerTo(values.template get<TAttribute>()),
                                                        range.start, range.size};
     }
 };

@@ -33,7 +33,7 @@ struct StripRange
 
 /// Such a range of an image, or all of it.
 template <class TImage>
-struct ImagePart
+struct StripPart
 {
     TImage* image;
     unsigned long start;

@@ -112,6 +112,22 @@ struct MatchRange
     }
 };
 
+/// Leaf `TLeaf` of the data item lies in that range.
+template <class TData, class TItem, class TLeaf>
+struct MatchLeafRange
+{
+    template <class TAttributes>
+    static processor::RulePtr make(const TAttributes& attributes)
+    {
+        return matchRange<TLeaf>(processor::own<TData>(attributes), processor::own<TItem>(attributes));
+    }
+    template <class TValues>
+    static bool holds(const TValues& values)
+    {
+        return isInRange(*values.template get<TData>(), values.template get<TItem>()->template get<TLeaf>());
+    }
+};
+
 /// Both are the very same pixels. As a level's `NothingToDo`, or as the condition of a two-stage level.
 template <class TFirst, class TSecond>
 struct InSitu

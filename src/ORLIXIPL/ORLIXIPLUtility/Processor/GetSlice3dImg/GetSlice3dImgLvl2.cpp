@@ -14,6 +14,16 @@ const processor::ProcessorRegistration<GetSlice3dImgLvl2, eProcessorMessage> g_r
 GetSlice3dImgLvl2::GetSlice3dImgLvl2() = default;
 GetSlice3dImgLvl2::~GetSlice3dImgLvl2() = default;
 
+ProcessingResult<bool> GetSlice3dImgLvl2::checkForCaller() const
+{
+    const attr::InSubImg3d& volume = *accessAttribute<attr::InSubImg3d>();
+    if (!volume.isHeld()) {
+        return true;
+    }
+    return hasSlice(volume.getImage(), accessAttribute<attr::InAxis>()->getValue(),
+                    accessAttribute<attr::InSliceIndex>()->getValue());
+}
+
 processor::ProviderResult GetSlice3dImgLvl2::retrieveProvider(const core::BasePriority& priority,
                                                               boost::shared_ptr<core::BaseActionProvider>& provider)
 {

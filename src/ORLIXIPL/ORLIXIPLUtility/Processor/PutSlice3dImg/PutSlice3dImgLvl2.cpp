@@ -14,12 +14,23 @@ const processor::ProcessorRegistration<PutSlice3dImgLvl2, eProcessorMessage> g_r
 PutSlice3dImgLvl2::PutSlice3dImgLvl2() = default;
 PutSlice3dImgLvl2::~PutSlice3dImgLvl2() = default;
 
+ProcessingResult<bool> PutSlice3dImgLvl2::checkForCaller() const
+{
+    const attr::InSubImg3d& volume = *accessAttribute<attr::InSubImg3d>();
+    const attr::InSubImg2d& slice = *accessAttribute<attr::InSubImg2d>();
+    if (!volume.isHeld() || !slice.isHeld()) {
+        return true;
+    }
+    return takesSlice(volume.getImage(), slice.getImage(), accessAttribute<attr::InAxis>()->getValue(),
+                      accessAttribute<attr::InSliceIndex>()->getValue());
+}
+
 processor::ProviderResult PutSlice3dImgLvl2::retrieveProvider(const core::BasePriority& priority,
                                                               boost::shared_ptr<core::BaseActionProvider>& provider)
 {
-    const eAxis axis = accessAttribute<attr::InAxis>()->getValue();
-    return axis == eAxis::eX || axis == eAxis::eY ? DispatchLevel::retrieveProvider(priority, provider)
-                                                  : copyXY(priority, provider);
+    return isCutByLevel3(accessAttribute<attr::InAxis>()->getValue())
+               ? DispatchLevel::retrieveProvider(priority, provider)
+               : copyXY(priority, provider);
 }
 
 processor::ProviderResult PutSlice3dImgLvl2::copyXY(const core::BasePriority& priority,

@@ -1,6 +1,7 @@
 // Whole image to whole slice: hands its volumes to GetSlice3dImgLvl2, each with a plan of the output.
 #pragma once
 
+#include "ORLIX/ORLIXBaseProcessing/CallerCheck.h"
 #include "ORLIXIPL/ORLIXIPLUtility/OutputInitializer/SliceInitializerUtils.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/GetSlice3dImg/GetSlice3dImgLvl2.h"
 
@@ -8,7 +9,8 @@ namespace orlix::imaproc::util {
 
 class ORLIXIPLUTILITY_API GetSlice3dImgLvl1 final
     : public PlanLevel<GetSlice3dImgLvl1, UtilityLibrary, GetSlice3dImgLvl2, ByVolume<attr::InImg3d, attr::InSubImg3d>,
-                       SameForPlans<attr::InAxis>, SameForPlans<attr::InSliceIndex>, ByPlan<attr::OutImg2d>>
+                       SameForPlans<attr::InAxis>, SameForPlans<attr::InSliceIndex>, ByPlan<attr::OutImg2d>>,
+      public processor::CallerCheck
 {
 public:
     static constexpr processor::ProcessorText g_text{"GetSlice3dImgLvl1", eProcessorMessage::eGetSlice3dImgLvl1};
@@ -19,6 +21,9 @@ public:
 
     GetSlice3dImgLvl1();
     ~GetSlice3dImgLvl1() override;
+
+    /// The slice is one of the volume's.
+    ProcessingResult<bool> checkForCaller() const override;
 };
 
 } // namespace orlix::imaproc::util

@@ -1,6 +1,7 @@
 // Volume to plan: along z one plan is copied by CopyImgLvl2, else strips of the output go to GetSlice3dImgLvl3.
 #pragma once
 
+#include "ORLIX/ORLIXBaseProcessing/CallerCheck.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/CopyImg/CopyImgLvl2.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/CopyImg/CopyStraight.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/GetSlice3dImg/GetSlice3dImgLvl3.h"
@@ -12,7 +13,8 @@ namespace orlix::imaproc::util {
 class ORLIXIPLUTILITY_API GetSlice3dImgLvl2 final
     : public StripLevel<GetSlice3dImgLvl2, UtilityLibrary, GetSlice3dImgLvl3, SameForStrips<attr::InSubImg3d>,
                         SameForStrips<attr::InAxis>, SameForStrips<attr::InSliceIndex>,
-                        ByYStrip<attr::OutImg2d, attr::OutYStrip2d>>
+                        ByYStrip<attr::OutImg2d, attr::OutYStrip2d>>,
+      public processor::CallerCheck
 {
 public:
     static constexpr processor::ProcessorText g_text{"GetSlice3dImgLvl2", eProcessorMessage::eGetSlice3dImgLvl2};
@@ -23,6 +25,9 @@ public:
 
     GetSlice3dImgLvl2();
     ~GetSlice3dImgLvl2() override;
+
+    /// The slice is one of the volume's.
+    ProcessingResult<bool> checkForCaller() const override;
 
     /// A pixel along x costs a cache line of the volume.
     template <class TValues>

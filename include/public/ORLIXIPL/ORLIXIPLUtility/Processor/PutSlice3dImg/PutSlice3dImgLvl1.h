@@ -2,6 +2,7 @@
 // slice.
 #pragma once
 
+#include "ORLIX/ORLIXBaseProcessing/CallerCheck.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/PutSlice3dImg/PutSlice3dImgLvl2.h"
 #include "ORLIXIPL/ORLIXImageProcessing/Level/TwoStageLevel.h"
 #include "ORLIXIPL/ORLIXImageProcessing/OutputInitializer/DuplicateInOut.h"
@@ -15,7 +16,8 @@ class ORLIXIPLUTILITY_API PutSlice3dImgLvl1 final
           Stage<StaticDispatch, CopyImgLvl2, ByPlan<attr::OutImg>, ByPlan<attr::InImg3d, attr::InSubImg2d>>,
           Stage<StaticDispatch, PutSlice3dImgLvl2, ByVolume<attr::OutImg>, SameForPlans<attr::InSliceIndex>,
                 SameForPlans<attr::InAxis>, ByPlan<attr::InImg2d, attr::InSubImg2d>,
-                ByVolume<attr::InImg3d, attr::InSubImg3d>>>
+                ByVolume<attr::InImg3d, attr::InSubImg3d>>>,
+      public processor::CallerCheck
 {
 public:
     static constexpr processor::ProcessorText g_text{"PutSlice3dImgLvl1", eProcessorMessage::ePutSlice3dImgLvl1};
@@ -28,6 +30,9 @@ public:
 
     PutSlice3dImgLvl1();
     ~PutSlice3dImgLvl1() override;
+
+    /// The slice's place is one of the volume's, and both have the same element types.
+    ProcessingResult<bool> checkForCaller() const override;
 };
 
 } // namespace orlix::imaproc::util
