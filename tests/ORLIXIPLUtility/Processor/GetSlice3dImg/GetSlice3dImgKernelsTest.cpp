@@ -75,6 +75,23 @@ TEST(GetSlice3dImgKernelsTest, alongZNothingIsWritten)
     EXPECT_TRUE(sameImages(*before, *out));
 }
 
+/// As an image on a device looks to code of the host.
+class ElsewhereImage final : public image::BaseImage
+{
+public:
+    explicit ElsewhereImage(const image::BaseImageGeometry& geometry) : BaseImage(geometry, image::PixelLayout()) {}
+};
+
+TEST(GetSlice3dImgKernelsTest, aVolumeWithoutHostPixelsIsRefused)
+{
+    const ImagePtr in = boost::make_shared<ElsewhereImage>(*volumeOf(eImageBufferType::UInt8, {9, 7, 5, 1, 1}));
+    const ImagePtr out = makeRandom(*image::geometry2d(eImageBufferType::UInt8, 9, 5), 3);
+    const ImagePtr before = testing::plainCopy(*out);
+    EXPECT_EQ(levelFor(in, eAxis::eY, 2, out, 0, 5)->run(g_sync).getMessage(),
+              "InSubImg3d, which is 9x7x5x1x1 UInt8, has no pixels in the memory of the host: bring them there first");
+    EXPECT_TRUE(sameImages(*before, *out));
+}
+
 /// Calls the kernel that last ran once more, as for a strip that is handed out in two blocks.
 void callForBlock(GetSlice3dImgLvl3& level, const eImageBufferType& type, unsigned long nbElements,
                   unsigned long firstElement)

@@ -106,6 +106,21 @@ TEST(PutSlice3dImgKernelsTest, alongZNothingIsWritten)
     EXPECT_TRUE(sameImages(*before, *volume));
 }
 
+/// As an image on a device looks to code of the host.
+class ElsewhereImage final : public image::BaseImage
+{
+public:
+    explicit ElsewhereImage(const image::BaseImageGeometry& geometry) : BaseImage(geometry, image::PixelLayout()) {}
+};
+
+TEST(PutSlice3dImgKernelsTest, aVolumeWithoutHostPixelsIsRefused)
+{
+    const ImagePtr volume = boost::make_shared<ElsewhereImage>(*volumeOf(eImageBufferType::UInt8, {9, 7, 5, 1, 1}));
+    const ImagePtr slice = makeRandom(*image::geometry2d(eImageBufferType::UInt8, 9, 5), 3);
+    EXPECT_EQ(levelFor(volume, eAxis::eY, 2, slice, 0, 5)->run(g_sync).getMessage(),
+              "OutImg, which is 9x7x5x1x1 UInt8, has no pixels in the memory of the host: bring them there first");
+}
+
 TEST(PutSlice3dImgKernelsTest, alongYABlockOfSeveralGoesToTheLastRowForOneElement)
 {
     const Sizes sizes = {6, 4, 3, 1, 1};

@@ -21,7 +21,7 @@ using Stage = RowDispatch<TDispatch, TLower, TRows...>;
 /// `TDerived` says its `g_text`, `Rule` and `Initializers` as for DispatchLevel and, as a rule type, `OnlySecond`:
 /// where it holds, the second stage's work is done in the first one, and the second has nothing to do. Otherwise the
 /// second stage starts when all elements of the first have ended. Where its rule type `NothingFirst` holds, the first
-/// stage has nothing to do.
+/// stage has nothing to do. A class whose calls may go straight to level 3 states `g_bStraight = true`.
 template <class TDerived, class TLibrary, class TAttributeList, class TFirst, class TSecond>
 class TwoStageLevel;
 
@@ -32,6 +32,7 @@ class TwoStageLevel<TDerived, TLibrary, AttributeList<TAttributes...>, TFirst, T
 public:
     using OnlySecond = Never;
     using NothingFirst = Never;
+    static constexpr bool g_bStraight = false;
 
     processor::RulePtr createRule() const { return TDerived::Rule::make(this->accessOwnAttributes()); }
     void initOutputInitializers(processor::OutputInitializerMap& initializers) const
@@ -44,11 +45,15 @@ public:
         m_second.clear();
     }
 
-    // For calls that need no dispatch, as those of DispatchLevel.
+    // For calls that need no dispatch, as those of DispatchLevel, where the class asks for them.
     template <class TValues>
     static constexpr bool canBeStraight()
     {
-        return TFirst::template canBeStraight<TValues>() && TSecond::template canBeStraight<TValues>();
+        if constexpr (TDerived::g_bStraight) {
+            return TFirst::template canBeStraight<TValues>() && TSecond::template canBeStraight<TValues>();
+        } else {
+            return false;
+        }
     }
     template <class TValues>
     static bool isStraight(const TValues& values)

@@ -41,6 +41,7 @@ public:
                                   RegionWithin2d<attr::InSubImg2d, attr::InInputImg2dOffset, attr::InSubROIImg2d>>;
     using Initializers = processor::AllOutputsGiven;
     using OnlySecond = InSitu<attr::InSubImg2d, attr::OutImg>;
+    static constexpr bool g_bStraight = true;
 
     PutROI2dImgLvl2();
     ~PutROI2dImgLvl2() override;

@@ -41,6 +41,7 @@ public:
                                   RegionWithin3d<attr::InSubImg3d, attr::InInputImg3dOffset, attr::InSubROIImg3d>>;
     using Initializers = processor::AllOutputsGiven;
     using OnlySecond = InSitu<attr::InSubImg3d, attr::OutImg>;
+    static constexpr bool g_bStraight = true;
 
     PutROI3dImgLvl2();
     ~PutROI3dImgLvl2() override;
