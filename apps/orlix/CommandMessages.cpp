@@ -60,7 +60,22 @@ const std::vector<MessageText>& MessageCatalogue<eCommandMessage>::texts()
          "--compression: %s is not built into the TIFF library of this system; use one of %s"},
         {eCommandMessage::eValueMissing, "%s needs a value; `%s --help` tells more"},
         {eCommandMessage::eNoValueTaken, "%s takes no value; `%s --help` tells more"},
-        {eCommandMessage::eNoFileName, "the name of a file is empty; give one"}};
+        {eCommandMessage::eNoFileName, "the name of a file is empty; give one"},
+        {eCommandMessage::eNoSize, "the new image needs --size W,H and --type TYPE, or --like IMAGE"},
+        {eCommandMessage::eSizeTwice, "--like tells the size too: leave --size out"},
+        {eCommandMessage::eNoRegion,
+         "a region is needed: add --at, --size or --region; `orlix crop --help` tells more"},
+        {eCommandMessage::eRegionTwice, "--region tells what %s tells too; leave one out"},
+        {eCommandMessage::eNoDepth, "%s %s: %s is one plan and no volume; give x and y alone"},
+        {eCommandMessage::eNoVolume, "%s is %s, one plan and no volume: only volumes have slices"},
+        {eCommandMessage::eIndexBeyond,
+         "--index %s: %s is %s, so slices along %s go from 0 to %d, or from -1, the last, to -%d"},
+        {eCommandMessage::eTypesDiffer,
+         "%s is %s, %s is %s: both need the same element type; `orlix convert` changes it"},
+        {eCommandMessage::eNoSuchSlice, "%s is %s%s, but a slice along %s of %s is %s: make it such a plan"},
+        {eCommandMessage::eOtherAxesDiffer, "%s is %s, %s is %s: both need as many %s"},
+        {eCommandMessage::eRegionSticksOut,
+         "%s is %s, put at %s into %s, which is %s, it ends beyond the %s of %d: put it elsewhere or crop it"}};
     return g_texts;
 }
 

@@ -50,7 +50,18 @@ struct eCommandMessage
         eNoCodec = 30,            ///< what was given, compressions that can be had
         eValueMissing = 31,       ///< option, command
         eNoValueTaken = 32,       ///< option, command
-        eNoFileName = 33
+        eNoFileName = 33,
+        eNoSize = 34,
+        eSizeTwice = 35,
+        eNoRegion = 36,
+        eRegionTwice = 37,     ///< option
+        eNoDepth = 38,         ///< option, what was given, file
+        eNoVolume = 39,        ///< file, geometry
+        eIndexBeyond = 40,     ///< what was given, file, geometry, axis, last index, size
+        eTypesDiffer = 41,     ///< file, geometry, file, geometry
+        eNoSuchSlice = 42,     ///< file, "the volume " or nothing, geometry, axis, file, geometry of its slices
+        eOtherAxesDiffer = 43, ///< file, geometry, file, geometry, what has to be the same
+        eRegionSticksOut = 44  ///< file, geometry, place, file, geometry, axis, its size
     };
     ORLIX_ENUMERATION(eCommandMessage, eBadArguments);
 };

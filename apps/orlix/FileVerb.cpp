@@ -12,11 +12,11 @@ void addFileArguments(OptionList& options, FileArguments& arguments)
     addOutputOptions(options, arguments.output);
 }
 
-void transformFile(const FileArguments& arguments, CommandContext& context, const ImageWork& work)
+void makeFile(const FileArguments& arguments, CommandContext& context, const OutputWork& work)
 {
     const std::string& target = arguments.output.file;
     checkOutput(target, arguments.output.format);
-    const ImagePtr out = work(readInput(arguments.input, context));
+    const ImagePtr out = work();
     writeOutput(target, out, arguments.output.format.write, context);
     if (context.options.bJson) {
         JsonWriter json(context.out);
@@ -26,6 +26,11 @@ void transformFile(const FileArguments& arguments, CommandContext& context, cons
         writeImageMembers(json, out->getGeometry(), out->getGeometricCalibration());
         json.endObject();
     }
+}
+
+void transformFile(const FileArguments& arguments, CommandContext& context, const ImageWork& work)
+{
+    makeFile(arguments, context, [&] { return work(readInput(arguments.input, context)); });
 }
 
 } // namespace orlix::cli

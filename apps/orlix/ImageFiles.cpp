@@ -37,6 +37,24 @@ ImagePtr readInput(const std::string& file, CommandContext& context)
     return image::io::readImage(file, options);
 }
 
+ImagePtr readInputRegion(const std::string& file, const image::io::RegionOffsets& offsets,
+                         const image::io::RegionSizes& sizes, CommandContext& context)
+{
+    checkFileName(file);
+    image::io::ReadOptions options;
+    options.progress = watch("read", context);
+    return image::io::readRegion(file, offsets, sizes, options);
+}
+
+void checkSameType(const std::string& first, const image::BaseImageGeometry& firstGeometry, const std::string& second,
+                   const image::BaseImageGeometry& secondGeometry)
+{
+    if (firstGeometry.getBufferType() != secondGeometry.getBufferType()) {
+        raise<eCommandMessage>(ORLIX_HERE, eCommandMessage::eTypesDiffer, first, firstGeometry.toString(), second,
+                               secondGeometry.toString());
+    }
+}
+
 void writeOutput(const std::string& file, const ImageConstPtr& image, image::io::WriteOptions options,
                  CommandContext& context)
 {

@@ -8,6 +8,9 @@
     verb(convert)                                                                                                      \
     verb(threshold)                                                                                                    \
     verb(erase)                                                                                                        \
+    verb(crop)                                                                                                         \
+    verb(random)                                                                                                       \
+    verb(normal)                                                                                                       \
     verb(compare)                                                                                                      \
     verb(run)                                                                                                          \
     verb(processors)

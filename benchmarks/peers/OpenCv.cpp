@@ -68,6 +68,16 @@ PeerPass makeOpenCvFill(image::BaseImage& image, double value)
     return makePass(image, image, [value](cv::Mat&, cv::Mat& out) { out.setTo(cv::Scalar(value)); });
 }
 
+PeerPass makeOpenCvUniform(image::BaseImage& image, double min, double max)
+{
+    return makePass(image, image, [min, max](cv::Mat&, cv::Mat& out) { cv::randu(out, min, max); });
+}
+
+PeerPass makeOpenCvNormal(image::BaseImage& image, double mean, double deviation)
+{
+    return makePass(image, image, [mean, deviation](cv::Mat&, cv::Mat& out) { cv::randn(out, mean, deviation); });
+}
+
 PeerPass makeOpenCvInRange(const image::BaseImage& in, image::BaseImage& out, double min, double max)
 {
     return makePass(
@@ -139,6 +149,16 @@ PeerPass makeOpenCvFill(image::BaseImage&, double)
 }
 
 PeerPass makeOpenCvInRange(const image::BaseImage&, image::BaseImage&, double, double)
+{
+    return {};
+}
+
+PeerPass makeOpenCvUniform(image::BaseImage&, double, double)
+{
+    return {};
+}
+
+PeerPass makeOpenCvNormal(image::BaseImage&, double, double)
 {
     return {};
 }

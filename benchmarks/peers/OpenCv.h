@@ -24,6 +24,10 @@ PeerPass makeOpenCvNorm(const image::BaseImage& first, const image::BaseImage& s
 PeerPass makeOpenCvCrop(const image::BaseImage& in, unsigned long x, unsigned long y, image::BaseImage& out);
 PeerPass makeOpenCvPaste(const image::BaseImage& in, image::BaseImage& out, unsigned long x, unsigned long y);
 
+/// Random values from `min` on, below `max`, and those of a normal law.
+PeerPass makeOpenCvUniform(image::BaseImage& image, double min, double max);
+PeerPass makeOpenCvNormal(image::BaseImage& image, double mean, double deviation);
+
 /// Threads that OpenCV may use; nothing happens where it is absent.
 void setOpenCvThreads(unsigned long nbThreads);
 

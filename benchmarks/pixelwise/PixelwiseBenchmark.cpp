@@ -1,4 +1,5 @@
-// Erase, threshold and type conversion into given images, beside bare loops over the same bytes and beside OpenCV.
+// Erase, threshold, type conversion and random values into given images, beside bare loops over the same bytes and
+// beside OpenCV.
 #include "pixelwise/PixelwiseFixture.h"
 #include "support/DataPlace.h"
 #include "support/FlowLimits.h"
@@ -12,6 +13,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include <cstring>
 #include <memory>
 
 namespace orlix::bench {
@@ -21,6 +23,20 @@ namespace {
 std::string describeComparison(const std::string& name, unsigned long bytes, unsigned long nbThreads)
 {
     return name + ": " + bytesToText(bytes) + " read and written, " + describe(findDataPlace(bytes, nbThreads));
+}
+
+/// Random bits as the simplest generator that needs no state has them, the number of each word through a mix: what the
+/// values of any kind could cost at best.
+void fillByCounter(const std::byte*, std::byte* destination, unsigned long, unsigned long bytesWritten)
+{
+    const unsigned long first = reinterpret_cast<unsigned long>(destination) / 8;
+    for (unsigned long i = 0; 8 * i + 8 <= bytesWritten; ++i) {
+        unsigned long word = (first + i) * 0x9E3779B97F4A7C15UL;
+        word = (word ^ word >> 30) * 0xBF58476D1CE4E5B9UL;
+        word = (word ^ word >> 27) * 0x94D049BB133111EBUL;
+        word ^= word >> 31;
+        std::memcpy(destination + 8 * i, &word, 8);
+    }
 }
 
 void addComparison(Suite& suite, const PixelwiseCase& work, const PixelwiseSize& size, unsigned long nbThreads)
@@ -41,6 +57,10 @@ void addComparison(Suite& suite, const PixelwiseCase& work, const PixelwiseSize&
     }
     if (fixture->hasPeer()) {
         comparison.add({"OpenCV", eRole::ePeer, [fixture] { fixture->runPeer(); }});
+    }
+    if (work.bRandom) {
+        comparison.add(
+            {"counter-based", eRole::eOther, [fixture] { fixture->getWork().forEachStretch(fillByCounter); }});
     }
     addFlowLimits(
         comparison, [fixture]() -> const FlowWork& { return fixture->getWork(); }, work.getBytesRead(),

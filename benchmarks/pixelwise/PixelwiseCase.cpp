@@ -50,6 +50,42 @@ PeerPass convertByPeer(const image::BaseImage* in, image::BaseImage& out)
     return makeOpenCvConversion(*in, out);
 }
 
+/// All that the element type can hold.
+void random(const ImageConstPtr&, const ImagePtr& out)
+{
+    util::randomImg(out);
+}
+
+/// The upper bound is excluded.
+PeerPass randomByPeer(const image::BaseImage*, image::BaseImage& out)
+{
+    const image::eImageBufferType type = out.getBufferType();
+    return makeOpenCvUniform(out, image::getMinValue(type), image::getMaxValue(type));
+}
+
+/// A range that is no power of 2.
+void randomWithin(const ImageConstPtr&, const ImagePtr& out)
+{
+    static const auto g_range = attr::createRange(g_min, g_max);
+    util::randomImg(g_range, out);
+}
+
+PeerPass randomWithinByPeer(const image::BaseImage*, image::BaseImage& out)
+{
+    return makeOpenCvUniform(out, g_min, g_max + 1);
+}
+
+void normal(const ImageConstPtr&, const ImagePtr& out)
+{
+    static const auto g_law = attr::createGaussianParameter(g_value, g_min);
+    util::gaussianRandomImg(g_law, out);
+}
+
+PeerPass normalByPeer(const image::BaseImage*, image::BaseImage& out)
+{
+    return makeOpenCvNormal(out, g_value, g_min);
+}
+
 } // namespace
 
 std::string namePixelwise(const PixelwiseCase& work, const PixelwiseSize& size, unsigned long nbThreads)
@@ -74,6 +110,13 @@ std::vector<PixelwiseCase> makePixelwiseCases()
                 {std::string("convert/") + image::getBufferTypeName(in) + '-' + image::getBufferTypeName(out), in, out,
                  convert, convertByPeer});
         }
+    }
+    for (const eImageBufferType type : g_types) {
+        const char* const name = image::getBufferTypeName(type);
+        const auto none = eImageBufferType::eNoBuffer;
+        cases.push_back({std::string("random/") + name, none, type, random, randomByPeer, true});
+        cases.push_back({std::string("random-within/") + name, none, type, randomWithin, randomWithinByPeer, true});
+        cases.push_back({std::string("normal/") + name, none, type, normal, normalByPeer, true});
     }
     return cases;
 }

@@ -16,6 +16,7 @@ struct PixelwiseCase
     image::eImageBufferType outType;
     void (*run)(const ImageConstPtr& in, const ImagePtr& out);
     PeerPass (*makePeer)(const image::BaseImage* in, image::BaseImage& out);
+    bool bRandom = false; ///< measured beside a generator that works by a counter
 
     unsigned long getBytesRead() const { return image::elementSize(inType); } ///< a pixel
     unsigned long getBytesWritten() const { return image::elementSize(outType); }
@@ -39,7 +40,7 @@ inline constexpr std::array<PixelwiseSize, 4> g_pixelwiseSizes = {{
 /// "erase/UInt8/512x512/threads:1".
 std::string namePixelwise(const PixelwiseCase& work, const PixelwiseSize& size, unsigned long nbThreads);
 
-/// Erase and threshold for each storage type, conversion for each pair of them.
+/// Erase and threshold for each storage type, conversion for each pair of them; random values for some.
 std::vector<PixelwiseCase> makePixelwiseCases();
 
 } // namespace orlix::bench

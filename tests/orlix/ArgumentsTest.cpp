@@ -41,8 +41,8 @@ INSTANTIATE_TEST_SUITE_P(
     Arguments, MistakeTest,
     ::testing::Values(
         Mistake{{},
-                "a verb is needed, one of info, copy, convert, threshold, erase, compare, run, "
-                "processors"},
+                "a verb is needed, one of info, copy, convert, threshold, erase, crop, random, normal, compare, "
+                "run, processors"},
         Mistake{{"frobnicate"}, "\"frobnicate\" is no verb"}, Mistake{{"--json"}, "a verb is needed"},
         Mistake{{"info"}, "FILE is required; `orlix info --help` tells more"},
         Mistake{{"info", "--bogus", "a.tif"},
