@@ -75,7 +75,24 @@ const std::vector<MessageText>& MessageCatalogue<eCommandMessage>::texts()
         {eCommandMessage::eNoSuchSlice, "%s is %s%s, but a slice along %s of %s is %s: make it such a plan"},
         {eCommandMessage::eOtherAxesDiffer, "%s is %s, %s is %s: both need as many %s"},
         {eCommandMessage::eRegionSticksOut,
-         "%s is %s, put at %s into %s, which is %s, it ends beyond the %s of %d: put it elsewhere or crop it"}};
+         "%s is %s, put at %s into %s, which is %s, it ends beyond the %s of %d: put it elsewhere or crop it"},
+        {eCommandMessage::eTableNotRead, "%s can't be read (%s): name a table of points"},
+        {eCommandMessage::eTableTooLarge, "%s is larger than %d MiB: give less at a time"},
+        {eCommandMessage::eTableHasValues, "%s, line %d: there is a column \"value\" already: rename it"},
+        {eCommandMessage::eTableNotWritten, "%s: %s"},
+        {eCommandMessage::eColumnTwice, "%s, line %d: there are two columns \"%s\": rename one"},
+        {eCommandMessage::eColumnsMissing,
+         "%s, line %d: expected the names of columns, x and y among them, found \"%s\""},
+        {eCommandMessage::eFieldCount, "%s: expected %d fields, found %d in \"%s\""},
+        {eCommandMessage::eBadField, "%s: %s: expected %s, found \"%s\""},
+        {eCommandMessage::ePlanNotTold,
+         "%s is %s, but %s doesn't say where on %s its points lie: add columns, or give --plan Z,C,T"},
+        {eCommandMessage::eNoSuchPlan, "%s: there is no plan %d of channel %d at time %d in %s, which is %s"},
+        {eCommandMessage::ePointOutside,
+         "%s: %s is outside of %s, whose pixel centres go from %s to %s; --outside mirror takes values there too"},
+        {eCommandMessage::eMirrorNeedsTiles, "--outside mirror goes with tiles alone; leave out --method striped"},
+        {eCommandMessage::eNotCalibrated, "%s has no pixel sizes: leave out --calibrated, and give points in pixels"},
+        {eCommandMessage::eRotated, "the axes of %s are rotated: leave out --calibrated, and give points in pixels"}};
     return g_texts;
 }
 

@@ -12,6 +12,7 @@
     verb(random)                                                                                                       \
     verb(normal)                                                                                                       \
     verb(compare)                                                                                                      \
+    verb(values)                                                                                                       \
     verb(run)                                                                                                          \
     verb(processors)
 // clang-format on

@@ -13,11 +13,19 @@ const typename TKind::Tile& InputImageTileColl<TKind>::getTile(unsigned long ind
     if (index >= m_nbTiles) {
         raise<eORLIXBaseImageToolsMessage>(ORLIX_HERE, eORLIXBaseImageToolsMessage::eNoSuchTile, index, m_nbTiles);
     }
+    Coords place;
+    tellPlaces(index, 1, &place);
+    return getTileAt(place);
+}
+
+template <class TKind>
+const typename TKind::Tile& InputImageTileColl<TKind>::getTileAt(const Coords& place)
+{
     ProcessingResult<bool> result;
     if constexpr (TKind::g_bVolume) {
-        result = ImageTileExtractor::extractInputTile3d(*m_image, m_coords[index], m_policy, m_tile);
+        result = ImageTileExtractor::extractInputTile3d(*m_image, place, m_policy, m_tile);
     } else {
-        result = ImageTileExtractor::extractInputTile2d(*m_image, m_coords[index], m_policy, m_tile);
+        result = ImageTileExtractor::extractInputTile2d(*m_image, place, m_policy, m_tile);
     }
     if (!result) {
         raise<eORLIXBaseImageToolsMessage>(ORLIX_HERE, eORLIXBaseImageToolsMessage::eTileNotTaken, result.getMessage());

@@ -178,7 +178,7 @@ TEST(ImageValueExtractionMethodTest, goesByPixelsAPoint)
     EXPECT_FALSE(isTiled(max, 1, max)) << "never";
     EXPECT_FALSE(isTiled(1UL << 40, 1UL << 24, max)) << "a product that does not fit";
     EXPECT_TRUE(isTiled(1UL << 40, 1UL << 23, max));
-    EXPECT_EQ(*createImageValueExtractionMethod(), ImageValueExtractionMethod());
+    EXPECT_EQ(*createDefaultImageValueExtractionMethod(), ImageValueExtractionMethod());
 }
 
 } // namespace

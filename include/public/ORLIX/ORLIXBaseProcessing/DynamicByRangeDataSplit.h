@@ -15,6 +15,38 @@ namespace orlix::processor {
 /// For each range the positions in the whole collection of the items that it got, in the order in which it got them.
 using RangeIndexMap = RangeMap<std::vector<unsigned long>>;
 
+/// How a split reaches the items of a data item of class `TData`: one by one in its leaf `TColl`, a collection of
+/// shared pointers, and by the leaf `TKey` of what they point to. Specialise it for a class that keeps items in another
+/// way.
+template <class TData, class TColl, class TKey>
+struct RangeDataItems
+{
+    static unsigned long getNbItems(const TData& data) { return data.template get<TColl>().size(); }
+    static bool isNull(const TData& data, unsigned long item) { return !data.template get<TColl>()[item]; }
+    /// The line that the item lies on.
+    static unsigned long getLine(const TData& data, unsigned long item)
+    {
+        const auto key = data.template get<TColl>()[item]->template get<TKey>();
+        if constexpr (std::is_floating_point_v<decltype(key)>) {
+            return math::truncateToUnsigned(key);
+        } else {
+            return static_cast<unsigned long>(key);
+        }
+    }
+    /// A data item that shares those items of `data`. `items` are not there for long.
+    static boost::shared_ptr<TData> makePart(const TData& data, std::span<const unsigned long> items)
+    {
+        const boost::shared_ptr<TData> part = boost::make_shared<TData>();
+        auto& shared = part->template access<TColl>();
+        const auto& all = data.template get<TColl>();
+        shared.reserve(items.size());
+        for (const unsigned long item : items) {
+            shared.push_back(all[item]);
+        }
+        return part;
+    }
+};
+
 /// `TAttribute` is an attribute of `TProcessor` that holds a shared pointer to a data item. `TColl` is the leaf of that
 /// data item which is a collection of shared pointers, `TKey` the leaf of what they point to that says on which line it
 /// lies: a whole number, or a `double` whose fraction is cut off. Items on a line that no range has, go nowhere.
@@ -55,14 +87,7 @@ public:
                                             const core::BaseRequestOrigin&) override
     {
         const std::span<const unsigned long> found = m_places.find(start, size);
-        const boost::shared_ptr<Data> part = boost::make_shared<Data>();
-        auto& items = part->template access<TColl>();
-        const auto& all = m_data->template get<TColl>();
-        items.reserve(found.size());
-        for (const unsigned long index : found) {
-            items.push_back(all[index]);
-        }
-        this->feed(lower, part);
+        this->feed(lower, Items::makePart(*m_data, found));
         if (m_indices != nullptr) {
             m_indices->insert(ElementsRange(start, size), {found.begin(), found.end()});
         }
@@ -76,25 +101,17 @@ public:
     }
 
 private:
-    template <class TValue>
-    static unsigned long lineOf(TValue key)
-    {
-        if constexpr (std::is_floating_point_v<TValue>) {
-            return math::truncateToUnsigned(key);
-        } else {
-            return static_cast<unsigned long>(key);
-        }
-    }
+    using Items = RangeDataItems<Data, TColl, TKey>;
 
     void readLines()
     {
-        const auto& items = m_data->template get<TColl>();
-        m_places.start(items.size());
-        for (const auto& item : items) {
-            if (!item) {
+        const unsigned long nbItems = Items::getNbItems(*m_data);
+        m_places.start(nbItems);
+        for (unsigned long item = 0; item < nbItems; ++item) {
+            if (Items::isNull(*m_data, item)) {
                 this->throwNullInputSharedPtr();
             }
-            m_places.add(lineOf(item->template get<TKey>()));
+            m_places.add(Items::getLine(*m_data, item));
         }
     }
 

@@ -17,6 +17,7 @@
 #include "ORLIX/ORLIXBaseProcessing/BaseValueAttributes.h"
 #include "ORLIX/ORLIXBaseProcessing/CallerCheck.h"
 #include "ORLIX/ORLIXBaseProcessing/ClassStatics.h"
+#include "ORLIX/ORLIXBaseProcessing/CollSizeRule.h"
 #include "ORLIX/ORLIXBaseProcessing/CsvReader.h"
 #include "ORLIX/ORLIXBaseProcessing/DataItemAttributes.h"
 #include "ORLIX/ORLIXBaseProcessing/DataItemTable.h"

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ORLIXIPL/ORLIXBaseImageTools/ImageTileExtractor.h"
+#include "ORLIXIPL/ORLIXBaseImageTools/TilePlaces.h"
 
 namespace orlix::image {
 
@@ -31,15 +32,24 @@ public:
     using Coords = typename TKind::Coords;
     using BorderPolicy = typename TKind::BorderPolicy;
 
+    using Places = TilePlaces<Coords>;
+
     /// The `nbTiles` tiles at `coords` and behind.
     InputImageTileColl(const BaseImage& image, const Coords* coords, unsigned long nbTiles, const BorderPolicy& policy)
-        : m_image(&image), m_coords(coords), m_nbTiles(nbTiles), m_policy(policy)
+        : InputImageTileColl(image, Places(coords), 0, nbTiles, policy)
+    {}
+    /// Tiles [first, first + nbTiles) of `places`.
+    InputImageTileColl(const BaseImage& image, const Places& places, unsigned long first, unsigned long nbTiles,
+                       const BorderPolicy& policy)
+        : m_image(&image), m_places(places), m_first(first), m_nbTiles(nbTiles), m_policy(policy)
     {}
     /// Moves on to other tiles, and keeps the memory.
-    void init(const BaseImage& image, const Coords* coords, unsigned long nbTiles, const BorderPolicy& policy)
+    void init(const BaseImage& image, const Places& places, unsigned long first, unsigned long nbTiles,
+              const BorderPolicy& policy)
     {
         m_image = &image;
-        m_coords = coords;
+        m_places = places;
+        m_first = first;
         m_nbTiles = nbTiles;
         m_policy = policy;
     }
@@ -47,13 +57,24 @@ public:
     unsigned long getNbTiles() const { return m_nbTiles; }
     eImageBufferType getImageBufferType() const { return m_image->getBufferType(); }
 
+    /// For those who read rows where they lie: the image, and the places of tiles [first, first + count) of these,
+    /// which have to be among them.
+    const BaseImage& getImage() const { return *m_image; }
+    void tellPlaces(unsigned long first, unsigned long count, Coords* places) const
+    {
+        m_places.tell(m_first + first, count, places);
+    }
+
     /// Tile `index`, until the next one is asked for. Throws ORLIXBaseImageToolsException for an index past the end and
     /// for a tile that can't be taken.
     const typename TKind::Tile& getTile(unsigned long index);
+    /// The same for a tile at a place of its own.
+    const typename TKind::Tile& getTileAt(const Coords& place);
 
 private:
     const BaseImage* m_image;
-    const Coords* m_coords;
+    Places m_places;
+    unsigned long m_first;
     unsigned long m_nbTiles;
     BorderPolicy m_policy;
     typename TKind::Tile m_tile;

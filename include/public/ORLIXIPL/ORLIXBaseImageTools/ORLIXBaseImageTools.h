@@ -8,3 +8,4 @@
 #include "ORLIXIPL/ORLIXBaseImageTools/Logger/ORLIXBaseImageToolsLogMessages.h"
 #include "ORLIXIPL/ORLIXBaseImageTools/ORLIXBaseImageToolsException.h"
 #include "ORLIXIPL/ORLIXBaseImageTools/SubImageExtractor.h"
+#include "ORLIXIPL/ORLIXBaseImageTools/TilePlaces.h"

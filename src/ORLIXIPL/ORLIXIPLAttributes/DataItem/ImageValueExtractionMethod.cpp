@@ -18,7 +18,7 @@ bool ImageValueExtractionMethod::checkTiledMethod(unsigned long nbCoords, unsign
            needed <= nbPixels;
 }
 
-boost::shared_ptr<const ImageValueExtractionMethod> createImageValueExtractionMethod()
+boost::shared_ptr<const ImageValueExtractionMethod> createDefaultImageValueExtractionMethod()
 {
     return boost::make_shared<ImageValueExtractionMethod>();
 }

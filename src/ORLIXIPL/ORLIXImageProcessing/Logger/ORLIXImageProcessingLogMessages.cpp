@@ -32,6 +32,11 @@ const std::vector<MessageText>& MessageCatalogue<imaproc::eImageRuleMessage>::te
         {Message::ePropertyWithoutInput,
          "There is no image from which another one's properties follow: set it, and keep the processor that holds it"},
         {Message::ePropertyDiffersFor, "%s is %s, but needs %s: %s"},
+        {Message::ePlansDiffer,
+         "%s is for %d plans of %d channels at %d times, but %s is %s: give an entry to each of its plans"},
+        {Message::eVolumesDiffer,
+         "%s is for %d plans of %d channels at %d times, but %s is %s: give an entry to each of "
+         "its volumes, at plan 0"},
         {Message::eRegionOutside, "%s is %s, the region %s at (%s) ends at %s = %s"},
         {Message::eRegionNeedsVolume, "%s is %s, a single plan: the region %s at (%s) needs a volume"}};
     return g_texts;

@@ -53,7 +53,7 @@ ProcessingResult<bool> BaseImageTileCollSplit<TColl>::initBase(const ImageConstP
                                                                unsigned long group, unsigned long maxGroup)
 {
     m_coords = coords;
-    return start(image, group, maxGroup);
+    return initBase(image, Places(m_coords.data()), m_coords.size(), group, maxGroup);
 }
 
 template <class TColl>
@@ -61,12 +61,13 @@ ProcessingResult<bool> BaseImageTileCollSplit<TColl>::initBase(const ImageConstP
                                                                unsigned long group, unsigned long maxGroup)
 {
     m_coords = std::move(coords);
-    return start(image, group, maxGroup);
+    return initBase(image, Places(m_coords.data()), m_coords.size(), group, maxGroup);
 }
 
 template <class TColl>
-ProcessingResult<bool> BaseImageTileCollSplit<TColl>::start(const ImageConstPtr& image, unsigned long group,
-                                                            unsigned long maxGroup)
+ProcessingResult<bool> BaseImageTileCollSplit<TColl>::initBase(const ImageConstPtr& image, const Places& places,
+                                                               unsigned long nbTiles, unsigned long group,
+                                                               unsigned long maxGroup)
 {
     if (!image) {
         return failure(eImageSplitMessage::eNullImage);
@@ -77,9 +78,14 @@ ProcessingResult<bool> BaseImageTileCollSplit<TColl>::start(const ImageConstPtr&
                        image->getGeometry().toString());
     }
     m_image = image;
-    const bool bNothing = m_coords.empty() || image->getGeometry().getNbPixels() == 0;
-    const unsigned long cost = bNothing ? 0 : costOf(m_coords.front(), image::elementSize(image->getBufferType()));
-    m_demand = {true, m_coords.size(), cost, std::max(1UL, group), std::max(1UL, maxGroup)};
+    m_places = places;
+    unsigned long cost = 0;
+    if (nbTiles > 0 && image->getGeometry().getNbPixels() > 0) {
+        typename TColl::Coords first;
+        places.tell(0, 1, &first);
+        cost = costOf(first, image::elementSize(image->getBufferType()));
+    }
+    m_demand = {true, nbTiles, cost, std::max(1UL, group), std::max(1UL, maxGroup)};
     return true;
 }
 
@@ -88,15 +94,14 @@ ProcessingResult<bool> BaseImageTileCollSplit<TColl>::processAttribute(processor
                                                                        unsigned long start, unsigned long size,
                                                                        const core::BaseRequestOrigin&)
 {
-    const unsigned long nbTiles = m_coords.size();
+    const unsigned long nbTiles = m_demand.nbLines;
     if (start > nbTiles || size > nbTiles - start) {
         return failure(eImageSplitMessage::eRangeOutside, size, start, nbTiles);
     }
-    const auto* const first = m_coords.data() + start;
     if (m_coll && m_coll.use_count() == 1) {
-        m_coll->init(*m_image, first, size, m_border);
+        m_coll->init(*m_image, m_places, start, size, m_border);
     } else {
-        m_coll = boost::make_shared<TColl>(*m_image, first, size, m_border);
+        m_coll = boost::make_shared<TColl>(*m_image, m_places, start, size, m_border);
     }
     return processAttribute(lower, m_coll);
 }

@@ -39,7 +39,7 @@ public:
 };
 
 /// The default.
-ORLIXIPLATTRIBUTES_API boost::shared_ptr<const ImageValueExtractionMethod> createImageValueExtractionMethod();
+ORLIXIPLATTRIBUTES_API boost::shared_ptr<const ImageValueExtractionMethod> createDefaultImageValueExtractionMethod();
 ORLIXIPLATTRIBUTES_API boost::shared_ptr<const ImageValueExtractionMethod>
 createImageValueExtractionMethod(unsigned long pixelsPerPoint);
 

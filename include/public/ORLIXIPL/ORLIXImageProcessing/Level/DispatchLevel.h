@@ -97,10 +97,14 @@ public:
     template <class TValues>
     static ProcessingResult<bool> runStraight(const TValues& values)
     {
-        if (TDerived::NothingToDo::holds(values)) {
-            return true;
+        if constexpr (canBeStraight<TValues>()) {
+            if (TDerived::NothingToDo::holds(values)) {
+                return true;
+            }
+            return Rows::runStraight(values);
+        } else {
+            return true; // never called
         }
-        return Rows::runStraight(values);
     }
 
 protected:

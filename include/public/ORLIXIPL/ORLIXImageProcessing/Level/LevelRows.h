@@ -207,6 +207,22 @@ struct ByZSubStrip : ByYSubStrip<TAttribute, TLowerAttribute, TRange>
     }
 };
 
+/// For every plan, or volume, its entry of a collection that is indexed by plan.
+template <class TAttribute, class TLowerAttribute>
+struct EntryByPlan
+{
+    using Attribute = TAttribute;
+    using LowerAttribute = TLowerAttribute;
+    template <class TLower>
+    using Split = PlanIndexedSplit<TLower, typename TAttribute::StorageType, TLowerAttribute>;
+
+    template <class TAttributes>
+    static auto source(const TAttributes& attributes)
+    {
+        return entryByPlan(processor::own<TAttribute>(attributes)->getStorage());
+    }
+};
+
 /// As the last argument of a row for an optional data item: one that is not set is set to `g_make()`, and stays so.
 template <auto g_make>
 struct OrElse

@@ -70,12 +70,16 @@ public:
     template <class TValues>
     static ProcessingResult<bool> runStraight(const TValues& values)
     {
-        if (!hasOnlySecond(values)) {
-            if (ProcessingResult<bool> result = TFirst::runStraight(values); !result) {
-                return result;
+        if constexpr (canBeStraight<TValues>()) {
+            if (!hasOnlySecond(values)) {
+                if (ProcessingResult<bool> result = TFirst::runStraight(values); !result) {
+                    return result;
+                }
             }
+            return TSecond::runStraight(values);
+        } else {
+            return true; // never called
         }
-        return TSecond::runStraight(values);
     }
 
 protected:

@@ -27,8 +27,10 @@ struct eImageRuleMessage
         ePropertyDiffers = 12,       ///< attribute, geometry, differences
         ePropertyWithoutInput = 13,
         ePropertyDiffersFor = 14, ///< attribute, geometry, differences, reason
-        eRegionOutside = 15,      ///< attribute, sizes, sizes, offsets, axis, end
-        eRegionNeedsVolume = 16   ///< attribute, sizes, sizes, offsets
+        ePlansDiffer = 15,        ///< attribute, sizes on z, c, t, attribute, geometry
+        eVolumesDiffer = 16,      ///< attribute, sizes on z, c, t, attribute, geometry
+        eRegionOutside = 17,      ///< attribute, sizes, sizes, offsets, axis, end
+        eRegionNeedsVolume = 18   ///< attribute, sizes, sizes, offsets
     };
     ORLIX_ENUMERATION(eImageRuleMessage, eSizeOrTypeDiffers);
 };

@@ -150,4 +150,31 @@ TileSource<TCoords, TBorderPolicy> tilesByGroup(const ImageConstPtr& image, cons
     return {image, coords, border, group, maxGroup};
 }
 
+/// What a split into groups of tiles is set up with that need no array.
+template <class TCoords, class TBorderPolicy>
+struct TilePlacesSource
+{
+    const ImageConstPtr& image;
+    image::TilePlaces<TCoords> places;
+    unsigned long nbTiles;
+    TBorderPolicy border;
+    unsigned long group;
+    unsigned long maxGroup;
+
+    template <class TSplit>
+    ProcessingResult<bool> init(TSplit& split) const
+    {
+        split.setBorderPolicy(border);
+        return split.initBase(image, places, nbTiles, group, maxGroup);
+    }
+};
+/// Tiles [0, nbTiles) of `places`, whose source has to outlive the run, in such groups.
+template <class TCoords, class TBorderPolicy>
+TilePlacesSource<TCoords, TBorderPolicy>
+tilesByGroup(const ImageConstPtr& image, const image::TilePlaces<TCoords>& places, unsigned long nbTiles,
+             const TBorderPolicy& border, unsigned long group, unsigned long maxGroup)
+{
+    return {image, places, nbTiles, border, group, maxGroup};
+}
+
 } // namespace orlix::imaproc

@@ -19,6 +19,7 @@ class BaseImageTileCollSplit : public processor::BaseDynamicSplit
 {
 public:
     using CoordsColl = std::vector<typename TColl::Coords>;
+    using Places = typename TColl::Places;
 
     /// What stands for pixels beyond the border of the image, from the next `initBase` on; the mirror at first.
     void setBorderPolicy(const typename TColl::BorderPolicy& policy) { m_border = policy; }
@@ -31,6 +32,10 @@ public:
                                     unsigned long maxGroup);
     ProcessingResult<bool> initBase(const ImageConstPtr& image, CoordsColl&& coords, unsigned long group,
                                     unsigned long maxGroup);
+    /// The same for tiles [0, nbTiles) of `places`, which the split refers to until `clear`. All cost what the first
+    /// one does.
+    ProcessingResult<bool> initBase(const ImageConstPtr& image, const Places& places, unsigned long nbTiles,
+                                    unsigned long group, unsigned long maxGroup);
 
     processor::eSplitDynamicType getSplitDynamicType() const override
     {
@@ -53,11 +58,10 @@ protected:
     BaseImageTileCollSplit();
 
 private:
-    ProcessingResult<bool> start(const ImageConstPtr& image, unsigned long group, unsigned long maxGroup);
-
     typename TColl::BorderPolicy m_border;
     ImageConstPtr m_image;
-    CoordsColl m_coords; ///< the tiles refer to them
+    CoordsColl m_coords; ///< the tiles refer to them, unless places were given
+    Places m_places{nullptr};
     processor::RangeDemand m_demand{true, 0, 0, 1};
     boost::shared_ptr<TColl> m_coll; ///< the last one made, for use again once its processor has let it go
 };
