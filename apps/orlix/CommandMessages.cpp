@@ -92,7 +92,10 @@ const std::vector<MessageText>& MessageCatalogue<eCommandMessage>::texts()
          "%s: %s is outside of %s, whose pixel centres go from %s to %s; --outside mirror takes values there too"},
         {eCommandMessage::eMirrorNeedsTiles, "--outside mirror goes with tiles alone; leave out --method striped"},
         {eCommandMessage::eNotCalibrated, "%s has no pixel sizes: leave out --calibrated, and give points in pixels"},
-        {eCommandMessage::eRotated, "the axes of %s are rotated: leave out --calibrated, and give points in pixels"}};
+        {eCommandMessage::eRotated, "the axes of %s are rotated: leave out --calibrated, and give points in pixels"},
+        {eCommandMessage::eNotAppendable, "%s is %s, %s is %s: only images of the same sizes on x, y, z and c and the "
+                                          "same element type can be appended; "
+                                          "`orlix convert` changes the type"}};
     return g_texts;
 }
 

@@ -75,7 +75,8 @@ struct eCommandMessage
         ePointOutside = 55,    ///< place, point, image, first point, last point
         eMirrorNeedsTiles = 56,
         eNotCalibrated = 57, ///< image
-        eRotated = 58        ///< image
+        eRotated = 58,       ///< image
+        eNotAppendable = 59  ///< file, geometry, file, geometry
     };
     ORLIX_ENUMERATION(eCommandMessage, eBadArguments);
 };

@@ -11,6 +11,7 @@
     verb(crop)                                                                                                         \
     verb(random)                                                                                                       \
     verb(normal)                                                                                                       \
+    verb(append)                                                                                                       \
     verb(compare)                                                                                                      \
     verb(values)                                                                                                       \
     verb(run)                                                                                                          \

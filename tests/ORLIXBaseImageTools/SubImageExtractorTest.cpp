@@ -143,6 +143,90 @@ TEST(SubImageExtractor, WorksWithoutPixels)
     EXPECT_EQ(plan->getSizeZ(), 0u);
 }
 
+/// What `concatenateSequences` and `getGeometryResultingFromSeqConcatenation` both fail with.
+std::string joinFailureOf(const std::vector<ImageConstPtr>& images)
+{
+    ImageConstPtr sequence;
+    boost::shared_ptr<BaseImageGeometry> geometry;
+    const BoolResult joined = SubImageExtractor::concatenateSequences(images, sequence);
+    const BoolResult described = SubImageExtractor::getGeometryResultingFromSeqConcatenation(images, geometry);
+    EXPECT_EQ(joined.getMessage(), described.getMessage());
+    EXPECT_EQ(sequence, nullptr);
+    EXPECT_EQ(geometry, nullptr);
+    return joined.getMessage();
+}
+
+TYPED_TEST(SubImageExtractorTest, JoinsSequencesInTheirOrder)
+{
+    this->m_image->setGeometricCalibration(boost::make_shared<const GeometricCalibration>());
+    const boost::shared_ptr<TypeParam> one = this->m_image;
+    const boost::shared_ptr<TypeParam> other = createImage(*geometry5d(g_uint8, 5, 4, 3, 2, 3));
+    const BoolResult result = SubImageExtractor::concatenateSequences<TypeParam>({one, other}, this->m_part);
+    ASSERT_TRUE(result) << result.getMessage();
+    EXPECT_EQ(this->m_part->getGeometry().toString(), "5x4x3x2x9 UInt16/UInt8");
+    EXPECT_TRUE(this->m_part->getGeometry().getTemporalGeometry().isSequence());
+    EXPECT_EQ(this->m_part->getImageType(), eImageType::eSubImage);
+    EXPECT_TRUE(this->m_part->hasGeometricCalibration());
+    for (unsigned long t = 0; t < 9; ++t) {
+        EXPECT_EQ(this->m_part->accessRow(1, 2, 1, t),
+                  t < 6 ? one->accessRow(1, 2, 1, t) : other->accessRow(1, 2, 1, t - 6));
+    }
+    boost::shared_ptr<BaseImageGeometry> geometry;
+    ASSERT_TRUE(SubImageExtractor::getGeometryResultingFromSeqConcatenation<TypeParam>({one, other}, geometry));
+    EXPECT_EQ(geometry->toString(), "5x4x3x2x9 UInt16/UInt8");
+    EXPECT_EQ(geometry->getVolumeGeometry(), one->getGeometry().getVolumeGeometry());
+}
+
+TEST(SubImageExtractor, JoinsOneImageAndMany)
+{
+    const ImagePtr single = createImage(*geometry2d(g_uint8, 5, 4));
+    ImagePtr joined;
+    ASSERT_TRUE(SubImageExtractor::concatenateSequences<BaseImage>({single}, joined));
+    EXPECT_TRUE(joined->sharesPixelsWith(*single));
+    EXPECT_TRUE(joined->getGeometry().getTemporalGeometry().isSequence());
+    ASSERT_TRUE(SubImageExtractor::concatenateSequences<BaseImage>(std::vector<ImagePtr>(50, single), joined));
+    EXPECT_EQ(joined->getGeometry().toString(), "5x4x1x1x50 UInt8");
+    ImagePtr plan;
+    ASSERT_TRUE(SubImageExtractor::extractPlan(0, 0, 49, *joined, plan));
+    EXPECT_TRUE(plan->sharesPixelsWith(*single));
+}
+
+TEST(SubImageExtractor, JoinsNothingThatDoesNotFit)
+{
+    const ImagePtr image = createImage(*geometry5d(g_uint8, 5, 4, 3, 2, 2));
+    const std::string nothing = "There are no sequences to join, or one of them is a null pointer: give images";
+    EXPECT_EQ(joinFailureOf({}), nothing);
+    EXPECT_EQ(joinFailureOf({nullptr}), nothing);
+    EXPECT_EQ(joinFailureOf({image, nullptr}), nothing);
+    for (const auto& other : {geometry5d(g_uint8, 6, 4, 3, 2, 2), geometry5d(g_uint8, 5, 5, 3, 2, 2),
+                              geometry5d(g_uint8, 5, 4, 4, 2, 2), geometry5d(g_uint8, 5, 4, 3, 1, 2)}) {
+        EXPECT_EQ(joinFailureOf({image, createImage(*other)}),
+                  "Sequences of 5x4x3x2x2 UInt8 and " + other->toString() +
+                      " can't be joined: sizes on x, y, z and c have to be the same");
+    }
+    const ImagePtr many = createImage(*geometry5d(g_uint8, 0, 4, 1, 1, 1UL << 63));
+    EXPECT_EQ(joinFailureOf({many, many}), "Sequences of 0x4x1x1x9223372036854775808 UInt8 and others have more time "
+                                           "steps together than can be counted: join fewer");
+}
+
+class PixellessImage final : public BaseImage
+{
+public:
+    explicit PixellessImage(const BaseImageGeometry& geometry) : BaseImage(geometry, PixelLayout()) {}
+};
+
+TEST(SubImageExtractor, JoinsNoImageWithoutHostPixels)
+{
+    const ImagePtr image = createImage(*geometry2d(g_uint8, 5, 4));
+    const ImagePtr elsewhere = boost::make_shared<PixellessImage>(image->getGeometry());
+    ImagePtr joined;
+    EXPECT_EQ(SubImageExtractor::concatenateSequences<BaseImage>({image, elsewhere}, joined).getMessage(),
+              "The pixels of an image of 5x4x1x1x1 UInt8 are not in host memory: copy it to a host image first");
+    EXPECT_EQ(joined, nullptr);
+    boost::shared_ptr<BaseImageGeometry> geometry;
+    EXPECT_TRUE(SubImageExtractor::getGeometryResultingFromSeqConcatenation<BaseImage>({image, elsewhere}, geometry));
+}
+
 RC_GTEST_PROP(SubImageExtractorProperty, APartOfAPartIsThatPartOfTheWhole, ())
 {
     const auto size = [] { return *rc::gen::inRange(1ul, 6ul); };

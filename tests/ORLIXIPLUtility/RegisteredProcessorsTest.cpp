@@ -17,6 +17,10 @@ using processor::ProcessorFactory;
 
 /// One row per class, in the order of the factory.
 const std::vector<RegisteredProcessor> g_rows = {
+    {"AppendSeqImgLvl1",
+     "AppendSeqImg",
+     "Concatenation of 2 image sequences algorithm level 1",
+     {"InImg1", "InImg2", "OutImg"}},
     {"BasicThresholdImgLvl1",
      "BasicThresholdImg",
      "Level 1 algorithm: binary basic threshold on one image",

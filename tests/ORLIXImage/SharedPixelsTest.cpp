@@ -1,5 +1,6 @@
 // When two images are views of the same pixels: one address, and the same distance along every axis that has one.
 #include "ORLIXIPL/ORLIXImage/ImageFactory.h"
+#include "ORLIXIPL/ORLIXImage/SubImage.h"
 
 #include <boost/make_shared.hpp>
 #include <gtest/gtest.h>
@@ -89,36 +90,22 @@ TEST_F(SharedPixelsTest, SoDoAddressSizesAndType)
     }
 }
 
-/// An image whose time steps lie at given offsets in bytes.
-class StepsImage final : public BaseImage
-{
-public:
-    StepsImage(const BaseImageGeometry& geometry, std::byte* first, const std::vector<unsigned long>& offsets)
-        : BaseImage(geometry, layoutOf(first, offsets))
-    {}
-
-private:
-    static PixelLayout layoutOf(std::byte* first, const std::vector<unsigned long>& offsets)
-    {
-        PixelLayout layout;
-        layout.first = first;
-        layout.rowBytes = 5;
-        layout.stepOffsets = boost::make_shared<const std::vector<unsigned long>>(offsets);
-        return layout;
-    }
-};
-
 TEST_F(SharedPixelsTest, WhereTypesDifferByStepThePlaceOfEveryStepCounts)
 {
     TemporalGeometry temporal;
     temporal.initSequence(3);
     const BaseImageGeometry geometry({eImageBufferType::UInt8, eImageBufferType::UInt16, eImageBufferType::UInt8}, 5, 4,
                                      {}, {}, temporal);
-    auto* const first = reinterpret_cast<std::byte*>(m_memory.data());
-    const std::vector<unsigned long> offsets = {0, 100, 200};
-    const auto make = [&](const std::vector<unsigned long>& places) {
-        return boost::make_shared<StepsImage>(geometry, first, places);
+    const auto make = [&](const std::vector<unsigned long>& offsets) {
+        std::vector<ImagePtr> steps;
+        std::vector<const BaseImage*> parts;
+        for (unsigned long t = 0; t < 3; ++t) {
+            steps.push_back(wrap(*geometry2d(geometry.getBufferType(t), 5, 4), {5, 0, 0, 0}, offsets[t]));
+            parts.push_back(steps.back().get());
+        }
+        return boost::make_shared<SubImage>(parts, geometry);
     };
+    const std::vector<unsigned long> offsets = {0, 100, 200};
     EXPECT_TRUE(areShared(make(offsets), make(offsets)));
     EXPECT_FALSE(areShared(make(offsets), make({0, 102, 200})));
     EXPECT_FALSE(areShared(make(offsets), make({0, 100, 202})));

@@ -41,8 +41,8 @@ INSTANTIATE_TEST_SUITE_P(
     Arguments, MistakeTest,
     ::testing::Values(
         Mistake{{},
-                "a verb is needed, one of info, copy, convert, threshold, erase, crop, random, normal, compare, "
-                "values, run, processors"},
+                "a verb is needed, one of info, copy, convert, threshold, erase, crop, random, normal, append, "
+                "compare, values, run, processors"},
         Mistake{{"frobnicate"}, "\"frobnicate\" is no verb"}, Mistake{{"--json"}, "a verb is needed"},
         Mistake{{"info"}, "FILE is required; `orlix info --help` tells more"},
         Mistake{{"info", "--bogus", "a.tif"},
@@ -64,6 +64,10 @@ INSTANTIATE_TEST_SUITE_P(
         Mistake{{"--bogus", "info", "a.tif"}, "\"--bogus\" is no option of `orlix info`"},
         Mistake{{"processors", "nothing"}, "\"nothing\" is no processor"},
         Mistake{{"processors", "CopyImgLvl1", "surplus"}, "not expected: surplus"},
+        Mistake{{"append", "a.tif"}, "SECOND is required; `orlix append --help` tells more"},
+        Mistake{{"append", "a.tif", "b.tif"}, "OUT is required; `orlix append --help` tells more"},
+        Mistake{{"append"}, "FIRST is required"},
+        Mistake{{"append", "a.tif", "b.tif", "c.jpg"}, "the ending \".jpg\" names no format"},
         Mistake{{"run"}, "PROCESSOR is required; `orlix run --help` tells more"},
         Mistake{{"run", "CopyImgLvl1", "--given"}, "--given"}, Mistake{{"copy", "a.tif"}, "OUT is required"},
         Mistake{{"copy", "a.tif", "b.tif", "c.tif"}, "not expected: c.tif"},

@@ -4,6 +4,7 @@
 #include "support/Executors.h"
 #include "support/PixelwiseTest.h"
 #include "support/SameImages.h"
+#include "support/StepImages.h"
 
 #include <boost/make_shared.hpp>
 #include <rapidcheck.h>
@@ -137,6 +138,30 @@ TEST_P(PixelwiseTest, wrappedMemoryIsTouchedNowhereElse)
                 }
             }
         }
+    }
+}
+
+TEST_P(PixelwiseTest, timeStepsInDifferentMemory)
+{
+    const auto geometry = [](const eImageBufferType& type, unsigned long sizeT) {
+        return *geometry5d(type, 37, 9, 2, 2, sizeT);
+    };
+    for (const ElementTypes& types : GetParam().types) {
+        SCOPED_TRACE(nameOf(types));
+        const WatchedImage in(geometry(types.in, 3), {GuardEdge::eEnd, 3, 5});
+        const WatchedImage out(geometry(types.out, 3), {GuardEdge::eEnd, 0, 7, 1, false});
+        const ImagePtr joinedIn = joined(makeRandom(geometry(types.in, 2), 5), in.get());
+        const ImagePtr joinedOut = joined(out.get(), makeRandom(geometry(types.out, 2), 6));
+        const ImagePtr grownIn = makeGrown(geometry(types.in, 5), 7);
+        const ImagePtr grownOut = makeGrown(geometry(types.out, 5), 8);
+        fillRandom(*in.get(), 9);
+        expectRight(joinedIn, grownOut);
+        expectRight(joinedIn, joinedOut);
+        expectRight(grownIn, makeRandom(geometry(types.out, 5)));
+        expectRight(makeRandom(geometry(types.in, 5), 3), joinedOut);
+        expectMadeRight(joinedIn, types.out);
+        expectMadeRight(grownIn, types.out);
+        EXPECT_TRUE(in.isOutsideIntact() && out.isOutsideIntact());
     }
 }
 

@@ -26,7 +26,8 @@ inline const unsigned char* rowOf(const image::BaseImage& image, unsigned long y
 {
     const unsigned char* row = nullptr;
     image::visitStorageType(image.getBufferType(t), [&]<class T>() {
-        row = reinterpret_cast<const unsigned char*>(image::planData<T>(image, z, c, t) + y * image::rowPitch(image));
+        row =
+            reinterpret_cast<const unsigned char*>(image::planData<T>(image, z, c, t) + y * image::rowPitch(image, t));
     });
     return row;
 }

@@ -1,22 +1,25 @@
 // Views of an image's pixels, and when two images are views of the same ones.
 #include "ORLIXIPL/ORLIXImage/BaseImage.h"
 
-#include <boost/make_shared.hpp>
+#include "ORLIXIPL/ORLIXImage/FindMemoryPlace.h"
+#include "ORLIXIPL/ORLIXImage/Logger/ORLIXImageLogMessages.h"
+#include "ORLIXIPL/ORLIXImage/PixelBytes.h"
+#include "ORLIXIPL/ORLIXImage/StepTable.h"
 
 namespace orlix::image {
 
 namespace {
 
-// The steps from t on, as offsets from their own first element.
-boost::shared_ptr<const std::vector<unsigned long>> shiftedOffsets(const std::vector<unsigned long>& offsets,
-                                                                   unsigned long t, unsigned long sizeT)
+/// `TLayout` is StepLayout, or PixelLayout for step 0.
+template <class TLayout>
+bool isSameStep(const TLayout& a, const TLayout& b, const BaseImageGeometry& geometry)
 {
-    auto shifted = boost::make_shared<std::vector<unsigned long>>(offsets.begin() + static_cast<long>(t),
-                                                                  offsets.begin() + static_cast<long>(t + sizeT));
-    for (unsigned long& offset : *shifted) {
-        offset -= offsets[t];
-    }
-    return shifted;
+    const auto sameDistance = [](unsigned long size, unsigned long distanceA, unsigned long distanceB) {
+        return size <= 1 || distanceA == distanceB;
+    };
+    return a.first == b.first && sameDistance(geometry.getSizeY(), a.rowBytes, b.rowBytes) &&
+           sameDistance(geometry.getSizeZ(), a.planBytes, b.planBytes) &&
+           sameDistance(geometry.getSizeC(), a.channelBytes, b.channelBytes);
 }
 
 } // namespace
@@ -26,30 +29,38 @@ BaseImage::BaseImage(const BaseImage& parent, BaseImageGeometry geometry, unsign
     : m_geometry(std::move(geometry)), m_layout(parent.m_layout), m_calibration(parent.m_calibration)
 {
     m_layout.imageType = eImageType::eSubImage;
-    if (m_layout.first) {
+    if (m_layout.steps) {
+        StepTable table;
+        addSteps(table, parent.m_layout, t, getSizeT());
+        for (StepLayout& step : table) {
+            step.first = step.accessRow(0, z, c);
+        }
+        setSteps(m_layout, std::move(table));
+    } else if (m_layout.first) {
         m_layout.first = parent.accessRow(0, z, c, t);
     }
-    if (m_layout.stepOffsets) {
-        viewSteps(parent.m_layout, elementSize(parent.getBufferType()), t);
+}
+
+BaseImage::BaseImage(const std::vector<const BaseImage*>& parts, BaseImageGeometry geometry)
+    : m_geometry(std::move(geometry)), m_layout(parts.front()->m_layout), m_calibration(parts.front()->m_calibration)
+{
+    m_layout.imageType = eImageType::eSubImage;
+    if (m_geometry.getNbPixels() == 0) {
+        return; // there is no place to tell, and there may be steps without end
     }
+    StepTable table;
+    for (const BaseImage* const part : parts) {
+        addSteps(table, part->m_layout, 0, part->getSizeT());
+    }
+    m_layout.place = findMemoryPlace(pixelBytesOf(m_geometry));
+    setSteps(m_layout, std::move(table));
 }
 
 BaseImage::~BaseImage() = default;
 
-void BaseImage::viewSteps(const PixelLayout& parent, unsigned long parentElementSize, unsigned long t)
-{
-    const unsigned long size = elementSize(getBufferType());
-    m_layout.rowBytes = parent.rowBytes / parentElementSize * size;
-    m_layout.planBytes = parent.planBytes / parentElementSize * size;
-    m_layout.channelBytes = parent.channelBytes / parentElementSize * size;
-    m_layout.stepOffsets = getSizeT() > 1 ? shiftedOffsets(*parent.stepOffsets, t, getSizeT()) : nullptr;
-}
-
 std::byte* BaseImage::accessRowOfStep(unsigned long y, unsigned long z, unsigned long c, unsigned long t) const
 {
-    const unsigned long bytes = y * m_layout.rowBytes + z * m_layout.planBytes + c * m_layout.channelBytes;
-    return m_layout.first + (*m_layout.stepOffsets)[t] +
-           bytes / elementSize(getBufferType()) * elementSize(getBufferType(t));
+    return (*m_layout.steps)[t].accessRow(y, z, c);
 }
 
 bool BaseImage::sharesPixelsWith(const BaseImage& other) const
@@ -63,19 +74,21 @@ bool BaseImage::sharesPixelsWith(const BaseImage& other) const
         !m_geometry.hasSameBufferTypes(other.m_geometry)) {
         return false;
     }
-    const auto sameDistance = [](unsigned long size, unsigned long distanceA, unsigned long distanceB) {
-        return size <= 1 || distanceA == distanceB;
-    };
-    if (!sameDistance(getSizeY(), a.rowBytes, b.rowBytes) || !sameDistance(getSizeZ(), a.planBytes, b.planBytes) ||
-        !sameDistance(getSizeC(), a.channelBytes, b.channelBytes)) {
-        return false;
+    if (!a.steps && !b.steps) {
+        return isSameStep(a, b, m_geometry) && (getSizeT() <= 1 || a.stepBytes == b.stepBytes);
     }
-    for (unsigned long t = 1; t < getSizeT() && (a.stepOffsets || b.stepOffsets); ++t) {
-        if (accessRow(0, 0, 0, t) != other.accessRow(0, 0, 0, t)) {
+    for (unsigned long t = 0; t < getSizeT(); ++t) {
+        if (!isSameStep(stepOf(a, t), stepOf(b, t), m_geometry)) {
             return false;
         }
     }
-    return a.stepOffsets || b.stepOffsets || sameDistance(getSizeT(), a.stepBytes, b.stepBytes);
+    return true;
+}
+
+ProcessingResult<bool> BaseImage::reinitialize(const BaseImageGeometry&)
+{
+    return BoolResult::failure(
+        formatMessage<eORLIXImageMessage>(eORLIXImageMessage::eCannotGrow, m_geometry.toString()));
 }
 
 } // namespace orlix::image

@@ -5,8 +5,8 @@
 #include "ORLIXIPL/ORLIXImage/CheckedArithmetic.h"
 #include "ORLIXIPL/ORLIXImage/FindMemoryPlace.h"
 #include "ORLIXIPL/ORLIXImage/Logger/ORLIXImageLogMessages.h"
-
-#include <boost/make_shared.hpp>
+#include "ORLIXIPL/ORLIXImage/PixelMemory.h"
+#include "ORLIXIPL/ORLIXImage/StepTable.h"
 
 namespace orlix::image {
 
@@ -60,6 +60,23 @@ DenseLayout makeEmptyLayout(const BaseImageGeometry& geometry)
     return result;
 }
 
+// The steps of a block in which types differ by step: the same distances in elements, in bytes those of the step's
+// type.
+StepTable stepsOfTypes(const BaseImageGeometry& geometry, const DenseLayout& dense)
+{
+    const StepLayout first = stepOf(dense.layout, 0);
+    const unsigned long firstSize = elementSize(geometry.getBufferType());
+    StepTable table(dense.stepOffsets.size(), first);
+    for (unsigned long t = 0; t < table.size(); ++t) {
+        const unsigned long size = elementSize(geometry.getBufferType(t));
+        table[t].first += dense.stepOffsets[t];
+        table[t].rowBytes = first.rowBytes / firstSize * size;
+        table[t].planBytes = first.planBytes / firstSize * size;
+        table[t].channelBytes = first.channelBytes / firstSize * size;
+    }
+    return table;
+}
+
 } // namespace
 
 DenseLayout makeDenseLayout(const BaseImageGeometry& geometry)
@@ -77,15 +94,13 @@ DenseLayout makeDenseLayout(const BaseImageGeometry& geometry)
     unsigned long lastSize = firstSize;
     DenseLayout result;
     if (!geometry.hasUniformBufferType()) {
-        auto offsets = boost::make_shared<std::vector<unsigned long>>();
-        offsets->reserve(geometry.getSizeT());
+        result.stepOffsets.reserve(geometry.getSizeT());
         bytes = 0;
         for (unsigned long t = 0; t < geometry.getSizeT(); ++t) {
-            offsets->push_back(bytes.getValue());
+            result.stepOffsets.push_back(bytes.getValue());
             lastSize = checkedElementSize(geometry, t);
             bytes = bytes + step * lastSize;
         }
-        result.layout.stepOffsets = offsets;
     }
     result.bytes = checkedBytes(bytes, geometry);
     // Behind the last plan nothing is rounded, so that tools which watch the block's end see the first byte too many.
@@ -97,6 +112,19 @@ DenseLayout makeDenseLayout(const BaseImageGeometry& geometry)
     result.layout.bRoomBehindPlans = true;
     result.layout.place = findMemoryPlace(result.bytes);
     return result;
+}
+
+PixelLayout allocateDense(const BaseImageGeometry& geometry)
+{
+    DenseLayout dense = makeDenseLayout(geometry);
+    PixelLayout& layout = dense.layout;
+    layout.owner = allocatePixels(dense.bytes);
+    if (!layout.owner) {
+        raise<eORLIXImageMessage>(ORLIX_HERE, eORLIXImageMessage::eOutOfMemory, geometry.toString(), dense.bytes);
+    }
+    layout.first = static_cast<std::byte*>(layout.owner.get());
+    setSteps(layout, stepsOfTypes(geometry, dense));
+    return layout;
 }
 
 } // namespace orlix::image

@@ -5,7 +5,7 @@
 #include "ORLIXIPL/ORLIXImage/DenseLayout.h"
 #include "ORLIXIPL/ORLIXImage/HostImage.h"
 #include "ORLIXIPL/ORLIXImage/Logger/ORLIXImageLogMessages.h"
-#include "ORLIXIPL/ORLIXImage/PixelMemory.h"
+#include "ORLIXIPL/ORLIXImage/StepTable.h"
 
 #include <boost/make_shared.hpp>
 
@@ -13,13 +13,7 @@ namespace orlix::image {
 
 ImagePtr createImage(const BaseImageGeometry& geometry)
 {
-    DenseLayout dense = makeDenseLayout(geometry);
-    dense.layout.owner = allocatePixels(dense.bytes);
-    if (!dense.layout.owner) {
-        raise<eORLIXImageMessage>(ORLIX_HERE, eORLIXImageMessage::eOutOfMemory, geometry.toString(), dense.bytes);
-    }
-    dense.layout.first = static_cast<std::byte*>(dense.layout.owner.get());
-    return boost::make_shared<HostImage>(geometry, std::move(dense.layout));
+    return boost::make_shared<HostImage>(geometry, allocateDense(geometry));
 }
 
 void* details::checkedPlanData(const BaseImage& image, unsigned long z, unsigned long c, unsigned long t,
@@ -39,10 +33,12 @@ void* details::checkedPlanData(const BaseImage& image, unsigned long z, unsigned
     return image.accessRow(0, z, c, t);
 }
 
-unsigned long rowPitch(const BaseImage& image)
+unsigned long rowPitch(const BaseImage& image, unsigned long t)
 {
-    const unsigned long size = elementSize(image.getBufferType());
-    return size > 0 ? image.getPixelLayout().rowBytes / size : image.getSizeX();
+    const PixelLayout& layout = image.getPixelLayout();
+    const unsigned long size = elementSize(image.getBufferType(t));
+    const unsigned long rowBytes = layout.steps ? (*layout.steps)[t].rowBytes : layout.rowBytes;
+    return size > 0 ? rowBytes / size : image.getSizeX();
 }
 
 } // namespace orlix::image

@@ -160,6 +160,35 @@ TEST(MatchSize, OfStripsLooksAtLines)
     EXPECT_EQ(against(narrow, 2, 5), "The strip of OutStrip is 8x5" + rest);
 }
 
+TEST(GeometryTypes, OfVolumesCompareTheKindAlone)
+{
+    Pictures pictures;
+    const processor::RulePtr rule = matchVolumeGeometryType(pictures.in, pictures.out);
+    EXPECT_EQ(failureOf(rule->check()), "InPicture holds no image: set it before the run");
+    pictures.set(*geometry2d(g_uint8, 5, 4), *geometry5d(g_uint16, 7, 3, 1, 2, 2));
+    EXPECT_EQ(failureOf(rule->check()), "no failure");
+    pictures.set(*image::geometry3d(g_uint8, 5, 4, 1), *image::geometry3d(g_uint8, 5, 4, 9));
+    EXPECT_EQ(failureOf(rule->check()), "no failure");
+    pictures.set(*image::geometry3d(g_uint8, 5, 4, 1), *geometry2d(g_uint8, 5, 4));
+    EXPECT_EQ(failureOf(rule->check()),
+              "OutPicture has single plans, InPicture has volumes: give volumes or single plans for both");
+    pictures.in.reset();
+    EXPECT_EQ(failureOf(rule->check()), g_gone);
+}
+
+TEST(GeometryTypes, OfColorsTellOneChannelFromSeveral)
+{
+    Pictures pictures;
+    const processor::RulePtr rule = matchColorGeometryType(pictures.in, pictures.out);
+    pictures.set(*geometry5d(g_uint8, 5, 4, 1, 3, 1), *geometry5d(g_uint16, 7, 3, 2, 2, 2));
+    EXPECT_EQ(failureOf(rule->check()), "no failure");
+    pictures.set(*geometry5d(g_uint8, 5, 4, 1, 1, 1), *geometry5d(g_uint16, 7, 3, 2, 1, 2));
+    EXPECT_EQ(failureOf(rule->check()), "no failure");
+    pictures.set(*geometry5d(g_uint8, 5, 4, 1, 1, 1), *geometry5d(g_uint8, 5, 4, 1, 3, 1));
+    EXPECT_EQ(failureOf(rule->check()), "OutPicture has 3 channels, InPicture has 1: give images of one channel, or of "
+                                        "several, for both");
+}
+
 TEST(InSituRules, CompareThePixels)
 {
     Pictures pictures;

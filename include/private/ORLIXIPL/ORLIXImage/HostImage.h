@@ -9,6 +9,8 @@ class HostImage final : public BaseImage
 {
 public:
     HostImage(const BaseImageGeometry& geometry, PixelLayout layout) : BaseImage(geometry, std::move(layout)) {}
+
+    ProcessingResult<bool> reinitialize(const BaseImageGeometry& geometry) override;
 };
 
 } // namespace orlix::image

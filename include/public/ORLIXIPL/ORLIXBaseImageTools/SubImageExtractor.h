@@ -1,4 +1,4 @@
-// Parts of an image as images of their own that share its pixels.
+// Parts of an image, and sequences joined, as images of their own that share the pixels.
 #pragma once
 
 #include "ORLIX/ORLIXUtil/ProcessingResult.h"
@@ -6,6 +6,8 @@
 #include "ORLIXIPL/ORLIXImage/SubImage.h"
 
 #include <boost/shared_ptr.hpp>
+
+#include <vector>
 
 namespace orlix::image {
 
@@ -43,7 +45,42 @@ public:
         return handOver(viewSteps(firstStep, nbSteps, image, view), view, sequence);
     }
 
+    /// (X, Y, Z, C, T1), (X, Y, Z, C, T2), ... -> (X, Y, Z, C, T1 + T2 + ...): a sequence that shows the steps of all
+    /// images, in their order, each of its own element type. Calibration, volume and colour geometry are the first's.
+    /// Fails for no image, a null one, one without host pixels, and images that differ in a size other than t.
+    template <class TImage>
+    static ProcessingResult<bool> concatenateSequences(const std::vector<boost::shared_ptr<TImage>>& images,
+                                                       boost::shared_ptr<TImage>& sequence)
+    {
+        boost::shared_ptr<SubImage> view;
+        return handOver(viewSequences(plainPointers(images), view), view, sequence);
+    }
+
+    /// The geometry that `concatenateSequences` would give its result, of images with or without pixels. The same
+    /// failures.
+    template <class TImage>
+    static ProcessingResult<bool>
+    getGeometryResultingFromSeqConcatenation(const std::vector<boost::shared_ptr<TImage>>& images,
+                                             boost::shared_ptr<BaseImageGeometry>& geometry)
+    {
+        return joinGeometries(plainPointers(images), geometry);
+    }
+
 private:
+    static ProcessingResult<bool> viewSequences(const std::vector<const BaseImage*>& images,
+                                                boost::shared_ptr<SubImage>& view);
+    static ProcessingResult<bool> joinGeometries(const std::vector<const BaseImage*>& images,
+                                                 boost::shared_ptr<BaseImageGeometry>& geometry);
+    template <class TImage>
+    static std::vector<const BaseImage*> plainPointers(const std::vector<boost::shared_ptr<TImage>>& images)
+    {
+        std::vector<const BaseImage*> pointers;
+        for (const boost::shared_ptr<TImage>& image : images) {
+            pointers.push_back(image.get());
+        }
+        return pointers;
+    }
+
     static ProcessingResult<bool> viewPlan(unsigned long z, unsigned long c, unsigned long t, const BaseImage& image,
                                            boost::shared_ptr<SubImage>& view);
     static ProcessingResult<bool> viewVolume(unsigned long c, unsigned long t, const BaseImage& image,

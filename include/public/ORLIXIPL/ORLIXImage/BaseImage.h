@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ORLIX/ORLIXMath/Simd/MemoryPlace.h"
+#include "ORLIX/ORLIXUtil/ProcessingResult.h"
 #include "ORLIXIPL/ORLIXImage/Export.h"
 #include "ORLIXIPL/ORLIXImage/GeometricCalibration.h"
 #include "ORLIXIPL/ORLIXImage/ImageGeometry.h"
@@ -21,23 +22,25 @@ struct BufferStrides
     unsigned long y, z, c, t;
 };
 
-/// What an image knows of the memory under it. Plans are addressed by byte distances. Where time steps differ in type,
-/// the distances are those of step 0: another step has the same ones in elements, so its bytes go with its element
-/// size.
+/// Where one time step lies.
+struct StepLayout;
+
+/// What an image knows of the memory under it. Plans are addressed by byte distances. Where time steps don't follow one
+/// pattern, since they differ in type or lie in different memory, a table tells where each of them lies; the distances
+/// are then those of step 0.
 struct PixelLayout
 {
     std::byte* first = nullptr;     ///< element (0, 0, 0, 0, 0); null for an image without host pixels
     unsigned long rowBytes = 0;     ///< from a row to the next
     unsigned long planBytes = 0;    ///< from a plan to the next
     unsigned long channelBytes = 0; ///< from a channel to the next
-    unsigned long stepBytes = 0;    ///< from a time step to the next
-    /// Bytes from `first` to each time step, where types differ by step; else null.
-    boost::shared_ptr<const std::vector<unsigned long>> stepOffsets;
-    bool bDense = true;            ///< rows touch
-    bool bRoomBehindPlans = false; ///< 64 elements behind each plan may be read and written
+    unsigned long stepBytes = 0;    ///< from a time step to the next; meaningless where there is a table
+    boost::shared_ptr<const std::vector<StepLayout>> steps; ///< the table, null where one pattern says all
+    bool bDense = true;                                     ///< rows touch
+    bool bRoomBehindPlans = false;                          ///< 64 elements behind each plan may be read and written
     simd::eMemoryPlace place = simd::eMemoryPlace::secondLevelCache; ///< of the whole buffer, as far as its size tells
     eImageType imageType;                                            ///< whose memory it is
-    boost::shared_ptr<void> owner;                                   ///< keeps the memory alive
+    boost::shared_ptr<void> owner;                                   ///< keeps the memory alive; of step 0
 };
 
 /// An image: geometry, optional calibration, pixels. Reading from several threads is safe; writing is the affair of
@@ -79,7 +82,7 @@ public:
     /// First element of row y of plan (z, c, t). No bounds are checked. Null for an image without host pixels.
     std::byte* accessRow(unsigned long y, unsigned long z, unsigned long c, unsigned long t) const
     {
-        if (m_layout.stepOffsets) {
+        if (m_layout.steps) {
             return accessRowOfStep(y, z, c, t);
         }
         return m_layout.first + y * m_layout.rowBytes + z * m_layout.planBytes + c * m_layout.channelBytes +
@@ -89,16 +92,30 @@ public:
     /// 1, same sizes and types. Two sub-image objects over one plan are.
     bool sharesPixelsWith(const BaseImage& other) const;
 
+    /// Gives the image another geometry in place: the old time steps with more of them behind the last. No pixel moves,
+    /// so whatever views or points to the old steps stays as it is; the elements of the new steps are undefined. Fails,
+    /// changing nothing, for an image that doesn't own its pixels in host memory, a view of any image among them, and
+    /// for a geometry that differs in more than added steps. Throws ORLIXImageException where the new steps can't be
+    /// made, as `createImage` does; nothing is changed then either. No other thread may use the image meanwhile.
+    [[nodiscard]] virtual ProcessingResult<bool> reinitialize(const BaseImageGeometry& geometry);
+
 protected:
     BaseImage(BaseImageGeometry geometry, PixelLayout layout)
         : m_geometry(std::move(geometry)), m_layout(std::move(layout))
     {}
     /// View of part of `parent`: plans [z, z + sizeZ), channels [c, c + sizeC), steps [t, t + sizeT), whole in x and y.
     BaseImage(const BaseImage& parent, BaseImageGeometry geometry, unsigned long z, unsigned long c, unsigned long t);
+    /// View of the time steps of all parts, in order.
+    BaseImage(const std::vector<const BaseImage*>& parts, BaseImageGeometry geometry);
+
+    void setGeometryAndLayout(BaseImageGeometry geometry, PixelLayout layout)
+    {
+        m_geometry = std::move(geometry);
+        m_layout = std::move(layout);
+    }
 
 private:
     std::byte* accessRowOfStep(unsigned long y, unsigned long z, unsigned long c, unsigned long t) const;
-    void viewSteps(const PixelLayout& parent, unsigned long parentElementSize, unsigned long t);
 
     BaseImageGeometry m_geometry;
     PixelLayout m_layout;

@@ -27,7 +27,7 @@ ORLIXIMAGE_API void* checkedPlanData(const BaseImage& image, unsigned long z, un
                                      bool bTypeMatches);
 } // namespace details
 
-/// First element of plan (z, c, t). Rows lie `rowPitch(image)` elements apart. The pointer is valid as long as the
+/// First element of plan (z, c, t). Rows lie `rowPitch(image, t)` elements apart. The pointer is valid as long as the
 /// image. Throws ORLIXImageException for an index outside the image or a T that is not the storage type.
 template <class T>
 T* planData(BaseImage& image, unsigned long z, unsigned long c, unsigned long t)
@@ -42,8 +42,8 @@ const T* planData(const BaseImage& image, unsigned long z, unsigned long c, unsi
     return static_cast<const T*>(details::checkedPlanData(image, z, c, t, bMatches));
 }
 
-/// Elements from a row to the next.
-ORLIXIMAGE_API unsigned long rowPitch(const BaseImage& image);
+/// Elements from a row to the next in time step t, one of the image's; images that were joined may differ in it.
+ORLIXIMAGE_API unsigned long rowPitch(const BaseImage& image, unsigned long t = 0);
 
 /// First element of row `firstLine` of plan (z, c, t), for the seven storage types. No bounds are checked.
 template <class T>

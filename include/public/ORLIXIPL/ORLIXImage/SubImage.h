@@ -1,4 +1,4 @@
-// A view of some plans of another image.
+// A view of some plans of another image, or of the time steps of several.
 #pragma once
 
 #include "ORLIXIPL/ORLIXImage/BaseImage.h"
@@ -6,13 +6,19 @@
 namespace orlix::image {
 
 /// View of part of an image: plans [z, z + sizeZ), channels [c, c + sizeC), time steps [t, t + sizeT), whole in x and
-/// y. Shares and keeps alive the parent's pixels, not the parent. Takes the parent's calibration.
+/// y; or of the time steps of several images. Shares and keeps alive the parents' pixels, not the parents: where a
+/// parent grows, the view stays what it was. Takes the parent's calibration.
 class ORLIXIMAGE_API SubImage final : public BaseImage
 {
 public:
     /// `geometry` is the view's own; no bounds are checked.
     SubImage(const BaseImage& parent, BaseImageGeometry geometry, unsigned long z, unsigned long c, unsigned long t)
         : BaseImage(parent, std::move(geometry), z, c, t)
+    {}
+    /// View of the time steps of all `parts`, in order, as one sequence. The parts agree in all other sizes and have
+    /// host pixels, `geometry` tells the type of every step; nothing is checked. Takes the first part's calibration.
+    SubImage(const std::vector<const BaseImage*>& parts, BaseImageGeometry geometry)
+        : BaseImage(parts, std::move(geometry))
     {}
     ~SubImage() override;
 };

@@ -5,6 +5,7 @@
 #include "ORLIXIPL/ORLIXImageProcessing/BaseStripAttributes.h"
 #include "ORLIXIPL/ORLIXImageProcessing/BufferTypeAttribute.h"
 #include "ORLIXIPL/ORLIXImageProcessing/Export.h"
+#include "ORLIXIPL/ORLIXImageProcessing/HeldImage.h"
 #include "ORLIXIPL/ORLIXImageProcessing/ImageBufferTypeIdentifier.h"
 #include "ORLIXIPL/ORLIXImageProcessing/KernelRows.h"
 #include "ORLIXIPL/ORLIXImageProcessing/Level/DispatchLevel.h"

@@ -29,7 +29,16 @@ const std::vector<MessageText>& MessageCatalogue<eORLIXBaseImageToolsMessage>::t
         {eORLIXBaseImageToolsMessage::eNotOneVolume,
          "3d tiles are taken from one volume, but the image is %s: cut it into volumes first"},
         {eORLIXBaseImageToolsMessage::eNoSuchTile, "There is no tile %d in a collection of %d"},
-        {eORLIXBaseImageToolsMessage::eTileNotTaken, "%s"}};
+        {eORLIXBaseImageToolsMessage::eTileNotTaken, "%s"},
+        {eORLIXBaseImageToolsMessage::eNothingToJoin,
+         "There are no sequences to join, or one of them is a null pointer: give images"},
+        {eORLIXBaseImageToolsMessage::eNotJoinable,
+         "Sequences of %s and %s can't be joined: sizes on x, y, z and c have to be the same"},
+        {eORLIXBaseImageToolsMessage::eTooManySteps,
+         "Sequences of %s and others have more time steps together than can be counted: join fewer"},
+        {eORLIXBaseImageToolsMessage::eNoHostPixels,
+         "The pixels of an image of %s are not in host memory: copy it to a host image first"},
+        {eORLIXBaseImageToolsMessage::eNotJoined, "%s"}};
     return g_texts;
 }
 

@@ -40,7 +40,11 @@ const std::vector<MessageText>& MessageCatalogue<eORLIXImageMessage>::texts()
         {eORLIXImageMessage::eStorageTypeMismatch,
          "Elements of time step %d are of type %s, in an image of %s: ask for them by the C++ type that stores it"},
         {eORLIXImageMessage::eNoHostPixels,
-         "The pixels of an image of %s are not in host memory: copy it to a host image first"}};
+         "The pixels of an image of %s are not in host memory: copy it to a host image first"},
+        {eORLIXImageMessage::eCannotGrow,
+         "An image of %s can't grow in place, since it doesn't own its pixels in host memory: grow a copy of it"},
+        {eORLIXImageMessage::eNotGrowth,
+         "An image of %s can't become one of %s in place: only time steps can be added, behind the last"}};
     return g_texts;
 }
 

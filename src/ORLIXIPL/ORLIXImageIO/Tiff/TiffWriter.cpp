@@ -2,6 +2,7 @@
 #include "ORLIXIPL/ORLIXImageIO/Tiff/TiffWriter.h"
 
 #include "ORLIX/ORLIXUtil/Raise.h"
+#include "ORLIXIPL/ORLIXImage/ImageFactory.h"
 #include "ORLIXIPL/ORLIXImageIO/Metadata/ImageJWriter.h"
 #include "ORLIXIPL/ORLIXImageIO/Metadata/LengthUnit.h"
 #include "ORLIXIPL/ORLIXImageIO/Metadata/OmeWriter.h"
@@ -30,11 +31,6 @@ TiffWriter::TiffWriter(TemporaryFile& file, const BaseImage& image, const TiffLa
 
 void TiffWriter::write()
 {
-    if (!goesStraight()) {
-        m_scratch.resize(
-            packedRowBytes(m_image.getBufferType(), m_layout.blockWidth, m_layout.samples, m_layout.packing) *
-            m_layout.blockHeight);
-    }
     const unsigned long sizeZ = m_image.getSizeZ(), sizeC = m_image.getSizeC() / m_layout.samples;
     for (unsigned long t = 0; t < m_image.getSizeT(); ++t) {
         for (unsigned long page = 0; page < sizeZ * sizeC; ++page) { // z fastest, in ImageJ's files c
@@ -120,10 +116,12 @@ void TiffWriter::writeBlock(const PageBlock& block)
     const unsigned long rowBytes =
         packedRowBytes(m_image.getBufferType(), m_layout.blockWidth, m_layout.samples, m_layout.packing);
     const unsigned long rows = m_layout.bTiled ? m_layout.blockHeight : block.height;
-    std::byte* source = m_scratch.data();
-    if (goesStraight()) {
+    std::byte* source = nullptr;
+    if (goesStraight(block.t)) {
         source = m_image.accessRow(block.y, block.z, block.c, block.t); // only read, see goesStraight
     } else {
+        m_scratch.resize(rowBytes * m_layout.blockHeight);
+        source = m_scratch.data();
         if (m_layout.bTiled && (block.width < m_layout.blockWidth || block.height < m_layout.blockHeight)) {
             std::ranges::fill(m_scratch, std::byte(0));
         }
@@ -147,11 +145,11 @@ void TiffWriter::writeBlock(const PageBlock& block)
 
 // libtiff swaps bytes and takes differences in the caller's memory, so only what it leaves alone may come from the
 // image itself.
-bool TiffWriter::goesStraight() const
+bool TiffWriter::goesStraight(unsigned long t) const
 {
     return !m_layout.bTiled && m_layout.samples == 1 && isCopied(m_image.getBufferType(), m_layout.packing) &&
            !m_layout.bForeignOrder && m_layout.predictor == PREDICTOR_NONE &&
-           m_image.getPixelLayout().rowBytes == m_image.getSizeX() * elementSize(m_image.getBufferType());
+           rowPitch(m_image, t) == m_image.getSizeX();
 }
 
 void TiffWriter::check(bool bDone)

@@ -37,6 +37,9 @@ const std::vector<MessageText>& MessageCatalogue<imaproc::eImageRuleMessage>::te
         {Message::eVolumesDiffer,
          "%s is for %d plans of %d channels at %d times, but %s is %s: give an entry to each of "
          "its volumes, at plan 0"},
+        {Message::eVolumeTypeDiffers, "%s has %s, %s has %s: give volumes or single plans for both"},
+        {Message::eColorTypeDiffers,
+         "%s has %d channels, %s has %d: give images of one channel, or of several, for both"},
         {Message::eRegionOutside, "%s is %s, the region %s at (%s) ends at %s = %s"},
         {Message::eRegionNeedsVolume, "%s is %s, a single plan: the region %s at (%s) needs a volume"}};
     return g_texts;

@@ -1,7 +1,6 @@
 #include "ORLIXIPL/ORLIXImageProcessing/OutputInitializer/CustomImageInfo.h"
 
-#include "ORLIX/ORLIXUtil/Raise.h"
-#include "ORLIXIPL/ORLIXImageProcessing/Logger/ORLIXImageProcessingLogMessages.h"
+#include "ORLIXIPL/ORLIXImageProcessing/HeldImage.h"
 
 namespace orlix::imaproc {
 
@@ -77,18 +76,13 @@ bool BaseFromImageCustomImageInfo::hasInputImage() const
 
 ImageConstPtr BaseFromImageCustomImageInfo::getInputImage() const
 {
-    // The processor that owns the attribute may go at any time, so the attribute is held while it is read.
-    const boost::shared_ptr<const BaseImageAttribute> input = m_input.lock();
-    return input ? input->getImagePtr() : ImageConstPtr();
+    return imageHeldBy(m_input);
 }
 
 const image::BaseImageGeometry& BaseFromImageCustomImageInfo::getInputGeometry(ImageConstPtr& image) const
 {
     image = getInputImage();
-    if (!image) {
-        raise<eImageRuleMessage>(ORLIX_HERE, eImageRuleMessage::ePropertyWithoutInput);
-    }
-    return image->getGeometry();
+    return requireImage(image).getGeometry();
 }
 
 } // namespace orlix::imaproc

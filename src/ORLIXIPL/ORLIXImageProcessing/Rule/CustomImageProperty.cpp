@@ -1,7 +1,7 @@
 #include "ORLIXIPL/ORLIXImageProcessing/Rule/CustomImageProperty.h"
 
 #include "ORLIX/ORLIXBaseProcessing/AttributeRules.h"
-#include "ORLIX/ORLIXUtil/Raise.h"
+#include "ORLIXIPL/ORLIXImageProcessing/HeldImage.h"
 #include "ORLIXIPL/ORLIXImageProcessing/Logger/ORLIXImageProcessingLogMessages.h"
 #include "ORLIXIPL/ORLIXImageProcessing/Rule/RangeRules.h"
 
@@ -170,18 +170,13 @@ std::string BaseCustomCheckedImageProperty::getReason() const
 
 ImageConstPtr BaseCustomCheckedImageProperty::getInputImage() const
 {
-    // The processor that owns the attribute may go at any time, so the attribute is held while it is read.
-    const boost::shared_ptr<const BaseImageAttribute> input = m_input.lock();
-    return input ? input->getImagePtr() : ImageConstPtr();
+    return imageHeldBy(m_input);
 }
 
 const image::BaseImageGeometry& BaseCustomCheckedImageProperty::getInputGeometry(ImageConstPtr& image) const
 {
     image = getInputImage();
-    if (!image) {
-        raise<eImageRuleMessage>(ORLIX_HERE, eImageRuleMessage::ePropertyWithoutInput);
-    }
-    return image->getGeometry();
+    return requireImage(image).getGeometry();
 }
 
 processor::RulePtr customImageProperty(const processor::AttributeRef<const BaseImageAttribute>& image,

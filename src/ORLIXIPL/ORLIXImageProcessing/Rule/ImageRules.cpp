@@ -67,6 +67,11 @@ const char* baseKindName(const image::eImageBaseType& type)
     return type == image::eImageBaseType::eHostImage ? "an image in main memory" : "an image on a GPU";
 }
 
+const char* volumeName(const image::BaseImage& image)
+{
+    return image.getGeometry().getVolumeGeometry().is3d() ? "volumes" : "single plans";
+}
+
 class BufferTypeRule final : public processor::BaseRule
 {
 public:
@@ -146,6 +151,26 @@ processor::RulePtr hasFixedImageType(const processor::AttributeRef<const BaseOut
 }
 
 } // namespace details
+
+processor::RulePtr matchVolumeGeometryType(const ImageAttributeRef& first, const ImageAttributeRef& second)
+{
+    return makePairRule(first, second, [](const BaseImageAttribute& one, const BaseImageAttribute& other) {
+        return isSameVolumeGeometryType(one.getImage(), other.getImage())
+                   ? ProcessingResult<bool>(true)
+                   : failure(eImageRuleMessage::eVolumeTypeDiffers, other.getObjectName(), volumeName(other.getImage()),
+                             one.getObjectName(), volumeName(one.getImage()));
+    });
+}
+
+processor::RulePtr matchColorGeometryType(const ImageAttributeRef& first, const ImageAttributeRef& second)
+{
+    return makePairRule(first, second, [](const BaseImageAttribute& one, const BaseImageAttribute& other) {
+        return isSameColorGeometryType(one.getImage(), other.getImage())
+                   ? ProcessingResult<bool>(true)
+                   : failure(eImageRuleMessage::eColorTypeDiffers, other.getObjectName(), other.getImage().getSizeC(),
+                             one.getObjectName(), one.getImage().getSizeC());
+    });
+}
 
 processor::RulePtr isInSitu(const ImageAttributeRef& first, const ImageAttributeRef& second)
 {

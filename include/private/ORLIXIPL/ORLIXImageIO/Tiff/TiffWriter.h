@@ -25,7 +25,7 @@ private:
     std::optional<Resolution> resolutionToTell() const;
     void writePage(unsigned long z, unsigned long c, unsigned long t);
     void writeBlock(const PageBlock& block);
-    bool goesStraight() const;
+    bool goesStraight(unsigned long t) const;
     void check(bool bDone);
 
     TemporaryFile& m_file;

@@ -19,7 +19,12 @@ struct eORLIXBaseImageToolsMessage
         eNotOnePlan = 5,   ///< geometry
         eNotOneVolume = 6, ///< geometry
         eNoSuchTile = 7,   ///< index, count
-        eTileNotTaken = 8  ///< reason
+        eTileNotTaken = 8, ///< reason
+        eNothingToJoin = 9,
+        eNotJoinable = 10,  ///< geometry, geometry
+        eTooManySteps = 11, ///< geometry of the first
+        eNoHostPixels = 12, ///< geometry
+        eNotJoined = 13     ///< reason
     };
     ORLIX_ENUMERATION(eORLIXBaseImageToolsMessage, ePlanOutOfRange);
 };

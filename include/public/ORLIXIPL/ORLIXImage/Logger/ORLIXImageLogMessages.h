@@ -23,7 +23,9 @@ struct eORLIXImageMessage
         eWrapOverflow = 9,
         ePlanOutOfRange = 10,
         eStorageTypeMismatch = 11,
-        eNoHostPixels = 12
+        eNoHostPixels = 12,
+        eCannotGrow = 13, ///< geometry
+        eNotGrowth = 14   ///< geometry, geometry
     };
     ORLIX_ENUMERATION(eORLIXImageMessage, eUnknownBufferType);
 };

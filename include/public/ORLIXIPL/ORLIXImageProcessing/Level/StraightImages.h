@@ -8,19 +8,18 @@
 
 namespace orlix::imaproc {
 
-/// An image of the host with one plan, none of whose time steps needs a table. False for a null pointer and for an
-/// image without pixels.
+/// An image of the host with one plan. False for a null pointer and for an image without pixels.
 inline bool isOneHostPlan(const image::BaseImage* image)
 {
     return image != nullptr && image->getPixelLayout().first != nullptr && image->getSizeZ() == 1 &&
-           image->getSizeC() == 1 && image->getSizeT() == 1 && !image->getPixelLayout().stepOffsets;
+           image->getSizeC() == 1 && image->getSizeT() == 1; // which needs no table of its steps
 }
 
 /// The same of an image with one volume, or a plan, which is one too.
 inline bool isOneHostVolume(const image::BaseImage* image)
 {
     return image != nullptr && image->getPixelLayout().first != nullptr && image->getSizeC() == 1 &&
-           image->getSizeT() == 1 && !image->getPixelLayout().stepOffsets;
+           image->getSizeT() == 1;
 }
 
 /// Lines of a plan, or plans of a volume: [start, start + size).

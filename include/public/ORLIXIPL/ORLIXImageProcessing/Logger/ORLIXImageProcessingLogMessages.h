@@ -29,8 +29,10 @@ struct eImageRuleMessage
         ePropertyDiffersFor = 14, ///< attribute, geometry, differences, reason
         ePlansDiffer = 15,        ///< attribute, sizes on z, c, t, attribute, geometry
         eVolumesDiffer = 16,      ///< attribute, sizes on z, c, t, attribute, geometry
-        eRegionOutside = 17,      ///< attribute, sizes, sizes, offsets, axis, end
-        eRegionNeedsVolume = 18   ///< attribute, sizes, sizes, offsets
+        eVolumeTypeDiffers = 17,  ///< attribute, kind, attribute, kind
+        eColorTypeDiffers = 18,   ///< attribute, channels, attribute, channels
+        eRegionOutside = 19,      ///< attribute, sizes, sizes, offsets, axis, end
+        eRegionNeedsVolume = 20   ///< attribute, sizes, sizes, offsets
     };
     ORLIX_ENUMERATION(eImageRuleMessage, eSizeOrTypeDiffers);
 };

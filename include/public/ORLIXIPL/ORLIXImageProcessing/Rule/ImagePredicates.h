@@ -62,6 +62,17 @@ inline bool isInRange(const image::BaseImage& image, double value)
     return bWithin;
 }
 
+/// Both are of plans, or both of volumes, of whatever sizes.
+inline bool isSameVolumeGeometryType(const image::BaseImage& left, const image::BaseImage& right)
+{
+    return left.getGeometry().getVolumeGeometry().is3d() == right.getGeometry().getVolumeGeometry().is3d();
+}
+/// Both have one channel, or both another number of them.
+inline bool isSameColorGeometryType(const image::BaseImage& left, const image::BaseImage& right)
+{
+    return (left.getSizeC() == 1) == (right.getSizeC() == 1);
+}
+
 /// Same line length and number of lines, from whatever line. Margins don't count.
 inline bool isSameSize(const image::BaseImageYStrip2d& left, const image::BaseImageYStrip2d& right)
 {

@@ -77,6 +77,12 @@ processor::RulePtr matchBufferType(const TPointer1& first, const TPointer2& seco
     return details::matchStripType(first, second);
 }
 
+/// Both are of plans, or both of volumes, of whatever sizes; both have one channel, or both several.
+ORLIXIMAGEPROCESSING_API processor::RulePtr matchVolumeGeometryType(const ImageAttributeRef& first,
+                                                                    const ImageAttributeRef& second);
+ORLIXIMAGEPROCESSING_API processor::RulePtr matchColorGeometryType(const ImageAttributeRef& first,
+                                                                   const ImageAttributeRef& second);
+
 /// Both hold the same pixels; they do not.
 ORLIXIMAGEPROCESSING_API processor::RulePtr isInSitu(const ImageAttributeRef& first, const ImageAttributeRef& second);
 ORLIXIMAGEPROCESSING_API processor::RulePtr noInSitu(const ImageAttributeRef& first, const ImageAttributeRef& second);
