@@ -1,6 +1,6 @@
 #include "ORLIX/ORLIXBaseProcessing/ProcessorRegistration.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/GetSlice3dImg/GetSlice3dImgLvl3.kernel.h"
-#include "ORLIXIPL/ORLIXIPLUtility/Rule/HostPixels.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Processor/HostPixels.h"
 
 namespace orlix::imaproc::util {
 

@@ -1,6 +1,6 @@
 #include "ORLIX/ORLIXBaseProcessing/ProcessorRegistration.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Processor/HostPixels.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/PutSlice3dImg/PutSlice3dImgLvl3.kernel.h"
-#include "ORLIXIPL/ORLIXIPLUtility/Rule/HostPixels.h"
 
 namespace orlix::imaproc::util {
 

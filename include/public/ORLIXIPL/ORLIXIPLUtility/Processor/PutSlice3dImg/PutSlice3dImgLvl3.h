@@ -4,8 +4,8 @@
 #include "ORLIXIPL/ORLIXIPLAttributes/ImageAttributes.h"
 #include "ORLIXIPL/ORLIXIPLAttributes/RegionAttributes.h"
 #include "ORLIXIPL/ORLIXIPLAttributes/StripAttributes.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Processor/SlicePlans.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/UtilityLibrary.h"
-#include "ORLIXIPL/ORLIXIPLUtility/Rule/SlicePlans.h"
 #include "ORLIXIPL/ORLIXImageProcessing/Level/DispatchLevel.h"
 #include "ORLIXIPL/ORLIXImageProcessing/Level/KernelLevel.h"
 

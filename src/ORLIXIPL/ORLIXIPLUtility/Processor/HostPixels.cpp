@@ -1,4 +1,4 @@
-#include "ORLIXIPL/ORLIXIPLUtility/Rule/HostPixels.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Processor/HostPixels.h"
 
 #include "ORLIXIPL/ORLIXIPLUtility/Logger/RuleLogMessages.h"
 
