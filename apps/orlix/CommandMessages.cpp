@@ -95,7 +95,11 @@ const std::vector<MessageText>& MessageCatalogue<eCommandMessage>::texts()
         {eCommandMessage::eRotated, "the axes of %s are rotated: leave out --calibrated, and give points in pixels"},
         {eCommandMessage::eNotAppendable, "%s is %s, %s is %s: only images of the same sizes on x, y, z and c and the "
                                           "same element type can be appended; "
-                                          "`orlix convert` changes the type"}};
+                                          "`orlix convert` changes the type"},
+        {eCommandMessage::eForVolumesOnly,
+         "%s is for volumes, but %s %s is a plan: add its depth or leave the option out"},
+        {eCommandMessage::eNeedsOption, "%s means nothing without %s: give both or none"},
+        {eCommandMessage::eOtherAxes, "%s %s has other axes than %s %s: give as many numbers"}};
     return g_texts;
 }
 

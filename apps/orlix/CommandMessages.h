@@ -74,9 +74,12 @@ struct eCommandMessage
         eNoSuchPlan = 54,      ///< place, z, c, t, image, geometry
         ePointOutside = 55,    ///< place, point, image, first point, last point
         eMirrorNeedsTiles = 56,
-        eNotCalibrated = 57, ///< image
-        eRotated = 58,       ///< image
-        eNotAppendable = 59  ///< file, geometry, file, geometry
+        eNotCalibrated = 57,  ///< image
+        eRotated = 58,        ///< image
+        eNotAppendable = 59,  ///< file, geometry, file, geometry
+        eForVolumesOnly = 60, ///< option, option of the size, what was given
+        eNeedsOption = 61,    ///< option, option
+        eOtherAxes = 62       ///< option, what was given, option of the size, what was given
     };
     ORLIX_ENUMERATION(eCommandMessage, eBadArguments);
 };

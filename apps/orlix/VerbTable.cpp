@@ -14,6 +14,7 @@
     verb(append)                                                                                                       \
     verb(random)                                                                                                       \
     verb(normal)                                                                                                       \
+    verb(lines)                                                                                                        \
     verb(compare)                                                                                                      \
     verb(values)                                                                                                       \
     verb(run)                                                                                                          \

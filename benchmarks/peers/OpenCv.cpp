@@ -103,9 +103,33 @@ PeerPass makeOpenCvNorm(const image::BaseImage& first, const image::BaseImage& s
                     [](cv::Mat& one, cv::Mat& other) { benchmark::DoNotOptimize(cv::norm(one, other, cv::NORM_INF)); });
 }
 
+namespace {
+
+cv::Rect rectAt(unsigned long x, unsigned long y, const cv::Mat& region)
+{
+    return {static_cast<int>(x), static_cast<int>(y), region.cols, region.rows};
+}
+
+} // namespace
+
+PeerPass makeOpenCvCrop(const image::BaseImage& in, unsigned long x, unsigned long y, image::BaseImage& out)
+{
+    return makePass(in, out, [x, y](cv::Mat& from, cv::Mat& to) { from(rectAt(x, y, to)).copyTo(to); });
+}
+
+PeerPass makeOpenCvPaste(const image::BaseImage& in, image::BaseImage& out, unsigned long x, unsigned long y)
+{
+    return makePass(in, out, [x, y](cv::Mat& from, cv::Mat& to) { from.copyTo(to(rectAt(x, y, from))); });
+}
+
 void setOpenCvThreads(unsigned long nbThreads)
 {
     cv::setNumThreads(static_cast<int>(nbThreads));
+}
+
+bool hasOpenCv()
+{
+    return true;
 }
 
 const char* describeOpenCv()
@@ -154,7 +178,22 @@ PeerPass makeOpenCvNorm(const image::BaseImage&, const image::BaseImage&)
     return {};
 }
 
+PeerPass makeOpenCvCrop(const image::BaseImage&, unsigned long, unsigned long, image::BaseImage&)
+{
+    return {};
+}
+
+PeerPass makeOpenCvPaste(const image::BaseImage&, image::BaseImage&, unsigned long, unsigned long)
+{
+    return {};
+}
+
 void setOpenCvThreads(unsigned long) {}
+
+bool hasOpenCv()
+{
+    return false;
+}
 
 const char* describeOpenCv()
 {

@@ -19,6 +19,10 @@ PeerPass makeOpenCvConversion(const image::BaseImage& in, image::BaseImage& out)
 PeerPass makeOpenCvCount(const image::BaseImage& first, const image::BaseImage& second);
 /// The largest absolute difference.
 PeerPass makeOpenCvNorm(const image::BaseImage& first, const image::BaseImage& second);
+/// The pixels of `in` from (x, y) on into the whole of `out`, and the whole of `in` into `out` from (x, y) on; of
+/// images of one plan.
+PeerPass makeOpenCvCrop(const image::BaseImage& in, unsigned long x, unsigned long y, image::BaseImage& out);
+PeerPass makeOpenCvPaste(const image::BaseImage& in, image::BaseImage& out, unsigned long x, unsigned long y);
 
 /// Random values from `min` on, below `max`, and those of a normal law.
 PeerPass makeOpenCvUniform(image::BaseImage& image, double min, double max);
@@ -27,6 +31,7 @@ PeerPass makeOpenCvNormal(image::BaseImage& image, double mean, double deviation
 /// Threads that OpenCV may use; nothing happens where it is absent.
 void setOpenCvThreads(unsigned long nbThreads);
 
+bool hasOpenCv();
 /// "OpenCV 4.6.0", or why its rows are missing.
 const char* describeOpenCv();
 

@@ -2,6 +2,7 @@
 
 #include "ORLIX/ORLIXBaseProcessing/OperatorCall.h"
 #include "ORLIXIPL/ORLIXIPLUtility/ORLIXIPLUtility.h"
+#include "ORLIXIPL/ORLIXImage/ImageFactory.h"
 
 namespace orlix::bench {
 
@@ -86,6 +87,32 @@ PeerPass normalByPeer(const image::BaseImage*, image::BaseImage& out)
     return makeOpenCvNormal(out, g_value, g_min);
 }
 
+constexpr float g_angle = 0.5F;
+constexpr float g_spacing = 20.0F;
+
+void drawLines(const ImageConstPtr&, const ImagePtr& out)
+{
+    util::buildLines2dImg(g_angle, g_spacing, out);
+}
+
+/// Into the same memory, as a volume of 64 plans.
+void drawLinesOfVolume(const ImageConstPtr&, const ImagePtr& out)
+{
+    constexpr unsigned long nbPlans = 64;
+    const unsigned long sizeX = out->getSizeX();
+    const unsigned long sizeY = out->getSizeY() / nbPlans;
+    const auto geometry = image::geometry3d(eImageBufferType::eBufferBinary, sizeX, sizeY, nbPlans);
+    const unsigned long nbOfVolume = sizeX * sizeY * nbPlans;
+    util::buildLines3dImg(
+        g_angle, g_angle, g_angle, g_spacing,
+        image::wrapImage(*geometry, out->accessRow(0, 0, 0, 0), {sizeX, sizeX * sizeY, nbOfVolume, nbOfVolume}, out));
+}
+
+PeerPass noPeer(const image::BaseImage*, image::BaseImage&)
+{
+    return {};
+}
+
 } // namespace
 
 std::string namePixelwise(const PixelwiseCase& work, const PixelwiseSize& size, unsigned long nbThreads)
@@ -100,6 +127,9 @@ std::vector<PixelwiseCase> makePixelwiseCases()
         cases.push_back({std::string("erase/") + image::getBufferTypeName(type), eImageBufferType::eNoBuffer, type,
                          erase, eraseByPeer});
     }
+    cases.push_back({"lines/2d", eImageBufferType::eNoBuffer, eImageBufferType::eBufferBinary, drawLines, noPeer});
+    cases.push_back(
+        {"lines/3d", eImageBufferType::eNoBuffer, eImageBufferType::eBufferBinary, drawLinesOfVolume, noPeer});
     for (const eImageBufferType type : g_types) {
         cases.push_back({std::string("threshold/") + image::getBufferTypeName(type), type,
                          eImageBufferType::eBufferBinary, threshold, thresholdByPeer});

@@ -40,7 +40,8 @@ inline constexpr std::array<PixelwiseSize, 4> g_pixelwiseSizes = {{
 /// "erase/UInt8/512x512/threads:1".
 std::string namePixelwise(const PixelwiseCase& work, const PixelwiseSize& size, unsigned long nbThreads);
 
-/// Erase and threshold for each storage type, conversion for each pair of them; random values for some.
+/// Erase and threshold for each storage type, conversion for each pair of them; random values for some; lines of a plan
+/// and of a volume.
 std::vector<PixelwiseCase> makePixelwiseCases();
 
 } // namespace orlix::bench

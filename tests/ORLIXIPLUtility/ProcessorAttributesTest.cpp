@@ -72,8 +72,12 @@ bool setSomething(BaseAttribute& attribute, const ImagePtr& image)
                                                 boost::make_shared<image::InputImageYStrip2d>(*image, 0, 1)) ||
            tryToSet<BaseOutputYStrip2dAttribute>(attribute,
                                                  boost::make_shared<image::OutputImageYStrip2d>(*image, 0, 1)) ||
+           tryToSet<BaseInputZStrip3dAttribute>(attribute,
+                                                boost::make_shared<image::InputImageZStrip3d>(*image, 0, 1)) ||
            tryToSet<BaseOutputZStrip3dAttribute>(attribute,
                                                  boost::make_shared<image::OutputImageZStrip3d>(*image, 0, 1)) ||
+           tryToSet<BaseInOutZStrip3dAttribute>(attribute,
+                                                boost::make_shared<image::InOutImageZStrip3d>(*image, 0, 1)) ||
            (attribute.takesText() && attribute.setFromText(textFor(attribute)));
 }
 
@@ -136,7 +140,10 @@ TEST_P(RegisteredProcessorTest, aNullPointerIsRefusedByTheNameOfItsAttribute)
             tryToSet<BaseInputImageAttribute>(attribute, ImageConstPtr()) ||
             tryToSet<BaseOutputImageAttribute>(attribute, ImagePtr()) ||
             tryToSet<BaseInputYStrip2dAttribute>(attribute, BaseInputYStrip2dAttribute::StorageType()) ||
-            tryToSet<BaseOutputYStrip2dAttribute>(attribute, BaseOutputYStrip2dAttribute::StorageType());
+            tryToSet<BaseOutputYStrip2dAttribute>(attribute, BaseOutputYStrip2dAttribute::StorageType()) ||
+            tryToSet<BaseInputZStrip3dAttribute>(attribute, BaseInputZStrip3dAttribute::StorageType()) ||
+            tryToSet<BaseOutputZStrip3dAttribute>(attribute, BaseOutputZStrip3dAttribute::StorageType()) ||
+            tryToSet<BaseInOutZStrip3dAttribute>(attribute, BaseInOutZStrip3dAttribute::StorageType());
         if (bPointer && bAllSet) {
             EXPECT_TRUE(attribute.isSet() && attribute.isNull() && !attribute.isHeld());
             EXPECT_EQ(failureOf(*processor), std::string(GetParam().name) + ": attribute " + name +

@@ -113,6 +113,16 @@ const Call g_calls[] = {
     {"compareImg_asyncTolerance",
      [](const Inputs& in) { finishAndTake(util::compareImg_async(in.small, in.out, in.tolerance)); }},
     {"thresholdByName", thresholdByName},
+    {"buildLines2dImg", [](const Inputs&) { static_cast<void>(util::buildLines2dImg(40, 30, 0.5F, 4.0F)); }},
+    {"buildLines2dImg_async", [](const Inputs&) { finishAndTake(util::buildLines2dImg_async(40, 30, 0.5F, 4.0F)); }},
+    {"buildLines2dImgRefused", [](const Inputs& in) { util::buildLines2dImg(0.5F, 4.0F, in.small); }},
+    {"buildLines2dImgPart",
+     [](const Inputs&) {
+         const ImagePtr part = image::createImage(*image::geometry2d(eImageBufferType::eBufferBinary, 40, 3000));
+         util::buildLines2dImgPart({100, 10'000}, {60, 5000}, 0.5F, 4.0F, part);
+     }},
+    {"buildLines3dImg",
+     [](const Inputs&) { static_cast<void>(util::buildLines3dImg(40, 30, 3, 0.5F, 0.4F, 0.3F, 4.0F)); }},
     {"readImageTiff", [](const Inputs& in) { image::io::readImage(in.file("in.tif")); }, g_throughTiff},
     {"readImageTiles", [](const Inputs& in) { image::io::readImage(in.file("tiles.tif")); }, g_throughTiff},
     {"readImageLzma", [](const Inputs& in) { image::io::readImage(in.file("lzma.tif")); }, g_throughTiff},

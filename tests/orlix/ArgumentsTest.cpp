@@ -43,7 +43,7 @@ INSTANTIATE_TEST_SUITE_P(
         Mistake{
             {},
             "a verb is needed, one of info, copy, convert, threshold, erase, crop, slice, put-slice, append, random, "
-            "normal, compare, values, run, processors"},
+            "normal, lines, compare, values, run, processors"},
         Mistake{{"frobnicate"}, "\"frobnicate\" is no verb"}, Mistake{{"--json"}, "a verb is needed"},
         Mistake{{"info"}, "FILE is required; `orlix info --help` tells more"},
         Mistake{{"info", "--bogus", "a.tif"},

@@ -154,8 +154,8 @@ TEST(TwoStageLevel, AFailedFirstStageIsTheEnd)
 /// Lines 1 to 3 of the plan, or its plans 1 to 2.
 struct MiddleLines
 {
-    template <class TAttributes>
-    static StripRange of(const TAttributes&)
+    template <class TValues>
+    static StripRange of(const TValues&)
     {
         return {1, 3};
     }

@@ -62,6 +62,12 @@ private:
     const OwnAttributes<TAttributes...>& m_attributes;
 };
 
+template <class... TAttributes>
+HeldValues<TAttributes...> heldValues(const OwnAttributes<TAttributes...>& attributes)
+{
+    return HeldValues<TAttributes...>(attributes);
+}
+
 /// A value for an attribute, by reference.
 template <class TAttribute>
 struct AttributeValue

@@ -1,6 +1,8 @@
 // How heavy a class of processors is for its dispatchers.
 #pragma once
 
+#include "ORLIX/ORLIXBaseProcessing/ProcessorDispatchPolicy.h"
+
 #include <concepts>
 
 namespace orlix::processor {
@@ -18,6 +20,13 @@ constexpr unsigned dispatchWeightOf()
     } else {
         return 1;
     }
+}
+
+/// Bytes that a strip of class `TProcessor` holds by its default policy.
+template <class TProcessor>
+constexpr unsigned long straightStripBytes()
+{
+    return ProcessorDispatchPolicy::g_defaultStripBytes / dispatchWeightOf<TProcessor>();
 }
 
 } // namespace orlix::processor

@@ -39,7 +39,9 @@ const std::vector<MessageText>& MessageCatalogue<imaproc::eImageRuleMessage>::te
          "its volumes, at plan 0"},
         {Message::eVolumeTypeDiffers, "%s has %s, %s has %s: give volumes or single plans for both"},
         {Message::eColorTypeDiffers,
-         "%s has %d channels, %s has %d: give images of one channel, or of several, for both"}};
+         "%s has %d channels, %s has %d: give images of one channel, or of several, for both"},
+        {Message::eRegionOutside, "%s is %s, the region %s at (%s) ends at %s = %s"},
+        {Message::eRegionNeedsVolume, "%s is %s, a single plan: the region %s at (%s) needs a volume"}};
     return g_texts;
 }
 
@@ -69,7 +71,9 @@ const std::vector<MessageText>& MessageCatalogue<imaproc::eImageSplitMessage>::t
         {Message::ePlansOutside, "There are no %d plans from plan %d on in %d plans: ask for plans within them"},
         {Message::eRangeOutside, "There is no range of %d from %d on in %d: ask for one within them"},
         {Message::eWrongCollection,
-         "%s takes no entries of a collection of class %s: give one of the class that the split is made for"}};
+         "%s takes no entries of a collection of class %s: give one of the class that the split is made for"},
+        {Message::eBoxOutside, "The strip of %s is %s, which does not hold %s from (%s) on: ask for pixels within it"},
+        {Message::eStripTypesDiffer, "The strip of %s is %s, that of %s is %s: element types have to be the same"}};
     return g_texts;
 }
 

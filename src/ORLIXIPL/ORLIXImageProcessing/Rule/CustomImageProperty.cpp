@@ -96,6 +96,9 @@ public:
 private:
     ProcessingResult<bool> fail(const BaseImageAttribute& attribute, const std::string& differences) const
     {
+        if (const std::string own = m_property->describeMisfit(attribute); !own.empty()) {
+            return ProcessingResult<bool>::failure(own);
+        }
         const std::string& name = attribute.getObjectName();
         const std::string found = attribute.getImage().getGeometry().toString();
         const std::string reason = m_property->getReason();
@@ -153,6 +156,11 @@ image::TemporalGeometry BaseCustomCheckedImageProperty::getTemporalGeometry() co
 {
     ImageConstPtr image;
     return getInputGeometry(image).getTemporalGeometry();
+}
+
+std::string BaseCustomCheckedImageProperty::describeMisfit(const BaseImageAttribute&) const
+{
+    return {};
 }
 
 std::string BaseCustomCheckedImageProperty::getReason() const

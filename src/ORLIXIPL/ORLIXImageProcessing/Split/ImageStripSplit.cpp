@@ -66,7 +66,8 @@ ProcessingResult<bool> BaseImageStripSplit<TImage>::initPlan(const boost::shared
 
 template <class TImage>
 ProcessingResult<bool> BaseImageStripSplit<TImage>::initSubPlan(const boost::shared_ptr<TImage>& image,
-                                                                unsigned long start, unsigned long size)
+                                                                unsigned long start, unsigned long size,
+                                                                unsigned long lineBytes)
 {
     if (ProcessingResult<bool> result = checkPlan(image.get()); !result) {
         return result;
@@ -76,7 +77,7 @@ ProcessingResult<bool> BaseImageStripSplit<TImage>::initSubPlan(const boost::sha
     }
     m_image = image;
     m_first = start;
-    m_demand = {true, size, lineBytesOf(*image), 1};
+    m_demand = {true, size, std::min(lineBytes, lineBytesOf(*image)), 1};
     return true;
 }
 
@@ -88,7 +89,8 @@ ProcessingResult<bool> BaseImageStripSplit<TImage>::initVolume(const boost::shar
 
 template <class TImage>
 ProcessingResult<bool> BaseImageStripSplit<TImage>::initSubVolume(const boost::shared_ptr<TImage>& image,
-                                                                  unsigned long start, unsigned long size)
+                                                                  unsigned long start, unsigned long size,
+                                                                  unsigned long planBytes)
 {
     if (ProcessingResult<bool> result = checkVolume(image.get()); !result) {
         return result;
@@ -98,7 +100,7 @@ ProcessingResult<bool> BaseImageStripSplit<TImage>::initSubVolume(const boost::s
     }
     m_image = image;
     m_first = start;
-    m_demand = {true, size, lineBytesOf(*image) * image->getSizeY(), 1};
+    m_demand = {true, size, std::min(planBytes, lineBytesOf(*image) * image->getSizeY()), 1};
     return true;
 }
 

@@ -99,6 +99,21 @@ TEST(BuildLines2dImgPartTest, offsetsThatAreNoneDrawWhatTheyDrawInWholes)
     }
 }
 
+TEST(BuildLines2dImgPartTest, wholeLinesAsOtherGeneratorsTakeThem)
+{
+    const ImagePtr part = testing::makeRandom(*geometry5d(g_binary, 40, 9, 2, 1, 1));
+    const ImagePart place{.firstPlan = {1, 0, 0}, .firstLine = 30, .wholeX = 40, .wholeY = 50, .wholeZ = 3};
+    buildLines2dImg(g_theta, g_offset, part, place);
+    EXPECT_TRUE(isPart(*part, {40, 50}, {0, 30}, g_theta, g_offset));
+    ImagePart beside = place;
+    beside.wholeX = 41;
+    EXPECT_THROW(buildLines2dImg(g_theta, g_offset, part, beside), ORLIXIPLUtilityException);
+    beside = place;
+    beside.firstLine = 42;
+    EXPECT_THROW(buildLines2dImg(g_theta, g_offset, part, beside), ORLIXIPLUtilityException);
+    EXPECT_THROW(buildLines2dImg(g_theta, g_offset, ImagePtr(), place), ORLIXIPLUtilityException);
+}
+
 TEST(BuildLines2dImgPartTest, whatIsRefused)
 {
     const auto draw = [](const attr::Img2dSizeRecord& whole, const attr::Img2dOffsetRecord& first,

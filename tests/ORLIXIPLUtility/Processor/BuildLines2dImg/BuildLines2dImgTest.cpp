@@ -147,6 +147,20 @@ TEST(BuildLines2dImgTest, imagesThatAreRefused)
     EXPECT_ANY_THROW(static_cast<void>(buildLines2dImg(1UL << 40, 1UL << 40, 0.0F, 3.0F)));
 }
 
+TEST(BuildLines2dImgTest, anImageOfAnotherSizeThanSaidIsRefused)
+{
+    const auto lines = testing::makeInitialised<BuildLines2dImgLvl1>();
+    lines->set<attr::InTheta>(0.0F);
+    lines->set<attr::InOffset>(3.0);
+    lines->set<attr::OutBinImg>(createImage(*geometry2d(g_binary, 7, 5)));
+    for (const auto& [x, y] : {std::pair{8UL, 5UL}, {7UL, 4UL}, {0UL, 0UL}}) {
+        lines->set<attr::InOutputImg2dSize>(attr::createImg2dSize(x, y));
+        EXPECT_NE(lines->run(core::eSynchroType::eSynchroSync).getMessage().find("OutBinImg"), std::string::npos);
+    }
+    lines->set<attr::InOutputImg2dSize>(attr::createImg2dSize(7, 5));
+    EXPECT_TRUE(lines->run(core::eSynchroType::eSynchroSync));
+}
+
 TEST(BuildLines2dImgTest, bothAsynchronousForms)
 {
     const boost::shared_ptr<BuildLines2dImgLvl1> made = buildLines2dImg_async(301, 200, 0.3F, 8.0F);

@@ -92,6 +92,18 @@ TEST(BuildLines3dImgPartTest, wrappedMemoryAndAnyExecutor)
     }
 }
 
+TEST(BuildLines3dImgPartTest, wholeLinesAsOtherGeneratorsTakeThem)
+{
+    const ImagePtr part = testing::makeRandom(*geometry3d(g_binary, 40, 9, 2));
+    const ImagePart place{.firstPlan = {1, 0, 0}, .firstLine = 30, .wholeX = 40, .wholeY = 50, .wholeZ = 3};
+    buildLines3dImg(g_angles.theta, g_angles.phi, g_angles.alpha, g_offset, part, place);
+    EXPECT_TRUE(isPart(*part, {40, 50, 3}, {0, 30, 1}, g_offset));
+    ImagePart beside = place;
+    beside.firstPlan.z = 2;
+    EXPECT_THROW(buildLines3dImg(0.0F, 0.0F, 0.0F, g_offset, part, beside), ORLIXIPLUtilityException);
+    EXPECT_THROW(buildLines3dImg(0.0F, 0.0F, 0.0F, g_offset, ImagePtr(), place), ORLIXIPLUtilityException);
+}
+
 TEST(BuildLines3dImgPartTest, whatIsRefused)
 {
     const auto refusalOf = [](const attr::Img3dSizeRecord& whole, const attr::Img3dOffsetRecord& first,

@@ -108,6 +108,30 @@ TEST(BuildLines3dImgTest, imagesThatAreRefused)
     EXPECT_ANY_THROW(static_cast<void>(makeLines(1UL << 40, 1UL << 40, 1UL << 40, g_angles, 3.0F)));
 }
 
+TEST(BuildLines3dImgTest, aPlanAndVolumesOfAnotherSizeThanSaidAreRefused)
+{
+    const ImagePtr plan = testing::makeRandom(*image::geometry2d(g_binary, 7, 5));
+    const ImagePtr before = testing::plainCopy(*plan);
+    EXPECT_NE(messageOf([&] { buildLines3dImg(0.0F, 0.0F, 0.0F, 3.0F, plan); }).find("OutBinImg3d"), std::string::npos);
+    EXPECT_NE(messageOf([&] {
+                  buildLines3dImgPart({9, 9, 9}, {0, 0, 0}, 0.0F, 0.0F, 0.0F, 3.0F, plan);
+              }).find("OutBinImg3d"),
+              std::string::npos);
+    EXPECT_TRUE(testing::sameImages(*before, *plan));
+    const auto lines = testing::makeInitialised<BuildLines3dImgLvl1>();
+    lines->set<attr::InTheta>(0.0F);
+    lines->set<attr::InPhi>(0.0F);
+    lines->set<attr::InAlpha>(0.0F);
+    lines->set<attr::InOffset>(3.0);
+    lines->set<attr::OutBinImg3d>(createImage(*geometry3d(g_binary, 7, 5, 3)));
+    for (const auto& [x, y, z] : {std::array{8UL, 5UL, 3UL}, {7UL, 4UL, 3UL}, {7UL, 5UL, 2UL}}) {
+        lines->set<attr::InOutputImg3dSize>(attr::createImg3dSize(x, y, z));
+        EXPECT_NE(lines->run(g_sync).getMessage().find("OutBinImg3d"), std::string::npos);
+    }
+    lines->set<attr::InOutputImg3dSize>(attr::createImg3dSize(7, 5, 3));
+    EXPECT_TRUE(lines->run(g_sync));
+}
+
 TEST(BuildLines3dImgTest, bothAsynchronousForms)
 {
     const boost::shared_ptr<BuildLines3dImgLvl1> made = buildLines3dImg_async(101, 90, 30, 0.4F, 0.3F, 0.2F, 8.0F);

@@ -1,6 +1,7 @@
 // What the kernels share that draw lines; included by kernel files only.
 #pragma once
 
+#include "ORLIX/ORLIXMath/Simd/PackArithmetic.h"
 #include "ORLIX/ORLIXMath/Simd/RangeTest.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/LineSpacing.h"
 
@@ -33,35 +34,50 @@ ORLIX_SIMD_INLINE TReal wholeFrom(const TReal& value)
     return __builtin_bit_cast(TReal, sign | 0x4B000000);
 }
 
-/// Where lines stand every `spacing.period` pixels, one of them at 0: how far `distance` is from the nearest, with its
-/// sign, in [-half, half). The steps, each rounded to single precision, are part of what images look like: the quotient
-/// to a whole number, by way of 2^23, and down to the floor of it; what lies beyond a whole period for want of
-/// precision goes to its end. What is no number stays that.
+/// How far `distance` is from the line before it, where lines stand every `period` pixels, one of them at 0, and the
+/// distance is `quotient` periods. The steps, each rounded to single precision, are part of what images look like: the
+/// quotient to a whole number, by way of 2^23, and down to the floor of it.
+template <class TReal>
+ORLIX_SIMD_INLINE TReal behindLine(const TReal& distance, const TReal& quotient, float period)
+{
+    const TReal zero{};
+    const TReal one = zero + 1.0F;
+    const TReal whole = wholeFrom(quotient);
+    const TReal rounded = (quotient + whole) - whole;
+    const TReal floor = rounded - (quotient < rounded ? one : zero);
+    return distance - floor * period;
+}
+
+/// How far `distance` is from the nearest of these lines, with its sign, in [-half, half). What lies beyond a whole
+/// period for want of precision goes to its end; what is no number stays that.
 template <class TReal>
 ORLIX_SIMD_INLINE TReal toNearestLine(const TReal& distance, const LineSpacing& spacing)
 {
     const TReal zero{};
     const TReal period = zero + spacing.period;
-    const TReal quotient = distance / period;
-    const TReal whole = wholeFrom(quotient);
-    const TReal rounded = (quotient + whole) - whole;
-    const TReal floor = quotient < rounded ? rounded - 1.0F : rounded;
-    const TReal exact = distance - floor * period;
+    const TReal exact = behindLine<TReal>(distance, distance / period, spacing.period);
     const TReal above = exact < zero ? zero : exact;
     const TReal within = above >= period ? period : above;
-    return within >= zero + spacing.half ? within - period : within;
+    return within - (within >= zero + spacing.half ? period : zero);
 }
 
 /// A pixel belongs to the line that is nearer than half a pixel; of two as near, to the one behind it.
 constexpr float g_lineAbove = -0x1.fffffep-2F; ///< the smallest number above -0.5
 constexpr float g_lineUpTo = 0.5F;
 
-/// Sets pixels [firstX, firstX + nbPixels) of a line to 1 where `distance(x)` lies within half a pixel, else to 0, and
-/// writes nothing else. `distance` is a lambda marked ORLIX_SIMD_LAMBDA, from the x of pixels, as LineReals or as a
-/// float, to the same.
+/// Distances that make a pixel what it is: `within` from `low` to `high`, both included, and the other one elsewhere.
+struct LineRange
+{
+    float low;
+    float high;
+    unsigned char within; ///< 0 or 1
+};
+
+/// Sets pixels [firstX, firstX + nbPixels) of a line to what `range` says of `distance(x)`, and writes nothing else.
+/// `distance` is a lambda marked ORLIX_SIMD_LAMBDA, from the x of pixels, as LineReals or as a float, to the same.
 template <eInstructionSet::domain ISA, class TDistance>
 ORLIX_SIMD_INLINE void drawPixels(unsigned char* pixels, unsigned long firstX, unsigned long nbPixels,
-                                  const TDistance& distance)
+                                  const LineRange& range, const TDistance& distance)
 {
     unsigned long i = 0;
     if constexpr (ISA != eInstructionSet::eNone) {
@@ -72,7 +88,9 @@ ORLIX_SIMD_INLINE void drawPixels(unsigned char* pixels, unsigned long firstX, u
         constexpr unsigned long endX = (1UL << 31) - nbBlock; // lanes count in int
         const unsigned long nbLeft = firstX < endX ? endX - firstX : 0;
         const unsigned long nbInLanes = nbPixels < nbLeft ? nbPixels : nbLeft;
-        const simd::RangeTest<ISA, float> isNear(g_lineAbove, g_lineUpTo);
+        const simd::RangeTest<ISA, float> isWithin(range.low, range.high);
+        const simd::Pack<ISA, unsigned char> turned =
+            simd::Pack<ISA, unsigned char>::broadcast(static_cast<unsigned char>(1 - range.within));
         Whole ramp;
         for (unsigned long lane = 0; lane < nbReals; ++lane) {
             ramp[lane] = static_cast<int>(lane);
@@ -85,7 +103,7 @@ ORLIX_SIMD_INLINE void drawPixels(unsigned char* pixels, unsigned long firstX, u
                 const Real found = distance(simd::convertLanes<float, nbReals>(x));
                 distances.m_registers[r] = __builtin_bit_cast(simd::Register<ISA>, found);
             }
-            const simd::Pack<ISA, unsigned char> block = isNear(distances);
+            const simd::Pack<ISA, unsigned char> block = isWithin(distances) ^ turned;
             if (nbInLanes - i >= nbBlock) {
                 block.store(pixels + i);
             } else {
@@ -98,7 +116,8 @@ ORLIX_SIMD_INLINE void drawPixels(unsigned char* pixels, unsigned long firstX, u
     }
     for (; i < nbPixels; ++i) {
         const float found = distance(static_cast<float>(firstX + i));
-        pixels[i] = found >= g_lineAbove && found <= g_lineUpTo ? 1 : 0;
+        const bool bWithin = (found >= range.low) & (found <= range.high);
+        pixels[i] = static_cast<unsigned char>(bWithin ? range.within : 1 - range.within);
     }
 }
 

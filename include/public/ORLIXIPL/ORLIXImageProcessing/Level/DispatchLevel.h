@@ -5,7 +5,6 @@
 #include "ORLIX/ORLIXBaseProcessing/InitializerTypes.h"
 #include "ORLIX/ORLIXBaseProcessing/Scaffold.h"
 #include "ORLIX/ORLIXCore/RunContext.h"
-#include "ORLIXIPL/ORLIXImageProcessing/Level/LowerValues.h"
 #include "ORLIXIPL/ORLIXImageProcessing/Level/RowDispatch.h"
 #include "ORLIXIPL/ORLIXImageProcessing/Rule/ImageRuleTypes.h"
 
@@ -17,14 +16,6 @@ template <class TRow>
 concept PreparingRow = requires(const processor::OwnAttributes<typename TRow::Attribute>& own)
 {
     TRow::prepare(own);
-};
-
-template <class TRow, class TValues>
-concept StraightRow = requires(const TValues& values)
-{
-    {
-        TRow::isStraight(values, 0UL)
-        } -> std::same_as<bool>;
 };
 
 template <class TDerived, class TValues>
@@ -64,6 +55,8 @@ template <class TDerived, class TLibrary, template <class, class...> class TDisp
 class DispatchLevel
     : public processor::Scaffold<TDerived, processor::BaseAsync1Processor, TLibrary, typename TRows::Attribute...>
 {
+    using Rows = RowDispatch<TDispatch, TLower, TRows...>;
+
 public:
     using Lower = TLower;
     using NothingToDo = Never;
@@ -79,12 +72,7 @@ public:
     template <class TValues>
     static constexpr bool canBeStraight()
     {
-        if constexpr (requires { TLower::template canBeStraight<LowerValues<TValues, TRows...>>(); }) {
-            return (details::StraightRow<TRows, TValues> && ...) &&
-                   TLower::template canBeStraight<LowerValues<TValues, TRows...>>();
-        } else {
-            return false;
-        }
+        return Rows::template canBeStraight<TValues>();
     }
     /// May a call with these values, or a part of it, be done without dispatching? Strips hold as many bytes as the
     /// class's policy says. No pointer that a rule looks at may be null then.
@@ -92,9 +80,14 @@ public:
     static bool isStraight(const TValues& values)
     {
         if constexpr (canBeStraight<TValues>()) {
-            constexpr unsigned long stripBytes =
-                processor::ProcessorDispatchPolicy::g_defaultStripBytes / processor::dispatchWeightOf<TDerived>();
-            return areRowsStraight(values, stripBytes) && isLowerStraight(values);
+            constexpr unsigned long stripBytes = processor::straightStripBytes<TDerived>();
+            if constexpr (details::WeighsValues<TDerived, TValues>) {
+                // Images are looked at before what follows from their sizes.
+                return Rows::areRowsStraight(values, ~0UL) &&
+                       Rows::isStraight(values, stripBytes / TDerived::weightOf(values));
+            } else {
+                return Rows::isStraight(values, stripBytes);
+            }
         } else {
             return false;
         }
@@ -108,9 +101,7 @@ public:
             if (TDerived::NothingToDo::holds(values)) {
                 return true;
             }
-            ProcessingResult<bool> result = TLower::runStraight(LowerValues<TValues, TRows...>(values));
-            (finishRow<TRows>(values), ...);
-            return result;
+            return Rows::runStraight(values);
         } else {
             return true; // never called
         }
@@ -159,34 +150,6 @@ protected:
     }
 
 private:
-    /// Images are looked at before what follows from their sizes.
-    template <class TValues>
-    static bool areRowsStraight(const TValues& values, unsigned long stripBytes)
-    {
-        if constexpr (details::WeighsValues<TDerived, TValues>) {
-            return (isRowStraight<TRows>(values, ~0UL) && ...) &&
-                   (isRowStraight<TRows>(values, stripBytes / TDerived::weightOf(values)) && ...);
-        } else {
-            return (isRowStraight<TRows>(values, stripBytes) && ...);
-        }
-    }
-    template <class TRow, class TValues>
-    static bool isRowStraight(const TValues& values, unsigned long stripBytes)
-    {
-        return TRow::isStraight(values, stripBytes);
-    }
-    template <class TValues>
-    static bool isLowerStraight(const TValues& values)
-    {
-        return TLower::isStraight(LowerValues<TValues, TRows...>(values));
-    }
-    template <class TRow, class TValues>
-    static void finishRow(const TValues& values)
-    {
-        if constexpr (requires { TRow::finishStraight(values); }) {
-            TRow::finishStraight(values);
-        }
-    }
     template <class TRow>
     void prepareRow()
     {
@@ -195,7 +158,7 @@ private:
         }
     }
 
-    RowDispatch<TDispatch, TLower, TRows...> m_lower;
+    Rows m_lower;
     bool m_bDispatched = false; ///< of the run under way
 };
 

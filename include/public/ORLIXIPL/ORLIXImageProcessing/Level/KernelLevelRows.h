@@ -1,6 +1,7 @@
 // The rows of a level 3: how its kernels get each attribute.
 #pragma once
 
+#include "ORLIXIPL/ORLIXImageProcessing/Level/StraightImages.h"
 #include "ORLIXIPL/ORLIXImageProcessing/Parser/ParserOf.h"
 
 namespace orlix::imaproc {
@@ -98,7 +99,7 @@ struct ParserSlot<TRow, true>
     }
 };
 
-/// What is lent to the attribute of a row for a moment: a value, or the strip that is a whole plan.
+/// What is lent to the attribute of a row for a moment: a value, or the one strip of an image or of a part of it.
 template <class TRow, bool bStrip = TRow::g_bStrip>
 struct Lent
 {
@@ -114,10 +115,11 @@ struct Lent
 template <class TRow>
 struct Lent<TRow, true>
 {
-    typename TRow::Attribute::StripType strip;
+    using StripType = typename TRow::Attribute::StripType;
+    StripType strip;
 
     template <class TValues>
-    explicit Lent(const TValues& values) : Lent(*values.template get<typename TRow::Attribute>(), nullptr)
+    explicit Lent(const TValues& values) : strip(makeStrip(values.template get<typename TRow::Attribute>()))
     {}
     template <class TValues>
     void lend(typename TRow::Attribute& attribute, const TValues&)
@@ -126,7 +128,17 @@ struct Lent<TRow, true>
     }
 
 private:
-    Lent(const image::BaseImage& plan, std::nullptr_t) : strip(plan, 0, plan.getSizeY()) {}
+    template <class TImage>
+    static StripType makeStrip(const StripPart<TImage>& part)
+    {
+        return StripType(*part.image, part.start, part.size);
+    }
+    template <class TImage>
+    static StripType makeStrip(TImage* whole)
+    {
+        constexpr bool bOfPlans = std::is_base_of_v<image::BaseImageZStrip3d, StripType>;
+        return StripType(*whole, 0, bOfPlans ? whole->getSizeZ() : whole->getSizeY());
+    }
 };
 
 } // namespace details

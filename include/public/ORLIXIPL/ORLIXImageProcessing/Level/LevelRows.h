@@ -149,16 +149,16 @@ struct ByZStrip : details::ImageRow<TAttribute, TLowerAttribute>
     {
         return stripByStrip(processor::own<TAttribute>(attributes)->getStorage(), TPlacement::isLocalized(attributes));
     }
+    template <class TValues>
+    static bool isStraight(const TValues& values, unsigned long stripBytes)
+    {
+        const auto* const volume = processor::pointerTo(values.template get<TAttribute>());
+        return isOneHostVolume(volume) &&
+               isOneStrip({0, volume->getSizeZ()}, volume->getSizeZ(), volume->getPixelLayout().planBytes, stripBytes);
+    }
 };
 
-/// Lines of a plan, or plans of a volume: [start, start + size).
-struct StripRange
-{
-    unsigned long start;
-    unsigned long size;
-};
-
-/// A range of lines of the plan in strips. `TRange::of(attributes)` tells it, as a StripRange.
+/// A range of lines of the plan in strips. `TRange::of(values)` tells it, as a StripRange.
 template <class TAttribute, class TLowerAttribute, class TRange>
 struct ByYSubStrip
 {
@@ -170,8 +170,24 @@ struct ByYSubStrip
     template <class TAttributes>
     static auto source(const TAttributes& attributes)
     {
-        const StripRange range = TRange::of(attributes);
-        return subStripByStrip(processor::own<TAttribute>(attributes)->getStorage(), range.start, range.size);
+        const StripRange range = TRange::of(processor::heldValues(attributes));
+        return subStripByStrip(processor::own<TAttribute>(attributes)->getStorage(), range.start, range.size, true,
+                               range.lineBytes);
+    }
+    /// Strips of a part are for kernels that write no further than their count, so the plan may lie anyhow.
+    template <class TValues>
+    static bool isStraight(const TValues& values, unsigned long stripBytes)
+    {
+        const auto* const plan = processor::pointerTo(values.template get<TAttribute>());
+        return isOneHostPlan(plan) &&
+               isOneStrip(TRange::of(values), plan->getSizeY(), plan->getPixelLayout().rowBytes, stripBytes);
+    }
+    template <class TValues>
+    static auto take(const TValues& values)
+    {
+        const StripRange range = TRange::of(values);
+        return StripPart<details::ImageOf<TAttribute>>{processor::pointerTo(values.template get<TAttribute>()),
+                                                       range.start, range.size};
     }
 };
 
@@ -181,6 +197,14 @@ struct ByZSubStrip : ByYSubStrip<TAttribute, TLowerAttribute, TRange>
 {
     template <class TLower>
     using Split = ImageZSubStrip3dSplit<TLower, details::ImageOf<TAttribute>, TLowerAttribute>;
+
+    template <class TValues>
+    static bool isStraight(const TValues& values, unsigned long stripBytes)
+    {
+        const auto* const volume = processor::pointerTo(values.template get<TAttribute>());
+        return isOneHostVolume(volume) &&
+               isOneStrip(TRange::of(values), volume->getSizeZ(), volume->getPixelLayout().planBytes, stripBytes);
+    }
 };
 
 /// For every plan, or volume, its entry of a collection that is indexed by plan.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ORLIXIPL/ORLIXImageProcessing/Level/LevelRows.h"
+#include "ORLIXIPL/ORLIXImageProcessing/Level/LowerValues.h"
 #include "ORLIXIPL/ORLIXImageProcessing/Split/LevelDispatch.h"
 
 namespace orlix::imaproc {
@@ -35,6 +36,14 @@ concept StatefulRow = requires
     typename TRow::State;
 };
 
+template <class TRow, class TValues>
+concept StraightRow = requires(const TValues& values)
+{
+    {
+        TRow::isStraight(values, 0UL)
+        } -> std::same_as<bool>;
+};
+
 /// Tells the states of rows apart.
 template <class TRow>
 struct RowState
@@ -55,13 +64,46 @@ struct DispatchOfRows<TDispatch, TLower, RowList<TFeeding...>>
 
 } // namespace details
 
-/// `TDispatch` is StaticDispatch or DynamicDispatch, `TLower` the level below.
+/// `TDispatch` is StaticDispatch or DynamicDispatch, `TLower` the level below. What is static is for calls that need no
+/// dispatch: see DispatchLevel.
 template <template <class, class...> class TDispatch, class TLower, class... TRows>
 class RowDispatch
 {
     using Feeding = typename details::FeedingRowsOf<TLower, details::RowList<>, TRows...>::List;
 
 public:
+    /// Can all rows, and those of the levels below, tell, and take, the whole of what they are to cut?
+    template <class TValues>
+    static constexpr bool canBeStraight()
+    {
+        if constexpr (requires { TLower::template canBeStraight<LowerValues<TValues, TRows...>>(); }) {
+            return (details::StraightRow<TRows, TValues> && ...) &&
+                   TLower::template canBeStraight<LowerValues<TValues, TRows...>>();
+        } else {
+            return false;
+        }
+    }
+    /// Is there one element, down to level 3? Only where `canBeStraight`.
+    template <class TValues>
+    static bool isStraight(const TValues& values, unsigned long stripBytes)
+    {
+        return areRowsStraight(values, stripBytes) && isLowerStraight(values);
+    }
+    /// The same of this level alone.
+    template <class TValues>
+    static bool areRowsStraight(const TValues& values, unsigned long stripBytes)
+    {
+        return (isRowStraight<TRows>(values, stripBytes) && ...);
+    }
+    /// Does that element on the calling thread. Only where `isStraight`.
+    template <class TValues>
+    static ProcessingResult<bool> runStraight(const TValues& values)
+    {
+        ProcessingResult<bool> result = TLower::runStraight(LowerValues<TValues, TRows...>(values));
+        (finishStraight<TRows>(values), ...);
+        return result;
+    }
+
     /// Sets up the splits from their rows, in order, and the dispatcher.
     template <class TAttributes>
     processor::ProviderResult dispatch(const TAttributes& attributes, const processor::ProcessorDispatchPolicy& policy,
@@ -80,6 +122,24 @@ public:
     void clear() { (clearRow<TRows>(), ...); }
 
 private:
+    template <class TRow, class TValues>
+    static bool isRowStraight(const TValues& values, unsigned long stripBytes)
+    {
+        return TRow::isStraight(values, stripBytes);
+    }
+    template <class TValues>
+    static bool isLowerStraight(const TValues& values)
+    {
+        return TLower::isStraight(LowerValues<TValues, TRows...>(values));
+    }
+    template <class TRow, class TValues>
+    static void finishStraight(const TValues& values)
+    {
+        if constexpr (requires { TRow::finishStraight(values); }) {
+            TRow::finishStraight(values);
+        }
+    }
+
     template <class... TFeeding, class TAttributes>
     processor::ProviderResult dispatchRows(details::RowList<TFeeding...>, const TAttributes& attributes,
                                            const processor::ProcessorDispatchPolicy& policy,

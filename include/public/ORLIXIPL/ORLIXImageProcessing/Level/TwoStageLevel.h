@@ -21,7 +21,7 @@ using Stage = RowDispatch<TDispatch, TLower, TRows...>;
 /// `TDerived` says its `g_text`, `Rule` and `Initializers` as for DispatchLevel and, as a rule type, `OnlySecond`:
 /// where it holds, the second stage's work is done in the first one, and the second has nothing to do. Otherwise the
 /// second stage starts when all elements of the first have ended. Where its rule type `NothingFirst` holds, the first
-/// stage has nothing to do.
+/// stage has nothing to do. A class whose calls may go straight to level 3 states `g_bStraight = true`.
 template <class TDerived, class TLibrary, class TAttributeList, class TFirst, class TSecond>
 class TwoStageLevel;
 
@@ -32,6 +32,7 @@ class TwoStageLevel<TDerived, TLibrary, AttributeList<TAttributes...>, TFirst, T
 public:
     using OnlySecond = Never;
     using NothingFirst = Never;
+    static constexpr bool g_bStraight = false;
 
     processor::RulePtr createRule() const { return TDerived::Rule::make(this->accessOwnAttributes()); }
     void initOutputInitializers(processor::OutputInitializerMap& initializers) const
@@ -42,6 +43,43 @@ public:
     {
         m_first.clear();
         m_second.clear();
+    }
+
+    // For calls that need no dispatch, as those of DispatchLevel, where the class asks for them.
+    template <class TValues>
+    static constexpr bool canBeStraight()
+    {
+        if constexpr (TDerived::g_bStraight) {
+            return TFirst::template canBeStraight<TValues>() && TSecond::template canBeStraight<TValues>();
+        } else {
+            return false;
+        }
+    }
+    template <class TValues>
+    static bool isStraight(const TValues& values)
+    {
+        if constexpr (canBeStraight<TValues>()) {
+            constexpr unsigned long stripBytes = processor::straightStripBytes<TDerived>();
+            return TSecond::isStraight(values, stripBytes) &&
+                   (TFirst::isStraight(values, stripBytes) ||
+                    ((isThere(values.template get<TAttributes>()) && ...) && hasOnlySecond(values)));
+        } else {
+            return false;
+        }
+    }
+    template <class TValues>
+    static ProcessingResult<bool> runStraight(const TValues& values)
+    {
+        if constexpr (canBeStraight<TValues>()) {
+            if (!hasOnlySecond(values)) {
+                if (ProcessingResult<bool> result = TFirst::runStraight(values); !result) {
+                    return result;
+                }
+            }
+            return TSecond::runStraight(values);
+        } else {
+            return true; // never called
+        }
     }
 
 protected:
@@ -62,6 +100,20 @@ protected:
     }
 
 private:
+    template <class TValues>
+    static bool hasOnlySecond(const TValues& values)
+    {
+        return TDerived::OnlySecond::holds(values) || TDerived::NothingFirst::holds(values);
+    }
+    template <class TValue>
+    static bool isThere(const TValue& value)
+    {
+        if constexpr (requires { value != nullptr; }) {
+            return value != nullptr;
+        } else {
+            return true;
+        }
+    }
     template <class TStage>
     processor::ProviderResult dispatch(TStage& stage, const core::BasePriority& priority,
                                        boost::shared_ptr<core::BaseActionProvider>& provider)

@@ -30,7 +30,9 @@ struct eImageRuleMessage
         ePlansDiffer = 15,        ///< attribute, sizes on z, c, t, attribute, geometry
         eVolumesDiffer = 16,      ///< attribute, sizes on z, c, t, attribute, geometry
         eVolumeTypeDiffers = 17,  ///< attribute, kind, attribute, kind
-        eColorTypeDiffers = 18    ///< attribute, channels, attribute, channels
+        eColorTypeDiffers = 18,   ///< attribute, channels, attribute, channels
+        eRegionOutside = 19,      ///< attribute, sizes, sizes, offsets, axis, end
+        eRegionNeedsVolume = 20   ///< attribute, sizes, sizes, offsets
     };
     ORLIX_ENUMERATION(eImageRuleMessage, eSizeOrTypeDiffers);
 };
@@ -45,13 +47,15 @@ struct eImageSplitMessage
         eNoSuchElement = 3, ///< index, count
         eInputMissing = 4,
         eNoCollection = 5,
-        eTooManyPlans = 6,    ///< sizes on z, c, t
-        ePlanLacksEntry = 7,  ///< attribute, z, c, t
-        eSeveralVolumes = 8,  ///< geometry
-        eLinesOutside = 9,    ///< count, first, count
-        ePlansOutside = 10,   ///< count, first, count
-        eRangeOutside = 11,   ///< count, first, count
-        eWrongCollection = 12 ///< attribute, class
+        eTooManyPlans = 6,     ///< sizes on z, c, t
+        ePlanLacksEntry = 7,   ///< attribute, z, c, t
+        eSeveralVolumes = 8,   ///< geometry
+        eLinesOutside = 9,     ///< count, first, count
+        ePlansOutside = 10,    ///< count, first, count
+        eRangeOutside = 11,    ///< count, first, count
+        eWrongCollection = 12, ///< attribute, class
+        eBoxOutside = 13,      ///< attribute, sizes, sizes, offsets
+        eStripTypesDiffer = 14 ///< attribute, type, attribute, type
     };
     ORLIX_ENUMERATION(eImageSplitMessage, eNullImage);
 };

@@ -46,7 +46,10 @@ public:
     virtual image::VolumeGeometry getVolumeGeometry() const; ///< compared by kind and size
     virtual image::ColorGeometry getColorGeometry() const;
     virtual image::TemporalGeometry getTemporalGeometry() const; ///< compared by size alone
-    /// Closes the text of a failure: what the image has to fit, in words. Empty for nothing to add.
+    /// Why the image of `checked`, which differs, does not fit, in words that stand for the whole text of the failure.
+    /// Empty: the rule's words do.
+    virtual std::string describeMisfit(const BaseImageAttribute& checked) const;
+    /// Closes the rule's words: what the image has to fit. Empty for nothing to add.
     virtual std::string getReason() const;
 
 protected:
@@ -64,9 +67,9 @@ private:
     unsigned m_enabled = 0;
 };
 
-/// The image has what the property answers, for every check that it enables. A failure's text tells the image, and on
-/// each axis that differs what it has and what it needs, and the property's reason. What the property throws, the check
-/// throws.
+/// The image has what the property answers, for every check that it enables. A failure's text is the property's or,
+/// where it has none, tells the image, on each axis that differs what it has and what it needs, and the property's
+/// reason. What the property throws, the check throws.
 ORLIXIMAGEPROCESSING_API processor::RulePtr
 customImageProperty(const processor::AttributeRef<const BaseImageAttribute>& image,
                     const boost::shared_ptr<const BaseCustomCheckedImageProperty>& property);

@@ -146,6 +146,22 @@ struct InSitu
     }
 };
 
+/// They are not.
+template <class TFirst, class TSecond>
+struct NoInSitu
+{
+    template <class TAttributes>
+    static processor::RulePtr make(const TAttributes& attributes)
+    {
+        return noInSitu(processor::own<TFirst>(attributes), processor::own<TSecond>(attributes));
+    }
+    template <class TValues>
+    static bool holds(const TValues& values)
+    {
+        return !InSitu<TFirst, TSecond>::holds(values);
+    }
+};
+
 /// As `NothingToDo`: there always is something.
 struct Never
 {

@@ -81,20 +81,22 @@ struct SubStripSource
     unsigned long start;
     unsigned long size;
     bool bLocalized;
+    unsigned long lineBytes;
 
     template <class TSplit>
     ProcessingResult<bool> init(TSplit& split) const
     {
         setLocalized(split, bLocalized);
-        return split.initBase(image, image::eStripAllocationType::eStripAllocationDefault, start, size);
+        return split.initBase(image, image::eStripAllocationType::eStripAllocationDefault, start, size, lineBytes);
     }
 };
-/// Lines [start, start + size) of the plan, or such plans of the volume, in strips.
+/// Lines [start, start + size) of the plan, or such plans of the volume, in strips. `lineBytes` are those that are
+/// touched of each, if not all are.
 template <class TImagePtr>
 SubStripSource<TImagePtr> subStripByStrip(const TImagePtr& image, unsigned long start, unsigned long size,
-                                          bool bLocalized = true)
+                                          bool bLocalized = true, unsigned long lineBytes = ~0UL)
 {
-    return {image, start, size, bLocalized};
+    return {image, start, size, bLocalized, lineBytes};
 }
 
 /// What a split into strips with margins is set up with.

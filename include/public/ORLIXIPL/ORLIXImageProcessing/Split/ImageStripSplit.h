@@ -48,12 +48,15 @@ protected:
     /// lies in.
     ProcessingResult<bool> initPlan(const boost::shared_ptr<TImage>& image);
     /// Lines [start, start + size) of a plan, for kernels that write no further than their count: strips may have any
-    /// number of lines. Fails where the plan has fewer.
-    ProcessingResult<bool> initSubPlan(const boost::shared_ptr<TImage>& image, unsigned long start, unsigned long size);
+    /// number of lines. `lineBytes` are those that the kernel touches of each line, if it doesn't touch all. Fails
+    /// where the plan has fewer lines.
+    ProcessingResult<bool> initSubPlan(const boost::shared_ptr<TImage>& image, unsigned long start, unsigned long size,
+                                       unsigned long lineBytes = ~0UL);
     ProcessingResult<bool> initVolume(const boost::shared_ptr<TImage>& image);
-    /// Plans [start, start + size) of a volume. Fails where the volume has fewer.
+    /// Plans [start, start + size) of a volume, of each of which `planBytes` are touched. Fails where the volume has
+    /// fewer.
     ProcessingResult<bool> initSubVolume(const boost::shared_ptr<TImage>& image, unsigned long start,
-                                         unsigned long size);
+                                         unsigned long size, unsigned long planBytes = ~0UL);
     /// Fails for a range that is not within the lines that are given out.
     ProcessingResult<bool> checkRange(unsigned long start, unsigned long size) const
     {

@@ -12,11 +12,12 @@ template <class TImage, class TStrip>
 class BaseImageYSubStrip2dSplit : public BaseTImageStripSplit<TImage, TStrip>
 {
 public:
-    /// Gives out lines [start, start + size) of the plan. Fails where it has fewer.
+    /// Gives out lines [start, start + size) of the plan, of each of which kernels touch `lineBytes`; more than a line
+    /// has: all. Fails where the plan has fewer lines.
     ProcessingResult<bool> initBase(const boost::shared_ptr<TImage>& image, const image::eStripAllocationType&,
-                                    unsigned long start, unsigned long size)
+                                    unsigned long start, unsigned long size, unsigned long lineBytes = ~0UL)
     {
-        return this->initSubPlan(image, start, size);
+        return this->initSubPlan(image, start, size, lineBytes);
     }
 
     eImageStripSplitType getImageStripSplitType() const override { return eImageStripSplitType::eYSubStrip2d; }

@@ -11,11 +11,12 @@ template <class TImage, class TStrip>
 class BaseImageZSubStrip3dSplit : public BaseTImageStripSplit<TImage, TStrip>
 {
 public:
-    /// Gives out plans [start, start + size) of the volume. Fails where it has fewer.
+    /// Gives out plans [start, start + size) of the volume, of each of which kernels touch `planBytes`; more than a
+    /// plan has: all. Fails where the volume has fewer plans.
     ProcessingResult<bool> initBase(const boost::shared_ptr<TImage>& image, const image::eStripAllocationType&,
-                                    unsigned long start, unsigned long size)
+                                    unsigned long start, unsigned long size, unsigned long planBytes = ~0UL)
     {
-        return this->initSubVolume(image, start, size);
+        return this->initSubVolume(image, start, size, planBytes);
     }
 
     eImageStripSplitType getImageStripSplitType() const override { return eImageStripSplitType::eZSubStrip3d; }

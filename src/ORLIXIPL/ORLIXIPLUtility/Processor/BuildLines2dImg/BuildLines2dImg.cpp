@@ -41,6 +41,12 @@ void buildLines2dImgPart(const attr::Img2dSizeRecord& whole, const attr::Img2dOf
     });
 }
 
+void buildLines2dImg(float theta, float offset, const ImagePtr& outImg, const ImagePart& part)
+{
+    checkPart(part, accessImageToBuild(outImg));
+    buildLines2dImgPart({part.wholeX, part.wholeY}, {0, part.firstLine}, theta, offset, outImg);
+}
+
 boost::shared_ptr<BuildLines2dImgLvl1> buildLines2dImg_async(unsigned long sizeX, unsigned long sizeY, float theta,
                                                              float offset)
 {

@@ -45,6 +45,13 @@ void buildLines3dImgPart(const attr::Img3dSizeRecord& whole, const attr::Img3dOf
     });
 }
 
+void buildLines3dImg(float theta, float phi, float alpha, float offset, const ImagePtr& outImg, const ImagePart& part)
+{
+    checkPart(part, accessImageToBuild(outImg));
+    buildLines3dImgPart({part.wholeX, part.wholeY, part.wholeZ}, {0, part.firstLine, part.firstPlan.z}, theta, phi,
+                        alpha, offset, outImg);
+}
+
 boost::shared_ptr<BuildLines3dImgLvl1> buildLines3dImg_async(unsigned long sizeX, unsigned long sizeY,
                                                              unsigned long sizeZ, float theta, float phi, float alpha,
                                                              float offset)

@@ -18,11 +18,25 @@ ProcessingResult<bool> BuildLines2dImgLvl3::genericProcessFunction(const process
         __builtin_memset(line, m_spacing.lines == LineSpacing::eDense ? 1 : 0, info.nbElements);
         return succeed();
     }
-    const LineSpacing spacing = m_spacing;
+    const float period = m_spacing.period;
+    const float inverse = m_inverse;
     const float sine = m_sine;
     const float base = static_cast<float>(m_firstY + info.currentLine) * m_cosine - m_centre;
-    drawPixels<ISA>(line, m_firstX + info.firstElement, info.nbElements,
-                    [=](const auto& x) ORLIX_SIMD_LAMBDA { return toNearestLine(base - sine * x, spacing); });
+    const unsigned long firstX = m_firstX + info.firstElement;
+    const LineRange off{m_spacing.offLow, m_spacing.offHigh, 0};
+    if (inverse > 0.0F) {
+        drawPixels<ISA>(line, firstX, info.nbElements, off, [=](const auto& x) ORLIX_SIMD_LAMBDA {
+            using Real = std::remove_cvref_t<decltype(x)>;
+            const Real distance = base - sine * x;
+            return behindLine<Real>(distance, distance * inverse, period);
+        });
+    } else {
+        drawPixels<ISA>(line, firstX, info.nbElements, off, [=](const auto& x) ORLIX_SIMD_LAMBDA {
+            using Real = std::remove_cvref_t<decltype(x)>;
+            const Real distance = base - sine * x;
+            return behindLine<Real>(distance, distance / period, period);
+        });
+    }
     return succeed();
 }
 

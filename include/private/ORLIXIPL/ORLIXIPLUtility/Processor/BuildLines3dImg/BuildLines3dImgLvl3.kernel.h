@@ -32,7 +32,8 @@ ProcessingResult<bool> BuildLines3dImgLvl3::genericProcessFunction(const process
     const float ySine = phi.sine * y;
     const float yCosine = phi.cosine * y;
     const float zSine = z * theta.sine;
-    drawPixels<ISA>(line, m_firstX + info.firstElement, info.nbElements, [=](const auto& wholeX) ORLIX_SIMD_LAMBDA {
+    const LineRange on{g_lineAbove, g_lineUpTo, 1};
+    drawPixels<ISA>(line, m_firstX + info.firstElement, info.nbElements, on, [=](const auto& wholeX) ORLIX_SIMD_LAMBDA {
         using Real = std::remove_cvref_t<decltype(wholeX)>;
         const Real none{};
         const Real x = wholeX - centreX;

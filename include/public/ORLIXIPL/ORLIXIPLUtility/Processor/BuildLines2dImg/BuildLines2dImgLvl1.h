@@ -4,6 +4,7 @@
 #include "ORLIXIPL/ORLIXIPLAttributes/RegionAttributes.h"
 #include "ORLIXIPL/ORLIXIPLUtility/OutputInitializer/BuildInitializerUtils.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/BuildLines2dImg/BuildLines2dImgLvl2.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Rule/ROIRuleTypes.h"
 
 namespace orlix::imaproc::util {
 
@@ -15,7 +16,7 @@ class ORLIXIPLUTILITY_API BuildLines2dImgLvl1 final
 public:
     static constexpr processor::ProcessorText g_text{"BuildLines2dImgLvl1", eProcessorMessage::eBuildLines2dImgLvl1};
 
-    using Rule = HasFixedType<attr::OutBinImg>;
+    using Rule = processor::AllOf<MatchROI2d<attr::OutBinImg, attr::InOutputImg2dSize>, HasFixedType<attr::OutBinImg>>;
     using Initializers = processor::OutputInitializers<CustomOutput<attr::OutBinImg, OutputBuild2d>>;
 
     BuildLines2dImgLvl1();

@@ -48,6 +48,7 @@ private:
 
     std::optional<Part> m_part;
     LineSpacing m_spacing{};
+    float m_inverse = 0.0F;     ///< of the spacing; 0: divide
     unsigned long m_firstX = 0; ///< of the strip's pixels in the image whose centre counts
     unsigned long m_firstY = 0;
     float m_sine = 0.0F;

@@ -4,6 +4,7 @@
 #include "ORLIXIPL/ORLIXIPLAttributes/DataItem/ImgOffset.h"
 #include "ORLIXIPL/ORLIXIPLAttributes/DataItem/ImgSize.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Export.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Processor/ImagePart.h"
 #include "ORLIXIPL/ORLIXImage/BaseImage.h"
 
 namespace orlix::imaproc::util {
@@ -49,6 +50,11 @@ ORLIXIPLUTILITY_API void buildLines3dImg(float theta, float phi, float alpha, fl
 /// threads  as above
 ORLIXIPLUTILITY_API void buildLines3dImgPart(const attr::Img3dSizeRecord& whole, const attr::Img3dOffsetRecord& first,
                                              float theta, float phi, float alpha, float offset, const ImagePtr& outImg);
+
+/// The same for whole lines of a larger volume, told as other generators take it.
+/// errors   as above; a part that has not the whole's lines: ORLIXIPLUtilityException
+ORLIXIPLUTILITY_API void buildLines3dImg(float theta, float phi, float alpha, float offset, const ImagePtr& outImg,
+                                         const ImagePart& part);
 
 /// The forms for whole images, started and left running. A null image throws as above; errors of the run are what
 /// `wait()` returns.

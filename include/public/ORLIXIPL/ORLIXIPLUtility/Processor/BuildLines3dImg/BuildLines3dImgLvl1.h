@@ -4,6 +4,7 @@
 #include "ORLIXIPL/ORLIXIPLAttributes/RegionAttributes.h"
 #include "ORLIXIPL/ORLIXIPLUtility/OutputInitializer/BuildInitializerUtils.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/BuildLines3dImg/BuildLines3dImgLvl2.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Rule/ROIRuleTypes.h"
 
 namespace orlix::imaproc::util {
 
@@ -16,7 +17,8 @@ class ORLIXIPLUTILITY_API BuildLines3dImgLvl1 final
 public:
     static constexpr processor::ProcessorText g_text{"BuildLines3dImgLvl1", eProcessorMessage::eBuildLines3dImgLvl1};
 
-    using Rule = HasFixedType<attr::OutBinImg3d>;
+    using Rule =
+        processor::AllOf<MatchROI3d<attr::OutBinImg3d, attr::InOutputImg3dSize>, HasFixedType<attr::OutBinImg3d>>;
     using Initializers = processor::OutputInitializers<CustomOutput<attr::OutBinImg3d, OutputBuild3d>>;
 
     BuildLines3dImgLvl1();

@@ -1,0 +1,17 @@
+// What the verbs share that make an image file out of nothing.
+#pragma once
+
+#include "CommandContext.h"
+#include "OutputOptions.h"
+
+#include "ORLIXIPL/ORLIXImage/BaseImage.h"
+
+#include <functional>
+
+namespace orlix::cli {
+
+/// Checks the name of the output, writes what `make` gives to OUT, and tells with --json what was written. Whatever
+/// fails, OUT is as it was.
+void makeFile(const OutputOptions& output, CommandContext& context, const std::function<ImagePtr()>& make);
+
+} // namespace orlix::cli

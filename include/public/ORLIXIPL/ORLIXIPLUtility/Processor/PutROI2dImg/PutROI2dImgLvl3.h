@@ -1,0 +1,39 @@
+// A strip of the smaller plan into its place in the larger one, by a kernel chosen by element type and instruction set.
+#pragma once
+
+#include "ORLIXIPL/ORLIXIPLAttributes/RegionAttributes.h"
+#include "ORLIXIPL/ORLIXIPLAttributes/StripAttributes.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Logger/ProcessorLogMessages.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Processor/PixelBox.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Processor/UtilityLibrary.h"
+#include "ORLIXIPL/ORLIXImageProcessing/Level/KernelLevel.h"
+
+namespace orlix::imaproc::util {
+
+/// The input strip is that of the smaller plan. The output strip has its lines of the larger one; x of the
+/// offset is the kernel's to apply.
+class ORLIXIPLUTILITY_API PutROI2dImgLvl3 final
+    : public KernelLevel<PutROI2dImgLvl3, UtilityLibrary, TypedBy<attr::InYStrip2d>, Unparsed<attr::InYStrip2d>,
+                         Plain<attr::InInputImg2dOffset>, Unparsed<attr::OutYStrip2d>>
+{
+public:
+    static constexpr processor::ProcessorText g_text{"PutROI2dImgLvl3", eProcessorMessage::ePutROI2dImgLvl3};
+
+    using Rule = processor::NoRule;
+
+    PutROI2dImgLvl3();
+    ~PutROI2dImgLvl3() override;
+
+    /// Copies the strip, of elements of type T, to its place with instruction set ISA.
+    template <class T, eInstructionSet::domain ISA>
+    ProcessingResult<bool> genericProcessFunction(const processor::ProcessingInfo& info);
+
+protected:
+    /// Finds the place in the output strip. Fails where it does not hold the input strip.
+    processor::StepResult preProcess() override;
+
+private:
+    PixelBox m_box;
+};
+
+} // namespace orlix::imaproc::util

@@ -1,0 +1,7 @@
+#include "ORLIXIPL/ORLIXIPLUtility/Processor/GetROI3dImg/GetROI3dImgLvl3.kernel.h"
+
+namespace orlix::imaproc::util {
+
+ORLIX_KERNEL_TABLE(GetROI3dImgLvl3, avx, OnlyReal32)
+
+} // namespace orlix::imaproc::util
