@@ -9,6 +9,7 @@
     verb(threshold)                                                                                                    \
     verb(erase)                                                                                                        \
     verb(crop)                                                                                                         \
+    verb(paste)                                                                                                        \
     verb(slice)                                                                                                        \
     verb(putslice)                                                                                                     \
     verb(append)                                                                                                       \

@@ -42,8 +42,8 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(
         Mistake{
             {},
-            "a verb is needed, one of info, copy, convert, threshold, erase, crop, slice, put-slice, append, random, "
-            "normal, lines, compare, values, run, processors"},
+            "a verb is needed, one of info, copy, convert, threshold, erase, crop, paste, slice, put-slice, append, "
+            "random, normal, lines, compare, values, run, processors"},
         Mistake{{"frobnicate"}, "\"frobnicate\" is no verb"}, Mistake{{"--json"}, "a verb is needed"},
         Mistake{{"info"}, "FILE is required; `orlix info --help` tells more"},
         Mistake{{"info", "--bogus", "a.tif"},
