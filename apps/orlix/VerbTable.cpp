@@ -9,6 +9,8 @@
     verb(threshold)                                                                                                    \
     verb(erase)                                                                                                        \
     verb(crop)                                                                                                         \
+    verb(slice)                                                                                                        \
+    verb(putslice)                                                                                                     \
     verb(append)                                                                                                       \
     verb(random)                                                                                                       \
     verb(normal)                                                                                                       \

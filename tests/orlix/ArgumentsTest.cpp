@@ -40,9 +40,10 @@ TEST_P(MistakeTest, EndsWithOneLineAndExitCode2)
 INSTANTIATE_TEST_SUITE_P(
     Arguments, MistakeTest,
     ::testing::Values(
-        Mistake{{},
-                "a verb is needed, one of info, copy, convert, threshold, erase, crop, append, random, normal, lines, "
-                "compare, values, run, processors"},
+        Mistake{
+            {},
+            "a verb is needed, one of info, copy, convert, threshold, erase, crop, slice, put-slice, append, random, "
+            "normal, lines, compare, values, run, processors"},
         Mistake{{"frobnicate"}, "\"frobnicate\" is no verb"}, Mistake{{"--json"}, "a verb is needed"},
         Mistake{{"info"}, "FILE is required; `orlix info --help` tells more"},
         Mistake{{"info", "--bogus", "a.tif"},
