@@ -1,6 +1,8 @@
 // What holds of the attributes of every processor of this library, unset, set, null and cleared.
 #include "ORLIX/ORLIXUtil/BaseException.h"
 #include "ORLIXIPL/ORLIXImageProcessing/BaseStripAttributes.h"
+#include "ORLIXIPL/ORLIXImageProcessing/MarginStripAttributes.h"
+#include "ORLIXIPL/ORLIXImageProcessing/TileCollAttributes.h"
 #include "ORLIXIPL/ORLIXImageProcessing/ZStripAttributes.h"
 #include "ORLIXIPLUtility/RegisteredProcessors.h"
 #include "support/Images.h"
@@ -78,6 +80,16 @@ bool setSomething(BaseAttribute& attribute, const ImagePtr& image)
                                                  boost::make_shared<image::OutputImageZStrip3d>(*image, 0, 1)) ||
            tryToSet<BaseInOutZStrip3dAttribute>(attribute,
                                                 boost::make_shared<image::InOutImageZStrip3d>(*image, 0, 1)) ||
+           tryToSet<BaseInputYStrip2dWithKernelAttribute>(
+               attribute, boost::make_shared<image::InputImageYStrip2dWithKernel>(*image, 0, 1, image::Margin(),
+                                                                                  image::Margin())) ||
+           tryToSet<BaseInputZStrip3dWithKernelAttribute>(
+               attribute, boost::make_shared<image::InputImageZStrip3dWithKernel>(*image, 0, 1, image::Margin(),
+                                                                                  image::Margin())) ||
+           tryToSet<BaseInputTile2dCollAttribute>(attribute, boost::make_shared<image::InputImageTile2dColl>(
+                                                                 *image, nullptr, 0, image::mirorBorder2d())) ||
+           tryToSet<BaseInputTile3dCollAttribute>(attribute, boost::make_shared<image::InputImageTile3dColl>(
+                                                                 *image, nullptr, 0, image::mirorBorder3d())) ||
            (attribute.takesText() && attribute.setFromText(textFor(attribute)));
 }
 
