@@ -188,7 +188,7 @@ TEST(ImageTileColl, TakesOneTileAfterTheOther)
     for (const unsigned long index : {1UL, 0UL, 2UL, 1UL}) {
         EXPECT_TRUE(isTileOf(*image, coords[index], coll.getTile(index))) << index;
     }
-    coll.init(*image, coords.data() + 1, 1, mirorBorder2d());
+    coll.init(*image, InputImageTile2dColl::Places(coords.data()), 1, 1, mirorBorder2d());
     EXPECT_EQ(coll.getNbTiles(), 1u);
     EXPECT_TRUE(isTileOf(*image, coords[1], coll.getTile(0)));
     try {
