@@ -18,11 +18,14 @@ namespace orlix::cli {
 
 namespace {
 
+/// Where writing has failed before, it fails again, and tells why.
 void flushOutput()
 {
+    const bool bComplete = std::cout.good();
+    std::cout.clear();
     errno = 0;
     std::cout.flush();
-    if (!std::cout) {
+    if (!bComplete || !std::cout) {
         raise<eCommandMessage>(ORLIX_HERE, eCommandMessage::eOutputClosed,
                                errno != 0 ? std::strerror(errno) : "the disk is full or the reader has gone");
     }
