@@ -22,7 +22,7 @@ TEST(ROICalibration, IsComputedInSinglePrecision)
 {
     const ImagePtr in = makeRandom(*image::geometry3d(eImageBufferType::UInt8, 40, 30, 20));
     in->setGeometricCalibration(calibration3d());
-    const auto& found = *getROI3dImg(in, 13, 17, 3, 5, 5, 5)->getGeometricCalibration();
+    const GeometricCalibration found = *getROI3dImg(in, 13, 17, 3, 5, 5, 5)->getGeometricCalibration();
     const volatile float x = 13.0F * 0.1F; // each step is rounded
     const volatile float y = 17.0F * 0.3F;
     const volatile float z = 3.0F * 0.7F;
@@ -30,7 +30,7 @@ TEST(ROICalibration, IsComputedInSinglePrecision)
     expected.init3d("um", 0.1F, 0.3F, 0.7F, x + 1.1F, y + -2.3F, z + 1e6F);
     EXPECT_EQ(found, expected) << "rotations are 0, whatever the input's";
 
-    const auto& flat = *getROI2dImg(in, 13, 17, 5, 5)->getGeometricCalibration();
+    const GeometricCalibration flat = *getROI2dImg(in, 13, 17, 5, 5)->getGeometricCalibration();
     expected.init2d("um", 0.1F, 0.3F, x + 1.1F, y + -2.3F);
     EXPECT_EQ(flat, expected) << "that of a plan, also for a volume";
 }
