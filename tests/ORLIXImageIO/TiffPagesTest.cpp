@@ -42,6 +42,30 @@ TEST(TiffPagesTest, PagesOfDifferentSizeAreRefused)
     EXPECT_TRUE(contains(text, "page 1 has 4x1 pixels"));
 }
 
+TEST(TiffPagesTest, PagesOfDifferentKindAreRefused)
+{
+    struct Kind
+    {
+        unsigned height = 2, bits = 8, samples = 1;
+    };
+    const auto fileOf = [](const Kind& second) {
+        TinyTiff tiff;
+        for (const Kind& kind : {Kind(), second}) {
+            tiff.beginPage();
+            addPageTags(tiff, 3, kind.height, kind.bits, kind.samples, kind.samples == 3 ? 2 : 1);
+            tiff.addBlocks({std::string(3ul * kind.height * kind.samples * kind.bits / 8, 'x')});
+            tiff.endPage();
+        }
+        return tiff.getData();
+    };
+    EXPECT_EQ("3x2x2x1x1 UInt8", readTiff(bytesOf(fileOf({})))->getGeometry().toString());
+    for (const auto& [kind, text] : {std::pair(Kind{.height = 3}, "page 1 has 3x3 pixels"),
+                                     {Kind{.bits = 16}, "page 1 has 3x2 pixels of 1 grey sample, unsigned, 16 bits"},
+                                     {Kind{.samples = 3}, "page 1 has 3x2 pixels of 3 RGB samples"}}) {
+        EXPECT_TRUE(contains(failureOf([&, &kind = kind] { (void)readTiff(bytesOf(fileOf(kind))); }), text));
+    }
+}
+
 TEST(TiffPagesTest, ResolutionGivesPixelSizes)
 {
     const auto calibration = imageOf({.resolutionUnit = 3, .perUnit = {40, 1}})->getGeometricCalibration();
