@@ -191,6 +191,16 @@ TEST(SubImageExtractor, JoinsOneImageAndMany)
     EXPECT_TRUE(plan->sharesPixelsWith(*single));
 }
 
+TEST(SubImageExtractor, JoinsTypesStepByStepThoughFirstOnesAgree)
+{
+    const ImagePtr mixed = createImage(mixedSequence());
+    const ImagePtr plain = createImage(*geometry5d(g_uint8, 5, 4, 1, 1, 2));
+    ImageConstPtr joined;
+    ASSERT_TRUE(SubImageExtractor::concatenateSequences<const BaseImage>({plain, mixed}, joined));
+    EXPECT_EQ(joined->getGeometry().getBufferTypeVector(),
+              (std::vector<eImageBufferType>{g_uint8, g_uint8, g_uint8, g_uint16, g_uint16, g_uint8}));
+}
+
 TEST(SubImageExtractor, JoinsNothingThatDoesNotFit)
 {
     const ImagePtr image = createImage(*geometry5d(g_uint8, 5, 4, 3, 2, 2));

@@ -156,6 +156,11 @@ TEST_F(OmeFilesTest, FilesThatAreSomethingElseAreRefused)
     put("a.tif", ome("SizeZ=\"2\"", data), 1, 1000);
     put("b.tif", ome("SizeZ=\"2\"", data, " UUID=\"urn:uuid:other\""), 1, 2000);
     EXPECT_TRUE(contains(refusalOf("a.tif"), "its UUID has to be urn:uuid:b, but is urn:uuid:other"));
+    put("b.tif", ome("SizeZ=\"2\"", data, " UUID=\"urn:uuid:c\""), 1, 2000);
+    EXPECT_TRUE(contains(refusalOf("a.tif"), "its UUID has to be urn:uuid:b, but is urn:uuid:c"));
+    // A UUID counts, whatever name stands beside it.
+    put("d.tif", ome("SizeZ=\"1\"", tiffData(0, 0, "d.tif", "urn:uuid:a"), " UUID=\"urn:uuid:d\""), 1, 1000);
+    EXPECT_TRUE(contains(refusalOf("d.tif"), "its UUID has to be urn:uuid:a, but is urn:uuid:d"));
     putContent(m_folder / "b.tif", "no TIFF file");
     EXPECT_TRUE(contains(refusalOf("a.tif"), (m_folder / "b.tif").string() + ": page 0 can't be read"));
     putContent(m_folder / "b.tif", fileOf("", 1, 2000).substr(0, 60));

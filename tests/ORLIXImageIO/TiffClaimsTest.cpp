@@ -1,4 +1,5 @@
 // What pages claim against what the file, the region and the limits allow, to the last byte.
+#include "ORLIXImageIO/FilledImages.h"
 #include "ORLIXImageIO/TestFiles.h"
 #include "ORLIXImageIO/TestFolder.h"
 #include "ORLIXImageIO/TinyTiff.h"
@@ -132,4 +133,24 @@ TEST(TiffClaimsTest, OfSamplesInPlanesOnlyThoseThatAreReadCount)
     const ImagePtr green = readTiffRegion(bytesOf(tiff.getData()), {.c = 1}, {.c = 1}, {});
     EXPECT_EQ('d', static_cast<char>(green->accessRow(0, 0, 0, 0)[3]));
     EXPECT_TRUE(contains(refusalOf(tiff.getData()), "strip 0 is missing"));
+}
+
+// Strips of channels that reach beyond a region on both sides stay out of one another's rows.
+TEST(TiffClaimsTest, StripsMayReachBeyondTheRegion)
+{
+    constexpr unsigned long width = 16, height = 100;
+    TinyTiff tiff;
+    tiff.beginPage();
+    addPageTags(tiff, width, height, 8, 3, 2);
+    tiff.addShort(g_tagPlanar, 2);
+    std::vector<std::string> strips(3);
+    for (unsigned long i = 0; i < 3 * width * height; ++i) {
+        strips[i / (width * height)] += static_cast<char>(hashOf({i, 0, 0, 0, 0}, 7));
+    }
+    tiff.addBlocks(strips);
+    tiff.endPage();
+    const ImagePtr cut = readTiffRegion(bytesOf(tiff.getData()), {.y = 40}, {.y = 50}, {});
+    forEachPixel(*cut, [&](const Position& p) {
+        EXPECT_EQ(static_cast<unsigned char>(strips[p.c][(p.y + 40) * width + p.x]), valueAt(*cut, p));
+    });
 }

@@ -208,6 +208,20 @@ TEST(ImageJTest, RawStacksFollowOnePage)
     }
 }
 
+// One sample is as good as in a plane of its own.
+TEST(ImageJTest, RawStacksOfOneSampleInAPlane)
+{
+    TinyTiff tiff;
+    tiff.beginPage();
+    addPageTags(tiff, 2, 1, 8, 1, 1);
+    tiff.addShort(g_tagPlanar, 2);
+    tiff.addText(g_tagDescription, "ImageJ=1.53c\nimages=2\n");
+    tiff.addBlocks({"ab"});
+    tiff.addData("cd");
+    tiff.endPage();
+    EXPECT_EQ('d', valueAt(*readTiff(bytesOf(tiff.getData())), {1, 0, 1, 0, 0}));
+}
+
 // Signed samples of 16 bits, as ImageJ keeps them: unsigned, with a line from -32768 on through them.
 TEST(ImageJTest, LinesThroughUnsignedSamplesGiveSignedOnes)
 {
