@@ -124,3 +124,15 @@ TEST_P(GranularityTest, AsksOftenWhereThereIsLittleToMove)
     (void)readImage(folder / layout.file, read);
     EXPECT_GE(calls, bytes / std::max(pieces, layout.bytesRead));
 }
+
+TEST(GranularityOfStacksTest, AsksWithinAPlan)
+{
+    const TestFolder folder;
+    unsigned long calls = 0;
+    WriteOptions options;
+    options.description = eTiffDescription::eImageJ;
+    options.bSync = false;
+    options.progress = [&](unsigned long, unsigned long) { return ++calls > 0; };
+    writeImage(folder / "a.tif", createImage(*geometry2d(eImageBufferType::UInt8, 4096, 2048)), options);
+    EXPECT_GE(calls, 8u); // a mebibyte each
+}

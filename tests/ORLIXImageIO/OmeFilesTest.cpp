@@ -236,3 +236,21 @@ TEST_F(OmeFilesTest, ASmallFileMayNameALargeOne)
     EXPECT_EQ(7, valueAt(*image, {63, 63, 0, 0, 0}));
     EXPECT_EQ(5, valueAt(*image, {63, 63, 1, 0, 0}));
 }
+
+// The files are looked at first, and opened again for their pixels.
+TEST_F(OmeFilesTest, AFileThatChangesMeanwhileIsRefused)
+{
+    put("a.tif",
+        ome("SizeZ=\"3\"", tiffData(0, 0, "a.tif", "") + tiffData(1, 0, "b.tif", "") + tiffData(2, 0, "c.tif", "")), 1,
+        1000);
+    put("b.tif", "", 1, 2000);
+    put("c.tif", "", 1, 3000);
+    EXPECT_EQ((Values{1000, 2000, 3000}), firstsOf("a.tif"));
+    ReadOptions options;
+    options.progress = [&](unsigned long, unsigned long) {
+        put("b.tif", "", 2, 2000);
+        return true;
+    };
+    EXPECT_TRUE(
+        contains(failureOf([&] { (void)readImage(m_folder / "a.tif", options); }), "it changed while it was read"));
+}

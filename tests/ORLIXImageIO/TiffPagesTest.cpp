@@ -290,6 +290,17 @@ TEST(OmeTest, TiffDataPlacesPages)
     EXPECT_EQ("3x2x2x1x1 UInt16", first->getGeometry().toString());
 }
 
+// Without a number of planes an element means all that follow, as many as there are.
+TEST(OmeTest, TiffDataWithoutACountReachesToTheEnd)
+{
+    const ImagePtr image = imageOf(
+        {.description = ome("SizeZ=\"3\" SizeC=\"1\" SizeT=\"1\"", "<TiffData FirstZ=\"1\"/><TiffData IFD=\"2\"/>"),
+         .pages = 3});
+    EXPECT_EQ(2u, pageAt(*image, 0, 0, 0));
+    EXPECT_EQ(0u, pageAt(*image, 1, 0, 0));
+    EXPECT_EQ(1u, pageAt(*image, 2, 0, 0));
+}
+
 TEST(OmeTest, SamplesAreChannelsOfAPage)
 {
     const ImagePtr image =
@@ -342,6 +353,7 @@ TEST(OmeTest, PhysicalSizesAndUnits)
     EXPECT_FALSE(read("PhysicalSizeX=\"INF\" PhysicalSizeY=\"1\""));
     EXPECT_FALSE(read("PhysicalSizeX=\"1e300\" PhysicalSizeY=\"1\""));
     EXPECT_FALSE(read("PhysicalSizeX=\"wide\" PhysicalSizeY=\"1\""));
+    EXPECT_FALSE(read("PhysicalSizeX=\"1\" PhysicalSizeY=\"1\" PhysicalSizeZ=\"deep\""));
     EXPECT_FALSE(read("PhysicalSizeX=\"1\" PhysicalSizeY=\"1\" PhysicalSizeYUnit=\"reference frame\""));
     const auto flat = read("PhysicalSizeX=\"1\" PhysicalSizeZ=\"1\" PhysicalSizeZUnit=\"reference frame\"");
     ASSERT_TRUE(flat);
@@ -373,6 +385,9 @@ TEST(OmeTest, WrongDescriptionsAreRefused)
     EXPECT_TRUE(contains(failure(ome("SizeZ=\"2\"", "<TiffData PlaneCount=\"18446744073709551615\"/>")),
                          "18446744073709551615 in all"));
     EXPECT_TRUE(contains(failure(ome("SizeZ=\"2\"", "<TiffData/><TiffData IFD=\"0\"/>")), "for one plan"));
+    EXPECT_TRUE(
+        contains(failure(ome("SizeZ=\"2\"", "<TiffData FirstZ=\"1\" PlaneCount=\"2\"/>")),
+                 "pages 0 and following, 2 in all, are told of, but the file has 2 pages and the image 2 plans"));
     EXPECT_TRUE(
         contains(failure(ome("SizeZ=\"2\"", "<TiffData><UUID FileName=\"b.ome.tif\">urn:uuid:2</UUID></TiffData>",
                              " UUID=\"urn:uuid:1\"")),

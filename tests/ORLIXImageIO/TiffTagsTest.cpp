@@ -70,3 +70,17 @@ TEST_F(TiffTagsTest, TheFourthSampleIsUnassociatedAlpha)
     EXPECT_EQ(4, samples);
     EXPECT_EQ(PLANARCONFIG_CONTIG, planar);
 }
+
+// OME-XML has no place for sizes that aren't above 0.
+TEST_F(TiffTagsTest, OnlyPixelSizesAreToldAsSuch)
+{
+    const ImagePtr image = filledImage(*geometry2d(eImageBufferType::UInt8, 4, 4), 1);
+    auto calibration = boost::make_shared<GeometricCalibration>();
+    calibration->init2d("mm", 0, 2, 0, 0);
+    image->setGeometricCalibration(calibration);
+    const auto tiff = write(image);
+    const char* text = nullptr;
+    ASSERT_EQ(1, TIFFGetField(tiff.get(), TIFFTAG_IMAGEDESCRIPTION, &text));
+    EXPECT_FALSE(contains(text, "PhysicalSizeX"));
+    EXPECT_TRUE(contains(text, "PhysicalSizeY=\"2\" PhysicalSizeYUnit=\"mm\""));
+}
