@@ -11,6 +11,7 @@
 #include <memory>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 namespace orlix::testing {
@@ -135,7 +136,8 @@ public:
     {
         keepError(call(eGpuCall::launch, [&]() -> gpu::CudaResult {
             m_lastLaunch = launch;
-            const auto& [grid, block] = std::pair(launch.grid, launch.block);
+            const gpu::Extent3d& grid = launch.grid;
+            const gpu::Extent3d& block = launch.block;
             const bool bGrid = isWithin(grid, 0x7fffffff, 65535, 65535);
             if (!bGrid || !isWithin(block, 1024, 1024, 64) || block.x * block.y * block.z > m_maxThreadsPerBlock) {
                 return {false, "invalid configuration argument"};
