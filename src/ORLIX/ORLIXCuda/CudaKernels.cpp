@@ -1,21 +1,20 @@
 #include "CudaKernels.h"
 
 #include <map>
-#include <string_view>
 
 namespace orlix::cuda {
 
 namespace {
 
-std::map<std::string_view, const void*>& accessKernels()
+std::map<std::string, const void*>& accessKernels()
 {
-    static std::map<std::string_view, const void*> g_kernels;
+    static std::map<std::string, const void*> g_kernels;
     return g_kernels;
 }
 
 } // namespace
 
-void enterKernel(const char* name, const void* stub)
+void enterKernel(const std::string& name, const void* stub)
 {
     accessKernels().emplace(name, stub);
 }
