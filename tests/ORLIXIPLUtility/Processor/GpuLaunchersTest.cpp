@@ -131,7 +131,7 @@ TYPED_TEST_SUITE(GpuLaunchers, Types);
 
 constexpr unsigned long g_x = 35, g_y = 18, g_z = 2, g_c = 3, g_t = 2; // no multiples of a block
 constexpr unsigned long g_nbPlans = g_z * g_c * g_t;
-constexpr LauncherInfo g_info = {4, 2048, 1024, 0xabc00000 + 16, 0, 0, g_x, g_y, g_z, g_c, g_t};
+constexpr LauncherInfo g_info = {4, 2048, 1024, 0xabcd0000 + 16, 0, 0, g_x, g_y, g_z, g_c, g_t};
 
 TYPED_TEST(GpuLaunchers, copyIsBitForBitInEachPlan)
 {
@@ -363,9 +363,10 @@ TEST_F(GpuLaunch, namesTheKernel)
 TEST_F(GpuLaunch, sizesBeyondTheGridAreRefused)
 {
     expectRefused(sized(1, 1, 256, 256, 1));
-    expectRefused(sized(1, 1, 65536, 65536, 1));         // 2^32 plans, 0 in 32 bits
-    expectRefused(sized(1, 1, 1UL << 32, 1UL << 32, 1)); // 2^64 plans, 0 in 64 bits
-    expectRefused(sized(1, 1, 1UL << 32, 1, 1UL << 32)); // the same
+    expectRefused(sized(1, 1, 65536, 65536, 1));
+    expectRefused(sized(1, 1, 641, 6700417, 1));           // 2^32 + 1 plans, 1 in 32 bits
+    expectRefused(sized(1, 1, 274177, 67280421310721, 1)); // 2^64 + 1 plans, 1 in 64 bits
+    expectRefused(sized(1, 1, 274177, 1, 67280421310721));
     expectRefused(sized(1, 16 * 65536, 1, 1, 1));
     expectRefused(sized((1UL << 36) + 16, 1, 1, 1, 1)); // 2^32 + 1 blocks, 1 in 32 bits
     expectRefused(sized(0, 1, 1, 1, 1));
