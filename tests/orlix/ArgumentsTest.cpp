@@ -14,6 +14,9 @@
 #include <iostream>
 #include <sstream>
 
+#include <signal.h>
+#include <sys/resource.h>
+
 namespace orlix::test {
 namespace {
 
@@ -220,6 +223,25 @@ TEST(ArgumentsTest, FullStandardOutputIsAFailure)
         EXPECT_EQ(result.exitCode, 2) << verb;
         EXPECT_NE(result.err.find("the standard output can't be written (No space left on device)"), std::string::npos);
     }
+}
+
+/// The file takes the first bytes, and then no more.
+TEST(ArgumentsTest, StandardOutputThatIsCutShortIsAFailure)
+{
+    const TemporaryFolder folder;
+    const std::string file = folder / "list.txt";
+    const auto toShortFile = [&file] {
+        ::signal(SIGXFSZ, SIG_IGN);
+        const rlimit limit = {1000, 1000};
+        if (std::freopen(file.c_str(), "w", stdout) == nullptr || ::setrlimit(RLIMIT_FSIZE, &limit) != 0) {
+            std::abort();
+        }
+    };
+    const ProgramResult result = Program({"processors"}, Program::eStreams::pipes, toShortFile).finish();
+    EXPECT_EQ(std::filesystem::file_size(file), 1000u);
+    EXPECT_EQ(result.exitCode, 2);
+    EXPECT_NE(result.err.find("the standard output can't be written (File too large)"), std::string::npos)
+        << result.err;
 }
 
 /// An instruction set that the processor lacks: on an emulated processor that has SSE2 only.
