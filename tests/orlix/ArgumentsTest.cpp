@@ -46,6 +46,7 @@ INSTANTIATE_TEST_SUITE_P(
             "random, normal, lines, compare, values, run, processors"},
         Mistake{{"frobnicate"}, "\"frobnicate\" is no verb"}, Mistake{{"--json"}, "a verb is needed"},
         Mistake{{"info"}, "FILE is required; `orlix info --help` tells more"},
+        Mistake{{"info", "--devices", "a.tif"}, "--devices tells of this computer and no file: leave out a.tif"},
         Mistake{{"info", "--bogus", "a.tif"},
                 "\"--bogus\" is no option of `orlix info`; `orlix info --help` lists all"},
         Mistake{{"--versoin"}, "\"--versoin\" is no option of `orlix`; near it is --version; `orlix --help`"},

@@ -110,6 +110,20 @@ TEST(MatchSize, LooksAtNoType)
     EXPECT_EQ(failureOf(rule->check()), g_gone);
 }
 
+TEST(MatchSize, NamesTheAxesThatItComparesOfImages)
+{
+    Pictures pictures;
+    pictures.set(*geometry5d(g_uint8, 5, 4, 3, 2, 2), *geometry5d(g_uint8, 6, 4, 2, 3, 3));
+    const std::string found = "OutPicture is 6x4x2x3x3 UInt8, InPicture is 5x4x3x2x2 UInt8: ";
+    for (const auto& [type, sizes] : {std::pair(eMatchImageSizeType::eAllSizes, "sizes"),
+                                      {eMatchImageSizeType::eAllButTime, "sizes on x, y, z and c"},
+                                      {eMatchImageSizeType::eColorAndTime, "sizes on c and t"},
+                                      {eMatchImageSizeType::eVolumeColorAndTime, "sizes on z, c and t"}}) {
+        EXPECT_EQ(failureOf(matchSize(pictures.in, pictures.out, type)->check()),
+                  found + sizes + " have to be the same");
+    }
+}
+
 TEST(MatchSize, OfStripsLooksAtLines)
 {
     const auto in = boost::make_shared<InStrip>();
