@@ -87,6 +87,9 @@ TEST(AppendSeqImgRefusals, anOutputOfOtherTypes)
         const ImagePtr halfRight = makeRandom(*geometry5d(g_uint8, sizeX, 4, 1, 1, 5), 3);
         EXPECT_EQ(refusalOf(first, second, halfRight),
                   "OutImg is " + plans + "5 UInt8, InImg2 is " + plans + "2 Int8" + end);
+        // So would the last ones.
+        EXPECT_EQ(refusalOf(second, first, halfRight),
+                  "OutImg is " + plans + "5 UInt8, InImg1 is " + plans + "2 Int8" + end);
     }
 }
 

@@ -58,8 +58,7 @@ bool AppendSeqImgLvl1::isSmall(const image::BaseImage* first, const image::BaseI
 {
     constexpr unsigned long nbSteps = 8; // where a dispatch no longer costs more than the copies
     const auto isOfPlans = [](const image::BaseImage* image) {
-        return image != nullptr && image->getPixelLayout().steps == nullptr && image->getSizeZ() == 1 &&
-               image->getSizeC() == 1 && image->getSizeT() <= nbSteps;
+        return image != nullptr && image->getSizeZ() == 1 && image->getSizeC() == 1 && image->getSizeT() <= nbSteps;
     };
     return isOfPlans(first) && isOfPlans(second) && isOfPlans(out) &&
            out->getSizeT() == first->getSizeT() + second->getSizeT() && isStraightCopy(*first, *out) &&
