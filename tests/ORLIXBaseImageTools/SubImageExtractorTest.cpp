@@ -191,6 +191,25 @@ TEST(SubImageExtractor, JoinsOneImageAndMany)
     EXPECT_TRUE(plan->sharesPixelsWith(*single));
 }
 
+TEST(SubImageExtractor, JoinsTypesStepByStepThoughFirstOnesAgree)
+{
+    const ImagePtr mixed = createImage(mixedSequence());
+    const ImagePtr plain = createImage(*geometry5d(g_uint8, 5, 4, 1, 1, 2));
+    ImageConstPtr joined;
+    ASSERT_TRUE(SubImageExtractor::concatenateSequences<const BaseImage>({plain, mixed}, joined));
+    EXPECT_EQ(joined->getGeometry().getBufferTypeVector(),
+              (std::vector<eImageBufferType>{g_uint8, g_uint8, g_uint8, g_uint16, g_uint16, g_uint8}));
+}
+
+TEST(SubImageExtractor, JoinsNoStepsOfSeveralTypesToNoneOfTheFirst)
+{
+    const ImageConstPtr first = createImage(*geometry5d(g_uint16, 5, 4, 1, 1, 0));
+    const ImageConstPtr second = createImage(*geometry5d(g_uint8, 5, 4, 1, 1, 0));
+    ImageConstPtr joined;
+    ASSERT_TRUE(SubImageExtractor::concatenateSequences<const BaseImage>({first, second}, joined));
+    EXPECT_EQ(joined->getGeometry().toString(), "5x4x1x1x0 UInt16");
+}
+
 TEST(SubImageExtractor, JoinsNothingThatDoesNotFit)
 {
     const ImagePtr image = createImage(*geometry5d(g_uint8, 5, 4, 3, 2, 2));

@@ -19,6 +19,7 @@ class BareProcessor final : public Scaffold<BareProcessor, BaseSyncProcessor, Te
 {
 public:
     static constexpr ProcessorText g_text{"BareProcessor", eTestToolTip::eLower};
+    static constexpr unsigned g_dispatchWeight = 16;
 
     RulePtr createRule() const { return none(); }
     void initOutputInitializers(OutputInitializerMap&) const {}
@@ -97,12 +98,14 @@ TEST(Scaffold, StaticsMayBeAskedFromManyThreads)
     }
 }
 
-TEST(Scaffold, TheDefaultDispatchPolicyIsThatOfInitDefault)
+TEST(Scaffold, TheDefaultDispatchPolicyIsThatOfInitDefaultWithTheWeightOfTheClass)
 {
     ProcessorDispatchPolicy policy;
     policy.initDefault();
     EXPECT_EQ(BareProcessor::getDefaultDispatchPolicy().getStripBytes(), policy.getStripBytes());
     EXPECT_EQ(BareProcessor::getDefaultDispatchPolicy().getName(), "getBareProcessorStaticDispatchPolicy");
+    EXPECT_EQ(policy.getWeight(), 1u);
+    EXPECT_EQ(BareProcessor::getDefaultDispatchPolicy().getWeight(), 16u);
 }
 
 TEST(Scaffold, MakesFreshObjectsOfItsClass)

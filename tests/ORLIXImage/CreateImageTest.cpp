@@ -101,6 +101,26 @@ TEST(CreateImage, StepsOfSeveralTypesLieApart)
     }
 }
 
+// The last steps may have other elements than the first: their plans and the room behind them lie in the image's memory
+// all the same.
+TEST(CreateImage, ImagesOfSeveralTypesLieApart)
+{
+    constexpr unsigned long room = 64;
+    for (const auto& [firstType, lastType] : {std::pair(eImageBufferType::Real32, eImageBufferType::UInt8),
+                                              {eImageBufferType::UInt8, eImageBufferType::Real32}}) {
+        std::vector<ImagePtr> images;
+        std::set<std::pair<const std::byte*, const std::byte*>> places;
+        for (int i = 0; i < 64; ++i) {
+            images.push_back(createImage(mixedGeometry({firstType, lastType}, 1, 1, 1, 1)));
+            const std::byte* const last = images.back()->accessRow(0, 0, 0, 1);
+            places.emplace(images.back()->accessRow(0, 0, 0, 0), last + (1 + room) * elementSize(lastType));
+        }
+        for (auto next = std::next(places.begin()); next != places.end(); ++next) {
+            EXPECT_LE(std::prev(next)->second, next->first);
+        }
+    }
+}
+
 TEST(CreateImage, TheSizeTellsWhichCacheMayHoldTheImage)
 {
     using simd::eMemoryPlace;

@@ -1,4 +1,5 @@
 // Images whose time steps lie in different memory: growing in place, and views of several images.
+#include "ORLIX/ORLIXHardware/CacheInfo.h"
 #include "ORLIXIPL/ORLIXImage/ImageFactory.h"
 #include "ORLIXIPL/ORLIXImage/ORLIXImageException.h"
 #include "ORLIXIPL/ORLIXImage/PixelMemoryPool.h"
@@ -139,6 +140,19 @@ TEST(GrowingImage, RefusesWhatIsNoGrowth)
     EXPECT_EQ(bytesOf(*image), before);
 }
 
+TEST(GrowingImage, RefusesOtherPlansOfTheSameType)
+{
+    const ImagePtr image = createImage(*geometry5d(g_uint8, 5, 4, 3, 2, 2));
+    for (const auto& other : {geometry5d(g_uint8, 6, 4, 3, 2, 3), geometry5d(g_uint8, 5, 5, 3, 2, 3),
+                              geometry5d(g_uint8, 5, 4, 4, 2, 3), geometry5d(g_uint8, 5, 4, 3, 3, 3),
+                              geometry5d(g_uint8, 5, 4, 3, 2, 1), geometry5d(g_uint16, 5, 4, 3, 2, 3)}) {
+        EXPECT_FALSE(image->reinitialize(*other)) << other->toString();
+    }
+    EXPECT_EQ(image->getGeometry().toString(), "5x4x3x2x2 UInt8");
+    ASSERT_TRUE(image->reinitialize(*geometry5d(g_uint8, 5, 4, 3, 2, 2)));
+    EXPECT_FALSE(image->getPixelLayout().steps) << "one pattern still tells where all steps lie";
+}
+
 class PixellessImage final : public BaseImage
 {
 public:
@@ -208,6 +222,30 @@ TEST(ViewOfSeveralImages, ShowsTheStepsOfAll)
     EXPECT_EQ(rowPitch(view, 1), 5u);
     EXPECT_EQ(rowPitch(view, 3), 8u);
     EXPECT_TRUE(watched.isOutsideIntact());
+}
+
+TEST(ViewOfSeveralImages, NeedsNoTableForOneStep)
+{
+    const ImagePtr image = createImage(sequenceOf(g_uint8, 1));
+    ASSERT_TRUE(image->reinitialize(sequenceOf({g_uint8, g_uint16})));
+    EXPECT_TRUE(image->getPixelLayout().steps);
+    EXPECT_FALSE(SubImage(*image, volumeGeometry(*image, 1), 0, 1, 1).getPixelLayout().steps);
+}
+
+// Neither part fills the cache; both together do.
+TEST(ViewOfSeveralImages, LiesWhereTheWholeOfItMayBeCached)
+{
+    using simd::eMemoryPlace;
+    const auto placeOf = [](const BaseImage& image) { return levelOf(image.getPixelLayout().place); };
+    TemporalGeometry two;
+    two.initSequence(2);
+    const BaseImageGeometry one(g_uint8, hard::getLastLevelCacheBytes() / 3, 1, {}, {}, {});
+    const BaseImageGeometry both(g_uint8, one.getSizeX(), 1, {}, {}, two);
+    const ImagePtr first = createImage(one), second = createImage(one);
+    ASSERT_LT(placeOf(*first), eMemoryPlace::lastLevelCacheFilled);
+    EXPECT_GE(placeOf(SubImage({first.get(), second.get()}, both)), eMemoryPlace::lastLevelCacheFilled);
+    ASSERT_TRUE(first->reinitialize(both));
+    EXPECT_GE(placeOf(*first), eMemoryPlace::lastLevelCacheFilled);
 }
 
 TEST(ViewOfSeveralImages, SharesPixelsStepByStep)

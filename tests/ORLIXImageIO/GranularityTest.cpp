@@ -98,3 +98,41 @@ TEST(GranularityOfSyncTest, AsksWhileItWaitsForTheDisk)
     };
     EXPECT_GE(callsOf(true), callsOf(false) + 4);
 }
+
+// Where a file is much smaller than its pixels, what counts is pixels: rows, or tiles as a whole.
+TEST_P(GranularityTest, AsksOftenWhereThereIsLittleToMove)
+{
+    const Layout& layout = GetParam();
+    const bool bLongRows = layout.height == 2;
+    const unsigned long width = bLongRows ? layout.width : 4 * layout.width, bytes = width * layout.height;
+    const unsigned long pieces = std::max(layout.tileSize * layout.tileSize, bLongRows ? width : 64ul << 10);
+    const TestFolder folder;
+    unsigned long calls = 0;
+    const auto count = [&](unsigned long, unsigned long) { return ++calls > 0; };
+    WriteOptions write;
+    write.compression = layout.compression;
+    write.bTiled = layout.tileSize != 0;
+    write.tileSize = layout.tileSize;
+    write.bSync = false;
+    write.progress = count;
+    writeImage(folder / layout.file, createImage(*geometry2d(eImageBufferType::UInt8, width, layout.height)), write);
+    EXPECT_GE(calls, bytes / std::max(pieces, layout.bytesWritten));
+
+    calls = 0;
+    ReadOptions read;
+    read.progress = count;
+    (void)readImage(folder / layout.file, read);
+    EXPECT_GE(calls, bytes / std::max(pieces, layout.bytesRead));
+}
+
+TEST(GranularityOfStacksTest, AsksWithinAPlan)
+{
+    const TestFolder folder;
+    unsigned long calls = 0;
+    WriteOptions options;
+    options.description = eTiffDescription::eImageJ;
+    options.bSync = false;
+    options.progress = [&](unsigned long, unsigned long) { return ++calls > 0; };
+    writeImage(folder / "a.tif", createImage(*geometry2d(eImageBufferType::UInt8, 4096, 2048)), options);
+    EXPECT_GE(calls, 8u); // a mebibyte each
+}

@@ -156,6 +156,11 @@ TEST_F(OmeFilesTest, FilesThatAreSomethingElseAreRefused)
     put("a.tif", ome("SizeZ=\"2\"", data), 1, 1000);
     put("b.tif", ome("SizeZ=\"2\"", data, " UUID=\"urn:uuid:other\""), 1, 2000);
     EXPECT_TRUE(contains(refusalOf("a.tif"), "its UUID has to be urn:uuid:b, but is urn:uuid:other"));
+    put("b.tif", ome("SizeZ=\"2\"", data, " UUID=\"urn:uuid:c\""), 1, 2000);
+    EXPECT_TRUE(contains(refusalOf("a.tif"), "its UUID has to be urn:uuid:b, but is urn:uuid:c"));
+    // A UUID counts, whatever name stands beside it.
+    put("d.tif", ome("SizeZ=\"1\"", tiffData(0, 0, "d.tif", "urn:uuid:a"), " UUID=\"urn:uuid:d\""), 1, 1000);
+    EXPECT_TRUE(contains(refusalOf("d.tif"), "its UUID has to be urn:uuid:a, but is urn:uuid:d"));
     putContent(m_folder / "b.tif", "no TIFF file");
     EXPECT_TRUE(contains(refusalOf("a.tif"), (m_folder / "b.tif").string() + ": page 0 can't be read"));
     putContent(m_folder / "b.tif", fileOf("", 1, 2000).substr(0, 60));
@@ -187,4 +192,65 @@ TEST_F(OmeFilesTest, TheImageOfTheFileIsRead)
     EXPECT_EQ((Values{1000, 1100}), firstsOf("a.tif"));
     EXPECT_EQ((Values{2000, 2100}), firstsOf("b.tif"));
     EXPECT_EQ((Values{1000, 1100}), firstsOf("c.tif"));
+}
+
+// Pages of another file use none of the file's own.
+TEST_F(OmeFilesTest, PagesThatNothingUsesAreTold)
+{
+    const std::string data = tiffData(0, 0, "a.tif", "") + tiffData(1, 1, "b.tif", "");
+    put("a.tif", ome("SizeZ=\"2\"", data), 3, 1000);
+    put("b.tif", "", 2, 2000);
+    EXPECT_EQ((Values{1000, 2100}), firstsOf("a.tif"));
+    EXPECT_EQ(2u, readImageInfo(m_folder / "a.tif").ignored.pages);
+}
+
+// What pages claim is held against the bytes of the file that they lie in.
+TEST_F(OmeFilesTest, ASmallFileMayNameALargeOne)
+{
+    constexpr unsigned long side = 64;
+    std::string rows, description = ome("SizeZ=\"2\"", tiffData(0, 0, "a.tif", "") + tiffData(1, 0, "b.tif", ""));
+    for (const char* const size : {"SizeX=\"3\"", "SizeY=\"2\""}) {
+        description.replace(description.find(size) + 7, 1, "64");
+    }
+    for (unsigned long y = 0; y < side; ++y) {
+        rows += "\xc1\7"; // 64 times 7
+    }
+    const auto fileOf = [&](unsigned compression, const std::string& strip, const std::string& text) {
+        TinyTiff tiff;
+        tiff.beginPage();
+        tiff.addLong(g_tagWidth, side);
+        tiff.addLong(g_tagHeight, side);
+        tiff.addShort(g_tagBits, 8);
+        tiff.addShort(g_tagCompression, compression);
+        tiff.addShort(g_tagPhotometric, 1);
+        if (!text.empty()) {
+            tiff.addText(g_tagDescription, text);
+        }
+        tiff.addBlocks({strip});
+        tiff.endPage();
+        return tiff.getData();
+    };
+    putContent(m_folder / "a.tif", fileOf(32773, rows, description));
+    putContent(m_folder / "b.tif", fileOf(1, std::string(side * side, '\5'), ""));
+    const ImagePtr image = readImage(m_folder / "a.tif");
+    EXPECT_EQ(7, valueAt(*image, {63, 63, 0, 0, 0}));
+    EXPECT_EQ(5, valueAt(*image, {63, 63, 1, 0, 0}));
+}
+
+// The files are looked at first, and opened again for their pixels.
+TEST_F(OmeFilesTest, AFileThatChangesMeanwhileIsRefused)
+{
+    put("a.tif",
+        ome("SizeZ=\"3\"", tiffData(0, 0, "a.tif", "") + tiffData(1, 0, "b.tif", "") + tiffData(2, 0, "c.tif", "")), 1,
+        1000);
+    put("b.tif", "", 1, 2000);
+    put("c.tif", "", 1, 3000);
+    EXPECT_EQ((Values{1000, 2000, 3000}), firstsOf("a.tif"));
+    ReadOptions options;
+    options.progress = [&](unsigned long, unsigned long) {
+        put("b.tif", "", 2, 2000);
+        return true;
+    };
+    EXPECT_TRUE(
+        contains(failureOf([&] { (void)readImage(m_folder / "a.tif", options); }), "it changed while it was read"));
 }

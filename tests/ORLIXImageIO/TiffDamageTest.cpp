@@ -254,3 +254,15 @@ TEST_F(TiffDamageTest, WarningsOfDecodersCount)
     tiff.endPage();
     EXPECT_TRUE(contains(refusalOf(tiff.getData()), "page 0 can't be read"));
 }
+
+// libtiff skips a description that is no text, and with it all that is told of axes.
+TEST_F(TiffDamageTest, DescriptionsThatAreNoTextAreRefused)
+{
+    TinyTiff tiff;
+    tiff.beginPage();
+    addPageTags(tiff, 2, 1, 8, 1, 1);
+    tiff.addRational(g_tagDescription, 1, 2);
+    tiff.addBlocks({"ab"});
+    tiff.endPage();
+    EXPECT_TRUE(contains(refusalOf(tiff.getData()), "ImageDescription"));
+}

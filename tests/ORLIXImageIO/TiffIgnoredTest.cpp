@@ -89,3 +89,38 @@ TEST(TiffIgnoredTest, ReducedCopies)
     expected.reduced = 6;
     EXPECT_EQ(expected, ignoredIn(tiff.getData()));
 }
+
+TEST(TiffIgnoredTest, OfTurnedPagesTheFirstIsTold)
+{
+    const auto orientationIn = [](const std::vector<unsigned>& orientations) {
+        TinyTiff tiff;
+        for (const unsigned orientation : orientations) {
+            tiff.beginPage();
+            addPageTags(tiff, 1, 1, 8, 1, 1);
+            tiff.addShort(274, orientation);
+            tiff.addBlocks({"x"});
+            tiff.endPage();
+        }
+        return ignoredIn(tiff.getData()).orientation;
+    };
+    EXPECT_EQ(6u, orientationIn({1, 6, 1}));
+    EXPECT_EQ(3u, orientationIn({1, 3, 8}));
+}
+
+// Plans behind the only page have its orientation and its smaller copies.
+TEST(TiffIgnoredTest, RawStacks)
+{
+    TinyTiff tiff;
+    tiff.beginPage();
+    addPageTags(tiff, 1, 1, 8, 1, 1);
+    tiff.addText(g_tagDescription, "ImageJ=1.53c\nimages=3\n");
+    tiff.addShort(274, 5);
+    tiff.addLongs(330, {8, 8});
+    tiff.addBlocks({"x"});
+    tiff.addData("yz");
+    tiff.endPage();
+    Ignored expected;
+    expected.orientation = 5;
+    expected.reduced = 2;
+    EXPECT_EQ(expected, ignoredIn(tiff.getData()));
+}

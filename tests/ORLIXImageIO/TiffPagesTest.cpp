@@ -42,6 +42,30 @@ TEST(TiffPagesTest, PagesOfDifferentSizeAreRefused)
     EXPECT_TRUE(contains(text, "page 1 has 4x1 pixels"));
 }
 
+TEST(TiffPagesTest, PagesOfDifferentKindAreRefused)
+{
+    struct Kind
+    {
+        unsigned height = 2, bits = 8, samples = 1;
+    };
+    const auto fileOf = [](const Kind& second) {
+        TinyTiff tiff;
+        for (const Kind& kind : {Kind(), second}) {
+            tiff.beginPage();
+            addPageTags(tiff, 3, kind.height, kind.bits, kind.samples, kind.samples == 3 ? 2 : 1);
+            tiff.addBlocks({std::string(3ul * kind.height * kind.samples * kind.bits / 8, 'x')});
+            tiff.endPage();
+        }
+        return tiff.getData();
+    };
+    EXPECT_EQ("3x2x2x1x1 UInt8", readTiff(bytesOf(fileOf({})))->getGeometry().toString());
+    for (const auto& [kind, text] : {std::pair(Kind{.height = 3}, "page 1 has 3x3 pixels"),
+                                     {Kind{.bits = 16}, "page 1 has 3x2 pixels of 1 grey sample, unsigned, 16 bits"},
+                                     {Kind{.samples = 3}, "page 1 has 3x2 pixels of 3 RGB samples"}}) {
+        EXPECT_TRUE(contains(failureOf([&, &kind = kind] { (void)readTiff(bytesOf(fileOf(kind))); }), text));
+    }
+}
+
 TEST(TiffPagesTest, ResolutionGivesPixelSizes)
 {
     const auto calibration = imageOf({.resolutionUnit = 3, .perUnit = {40, 1}})->getGeometricCalibration();
@@ -184,6 +208,20 @@ TEST(ImageJTest, RawStacksFollowOnePage)
     }
 }
 
+// One sample is as good as in a plane of its own.
+TEST(ImageJTest, RawStacksOfOneSampleInAPlane)
+{
+    TinyTiff tiff;
+    tiff.beginPage();
+    addPageTags(tiff, 2, 1, 8, 1, 1);
+    tiff.addShort(g_tagPlanar, 2);
+    tiff.addText(g_tagDescription, "ImageJ=1.53c\nimages=2\n");
+    tiff.addBlocks({"ab"});
+    tiff.addData("cd");
+    tiff.endPage();
+    EXPECT_EQ('d', valueAt(*readTiff(bytesOf(tiff.getData())), {1, 0, 1, 0, 0}));
+}
+
 // Signed samples of 16 bits, as ImageJ keeps them: unsigned, with a line from -32768 on through them.
 TEST(ImageJTest, LinesThroughUnsignedSamplesGiveSignedOnes)
 {
@@ -252,6 +290,17 @@ TEST(OmeTest, TiffDataPlacesPages)
     EXPECT_EQ("3x2x2x1x1 UInt16", first->getGeometry().toString());
 }
 
+// Without a number of planes an element means all that follow, as many as there are.
+TEST(OmeTest, TiffDataWithoutACountReachesToTheEnd)
+{
+    const ImagePtr image = imageOf(
+        {.description = ome("SizeZ=\"3\" SizeC=\"1\" SizeT=\"1\"", "<TiffData FirstZ=\"1\"/><TiffData IFD=\"2\"/>"),
+         .pages = 3});
+    EXPECT_EQ(2u, pageAt(*image, 0, 0, 0));
+    EXPECT_EQ(0u, pageAt(*image, 1, 0, 0));
+    EXPECT_EQ(1u, pageAt(*image, 2, 0, 0));
+}
+
 TEST(OmeTest, SamplesAreChannelsOfAPage)
 {
     const ImagePtr image =
@@ -304,6 +353,7 @@ TEST(OmeTest, PhysicalSizesAndUnits)
     EXPECT_FALSE(read("PhysicalSizeX=\"INF\" PhysicalSizeY=\"1\""));
     EXPECT_FALSE(read("PhysicalSizeX=\"1e300\" PhysicalSizeY=\"1\""));
     EXPECT_FALSE(read("PhysicalSizeX=\"wide\" PhysicalSizeY=\"1\""));
+    EXPECT_FALSE(read("PhysicalSizeX=\"1\" PhysicalSizeY=\"1\" PhysicalSizeZ=\"deep\""));
     EXPECT_FALSE(read("PhysicalSizeX=\"1\" PhysicalSizeY=\"1\" PhysicalSizeYUnit=\"reference frame\""));
     const auto flat = read("PhysicalSizeX=\"1\" PhysicalSizeZ=\"1\" PhysicalSizeZUnit=\"reference frame\"");
     ASSERT_TRUE(flat);
@@ -335,6 +385,9 @@ TEST(OmeTest, WrongDescriptionsAreRefused)
     EXPECT_TRUE(contains(failure(ome("SizeZ=\"2\"", "<TiffData PlaneCount=\"18446744073709551615\"/>")),
                          "18446744073709551615 in all"));
     EXPECT_TRUE(contains(failure(ome("SizeZ=\"2\"", "<TiffData/><TiffData IFD=\"0\"/>")), "for one plan"));
+    EXPECT_TRUE(
+        contains(failure(ome("SizeZ=\"2\"", "<TiffData FirstZ=\"1\" PlaneCount=\"2\"/>")),
+                 "pages 0 and following, 2 in all, are told of, but the file has 2 pages and the image 2 plans"));
     EXPECT_TRUE(
         contains(failure(ome("SizeZ=\"2\"", "<TiffData><UUID FileName=\"b.ome.tif\">urn:uuid:2</UUID></TiffData>",
                              " UUID=\"urn:uuid:1\"")),

@@ -98,6 +98,8 @@ TEST_F(ValuesTest, TablesOfOtherProgramsAreRead)
     writePlan();
     EXPECT_EQ(valuesOf(" \tArea\tY\tX\n1\t17.5\t2.000\t1.000\r\n2\t3\t0\t9\n"),
               " \tArea\tY\tX\tvalue\n1\t17.5\t2.000\t1.000\t21\n2\t3\t0\t9\t9\n");
+    EXPECT_EQ(valuesOf(" ,Label,X,Y,Mean\n1,head:0001,1.000,2.000,3.5\n"),
+              " ,Label,X,Y,Mean,value\n1,head:0001,1.000,2.000,3.5,21\n");
     EXPECT_EQ(valuesOf("\xEF\xBB\xBF# made by hand\n\nname; \"x\" ;y\n\"a;b\";1; 2\n# the end\n"),
               "name; \"x\" ;y;value\n\"a;b\";1; 2;21\n");
     EXPECT_EQ(valuesOf("x,y\n1e0,.5"), "x,y,value\n1e0,.5,6\n") << "no line end at the end";
@@ -139,6 +141,10 @@ TEST_F(ValuesTest, PointsOutsideAreRefusedOrMirrored)
                              "from (0, 0) to (9, 7); --outside mirror takes values there too\n";
     EXPECT_EQ(refusal("x,y\n1,2\n9.5,2\n"), text);
     EXPECT_EQ(refusal("x,y\n1,2\n9.5,2\n", {"--outside", "refuse"}), text);
+    EXPECT_EQ(
+        refusal("x,y\n1,2\n1,-1e300\n"),
+        "orlix: points.csv, line 3 (row 2): (1, -1e+300) is outside of in.tif, whose pixel centres go from (0, 0) "
+        "to (9, 7); --outside mirror takes values there too\n");
     EXPECT_EQ(valuesOf("x,y\n9.5,2\n-1,0\n-0.25,0\n", {"--outside", "mirror"}),
               "x,y,value\n9.5,2,29\n-1,0,0\n-0.25,0,0\n");
     EXPECT_EQ(refusal("x,y\n1,2\n", {"--outside", "mirror", "--method", "striped"}),
@@ -158,7 +164,7 @@ TEST_F(ValuesTest, BrokenTablesAreRefusedWithTheirLine)
     EXPECT_EQ(refusal("x;y\n1,5;2\n"),
               "orlix: points.csv, line 2 (row 1): x: expected a number with a decimal point, found \"1,5\"\n");
     EXPECT_EQ(refusal("x,y\n1,2,3\n"), "orlix: points.csv, line 2 (row 1): expected 2 fields, found 3 in \"1,2,3\"\n");
-    for (const char* const bad : {"nan", "inf", ""}) {
+    for (const char* const bad : {"nan", "inf", "-inf", "1e999", ""}) {
         EXPECT_EQ(
             refusal(std::string("x,y\n1,") + bad + "\n"),
             std::string("orlix: points.csv, line 2 (row 1): y: expected a number with a decimal point, found \"") +

@@ -44,6 +44,20 @@ TEST(ImageYSubStrip2dSplit, TheSameStripsOnEveryExecutor)
     }
 }
 
+TEST(ImageYSubStrip2dSplit, OfALineOnlyWhatIsTouchedCounts)
+{
+    const ImageConstPtr in = createImage(*geometry2d(eImageBufferType::UInt16, 100, 50));
+    InSub split;
+    const auto lineBytes = [&](unsigned long touched) {
+        EXPECT_TRUE(split.initBase(in, image::eStripAllocationType(), 3, 40, touched).getValue());
+        return split.getRangeDemand().lineBytes;
+    };
+    EXPECT_EQ(lineBytes(6), 6u);
+    EXPECT_EQ(lineBytes(200), 200u);
+    EXPECT_EQ(lineBytes(201), 200u);
+    EXPECT_EQ(lineBytes(~0UL), 200u);
+}
+
 // Two regions in two images of any widths: ranges of any number of lines, one behind the other.
 RC_GTEST_PROP(ImageYSubStrip2dSplitProperty, StripsCoverTheRegionOnce, ())
 {

@@ -154,6 +154,20 @@ TEST(ImageZSubStrip3dSplit, WalksTheRegionInStepWithAnotherVolumeOnEveryExecutor
     }
 }
 
+TEST(ImageZSubStrip3dSplit, OfAPlanOnlyWhatIsTouchedCounts)
+{
+    const ImagePtr volume = createImage(*image::geometry3d(eImageBufferType::UInt16, 10, 6, 9));
+    RegionOut split;
+    const auto planBytes = [&](unsigned long touched) {
+        EXPECT_TRUE(split.initBase(volume, image::eStripAllocationType(), 2, 5, touched).getValue());
+        return split.getRangeDemand().lineBytes;
+    };
+    EXPECT_EQ(planBytes(6), 6u);
+    EXPECT_EQ(planBytes(120), 120u);
+    EXPECT_EQ(planBytes(121), 120u);
+    EXPECT_EQ(planBytes(~0UL), 120u);
+}
+
 TEST(ImageZSubStrip3dSplit, RefusesARegionThatLeavesTheVolume)
 {
     const ImagePtr image = createImage(*geometry3d(eImageBufferType::UInt8, 3, 2, 10));

@@ -4,6 +4,7 @@
 #include "ORLIXIPLUtility/ProcessorChecks.h"
 #include "ORLIXIPLUtility/UntypedKernelChecks.h"
 
+#include <array>
 #include <limits>
 
 namespace orlix::imaproc::util::test {
@@ -66,6 +67,23 @@ TEST(BuildLines3dImgKernelsTest, everySetGivesTheSameVoxelsForAnyAnglesAndOffset
                 const ImagePtr out = testing::makeRandom(*geometry3d(g_binary, 67, 23, 9));
                 draw(angles, offset, out);
                 ASSERT_TRUE(hasLines(*out, angles, offset));
+            }
+        }
+    });
+}
+
+/// Where voxels far from any line are passed over, and on either side of what that is limited to.
+TEST(BuildLines3dImgKernelsTest, everySetSetsNoLessWhereItPassesOverMost)
+{
+    testing::forEachSet<BuildLines3dImgLvl3>(g_sets, [](Set) {
+        for (const auto& [x, y, z] : {std::array{2730UL, 3UL, 2UL}, {2731, 3, 2}, {5, 2730, 2}, {5, 2, 2731}}) {
+            for (const LineAngles& angles :
+                 {g_angles, {0.0F, 0.0F, 0.0F}, {2.1F, 0.003F, -0.8F}, {1e-30F, 3.1F, 0.0F}}) {
+                for (const float offset : {5.9F, 6.0F, 6.7F, 21.0F, 333.3F, 65536.0F, 65600.0F}) {
+                    const ImagePtr out = testing::makeRandom(*geometry3d(g_binary, x, y, z));
+                    draw(angles, offset, out);
+                    ASSERT_TRUE(hasLines(*out, angles, offset)) << x << "x" << y << "x" << z << ", " << offset;
+                }
             }
         }
     });

@@ -206,6 +206,63 @@ TYPED_TEST(ExtractImgValuesTest, coordinatesThatAreNoPlaces)
     }
 }
 
+/// All pixels are 0, all beside them isn't, and behind it is a forbidden page.
+TYPED_TEST(ExtractImgValuesTest, whereverAPointLiesOnlyTheImageIsRead)
+{
+    constexpr double inf = std::numeric_limits<double>::infinity();
+    for (const Sizes& size : {Sizes{1, 1, 1}, Sizes{9, 1, 2}, Sizes{4, 5, 6}}) {
+        const auto geometry = TypeParam::make(eImageBufferType::Int16, size.x, size.y, size.z)->getGeometry();
+        for (const testing::WrapForm& form : {testing::WrapForm{testing::GuardEdge::eEnd},
+                                              testing::WrapForm{testing::GuardEdge::eBegin, 3, 5, 1, false},
+                                              testing::WrapForm{testing::GuardEdge::eBegin}}) {
+            const testing::WatchedImage watched(geometry, form);
+            const ImageConstPtr image = watched.get();
+            for (const double each : {std::numeric_limits<double>::quiet_NaN(),
+                                      inf,
+                                      -inf,
+                                      1e300,
+                                      -1e300,
+                                      0x1p31,
+                                      0x1p32,
+                                      -0x1p32,
+                                      0x1p62,
+                                      -0x1p62,
+                                      0x1p63,
+                                      -0x1p63,
+                                      0x1p64,
+                                      -1e-300,
+                                      -0.25,
+                                      -0.5,
+                                      -1.0,
+                                      -2.5,
+                                      0.5,
+                                      1.0,
+                                      3.75,
+                                      4.5,
+                                      5.999,
+                                      8.5,
+                                      9.0,
+                                      40.25}) {
+                for (unsigned long axis = 0; axis < TypeParam::s_nbAxes; ++axis) {
+                    typename TypeParam::Place place{};
+                    place[axis] = each;
+                    const auto coords = collOf(std::vector{place});
+                    for (const auto policy : {Policy::eIP_NearestNeighbour, Policy::eIP_Linear, Policy::eIP_Cubic}) {
+                        const double value = valuesIn(TypeParam::call(image, coords, policy, tiled())).at(0);
+                        EXPECT_TRUE(std::isfinite(each) ? value == 0 : std::isnan(value)) << each << ": " << value;
+                        try {
+                            EXPECT_EQ(valuesIn(TypeParam::call(image, coords, policy, striped())).at(0), 0) << each;
+                        } catch (const BaseException&) {
+                            EXPECT_FALSE(each >= 0 && each < 1) << each << " is on every line";
+                        }
+                    }
+                }
+            }
+            EXPECT_TRUE(watched.isOutsideIntact());
+        }
+    }
+}
+
 TYPED_TEST(ExtractImgValuesTest, stripsLeaveWhatIsOnNoneOfThem)
 {
     const ImagePtr image = TypeParam::make(eImageBufferType::UInt8, 7, 5, 3);

@@ -74,6 +74,12 @@ TEST(RandomImgTest, withoutARangeAllThatTheTypeCanHold)
     }
 }
 
+TEST(RandomImgTest, aNullImageIsRefusedWithoutARangeToo)
+{
+    EXPECT_EQ(messageOf([] { randomImg(ImagePtr()); }), messageOf([] { randomImg(g_range, ImagePtr()); }));
+    EXPECT_NE(messageOf([] { randomImg(ImagePtr()); }).find("OutImg"), std::string::npos);
+}
+
 TEST(RandomImgTest, theRangeThatTheFirstRunSetStays)
 {
     const auto random = testing::makeInitialised<RandomImgLvl1>();

@@ -73,17 +73,26 @@ struct LineRange
     unsigned char within; ///< 0 or 1
 };
 
+/// Of drawPixels: distances of all pixels are wanted.
+struct EveryPixel
+{};
+
 /// Sets pixels [firstX, firstX + nbPixels) of a line to what `range` says of `distance(x)`, and writes nothing else.
 /// `distance` is a lambda marked ORLIX_SIMD_LAMBDA, from the x of pixels, as LineReals or as a float, to the same.
-template <eInstructionSet::domain ISA, class TDistance>
+/// `mayBeWithin`, such a lambda too, to a comparison of LineReals or to a bool, spares distances: where it is false the
+/// pixel is taken to be outside the range.
+template <eInstructionSet::domain ISA, class TDistance, class TMayBeWithin = EveryPixel>
 ORLIX_SIMD_INLINE void drawPixels(unsigned char* pixels, unsigned long firstX, unsigned long nbPixels,
-                                  const LineRange& range, const TDistance& distance)
+                                  const LineRange& range, const TDistance& distance,
+                                  const TMayBeWithin& mayBeWithin = {})
 {
+    constexpr bool bEvery = std::is_same_v<TMayBeWithin, EveryPixel>;
     unsigned long i = 0;
     if constexpr (ISA != eInstructionSet::eNone) {
         using Real = typename LineReals<ISA>::Real;
         using Whole = typename LineReals<ISA>::Whole;
         constexpr unsigned long nbReals = LineReals<ISA>::s_nbReals;
+        constexpr unsigned long nbRegisters = simd::Pack<ISA, float>::s_nbRegisters;
         constexpr unsigned long nbBlock = simd::Pack<ISA, unsigned char>::s_nbElements;
         constexpr unsigned long endX = (1UL << 31) - nbBlock; // lanes count in int
         const unsigned long nbLeft = firstX < endX ? endX - firstX : 0;
@@ -95,15 +104,37 @@ ORLIX_SIMD_INLINE void drawPixels(unsigned char* pixels, unsigned long firstX, u
         for (unsigned long lane = 0; lane < nbReals; ++lane) {
             ramp[lane] = static_cast<int>(lane);
         }
+        const auto xOf = [=](unsigned long block, unsigned long r) ORLIX_SIMD_LAMBDA {
+            const Whole x = ramp + static_cast<int>(firstX + block + r * nbReals);
+            return simd::convertLanes<float, nbReals>(x);
+        };
         for (; i < nbInLanes; i += nbBlock) {
+            simd::Pack<ISA, unsigned char> block = turned;
             simd::Pack<ISA, float> distances;
+            if constexpr (bEvery) {
 #pragma GCC unroll 4
-            for (unsigned long r = 0; r < simd::Pack<ISA, float>::s_nbRegisters; ++r) {
-                const Whole x = ramp + static_cast<int>(firstX + i + r * nbReals);
-                const Real found = distance(simd::convertLanes<float, nbReals>(x));
-                distances.m_registers[r] = __builtin_bit_cast(simd::Register<ISA>, found);
+                for (unsigned long r = 0; r < nbRegisters; ++r) {
+                    distances.m_registers[r] = __builtin_bit_cast(simd::Register<ISA>, Real(distance(xOf(i, r))));
+                }
+                block = isWithin(distances) ^ turned;
+            } else {
+                Whole bNear[nbRegisters];
+                Whole bAnyNear{};
+#pragma GCC unroll 4
+                for (unsigned long r = 0; r < nbRegisters; ++r) {
+                    bNear[r] = mayBeWithin(xOf(i, r));
+                    bAnyNear |= bNear[r];
+                }
+                if (simd::isAnySet<ISA>(bAnyNear)) {
+                    const Real outside = Real{} + (range.high + 1.0F);
+#pragma GCC unroll 1
+                    for (unsigned long r = 0; r < nbRegisters; ++r) {
+                        const Real found = simd::isAnySet<ISA>(bNear[r]) ? distance(xOf(i, r)) : outside;
+                        distances.m_registers[r] = __builtin_bit_cast(simd::Register<ISA>, found);
+                    }
+                    block = isWithin(distances) ^ turned;
+                }
             }
-            const simd::Pack<ISA, unsigned char> block = isWithin(distances) ^ turned;
             if (nbInLanes - i >= nbBlock) {
                 block.store(pixels + i);
             } else {
@@ -115,8 +146,15 @@ ORLIX_SIMD_INLINE void drawPixels(unsigned char* pixels, unsigned long firstX, u
         i = nbInLanes;
     }
     for (; i < nbPixels; ++i) {
-        const float found = distance(static_cast<float>(firstX + i));
-        const bool bWithin = (found >= range.low) & (found <= range.high);
+        const float x = static_cast<float>(firstX + i);
+        bool bWithin = true;
+        if constexpr (!bEvery) {
+            bWithin = mayBeWithin(x);
+        }
+        if (bWithin) {
+            const float found = distance(x);
+            bWithin = (found >= range.low) & (found <= range.high);
+        }
         pixels[i] = static_cast<unsigned char>(bWithin ? range.within : 1 - range.within);
     }
 }

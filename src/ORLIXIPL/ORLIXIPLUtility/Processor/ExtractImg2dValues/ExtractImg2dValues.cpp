@@ -1,133 +1,98 @@
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/ExtractImg2dValues/ExtractImg2dValues.h"
 
-#include "ORLIX/ORLIXBaseProcessing/OperatorCall.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/ExtractImg2dValues/ExtractImg2dValuesLvl1.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Processor/ExtractImgValues/ExtractCalls.h"
 
 namespace orlix::imaproc::util {
 
 namespace {
 
-using attr::InImg;
-using attr::InOptImageValueExtractionMethod;
-using attr::InOptInterpolationPolicy;
-using attr::InPICoords2dColl;
-using attr::OutPIImgGreyValues;
-using CoordsPtr = boost::shared_ptr<const attr::Coords2dColl>;
-using PlacedCoordsPtr = boost::shared_ptr<const attr::PlanIndexedCoords2dColl>;
-using ValuesPtr = boost::shared_ptr<attr::Doubles>;
-using PlacedValuesPtr = boost::shared_ptr<attr::PlanIndexedDoubles>;
-using MethodPtr = boost::shared_ptr<const attr::ImageValueExtractionMethod>;
-using RunningPtr = boost::shared_ptr<ExtractImg2dValuesLvl1>;
-using processor::with;
-
-/// As the only plan's. Entries of a collection aren't const, but nobody changes those of an input.
-PlacedCoordsPtr asFirstPlan(const CoordsPtr& coords)
-{
-    const auto placed = boost::make_shared<attr::PlanIndexedCoords2dColl>();
-    placed->insert(PlanIndex(0, 0, 0), boost::const_pointer_cast<attr::Coords2dColl>(coords));
-    return placed;
-}
-
-ValuesPtr ofFirstPlan(const PlacedValuesPtr& values)
-{
-    return values ? values->find(PlanIndex(0, 0, 0)) : ValuesPtr();
-}
-
-template <class... TValues>
-PlacedValuesPtr extract(const ImageConstPtr& inImg, const PlacedCoordsPtr& coords, const TValues&... values)
-{
-    return processor::runForOutput<ExtractImg2dValuesLvl1, OutPIImgGreyValues>(
-        with<InImg>(inImg), with<InPICoords2dColl>(coords), values...);
-}
-
-template <class... TValues>
-RunningPtr startExtraction(const ImageConstPtr& inImg, const PlacedCoordsPtr& coords, const TValues&... values)
-{
-    return processor::start<ExtractImg2dValuesLvl1>(with<InImg>(inImg), with<InPICoords2dColl>(coords), values...);
-}
+using Calls = ExtractCalls<ExtractImg2dValuesLvl1, attr::InImg, attr::InPICoords2dColl, attr::Coords2dColl>;
+using CoordsPtr = Calls::CoordsPtr;
+using PlacedCoordsPtr = Calls::PlacedCoordsPtr;
+using ValuesPtr = Calls::ValuesPtr;
+using PlacedValuesPtr = Calls::PlacedValuesPtr;
+using MethodPtr = Calls::MethodPtr;
+using RunningPtr = Calls::RunningPtr;
 
 } // namespace
 
 ValuesPtr extractImg2dValues(const ImageConstPtr& inImg, const CoordsPtr& coords)
 {
-    return ofFirstPlan(extract(inImg, asFirstPlan(coords)));
+    return Calls::extract(inImg, coords);
 }
 
 ValuesPtr extractImg2dValues(const ImageConstPtr& inImg, const CoordsPtr& coords,
                              const attr::eInterpolationPolicy& policy)
 {
-    return ofFirstPlan(extract(inImg, asFirstPlan(coords), with<InOptInterpolationPolicy>(policy)));
+    return Calls::extract(inImg, coords, policy);
 }
 
 ValuesPtr extractImg2dValues(const ImageConstPtr& inImg, const CoordsPtr& coords,
                              const attr::eInterpolationPolicy& policy, const MethodPtr& method)
 {
-    return ofFirstPlan(extract(inImg, asFirstPlan(coords), with<InOptInterpolationPolicy>(policy),
-                               with<InOptImageValueExtractionMethod>(method)));
+    return Calls::extract(inImg, coords, policy, method);
 }
 
 PlacedValuesPtr multiSlice_extractImg2dValues(const ImageConstPtr& inImg, const PlacedCoordsPtr& coords)
 {
-    return extract(inImg, coords);
+    return Calls::extract(inImg, coords);
 }
 
 PlacedValuesPtr multiSlice_extractImg2dValues(const ImageConstPtr& inImg, const PlacedCoordsPtr& coords,
                                               const attr::eInterpolationPolicy& policy)
 {
-    return extract(inImg, coords, with<InOptInterpolationPolicy>(policy));
+    return Calls::extract(inImg, coords, policy);
 }
 
 PlacedValuesPtr multiSlice_extractImg2dValues(const ImageConstPtr& inImg, const PlacedCoordsPtr& coords,
                                               const attr::eInterpolationPolicy& policy, const MethodPtr& method)
 {
-    return extract(inImg, coords, with<InOptInterpolationPolicy>(policy),
-                   with<InOptImageValueExtractionMethod>(method));
+    return Calls::extract(inImg, coords, policy, method);
 }
 
 RunningPtr extractImg2dValues_async(const ImageConstPtr& inImg, const CoordsPtr& coords)
 {
-    return startExtraction(inImg, asFirstPlan(coords));
+    return Calls::start(inImg, coords);
 }
 
 RunningPtr extractImg2dValues_async(const ImageConstPtr& inImg, const CoordsPtr& coords,
                                     const attr::eInterpolationPolicy& policy)
 {
-    return startExtraction(inImg, asFirstPlan(coords), with<InOptInterpolationPolicy>(policy));
+    return Calls::start(inImg, coords, policy);
 }
 
 RunningPtr extractImg2dValues_async(const ImageConstPtr& inImg, const CoordsPtr& coords,
                                     const attr::eInterpolationPolicy& policy, const MethodPtr& method)
 {
-    return startExtraction(inImg, asFirstPlan(coords), with<InOptInterpolationPolicy>(policy),
-                           with<InOptImageValueExtractionMethod>(method));
+    return Calls::start(inImg, coords, policy, method);
 }
 
 RunningPtr multiSlice_extractImg2dValues_async(const ImageConstPtr& inImg, const PlacedCoordsPtr& coords)
 {
-    return startExtraction(inImg, coords);
+    return Calls::start(inImg, coords);
 }
 
 RunningPtr multiSlice_extractImg2dValues_async(const ImageConstPtr& inImg, const PlacedCoordsPtr& coords,
                                                const attr::eInterpolationPolicy& policy)
 {
-    return startExtraction(inImg, coords, with<InOptInterpolationPolicy>(policy));
+    return Calls::start(inImg, coords, policy);
 }
 
 RunningPtr multiSlice_extractImg2dValues_async(const ImageConstPtr& inImg, const PlacedCoordsPtr& coords,
                                                const attr::eInterpolationPolicy& policy, const MethodPtr& method)
 {
-    return startExtraction(inImg, coords, with<InOptInterpolationPolicy>(policy),
-                           with<InOptImageValueExtractionMethod>(method));
+    return Calls::start(inImg, coords, policy, method);
 }
 
 ValuesPtr getAsyncProcessorOutput(RunningPtr processor)
 {
-    return ofFirstPlan(processor::outputOf<OutPIImgGreyValues>(processor));
+    return Calls::ofFirstPlan(processor::outputOf<attr::OutPIImgGreyValues>(processor));
 }
 
 PlacedValuesPtr getAsyncProcessorMultiSliceOutput(RunningPtr processor)
 {
-    return processor::outputOf<OutPIImgGreyValues>(processor);
+    return processor::outputOf<attr::OutPIImgGreyValues>(processor);
 }
 
 } // namespace orlix::imaproc::util

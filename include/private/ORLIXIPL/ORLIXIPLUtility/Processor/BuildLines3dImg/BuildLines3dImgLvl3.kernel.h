@@ -3,6 +3,7 @@
 #pragma once
 
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/BuildLines3dImg/BuildLines3dImgLvl3.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Processor/LatticeLine.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/LinePixels.h"
 #include "ORLIXIPL/ORLIXImageProcessing/KernelRows.h"
 #include "ORLIXIPL/ORLIXImageProcessing/UntypedKernelRow.h"
@@ -33,7 +34,7 @@ ProcessingResult<bool> BuildLines3dImgLvl3::genericProcessFunction(const process
     const float yCosine = phi.cosine * y;
     const float zSine = z * theta.sine;
     const LineRange on{g_lineAbove, g_lineUpTo, 1};
-    drawPixels<ISA>(line, m_firstX + info.firstElement, info.nbElements, on, [=](const auto& wholeX) ORLIX_SIMD_LAMBDA {
+    const auto distance = [=](const auto& wholeX) ORLIX_SIMD_LAMBDA {
         using Real = std::remove_cvref_t<decltype(wholeX)>;
         const Real none{};
         const Real x = wholeX - centreX;
@@ -47,7 +48,15 @@ ProcessingResult<bool> BuildLines3dImgLvl3::genericProcessFunction(const process
         const Real far = none + g_farFromLine;
         const Real nearToo = f > none + g_lineUpTo ? far : e;
         return f >= none + g_lineAbove ? nearToo : far;
-    });
+    };
+    const unsigned long firstX = m_firstX + info.firstElement;
+    if (m_inverse > 0.0F) {
+        const LatticeLine lattice = latticeLineAt(y, z);
+        drawPixels<ISA>(line, firstX, info.nbElements, on, distance,
+                        [=](const auto& x) ORLIX_SIMD_LAMBDA { return lattice.isNear(x); });
+    } else {
+        drawPixels<ISA>(line, firstX, info.nbElements, on, distance);
+    }
     return succeed();
 }
 

@@ -19,6 +19,18 @@ inline double interpolateCubic(double p0, double p1, double p2, double p3, doubl
 
 // Each policy has `s_start` and `s_end`, the pixels that it reads before and behind the whole position on every axis,
 // and `of<T>(row, fraction)`, where `row(line, plan)` is the address of the first of `s_start + s_end + 1` pixels.
+// `forEachRow(fraction, action)` calls `action(column, line, plan)` for the first pixel that `of` reads of each row.
+
+/// Of a policy that reads all of `side` pixels on each axis.
+template <unsigned long side, unsigned long nbAxes, class TAction>
+void forEachRowOf(const std::array<double, nbAxes>&, const TAction& action)
+{
+    for (unsigned long plan = 0; plan < (nbAxes == 3 ? side : 1); ++plan) {
+        for (unsigned long line = 0; line < side; ++line) {
+            action(0, line, plan);
+        }
+    }
+}
 
 struct NearestNeighbour
 {
@@ -36,6 +48,15 @@ struct NearestNeighbour
     {
         const double any = fraction[0] + fraction[1] + fraction[2];
         return any == any ? pixelOf<T>(row, fraction, roundFraction(fraction[2])) : any;
+    }
+    template <unsigned long nbAxes, class TAction>
+    static void forEachRow(const std::array<double, nbAxes>& fraction, const TAction& action)
+    {
+        unsigned long plan = 0;
+        if constexpr (nbAxes == 3) {
+            plan = roundFraction(fraction[2]);
+        }
+        action(roundFraction(fraction[0]), roundFraction(fraction[1]), plan);
     }
 
 private:
@@ -62,6 +83,11 @@ struct Linear
     {
         return inPlan<T>(row, 0, fraction[0], fraction[1]) * (1 - fraction[2]) +
                inPlan<T>(row, 1, fraction[0], fraction[1]) * fraction[2];
+    }
+    template <unsigned long nbAxes, class TAction>
+    static void forEachRow(const std::array<double, nbAxes>& fraction, const TAction& action)
+    {
+        forEachRowOf<s_start + 1 + s_end>(fraction, action);
     }
 
 private:
@@ -92,6 +118,11 @@ struct Cubic
         const double ty = fraction[1];
         return interpolateCubic(inPlan<T>(row, 0, tx, ty), inPlan<T>(row, 1, tx, ty), inPlan<T>(row, 2, tx, ty),
                                 inPlan<T>(row, 3, tx, ty), fraction[2]);
+    }
+    template <unsigned long nbAxes, class TAction>
+    static void forEachRow(const std::array<double, nbAxes>& fraction, const TAction& action)
+    {
+        forEachRowOf<s_start + 1 + s_end>(fraction, action);
     }
 
 private:

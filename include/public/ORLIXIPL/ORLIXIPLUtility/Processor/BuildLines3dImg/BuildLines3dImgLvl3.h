@@ -13,6 +13,8 @@
 
 namespace orlix::imaproc::util {
 
+struct LatticeLine;
+
 class ORLIXIPLUTILITY_API BuildLines3dImgLvl3 final
     : public KernelLevel<BuildLines3dImgLvl3, UtilityLibrary, TypedBy<>, Plain<attr::InTheta>, Plain<attr::InPhi>,
                          Plain<attr::InAlpha>, Plain<attr::InOffset>, ByLine<attr::OutBinZStrip3d>>
@@ -51,8 +53,12 @@ private:
         float cosine;
     };
 
+    /// Of line `y` of plan `z`, both counted from the centre. Only where there is an inverse.
+    LatticeLine latticeLineAt(float y, float z) const;
+
     std::optional<Part> m_part;
     LineSpacing m_spacing{};
+    float m_inverse = 0.0F;     ///< of the spacing; 0 where voxels have to be looked at one by one
     unsigned long m_firstX = 0; ///< of the strip's voxels in the volume whose centre counts
     unsigned long m_firstY = 0;
     unsigned long m_firstZ = 0;

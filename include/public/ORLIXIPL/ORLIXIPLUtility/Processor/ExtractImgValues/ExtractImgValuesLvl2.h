@@ -49,7 +49,6 @@ protected:
         std::vector<double>& values = this->template accessAttribute<attr::OutImgGreyValues>()
                                           ->getDataItemNode()
                                           .template access<attr::Doubles::Coll>();
-        std::fill(values.begin(), values.end(), 0.0);
         if (points.empty()) {
             return processor::ProviderResult::none();
         }
@@ -58,9 +57,12 @@ protected:
         const ImageConstPtr& image = this->template accessAttribute<typename TKind::InSubImage>()->getStorage();
         const attr::ImageValueExtractionMethod& method =
             this->template accessAttribute<attr::InImageValueExtractionMethod>()->getDataItemNode();
-        return method.checkTiledMethod(nbCoords, image->getGeometry().getNbPixels())
-                   ? dispatchTiles(image, priority, provider)
-                   : dispatchStrips(image, priority, provider);
+        const unsigned long nbPixels = image->getGeometry().getNbPixels();
+        const bool bTiled = method.checkTiledMethod(nbCoords, nbPixels);
+        if (!bTiled || nbPixels == 0) { // tiles of an image that has pixels find something for every point
+            std::fill(values.begin(), values.end(), 0.0);
+        }
+        return bTiled ? dispatchTiles(image, priority, provider) : dispatchStrips(image, priority, provider);
     }
 
 private:

@@ -26,8 +26,6 @@ private:
     [[noreturn]] void raiseCountMismatch(unsigned long nbPixels) const;
     template <class T, class TPoints>
     void readAll(const TPoints& points);
-    template <class T, class TInterpolation, class TPoints>
-    void readTiles(const TPoints& points);
 };
 
 } // namespace orlix::imaproc::util
