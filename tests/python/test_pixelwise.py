@@ -74,6 +74,14 @@ def test_elements_seen_several_times():
     assert same(orlix.copy(seen), seen)
 
 
+def test_windows_that_overlap():
+    line = filled((12,), np.uint8)
+    windows = np.lib.stride_tricks.sliding_window_view(line, 5)
+    before = orlix.copies_made()
+    assert same(orlix.copy(windows), windows)
+    assert orlix.copies_made() == before + 1
+
+
 def test_nothing_to_do():
     empty = np.zeros((0, 5), np.uint8)
     assert orlix.copy(empty).shape == (0, 5)
@@ -177,6 +185,9 @@ class TestBadInput:
         room = np.zeros(100, np.uint8)
         with pytest.raises(ValueError, match="overlaps"):
             orlix.copy(room[:24].reshape(4, 6), out=room[10:34].reshape(4, 6))
+        backwards = room[9::-1]
+        with pytest.raises(ValueError, match="overlaps"):
+            orlix.copy(backwards, out=room[5:15])
         assert orlix.copy(array, out=array) is array
 
     def test_nothing_is_written_by_a_refused_call(self):

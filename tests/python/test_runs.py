@@ -73,8 +73,12 @@ def test_an_exception_of_the_observer_ends_the_call():
     def stop(done, known):
         raise Enough
 
+    out = np.zeros((64, 2048, 2048), np.uint8)
     with pytest.raises(Enough):
-        orlix.random((64, 2048, 2048), rng=1, progress=stop)
+        orlix.normal(out.shape, np.uint8, mean=100, rng=1, out=out, progress=stop)
+    assert any(not plan.any() for plan in out), "the run went on to its end"
+    with pytest.raises(Enough):  # from the last word, when all is done
+        orlix.copy(np.zeros((4, 4), np.uint8), progress=stop)
 
 
 def test_ctrl_c_ends_a_call_soon():
