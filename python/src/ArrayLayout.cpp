@@ -2,7 +2,6 @@
 #include "ArrayLayout.h"
 
 #include <algorithm>
-#include <numeric>
 #include <utility>
 
 namespace orlix::python {
@@ -12,26 +11,37 @@ namespace {
 /// Lines of more elements than this are not made longer.
 constexpr unsigned long g_longLine = 4096;
 
-using Axes = std::vector<std::size_t>;
+/// NumPy's arrays have no more axes.
+constexpr std::size_t g_mostAxes = 64;
 
-/// The axes of more than one element, that of the smallest distance in the first array first.
+/// Axes of more than one element, in an order.
+struct Axes
+{
+    std::array<unsigned char, g_mostAxes> axes;
+    std::size_t nbAxes = 0;
+};
+
+/// That of the smallest distance in the first array first. Sorted by insertion: axes are few, and mostly in order.
 Axes axesInMemoryOrder(const ArrayMemory& array)
 {
-    Axes axes;
+    Axes order;
     for (std::size_t axis = array.sizes.size(); axis-- > 0;) {
-        if (array.sizes[axis] != 1) {
-            axes.push_back(axis);
+        if (array.sizes[axis] == 1) {
+            continue;
         }
+        std::size_t place = order.nbAxes++;
+        while (place > 0 && std::abs(array.strides[order.axes[place - 1]]) > std::abs(array.strides[axis])) {
+            order.axes[place] = order.axes[place - 1];
+            --place;
+        }
+        order.axes[place] = static_cast<unsigned char>(axis);
     }
-    std::stable_sort(axes.begin(), axes.end(), [&](std::size_t one, std::size_t other) {
-        return std::abs(array.strides[one]) < std::abs(array.strides[other]);
-    });
-    return axes;
+    return order;
 }
 
 /// Does `axis` go on where `size` elements of the axis before it end, in all arrays?
 bool touches(std::span<const ArrayMemory> arrays, std::size_t axis, unsigned long size,
-             const std::vector<std::ptrdiff_t>& strides)
+             const std::array<std::ptrdiff_t, g_mostArrays>& strides)
 {
     for (std::size_t array = 0; array < arrays.size(); ++array) {
         if (arrays[array].strides[axis] != strides[array] * static_cast<std::ptrdiff_t>(size)) {
@@ -64,8 +74,8 @@ bool isWrappable(const std::array<unsigned long, 5>& sizes, const std::array<std
         return false;
     }
     std::array<std::size_t, 5> order = {0, 1, 2, 3, 4};
-    std::stable_sort(order.begin() + 1, order.end(),
-                     [&](std::size_t one, std::size_t other) { return strides[one] < strides[other]; });
+    std::sort(order.begin() + 1, order.end(),
+              [&](std::size_t one, std::size_t other) { return strides[one] < strides[other]; });
     std::ptrdiff_t reach = static_cast<std::ptrdiff_t>(sizes[0]) * elementBytes;
     for (const std::size_t axis : order) {
         if (axis == 0 || sizes[axis] <= 1) {
@@ -82,11 +92,11 @@ bool isWrappable(const std::array<unsigned long, 5>& sizes, const std::array<std
 ImageAxes mergeAxes(std::span<const ArrayMemory> arrays)
 {
     ImageAxes merged;
-    merged.strides.assign(arrays.size(), {});
-    merged.fits.assign(arrays.size(), true);
     std::size_t nbAxes = 0;
-    std::vector<std::ptrdiff_t> last(arrays.size());
-    for (const std::size_t axis : axesInMemoryOrder(arrays[0])) {
+    std::array<std::ptrdiff_t, g_mostArrays> last = {};
+    const Axes order = axesInMemoryOrder(arrays[0]);
+    for (std::size_t place = 0; place < order.nbAxes; ++place) {
+        const std::size_t axis = order.axes[place];
         const auto size = static_cast<unsigned long>(arrays[0].sizes[axis]);
         const bool bLong = nbAxes == 1 && merged.sizes[0] >= g_longLine;
         if (nbAxes > 0 && !bLong && touches(arrays, axis, merged.sizes[nbAxes - 1], last)) {
@@ -94,7 +104,6 @@ ImageAxes mergeAxes(std::span<const ArrayMemory> arrays)
             continue;
         }
         if (nbAxes == merged.sizes.size()) {
-            merged.fits.assign(arrays.size(), false);
             return merged;
         }
         for (std::size_t array = 0; array < arrays.size(); ++array) {

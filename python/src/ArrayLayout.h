@@ -6,7 +6,6 @@
 #include <array>
 #include <cstddef>
 #include <span>
-#include <vector>
 
 namespace orlix::python {
 
@@ -14,18 +13,22 @@ namespace orlix::python {
 /// in C order.
 struct ArrayMemory
 {
-    std::byte* data;
-    std::span<const std::ptrdiff_t> sizes;
-    std::span<const std::ptrdiff_t> strides;
-    std::ptrdiff_t elementBytes;
+    std::byte* data = nullptr;
+    std::span<const std::ptrdiff_t> sizes = {};
+    std::span<const std::ptrdiff_t> strides = {};
+    std::ptrdiff_t elementBytes = 0;
 };
 
-/// Axes of an image: sizes, and byte distances for each of the arrays that are walked together.
+/// The most arrays that are walked together.
+constexpr std::size_t g_mostArrays = 2;
+
+/// Axes of an image: sizes, and byte distances for each of the arrays that are walked together. No vectors, since most
+/// calls on small arrays would take longer to make them than to do the work.
 struct ImageAxes
 {
-    std::array<unsigned long, 5> sizes = {1, 1, 1, 1, 1}; ///< x, y, z, c, t
-    std::vector<std::array<std::ptrdiff_t, 5>> strides;   ///< of each array
-    std::vector<bool> fits;                               ///< can the array be wrapped so?
+    std::array<unsigned long, 5> sizes = {1, 1, 1, 1, 1};                 ///< x, y, z, c, t
+    std::array<std::array<std::ptrdiff_t, 5>, g_mostArrays> strides = {}; ///< of each array
+    std::array<bool, g_mostArrays> fits = {};                             ///< can the array be wrapped so?
 };
 
 /// Axes along which all arrays, which have the same sizes, can be walked together element by element: axes of one

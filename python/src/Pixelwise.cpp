@@ -2,6 +2,7 @@
 #include "Operators.h"
 
 #include "PyImage.h"
+#include "WalkedArrays.h"
 #include "Watch.h"
 
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/BasicThresholdImg/BasicThresholdImgLvl1.h"
@@ -21,94 +22,6 @@ namespace {
 using namespace imaproc;
 using image::eImageBufferType;
 using processor::with;
-
-/// Arrays of the same sizes as images of the same sizes, element by element. The ends of a call: inputs that can't be
-/// wrapped are copied before, outputs after.
-class WalkedArrays
-{
-public:
-    /// The last array is an output where `bOutput`.
-    WalkedArrays(std::vector<nb::object> arrays, bool bOutput) : m_arrays(std::move(arrays)), m_memory(m_arrays)
-    {
-        m_bOutput = bOutput;
-        for (std::size_t array = 0; array < m_arrays.size(); ++array) {
-            const ArrayMemory memory = memoryOf(asArray(m_memory[array]));
-            if (!PyArray_ISBEHAVED_RO(asArray(m_memory[array])) || !mergeAxes({&memory, 1}).fits[0]) {
-                m_memory[array] = gather(m_memory[array]);
-            }
-        }
-        if (!merge()) { // in different orders of axes
-            for (nb::object& memory : m_memory) {
-                memory = gather(memory);
-            }
-            merge();
-        }
-    }
-
-    ImagePtr imageOf(std::size_t array) const
-    {
-        const eImageBufferType type = elementTypeOf(asArray(m_memory[array]));
-        const auto& sizes = m_axes.sizes;
-        const auto geometry = image::geometry5d(type, sizes[0], sizes[1], sizes[2], sizes[3], sizes[4]);
-        return wrapMemory(memoryOf(asArray(m_memory[array])).data, *geometry, m_axes.strides[array], {});
-    }
-
-    void bringBack() const
-    {
-        if (m_bOutput && !m_memory.back().is(m_arrays.back()) &&
-            PyArray_CopyInto(asArray(m_arrays.back()), asArray(m_memory.back())) < 0) {
-            throw nb::python_error();
-        }
-    }
-
-    /// Of the array's axes, where an element of its image lies.
-    nb::object indexOf(std::size_t array, const attr::PixelPosition& position) const
-    {
-        const std::array<unsigned long, 5> places = {position.x, position.y, position.z, position.c, position.t};
-        std::ptrdiff_t offset = 0;
-        for (std::size_t axis = 0; axis < places.size(); ++axis) {
-            if (m_axes.sizes[axis] > 1) {
-                offset += static_cast<std::ptrdiff_t>(places[axis]) * m_axes.strides[array][axis];
-            }
-        }
-        const ArrayMemory memory = memoryOf(asArray(m_memory[array]));
-        std::vector<std::size_t> order(memory.sizes.size());
-        for (std::size_t axis = 0; axis < order.size(); ++axis) {
-            order[axis] = axis;
-        }
-        std::stable_sort(order.begin(), order.end(), [&](std::size_t one, std::size_t other) {
-            return memory.strides[one] > memory.strides[other];
-        });
-        std::vector<std::ptrdiff_t> index(order.size(), 0);
-        for (const std::size_t axis : order) {
-            if (memory.sizes[axis] > 1) {
-                index[axis] = offset / memory.strides[axis];
-                offset %= memory.strides[axis];
-            }
-        }
-        nb::list listed;
-        for (const std::ptrdiff_t place : index) {
-            listed.append(place);
-        }
-        return nb::tuple(listed);
-    }
-
-private:
-    bool merge()
-    {
-        std::vector<ArrayMemory> memory;
-        for (const nb::object& array : m_memory) {
-            memory.push_back(memoryOf(asArray(array)));
-        }
-        m_axes = mergeAxes(memory);
-        return std::find(m_axes.fits.begin(), m_axes.fits.end(), false) == m_axes.fits.end();
-    }
-
-    std::vector<nb::object> m_arrays;
-    std::vector<nb::object> m_memory;
-    ImageAxes m_axes;
-    bool m_bOutput = false;
-};
 
 bool haveSameSizes(PyArrayObject* one, PyArrayObject* other)
 {
