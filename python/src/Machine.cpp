@@ -1,5 +1,5 @@
 // What the libraries use of the machine: threads, instruction sets, memory.
-#include "Arrays.h"
+#include "NewArrays.h"
 #include "Operators.h"
 
 #include "ORLIX/ORLIXBaseProcessing/AlgorithmFunctionSelector.h"

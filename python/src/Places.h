@@ -1,7 +1,7 @@
 // Places and sizes as Python gives them: in the order of an array's axes.
 #pragma once
 
-#include "Arrays.h"
+#include "ArrayImages.h"
 
 #include <array>
 #include <string>

@@ -1,7 +1,7 @@
 // orlix.Image: an image of the libraries with the names of its axes.
 #pragma once
 
-#include "Arrays.h"
+#include "ArrayImages.h"
 
 namespace orlix::python {
 
