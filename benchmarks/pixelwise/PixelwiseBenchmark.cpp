@@ -13,6 +13,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <cstring>
 #include <memory>
 
@@ -73,10 +74,23 @@ void fillSuite(Suite& suite)
     benchmark::AddCustomContext("peer", describeOpenCv());
     const unsigned long nbThreads = core::getNbUsableThreads();
     std::vector<std::string> names;
+    const auto add = [&](const PixelwiseCase& work, const PixelwiseSize& size) {
+        const unsigned long nbOfSize = size.bAllThreads ? nbThreads : 1;
+        const std::string name = namePixelwise(work, size, nbOfSize);
+        if (std::find(names.begin(), names.end(), name) == names.end()) { // all threads may be one
+            addComparison(suite, work, size, nbOfSize);
+            names.push_back(name);
+        }
+    };
+    const std::vector<PixelwiseCase> cases = makePixelwiseCases();
     for (const PixelwiseSize& size : g_pixelwiseSizes) {
-        for (const PixelwiseCase& work : makePixelwiseCases()) {
-            addComparison(suite, work, size, size.bAllThreads ? nbThreads : 1);
-            names.push_back(namePixelwise(work, size, size.bAllThreads ? nbThreads : 1));
+        std::for_each(cases.begin(), cases.end(), [&](const PixelwiseCase& work) { add(work, size); });
+    }
+    for (const PixelwiseSize& size : g_randomSizes) {
+        for (const PixelwiseCase& work : cases) {
+            if (work.bRandom) {
+                add(work, size);
+            }
         }
     }
     suite.addEnd([names](std::ostream& stream, const Suite& all) { printSetTable(stream, all, names); });

@@ -37,6 +37,13 @@ inline constexpr std::array<PixelwiseSize, 4> g_pixelwiseSizes = {{
     {"8192x8192", 8192, 8192, true},
 }};
 
+/// Random values cost a thread more than memory does: large plans on one thread too, and a plan that is beyond most
+/// last-level caches at 32 bits.
+inline constexpr std::array<PixelwiseSize, 2> g_randomSizes = {{
+    {"8192x8192", 8192, 8192, false},
+    {"16384x8192", 16384, 8192, false},
+}};
+
 /// "erase/UInt8/512x512/threads:1".
 std::string namePixelwise(const PixelwiseCase& work, const PixelwiseSize& size, unsigned long nbThreads);
 

@@ -28,7 +28,7 @@ ORLIX_SIMD_INLINE NormalPair<nbLanes> normalPair(const Lanes<float, nbLanes>& u1
                                                  const TRoot& root)
 {
     const Lanes<float, nbLanes> l = logarithm<nbLanes>(u2);
-    const Lanes<float, nbLanes> radius = root(-(l + l));
+    const Lanes<float, nbLanes> radius = root(l * -2.0F);
     const SineAndCosine<nbLanes> angle = sineAndCosine<nbLanes>(u1 * 6.2831855F);
     return {angle.cosine * radius * stdDev + mean, angle.sine * radius * stdDev + mean};
 }
@@ -74,9 +74,12 @@ struct NormalRandom
         }
         Reals first[4];
         Reals second[4];
+#pragma GCC unroll 4
         for (int i = 0; i < 4; ++i) {
-            const Reals u1 = uniform.toReals(uniform.drawWords());
-            const Reals u2 = uniform.toReals(uniform.drawWords());
+            const Words before = uniform.state; // of all six draws, so that none waits for the one before
+            uniform.state = after<6>(before);
+            const Reals u1 = toUnit(after<1>(before), after<2>(before), after<3>(before));
+            const Reals u2 = toUnit(after<4>(before), after<5>(before), uniform.state);
             const auto pair =
                 details::normalPair<s_nbLanes>(u1, u2, mean, stdDev, [](const Reals& x) ORLIX_SIMD_LAMBDA {
                     return __builtin_bit_cast(Reals, Steps::root(__builtin_bit_cast(typename Steps::Reals, x)));
@@ -101,6 +104,20 @@ private:
         spare = Pack<I, T>::broadcast(0);
     }
 
+    template <unsigned long nbSteps>
+    static ORLIX_SIMD_INLINE Words after(const Words& before)
+    {
+        return stepLanes<nbSteps, s_nbLanes>(before);
+    }
+    /// What `uniform.toReals` makes of the raw number of three draws, (raw + 1/2) / 2^32 rounded once, as a sum of two
+    /// floats that are exact: 15 bits of it behind a 1, and 17 bits and the half behind a 2^-15.
+    static ORLIX_SIMD_INLINE Reals toUnit(const Words& first, const Words& second, const Words& third)
+    {
+        const Words upper = (first >> 8 & 0x7FFF00U) ^ 0x3FC00000U; // the uppermost bit turned: it is read as a sign
+        const Words lower = (second >> 8 & 0x7FFF00U) | (third >> 10 & 0xC0U) | 0x38000020U;
+        return __builtin_bit_cast(Reals, upper) - (1.0F + 0x1p-15F) + __builtin_bit_cast(Reals, lower);
+    }
+
     static ORLIX_SIMD_INLINE Pack<I, T> toElements(const Reals (&reals)[4])
     {
         if constexpr (std::is_same_v<T, float>) {
@@ -115,35 +132,24 @@ private:
                                                      toWords(reals[3]))}}};
         }
     }
+    /// Rounded and clamped; what is no number becomes the upper limit. No float lies between that of 32-bit integers
+    /// and the power of 2 above it.
     static ORLIX_SIMD_INLINE typename Steps::Words toWords(const Reals& reals)
     {
-        const Reals half = reals < 0.0F ? Reals{} - 0.5F : Reals{} + 0.5F;
-        const Reals moved = reals + half;
-        const Doubles lower = clamped(widenToDouble<I, false, float>(moved));
-        const Doubles upper = clamped(widenToDouble<I, true, float>(moved));
-        if constexpr (std::is_same_v<T, unsigned int>) { // a conversion takes what has a sign, so in two parts
-            const Doubles largest = Doubles{} + 2147483647.0;
-            const Doubles lowerPart = lower < largest ? lower : largest;
-            const Doubles upperPart = upper < largest ? upper : largest;
-            const Words sum = __builtin_bit_cast(Words, truncate(lowerPart, upperPart)) +
-                              __builtin_bit_cast(Words, truncate(lower - lowerPart, upper - upperPart));
-            return __builtin_bit_cast(typename Steps::Words, sum);
+        using Whole = std::conditional_t<std::is_same_v<T, unsigned int>, unsigned int, int>;
+        using Wholes = Lanes<Whole, s_nbLanes>;
+        const Words half = (__builtin_bit_cast(Words, reals) & 0x80000000U) | 0x3F000000U; // with the sign of `reals`
+        const Reals moved = reals + __builtin_bit_cast(Reals, half);
+        const Reals low = Reals{} + static_cast<float>(NumericLimits<T>::s_min);
+        const Reals high = Reals{} + static_cast<float>(NumericLimits<T>::s_max);
+        const Reals below = moved < high ? moved : sizeof(T) == 4 ? Reals{} : high;
+        const Wholes whole = convertLanes<Whole, s_nbLanes>(below > low ? below : low);
+        if constexpr (sizeof(T) == 4) {
+            const Wholes largest = Wholes{} + NumericLimits<T>::s_max;
+            return __builtin_bit_cast(typename Steps::Words, Wholes(moved < high ? whole : largest));
         } else {
-            return truncate(lower, upper);
+            return __builtin_bit_cast(typename Steps::Words, whole);
         }
-    }
-    /// What is no number becomes the upper limit.
-    static ORLIX_SIMD_INLINE Doubles clamped(const Doubles& values)
-    {
-        const Doubles low = Doubles{} + static_cast<double>(NumericLimits<T>::s_min);
-        const Doubles high = Doubles{} + static_cast<double>(NumericLimits<T>::s_max);
-        const Doubles below = values < high ? values : high;
-        return below > low ? below : low;
-    }
-    static ORLIX_SIMD_INLINE typename Steps::Words truncate(const Doubles& lower, const Doubles& upper)
-    {
-        return Steps::truncatePair(__builtin_bit_cast(typename Steps::Doubles, lower),
-                                   __builtin_bit_cast(typename Steps::Doubles, upper));
     }
 };
 

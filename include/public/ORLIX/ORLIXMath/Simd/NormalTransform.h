@@ -20,17 +20,16 @@ ORLIX_SIMD_INLINE TReals polynomial(const TReals& x, const float (&coefficients)
 
 } // namespace details
 
-/// The natural logarithm, as the Cephes library's `logf` has it (S. L. Moshier). Minus infinity from the smallest
-/// normal number down to its negative, not a number below that.
+/// The natural logarithm of positive normal numbers, as the Cephes library's `logf` has it (S. L. Moshier). Uniform
+/// numbers are 2^-33 or more, so nothing is asked about others.
 template <unsigned long nbLanes>
 ORLIX_SIMD_INLINE Lanes<float, nbLanes> logarithm(const Lanes<float, nbLanes>& x)
 {
     using Reals = Lanes<float, nbLanes>;
     using Words = Lanes<int, nbLanes>;
-    constexpr float smallest = 1.1754944e-38F;
     const Words bits = __builtin_bit_cast(Words, x);
-    const Reals mantissa = __builtin_bit_cast(Reals, (bits & ~0x7F800000) | 0x3F000000);
-    const Reals exponent = convertLanes<float, nbLanes>((bits >> 23 & 0xFF) - 126);
+    const Reals mantissa = __builtin_bit_cast(Reals, (bits & 0x007FFFFF) | 0x3F000000);
+    const Reals exponent = convertLanes<float, nbLanes>((bits >> 23) - 126);
     const auto bLow = mantissa < 0.70710677F;
     const Reals e = bLow ? exponent - 1.0F : exponent;
     const Reals less = mantissa - 1.0F;
@@ -38,14 +37,7 @@ ORLIX_SIMD_INLINE Lanes<float, nbLanes> logarithm(const Lanes<float, nbLanes>& x
     const Reals z = t * t;
     const Reals sum = details::polynomial(t, {0.070376836F, -0.1151461F, 0.116769984F, -0.12420141F, 0.14249323F,
                                               -0.16668057F, 0.20000714F, -0.24999994F, 0.3333333F});
-    const Reals normal = sum * t * z - e * 0.00021219444F - z * 0.5F + t + e * 0.6933594F;
-    const Reals infinity = Reals{} + __builtin_inff();
-    const Reals notANumber = Reals{} + __builtin_nanf("");
-    Reals result = x > smallest ? normal : Reals{} - 87.33655F;
-    result = x < smallest ? -infinity : result;
-    result = x < -smallest ? notANumber : result;
-    result = x == infinity ? infinity : result;
-    return x == x ? result : notANumber;
+    return sum * t * z - e * 0.00021219444F - z * 0.5F + t + e * 0.6933594F;
 }
 
 template <unsigned long nbLanes>
@@ -55,18 +47,15 @@ struct SineAndCosine
     Lanes<float, nbLanes> cosine;
 };
 
-/// Of an angle of a few turns at most, as the Cephes library's `sinf` and `cosf` have them, from one reduction.
+/// Of an angle from 0 to a few turns, as the Cephes library's `sinf` and `cosf` have them, from one reduction.
 template <unsigned long nbLanes>
 ORLIX_SIMD_INLINE SineAndCosine<nbLanes> sineAndCosine(const Lanes<float, nbLanes>& x)
 {
     using Reals = Lanes<float, nbLanes>;
     using Words = Lanes<int, nbLanes>;
-    const Words bits = __builtin_bit_cast(Words, x);
-    const Words sign = Words{} + static_cast<int>(0x80000000U);
-    Reals a = __builtin_bit_cast(Reals, bits & ~sign);
-    const Words octant = (convertLanes<int, nbLanes>(a * 1.2732395F) + 1) & ~1;
+    const Words octant = (convertLanes<int, nbLanes>(x * 1.2732395F) + 1) & ~1;
     const Reals y = convertLanes<float, nbLanes>(octant);
-    a = a + y * -0.78515625F;
+    Reals a = x + y * -0.78515625F;
     a = a + y * -0.00024187565F;
     a = a + y * -3.774895e-8F;
     const Reals z = a * a;
@@ -74,7 +63,7 @@ ORLIX_SIMD_INLINE SineAndCosine<nbLanes> sineAndCosine(const Lanes<float, nbLane
     const Reals sine = details::polynomial(z, {-0.00019515296F, 0.008332161F, -0.16666655F}) * z * a + a;
     const Reals cosine = details::polynomial(z, {2.4433157e-5F, -0.0013887316F, 0.041666646F}) * z * z - z * 0.5F + one;
     const auto bExchanged = (octant & 2) != 0;
-    const Words sineSign = (bits & sign) ^ (octant & 4) << 29;
+    const Words sineSign = (octant & 4) << 29;
     const Words cosineSign = (~(octant - 2) & 4) << 29;
     const Words ofSine = __builtin_bit_cast(Words, Reals(bExchanged ? cosine : sine));
     const Words ofCosine = __builtin_bit_cast(Words, Reals(bExchanged ? sine : cosine));

@@ -8,11 +8,14 @@ namespace orlix::simd {
 /// Under each set, `Words`, `Reals` and `Doubles` fill a register with 32-bit integers, floats and doubles, and
 /// - `cut` drops the fraction of floats from 0 on, as elements of type T want it,
 /// - `cutDoubles` that of doubles from 0 to 2^32,
-/// - `round` and `roundPair` give the nearest integer, an even one between two; `truncatePair` drops the fraction,
+/// - `round` and `roundPair` give the nearest integer, an even one between two,
 /// - `realPair` gives floats, `root` the square root,
 /// - `narrowBytes` and `narrowShorts` make 8-bit elements of four registers and 16-bit ones of two, in that order,
 /// - `upperHalves` gives the upper 16 bits of the words of two registers, part by part in turn; `orderHalves` puts such
 ///   in order, `narrowHalves` makes 8-bit elements of two of them,
+/// - `upperPairs`, from AVX2 on, gives the upper 16 bits of the words of `a` above those of `b`; `orderBytes` all bytes
+/// 2
+///   of words, then all bytes 0, 3 and 1,
 /// - `multiplyEven` gives the 64 bits of the products of every other word, from the first on.
 /// What an integer can't hold becomes what the processor's conversions give. Defined only in files that are compiled
 /// for `I`.
@@ -45,10 +48,6 @@ struct RandomSteps<eInstructionSet::eSSE2>
     static ORLIX_SIMD_INLINE Words roundPair(Doubles lower, Doubles upper)
     {
         return _mm_unpacklo_epi64(_mm_cvtpd_epi32(lower), _mm_cvtpd_epi32(upper));
-    }
-    static ORLIX_SIMD_INLINE Words truncatePair(Doubles lower, Doubles upper)
-    {
-        return _mm_unpacklo_epi64(_mm_cvttpd_epi32(lower), _mm_cvttpd_epi32(upper));
     }
     static ORLIX_SIMD_INLINE Reals realPair(Doubles lower, Doubles upper)
     {
@@ -104,10 +103,6 @@ struct RandomSteps<eInstructionSet::eAVX2>
     {
         return _mm256_set_m128i(_mm256_cvtpd_epi32(upper), _mm256_cvtpd_epi32(lower));
     }
-    static ORLIX_SIMD_INLINE Words truncatePair(Doubles lower, Doubles upper)
-    {
-        return _mm256_set_m128i(_mm256_cvttpd_epi32(upper), _mm256_cvttpd_epi32(lower));
-    }
     static ORLIX_SIMD_INLINE Reals realPair(Doubles lower, Doubles upper)
     {
         return _mm256_set_m128(_mm256_cvtpd_ps(upper), _mm256_cvtpd_ps(lower));
@@ -138,6 +133,16 @@ struct RandomSteps<eInstructionSet::eAVX2>
         return _mm256_packs_epi32(_mm256_srai_epi32(a, 16), _mm256_srai_epi32(b, 16));
     }
     static ORLIX_SIMD_INLINE Words orderHalves(Words pairs) { return _mm256_permute4x64_epi64(pairs, 0xD8); }
+    static ORLIX_SIMD_INLINE Words upperPairs(Words a, Words b)
+    {
+        return _mm256_blend_epi16(_mm256_srli_epi32(b, 16), a, 0xAA);
+    }
+    static ORLIX_SIMD_INLINE Words orderBytes(Words words)
+    {
+        const __m128i order = _mm_setr_epi8(2, 6, 10, 14, 0, 4, 8, 12, 3, 7, 11, 15, 1, 5, 9, 13);
+        const Words parts = _mm256_shuffle_epi8(words, _mm256_broadcastsi128_si256(order));
+        return _mm256_permutevar8x32_epi32(parts, _mm256_setr_epi32(0, 4, 1, 5, 2, 6, 3, 7));
+    }
     static ORLIX_SIMD_INLINE Words multiplyEven(Words a, Words b) { return _mm256_mul_epu32(a, b); }
 };
 #endif
@@ -163,10 +168,6 @@ struct RandomSteps<eInstructionSet::eAVX512>
     static ORLIX_SIMD_INLINE Words roundPair(Doubles lower, Doubles upper)
     {
         return _mm512_inserti64x4(_mm512_castsi256_si512(_mm512_cvtpd_epi32(lower)), _mm512_cvtpd_epi32(upper), 1);
-    }
-    static ORLIX_SIMD_INLINE Words truncatePair(Doubles lower, Doubles upper)
-    {
-        return _mm512_inserti64x4(_mm512_castsi256_si512(_mm512_cvttpd_epi32(lower)), _mm512_cvttpd_epi32(upper), 1);
     }
     static ORLIX_SIMD_INLINE Reals realPair(Doubles lower, Doubles upper)
     {
@@ -199,6 +200,16 @@ struct RandomSteps<eInstructionSet::eAVX512>
     static ORLIX_SIMD_INLINE Words orderHalves(Words pairs)
     {
         return _mm512_permutexvar_epi64(_mm512_setr_epi64(0, 2, 4, 6, 1, 3, 5, 7), pairs);
+    }
+    static ORLIX_SIMD_INLINE Words upperPairs(Words a, Words b)
+    {
+        return _mm512_mask_blend_epi16(0xAAAAAAAA, _mm512_srli_epi32(b, 16), a);
+    }
+    static ORLIX_SIMD_INLINE Words orderBytes(Words words)
+    {
+        const __m128i order = _mm_setr_epi8(2, 6, 10, 14, 0, 4, 8, 12, 3, 7, 11, 15, 1, 5, 9, 13);
+        const Words parts = _mm512_shuffle_epi8(words, _mm512_broadcast_i32x4(order));
+        return _mm512_permutexvar_epi32(_mm512_setr_epi32(0, 4, 8, 12, 1, 5, 9, 13, 2, 6, 10, 14, 3, 7, 11, 15), parts);
     }
     static ORLIX_SIMD_INLINE Words multiplyEven(Words a, Words b) { return _mm512_mul_epu32(a, b); }
 };

@@ -9,7 +9,7 @@ namespace orlix::simd {
 namespace details {
 
 /// How raw numbers become integers: by the arithmetic of UniformRandomLCG, or, where that comes to the same, by a
-/// product in whole numbers, or by nothing but a sum because every raw number is an element.
+/// product in whole numbers, or by nothing but a sum because every raw number, or its upper 8 bits, is an element.
 enum class eUniformWay { asStated, product, sum };
 
 /// A generator in the state of `Uniform`. Each draw of a block is taken from the state before the block, so that none
@@ -25,24 +25,43 @@ class UniformRandomBlocks
 
 public:
     ORLIX_SIMD_INLINE UniformRandomBlocks(const Uniform& uniform, unsigned long nbValues, T min)
-        : m_uniform(uniform), m_nbValues(static_cast<unsigned int>(nbValues)), m_min(min)
+        : m_uniform(uniform), m_next(stepLanes<Uniform::s_nbDraws, s_nbLanes>(uniform.state)),
+          m_nbValues(static_cast<unsigned int>(nbValues)), m_min(min)
     {}
 
     ORLIX_SIMD_INLINE Pack<I, T> draw()
     {
-        const Words before = m_uniform.state;
-        m_uniform.state = stepLanes<Uniform::s_nbDraws, s_nbLanes>(before);
+        const Block block{m_uniform.state, m_next};
+        m_uniform.state = m_next;
+        m_next = stepLanes<2 * Uniform::s_nbDraws, s_nbLanes>(block.before);
         if constexpr (sizeof(T) == 1) {
-            return drawBytes(before);
+            return drawBytes(block);
         } else if constexpr (sizeof(T) == 2) {
-            return {{drawShorts<0>(before), drawShorts<3>(before)}};
+            return {{drawShorts<0>(block), drawShorts<3>(block)}};
         } else {
-            return {{drawWords<0>(before), drawWords<3>(before), drawWords<6>(before), drawWords<9>(before)}};
+            return {{drawWords<0>(block), drawWords<3>(block), drawWords<6>(block), drawWords<9>(block)}};
         }
     }
 
 private:
     using Halves = Lanes<unsigned short, 2 * s_nbLanes>;
+
+    /// The states before a block and behind its last draw.
+    struct Block
+    {
+        Words before;
+        Words last;
+
+        template <unsigned long nbSteps>
+        ORLIX_SIMD_INLINE Words after() const
+        {
+            if constexpr (nbSteps == Uniform::s_nbDraws) {
+                return last;
+            } else {
+                return stepLanes<nbSteps, s_nbLanes>(before);
+            }
+        }
+    };
 
     template <class TLanes>
     static ORLIX_SIMD_INLINE Bits bits(const TLanes& lanes)
@@ -50,28 +69,45 @@ private:
         return __builtin_bit_cast(Bits, lanes);
     }
     static ORLIX_SIMD_INLINE Halves halves(Bits words) { return __builtin_bit_cast(Halves, words); }
-    template <unsigned long nbSteps>
-    static ORLIX_SIMD_INLINE Words after(const Words& before)
-    {
-        return stepLanes<nbSteps, s_nbLanes>(before);
-    }
 
-    ORLIX_SIMD_INLINE Pack<I, T> drawBytes(const Words& before) const
+    ORLIX_SIMD_INLINE Pack<I, T> drawBytes(const Block& block) const
     {
-        const Words a = after<1>(before), b = after<2>(before), c = after<3>(before), d = after<4>(before);
+        const Words a = block.template after<1>(), b = block.template after<2>(), c = block.template after<3>(),
+                    d = block.template after<4>();
         if constexpr (way == eUniformWay::asStated) {
             return {{m_uniform.narrowBytes(toInteger(a), toInteger(b), toInteger(c), toInteger(d))}};
-        } else { // twice a raw number has 16 bits, of which the product's upper half is the whole part
+        } else if constexpr (I == eInstructionSet::eSSE2) {
+            // Twice a raw number has 16 bits, of which the product's upper half is the whole part.
             const Halves ab = scaled(halves(Steps::upperHalves(bits(a), bits(b))) << 1);
             const Halves cd = scaled(halves(Steps::upperHalves(bits(c), bits(d))) << 1);
             return {{{Steps::template narrowHalves<T>(bits(ab), bits(cd))}}};
+        } else {
+            const Halves ab = halves(Steps::upperPairs(bits(a), bits(b)));
+            const Halves cd = halves(Steps::upperPairs(bits(c), bits(d)));
+            const Words bytes = __builtin_bit_cast(Words, wholeBytes(ab, cd));
+            using Bytes = Lanes<unsigned char, 4 * s_nbLanes>;
+            const Bytes ordered = __builtin_bit_cast(Bytes, Steps::orderBytes(bits(bytes)));
+            return {{{bits(ordered + static_cast<unsigned char>(m_min))}}};
+        }
+    }
+    /// Of raw numbers below a bit that doesn't count: the whole parts of the first in the lower bytes, of the second in
+    /// the upper ones. That of a product stands in its upper half, or above the middle of it if the factor is shifted.
+    ORLIX_SIMD_INLINE Halves wholeBytes(const Halves& lower, const Halves& upper) const
+    {
+        if constexpr (way == eUniformWay::sum) {
+            return (lower >> 7 & 0xFF) | (upper << 1 & 0xFF00);
+        } else {
+            const auto factor = static_cast<unsigned short>(m_nbValues);
+            const auto shifted = static_cast<unsigned short>(m_nbValues << 8);
+            return multiplyHigh<I>(lower << 1, Halves{} + factor) |
+                   (multiplyHigh<I>(upper << 1, Halves{} + shifted) & 0xFF00);
         }
     }
     template <unsigned long nbBefore>
-    ORLIX_SIMD_INLINE Register<I> drawShorts(const Words& before) const
+    ORLIX_SIMD_INLINE Register<I> drawShorts(const Block& block) const
     {
-        const Words first = after<nbBefore + 1>(before), shared = after<nbBefore + 2>(before),
-                    second = after<nbBefore + 3>(before);
+        const Words first = block.template after<nbBefore + 1>(), shared = block.template after<nbBefore + 2>(),
+                    second = block.template after<nbBefore + 3>();
         if constexpr (way == eUniformWay::asStated) {
             return m_uniform.narrowShorts(m_uniform.toInteger((first >> 15 & 0xFFFEU) + (shared >> 16 & 1)),
                                           m_uniform.toInteger((second >> 15 & 0xFFFEU) + (shared >> 17 & 1)));
@@ -82,10 +118,10 @@ private:
         }
     }
     template <unsigned long nbBefore>
-    ORLIX_SIMD_INLINE Register<I> drawWords(const Words& before) const
+    ORLIX_SIMD_INLINE Register<I> drawWords(const Block& block) const
     {
-        const Words first = after<nbBefore + 1>(before), second = after<nbBefore + 2>(before),
-                    third = after<nbBefore + 3>(before);
+        const Words first = block.template after<nbBefore + 1>(), second = block.template after<nbBefore + 2>(),
+                    third = block.template after<nbBefore + 3>();
         const Words raw = (first << 1 & 0xFFFE0000U) | (second >> 14 & 0x1FFFCU) | (third >> 16 & 3);
         if constexpr (way == eUniformWay::asStated) {
             return m_uniform.toElements(raw);
@@ -105,7 +141,7 @@ private:
     {
         const auto min = static_cast<unsigned short>(m_min);
         if constexpr (way == eUniformWay::sum) {
-            return raw + min;
+            return (sizeof(T) == 1 ? raw >> 8 : raw) + min;
         } else {
             return multiplyHigh<I>(raw, Halves{} + static_cast<unsigned short>(m_nbValues)) + min;
         }
@@ -130,6 +166,7 @@ private:
     }
 
     Uniform m_uniform;
+    Words m_next; ///< the state behind the next block, so that a block waits for the one before the last alone
     unsigned int m_nbValues;
     T m_min;
 };
@@ -155,7 +192,7 @@ ORLIX_SIMD_INLINE void fillUniform(const UniformRandomLCG<I, T>& uniform, T min,
             const bool bPower = (nbValues & (nbValues - 1)) == 0;
             // Floats hold the products of 8-bit elements, and of 16-bit ones where the factor is short.
             const bool bExact = sizeof(T) != 2 || nbValues <= 256 || bPower;
-            if (sizeof(T) > 1 && nbValues == 1L << g_nbRawBits<T>) {
+            if (nbValues == 1L << 8 * sizeof(T)) {
                 return fillBy.template operator()<Way::sum>(0);
             }
             if (nbValues > 0 && bExact) {
