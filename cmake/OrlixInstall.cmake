@@ -20,6 +20,9 @@ foreach(library IN LISTS libraries)
     endif()
 endforeach()
 install(TARGETS ORLIXLog4cplus LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+if(TARGET ORLIXCuda)
+    install(TARGETS ORLIXCuda LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+endif()
 
 configure_package_config_file(cmake/ORLIXConfig.cmake.in "${PROJECT_BINARY_DIR}/ORLIXConfig.cmake"
     INSTALL_DESTINATION "${package_dir}")

@@ -99,7 +99,8 @@ const std::vector<MessageText>& MessageCatalogue<eCommandMessage>::texts()
         {eCommandMessage::eForVolumesOnly,
          "%s is for volumes, but %s %s is a plan: add its depth or leave the option out"},
         {eCommandMessage::eNeedsOption, "%s means nothing without %s: give both or none"},
-        {eCommandMessage::eOtherAxes, "%s %s has other axes than %s %s: give as many numbers"}};
+        {eCommandMessage::eOtherAxes, "%s %s has other axes than %s %s: give as many numbers"},
+        {eCommandMessage::eDevicesAlone, "--devices tells of this computer and no file: leave out %s, or --devices"}};
     return g_texts;
 }
 

@@ -79,7 +79,8 @@ struct eCommandMessage
         eNotAppendable = 59,  ///< file, geometry, file, geometry
         eForVolumesOnly = 60, ///< option, option of the size, what was given
         eNeedsOption = 61,    ///< option, option
-        eOtherAxes = 62       ///< option, what was given, option of the size, what was given
+        eOtherAxes = 62,      ///< option, what was given, option of the size, what was given
+        eDevicesAlone = 63    ///< file
     };
     ORLIX_ENUMERATION(eCommandMessage, eBadArguments);
 };

@@ -35,9 +35,7 @@ void addComparison(Suite& suite, const RegionCase& work, unsigned long nbThreads
         comparison.add({core::getInstructionSetName(set), eRole::eOperator, [fixture] { fixture->runOperator(); },
                         [set] { forceSet(set); }});
     }
-    if (nbThreads == 1) {
-        comparison.add({"memcpy a row", eRole::eOther, [fixture] { fixture->copyRows(); }});
-    }
+    comparison.add({"memcpy a row", eRole::eOther, [fixture] { fixture->copyRows(); }});
     if (hasOpenCv()) {
         comparison.add({"OpenCV", eRole::ePeer, [fixture] { fixture->runPeer(); }});
     }

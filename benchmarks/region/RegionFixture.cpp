@@ -4,6 +4,8 @@
 #include "ORLIXIPL/ORLIXIPLUtility/ORLIXIPLUtility.h"
 #include "ORLIXIPL/ORLIXImage/ORLIXImage.h"
 
+#include <tbb/parallel_for.h>
+
 #include <cstring>
 
 namespace orlix::bench {
@@ -50,14 +52,22 @@ void RegionFixture::copyRows() const
 {
     const unsigned long element = image::elementSize(m_case.type);
     const unsigned long nbBytes = m_case.size.sizeX * element;
-    for (unsigned long y = 0; y < m_case.size.sizeY; ++y) {
-        std::byte* const inImage = m_image->accessRow(m_y + y, 0, 0, 0) + m_x * element;
-        std::byte* const inRegion = m_region->accessRow(y, 0, 0, 0);
-        if (m_case.work == RegionWork::get) {
-            std::memcpy(inRegion, inImage, nbBytes);
-        } else {
-            std::memcpy(inImage, inRegion, nbBytes);
+    const unsigned long nbRows = m_case.size.sizeY;
+    const auto copyShare = [&](unsigned long thread) {
+        for (unsigned long y = nbRows * thread / m_nbThreads; y < nbRows * (thread + 1) / m_nbThreads; ++y) {
+            std::byte* const inImage = m_image->accessRow(m_y + y, 0, 0, 0) + m_x * element;
+            std::byte* const inRegion = m_region->accessRow(y, 0, 0, 0);
+            if (m_case.work == RegionWork::get) {
+                std::memcpy(inRegion, inImage, nbBytes);
+            } else {
+                std::memcpy(inImage, inRegion, nbBytes);
+            }
         }
+    };
+    if (m_nbThreads == 1) {
+        copyShare(0);
+    } else {
+        tbb::parallel_for(0UL, m_nbThreads, copyShare, tbb::static_partitioner());
     }
 }
 

@@ -20,7 +20,7 @@ public:
 
     void runOperator() const;
     void runPeer() const { m_peer(); }
-    /// Row by row on the calling thread, as one writes it by hand.
+    /// Row by row, as one writes it by hand, each thread its share of the rows.
     void copyRows() const;
     /// The same bytes between two plans without gaps.
     const FlowWork& getWork() const { return *m_flow; }

@@ -69,15 +69,17 @@ inline ::testing::AssertionResult areSameButForCalibration(const BaseImage& expe
                : ::testing::AssertionFailure() << "kinds of axes differ";
 }
 
-/// `readPart` gives, for the whole, its last pixel and regions drawn from a seed, what `cut` makes of `whole`.
+/// `readPart` gives, for the whole, its last pixel and regions drawn from a seed, some of them of whole rows, what
+/// `cut` makes of `whole`.
 template <class TReadPart>
 ::testing::AssertionResult regionsAreCuts(const BaseImage& whole, TReadPart&& readPart)
 {
     const FiveNumbers sizes = sizesOf(whole);
     std::mt19937 random(7);
-    for (int turn = 0; turn < 8; ++turn) {
+    for (int turn = 0; turn < 12; ++turn) {
+        const bool bWholeRows = turn > 7;
         FiveNumbers first{}, part = sizes;
-        for (std::size_t axis = 0; axis < 5 && turn > 0; ++axis) {
+        for (std::size_t axis = bWholeRows ? 1 : 0; axis < 5 && turn > 0; ++axis) {
             first[axis] = turn == 1 ? sizes[axis] - 1 : random() % sizes[axis];
             part[axis] = turn == 1 ? 1 : 1 + random() % (sizes[axis] - first[axis]);
         }

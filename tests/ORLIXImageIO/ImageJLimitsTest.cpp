@@ -27,14 +27,15 @@ std::string failureOfWriting(const ImagePtr& image, const eTiffCompression& comp
 }
 
 // Over memory that is never touched beyond the first plans.
-std::string failureOfWriting(const BaseImageGeometry& geometry)
+std::string failureOfWriting(const BaseImageGeometry& geometry,
+                             const eTiffCompression& compression = eTiffCompression::eLzw)
 {
     const unsigned long plan = geometry.getSizeX() * geometry.getSizeY(), bytes = plan * geometry.getSizeZ();
     void* const memory =
         ::mmap(nullptr, bytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
     EXPECT_NE(MAP_FAILED, memory);
-    const std::string text = failureOfWriting(
-        wrapImage(geometry, memory, {geometry.getSizeX(), plan, bytes, bytes}, nullptr), eTiffCompression::eLzw);
+    const ImagePtr image = wrapImage(geometry, memory, {geometry.getSizeX(), plan, bytes, bytes}, nullptr);
+    const std::string text = failureOfWriting(image, compression);
     ::munmap(memory, bytes);
     return text;
 }
@@ -56,6 +57,15 @@ TEST(ImageJLimitsTest, CompressedPixelsDirectoriesAndStripsCount)
     static_assert(listed > room && listed - 16 * rows <= room);
     EXPECT_TRUE(contains(failureOfWriting(*geometry2d(eImageBufferType::UInt8, rowBytes, rows)), refused));
     EXPECT_TRUE(contains(failureOfWriting(*geometry2d(eImageBufferType::UInt8, rowBytes, rows - 1)), stopped));
+}
+
+TEST(ImageJLimitsTest, PlansBelow4GiB)
+{
+    const auto failure = [](unsigned long width) {
+        return failureOfWriting(*geometry2d(eImageBufferType::UInt8, width, 1ul << 16), eTiffCompression::eNone);
+    };
+    EXPECT_TRUE(contains(failure((1ul << 16) - 2), "stopped"));
+    EXPECT_TRUE(contains(failure((1ul << 16) - 1), "plans of 4 GiB and more"));
 }
 
 TEST(ImageJLimitsTest, PixelSizesOfBothAxes)

@@ -371,6 +371,9 @@ TEST(OmeTest, WrongDescriptionsAreRefused)
     EXPECT_TRUE(contains(failure(ome("SizeZ=\"3\"")),
                          "tells of 3 plans, 1 channels and 1 time steps, but the file has 2 pages"));
     EXPECT_TRUE(contains(failure(ome("SizeZ=\"0\"")), "tells of 0 plans"));
+    EXPECT_TRUE(contains(failure(ome("SizeZ=\"3\"", "<TiffData IFD=\"0\"/><TiffData IFD=\"1\" FirstZ=\"1\"/>")),
+                         "but the file has 2 pages"))
+        << "which both elements are about";
     EXPECT_TRUE(contains(failure(ome("SizeZ=\"4294967296\" SizeC=\"4294967296\" SizeT=\"4294967296\"")),
                          "but the file has 2 pages"));
     EXPECT_TRUE(contains(failure(ome("SizeZ=\"two\"")), "SizeZ must be a whole number, but is \"two\""));

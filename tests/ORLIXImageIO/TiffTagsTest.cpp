@@ -24,9 +24,9 @@ struct Close
 class TiffTagsTest : public ::testing::Test
 {
 protected:
-    std::unique_ptr<TIFF, Close> write(const ImagePtr& image)
+    std::unique_ptr<TIFF, Close> write(const ImagePtr& image, const WriteOptions& options = {})
     {
-        writeImage(m_folder / "a.tif", image);
+        writeImage(m_folder / "a.tif", image, options);
         return std::unique_ptr<TIFF, Close>(TIFFOpen((m_folder / "a.tif").c_str(), "r"));
     }
 
@@ -83,4 +83,20 @@ TEST_F(TiffTagsTest, OnlyPixelSizesAreToldAsSuch)
     ASSERT_EQ(1, TIFFGetField(tiff.get(), TIFFTAG_IMAGEDESCRIPTION, &text));
     EXPECT_FALSE(contains(text, "PhysicalSizeX"));
     EXPECT_TRUE(contains(text, "PhysicalSizeY=\"2\" PhysicalSizeYUnit=\"mm\""));
+}
+
+TEST_F(TiffTagsTest, TheDescriptionTellsOrderOfBytesAndOfSamples)
+{
+    for (const eByteOrder::domain order : {eByteOrder::eLittleEndian, eByteOrder::eBigEndian}) {
+        for (const unsigned long channels : {1ul, 3ul, 4ul}) {
+            WriteOptions options;
+            options.byteOrder = order;
+            const auto tiff =
+                write(filledImage(*geometry5d(eImageBufferType::UInt8, 4, 4, 1, channels, 1), 1), options);
+            const char* text = nullptr;
+            ASSERT_EQ(1, TIFFGetField(tiff.get(), TIFFTAG_IMAGEDESCRIPTION, &text));
+            EXPECT_TRUE(contains(text, order == eByteOrder::eBigEndian ? "BigEndian=\"true\"" : "BigEndian=\"false\""));
+            EXPECT_TRUE(contains(text, channels > 1 ? "Interleaved=\"true\"" : "Interleaved=\"false\""));
+        }
+    }
 }

@@ -6,6 +6,7 @@
 #include "ORLIX/ORLIXBaseProcessing/Logger/ORLIXBaseProcessingLogMessages.h"
 #include "ORLIX/ORLIXBaseProcessing/ProcessorFactory.h"
 #include "ORLIX/ORLIXCore/Logger/ORLIXCoreLogMessages.h"
+#include "ORLIX/ORLIXHardware/Logger/ORLIXHardwareLogMessages.h"
 #include "ORLIX/ORLIXSerialization/Logger/ORLIXSerializationLogMessages.h"
 #include "ORLIX/ORLIXUtil/LogMessageManager.h"
 #include "ORLIX/ORLIXUtil/Logger/ORLIXUtilLogMessages.h"
@@ -50,6 +51,7 @@ int main()
     checkFilled<eORLIXUtilErrors>("ORLIXUtil");
     checkFilled<eORLIXSerializationMessage>("ORLIXSerialization");
     checkFilled<eORLIXBaseDataMessage>("ORLIXBaseData");
+    checkFilled<hard::eORLIXHardwareMessage>("ORLIXHardware");
     checkFilled<core::eORLIXCoreMessage>("ORLIXCore");
     checkFilled<processor::eAttributeMessage>("ORLIXBaseProcessing");
     checkFilled<processor::eProcessorMessage>("ORLIXBaseProcessing");

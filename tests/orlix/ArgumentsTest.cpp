@@ -1,5 +1,6 @@
 // Arguments, help, version and what is said about mistakes.
 #include "CommandLine.h"
+#include "Verb.h"
 #include "orlix/support/NoiseImages.h"
 #include "orlix/support/Program.h"
 #include "orlix/support/TemporaryFolder.h"
@@ -14,6 +15,9 @@
 #include <iostream>
 #include <sstream>
 
+#include <signal.h>
+#include <sys/resource.h>
+
 namespace orlix::test {
 namespace {
 
@@ -22,6 +26,16 @@ struct Mistake
     std::vector<std::string> arguments;
     std::string told; ///< part of the line
 };
+
+/// All verbs of the program, as messages list them.
+std::string allVerbs()
+{
+    std::string names;
+    for (const cli::Verb* const verb : cli::getVerbs()) {
+        names.append(names.empty() ? "" : ", ").append(verb->name);
+    }
+    return names;
+}
 
 class MistakeTest : public ::testing::TestWithParam<Mistake>
 {};
@@ -40,12 +54,10 @@ TEST_P(MistakeTest, EndsWithOneLineAndExitCode2)
 INSTANTIATE_TEST_SUITE_P(
     Arguments, MistakeTest,
     ::testing::Values(
-        Mistake{
-            {},
-            "a verb is needed, one of info, copy, convert, threshold, erase, crop, paste, slice, put-slice, append, "
-            "random, normal, lines, compare, values, run, processors"},
+        Mistake{{}, "a verb is needed, one of " + allVerbs() + ";"},
         Mistake{{"frobnicate"}, "\"frobnicate\" is no verb"}, Mistake{{"--json"}, "a verb is needed"},
         Mistake{{"info"}, "FILE is required; `orlix info --help` tells more"},
+        Mistake{{"info", "--devices", "a.tif"}, "--devices tells of this computer and no file: leave out a.tif"},
         Mistake{{"info", "--bogus", "a.tif"},
                 "\"--bogus\" is no option of `orlix info`; `orlix info --help` lists all"},
         Mistake{{"--versoin"}, "\"--versoin\" is no option of `orlix`; near it is --version; `orlix --help`"},
@@ -76,6 +88,8 @@ INSTANTIATE_TEST_SUITE_P(
         Mistake{{"copy", "a.tif", "b"}, "names no format"},
         Mistake{{"copy", "a.tif", "b.png", "--tiled"}, "--tiled is for TIFF files"},
         Mistake{{"copy", "a.tif", "b.png", "--compression", "lzw"}, "--compression is for TIFF files"},
+        Mistake{{"copy", "a.tif", "b.png", "--tiled", "--compression", "lzw"}, "--compression is for TIFF files"},
+        Mistake{{"copy", "a.tif", "b.png", "--compression", "lzw", "--tiled"}, "--compression is for TIFF files"},
         Mistake{{"copy", "a.tif", "b.tif", "--compression", "defalte"},
                 "--compression: expected one of none, packbits, lzw, deflate, zstd, lzma, found "
                 "\"defalte\"; near it is deflate; `orlix copy --help`"},
@@ -220,6 +234,26 @@ TEST(ArgumentsTest, FullStandardOutputIsAFailure)
         EXPECT_EQ(result.exitCode, 2) << verb;
         EXPECT_NE(result.err.find("the standard output can't be written (No space left on device)"), std::string::npos);
     }
+}
+
+/// The file takes all but the last bytes.
+TEST(ArgumentsTest, StandardOutputThatIsCutShortIsAFailure)
+{
+    const TemporaryFolder folder;
+    const std::string file = folder / "list.txt";
+    const unsigned long size = runOrlix({"processors"}).out.size() - 10;
+    const auto toShortFile = [&file, size] {
+        ::signal(SIGXFSZ, SIG_IGN);
+        const rlimit limit = {size, size};
+        if (std::freopen(file.c_str(), "w", stdout) == nullptr || ::setrlimit(RLIMIT_FSIZE, &limit) != 0) {
+            std::abort();
+        }
+    };
+    const ProgramResult result = Program({"processors"}, Program::eStreams::pipes, toShortFile).finish();
+    EXPECT_EQ(std::filesystem::file_size(file), size);
+    EXPECT_EQ(result.exitCode, 2);
+    EXPECT_NE(result.err.find("the standard output can't be written (File too large)"), std::string::npos)
+        << result.err;
 }
 
 /// An instruction set that the processor lacks: on an emulated processor that has SSE2 only.

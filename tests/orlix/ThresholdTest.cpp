@@ -69,6 +69,7 @@ TEST_F(ThresholdTest, BothBoundsAreIncluded)
     const ImagePtr in = makeRow<short>(eImageBufferType::Int16, {-101, -100, 0, 199, 200, 201});
     EXPECT_EQ(maskOf(in, {"--min", "-100", "--max", "200"}), "011110");
     EXPECT_EQ(maskOf(in, {"--min=-100.7", "--max=200.7"}), "011110");
+    EXPECT_EQ(maskOf(in, {"--min", "199", "--max", "199"}), "000100") << "one value is a range too";
 }
 
 TEST_F(ThresholdTest, BoundsThatAreLeftOutAreTheLimitsOfTheType)

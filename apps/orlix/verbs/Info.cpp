@@ -1,9 +1,13 @@
-// orlix info: what image files hold.
+// orlix info: what image files hold, and which devices this computer has.
+#include "CommandMessages.h"
+#include "DescribeDevices.h"
 #include "DescribeImage.h"
 #include "ImageFiles.h"
 #include "PlainText.h"
 #include "Verb.h"
 
+#include "ORLIX/ORLIXCore/ComputerInfoPool.h"
+#include "ORLIX/ORLIXUtil/Raise.h"
 #include "ORLIXIPL/ORLIXImageIO/ReadImage.h"
 
 #include <boost/make_shared.hpp>
@@ -123,7 +127,7 @@ void writeInfo(JsonWriter& json, const std::string& file, const ImageFileInfo& i
     json.endObject();
 }
 
-void runInfo(const std::vector<std::string>& files, CommandContext& context)
+void tellFiles(const std::vector<std::string>& files, CommandContext& context)
 {
     JsonWriter json(context.out);
     if (context.options.bJson) {
@@ -145,14 +149,48 @@ void runInfo(const std::vector<std::string>& files, CommandContext& context)
     }
 }
 
-using Files = std::vector<std::string>;
+void tellDevices(CommandContext& context)
+{
+    const hard::GpuDescription& devices =
+        core::ComputerInfoPool::getInstance().getLocalComputerInfo().getComputerDescription().getGpuDescription();
+    if (context.options.bJson) {
+        JsonWriter json(context.out);
+        writeDevices(json, devices);
+    } else {
+        printDevices(context.out, devices);
+    }
+}
 
-constexpr VerbRow<Files> g_row = {
+struct InfoArguments
+{
+    std::vector<std::string> files;
+    bool bDevices = false;
+};
+
+void runInfo(const InfoArguments& arguments, CommandContext& context)
+{
+    if (!arguments.bDevices) {
+        if (arguments.files.empty()) {
+            raise<eCommandMessage>(ORLIX_HERE, eCommandMessage::eBadArguments, "FILE is required", "orlix info");
+        }
+        tellFiles(arguments.files, context);
+    } else if (!arguments.files.empty()) {
+        raise<eCommandMessage>(ORLIX_HERE, eCommandMessage::eDevicesAlone, arguments.files.front());
+    } else {
+        tellDevices(context);
+    }
+}
+
+constexpr VerbRow<InfoArguments> g_row = {
     .name = "info",
     .summary = "Tell axes, element type, calibration and file format of images",
     .operands =
-        [](OptionList& list, Files& files) {
-            list.add("FILE", files, "TIFF or PNG files; only their headers are read").valueName("...").required();
+        [](OptionList& list, InfoArguments& arguments) {
+            list.add("FILE", arguments.files, "TIFF or PNG files; only their headers are read").valueName("...");
+        },
+    .options =
+        [](OptionList& list, InfoArguments& arguments) {
+            list.addFlag("--devices", arguments.bDevices, "Tell the CUDA devices of this computer, in place of files");
         },
     .run = &runInfo};
 

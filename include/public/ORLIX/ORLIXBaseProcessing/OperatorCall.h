@@ -50,11 +50,27 @@ typename TOutput::StorageType makeOutput(const TCall& call)
 
 } // namespace details
 
+/// A pointer to an item in the frame of a call, which it neither owns nor counts: for `runStraight` alone, since a
+/// processor may be kept, with what it holds.
+template <class TItem>
+boost::shared_ptr<const TItem> borrowed(const TItem& item)
+{
+    return boost::shared_ptr<const TItem>(boost::shared_ptr<void>(), &item);
+}
+
+/// Does what `run` does where that takes no processor of level 1; false: nothing has been done, which is `run`'s to do.
+/// A failure throws.
+template <class TProcessor, class... TValues>
+[[nodiscard]] bool runStraight(const TValues&... values)
+{
+    return details::runStraight<TProcessor>(CallValues<TValues...>(values...));
+}
+
 /// Sets the attributes in the given order and runs to the end. A failed run throws.
 template <class TProcessor, class... TValues>
 void run(const TValues&... values)
 {
-    if (details::runStraight<TProcessor>(CallValues<TValues...>(values...))) {
+    if (runStraight<TProcessor>(values...)) {
         return;
     }
     const CallProcessor<TProcessor> processor;

@@ -53,6 +53,7 @@ const std::vector<MessageText>& MessageCatalogue<processor::eAlgorithmFunctionMe
     static const std::vector<MessageText> g_texts = {
         {Message::eFunctionRegisteredTwice, "There is a kernel for %s with the figure of merit %d already"},
         {Message::eFunctionIsNull, "The kernel for %s is a null pointer"},
+        {Message::eCudaFunctionRegisteredTwice, "There is a launcher for %s already"},
         {Message::eRegistrationFailed, "Some kernels could not be registered:\n%s"}};
     return g_texts;
 }

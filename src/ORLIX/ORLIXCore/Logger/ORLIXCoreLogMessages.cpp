@@ -23,7 +23,8 @@ const std::vector<MessageText>& MessageCatalogue<core::eORLIXCoreMessage>::texts
          "The run was dropped before it began, since the process ends: wait for runs before that"},
         {Message::eLostByFork, "The run was under way on a thread of the process that this one was forked from: "
                                "wait there, or make a new action here"},
-        {Message::eTooManyThreads, "%d threads were asked for, but at most %d can work at a time: give 0 to %d"}};
+        {Message::eTooManyThreads, "%d threads were asked for, but at most %d can work at a time: give 0 to %d"},
+        {Message::eGpuStaysOff, "GPU support stays off: %s"}};
     return g_texts;
 }
 

@@ -75,10 +75,22 @@ TEST(AppendSeqImgRefusals, outputsOfOtherSizes)
 
 TEST(AppendSeqImgRefusals, anOutputOfOtherTypes)
 {
-    const ImagePtr first = makeRandom(*geometry5d(g_uint8, 5, 4, 1, 1, 3));
-    const ImagePtr out = makeRandom(*geometry5d(eImageBufferType::UInt16, 5, 4, 1, 1, 6));
-    EXPECT_EQ(refusalOf(first, first, out), "OutImg is 5x4x1x1x1 UInt16, InSubImg2d is 5x4x1x1x1 UInt8: sizes and "
-                                            "element types have to be the same");
+    for (const unsigned long sizeX : {5UL, 300000UL}) { // little work, and work that is dispatched
+        const std::string plans = std::to_string(sizeX) + "x4x1x1x";
+        const ImagePtr first = makeRandom(*geometry5d(g_uint8, sizeX, 4, 1, 1, 3));
+        const ImagePtr second = makeRandom(*geometry5d(eImageBufferType::Int8, sizeX, 4, 1, 1, 2), 2);
+        const ImagePtr out = makeRandom(*geometry5d(eImageBufferType::UInt16, sizeX, 4, 1, 1, 5), 3);
+        const std::string end = ": element types have to be the same";
+        EXPECT_EQ(refusalOf(first, second, out),
+                  "OutImg is " + plans + "5 UInt16, InImg1 is " + plans + "3 UInt8" + end);
+        // The first steps would do.
+        const ImagePtr halfRight = makeRandom(*geometry5d(g_uint8, sizeX, 4, 1, 1, 5), 3);
+        EXPECT_EQ(refusalOf(first, second, halfRight),
+                  "OutImg is " + plans + "5 UInt8, InImg2 is " + plans + "2 Int8" + end);
+        // So would the last ones.
+        EXPECT_EQ(refusalOf(second, first, halfRight),
+                  "OutImg is " + plans + "5 UInt8, InImg1 is " + plans + "2 Int8" + end);
+    }
 }
 
 TEST(AppendSeqImgRefusals, theSecondInputAsOutput)

@@ -146,6 +146,29 @@ TEST(AppendSeqImg, wrappedMemoryIsTouchedNowhereElse)
     }
 }
 
+TEST(AppendSeqImg, smallImagesOfSeveralChannelsOrPlans)
+{
+    for (const auto& [sizeZ, sizeC] : {std::pair(1UL, 2UL), std::pair(2UL, 1UL)}) {
+        expectAppended(makeRandom(*geometry5d(eImageBufferType::UInt16, 5, 4, sizeZ, sizeC, 1)),
+                       makeRandom(*geometry5d(eImageBufferType::UInt16, 5, 4, sizeZ, sizeC, 2), 2));
+    }
+}
+
+TEST(AppendSeqImg, ofAViewOverSeveralImagesEachStepIsWrittenAsItLies)
+{
+    // The first step has room behind its plan, the second one has not.
+    const ImagePtr roomy = createImage(*geometry2d(eImageBufferType::UInt8, 5, 4));
+    const WatchedImage tight(*geometry2d(eImageBufferType::UInt8, 5, 4), {});
+    ImagePtr both;
+    ASSERT_TRUE(SubImageExtractor::concatenateSequences<image::BaseImage>({roomy, tight.get()}, both));
+    const ImagePtr first = makeRandom(*geometry2d(eImageBufferType::UInt8, 5, 4));
+    const ImagePtr second = makeRandom(*geometry2d(eImageBufferType::UInt8, 5, 4), 2);
+    appendSeqImg(first, second, both);
+    EXPECT_EQ(bytesOf(*roomy), bytesOf(*first));
+    EXPECT_EQ(bytesOf(*tight.get()), bytesOf(*second));
+    EXPECT_TRUE(tight.isOutsideIntact());
+}
+
 TEST(AppendSeqImg, inSituNoPixelMovesAndViewsStayWhatTheyWere)
 {
     const ImagePtr image = makeRandom(*geometry5d(eImageBufferType::UInt8, 64, 64, 2, 1, 3), 1);

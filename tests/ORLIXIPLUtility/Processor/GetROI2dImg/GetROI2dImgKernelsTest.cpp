@@ -1,6 +1,5 @@
 // The kernels of GetROI2dImgLvl3 between forbidden pages, and its levels by themselves.
-#include "ORLIX/ORLIXCore/InstructionSetAvailability.h"
-#include "ORLIXIPLUtility/KernelChecks.h"
+#include "ORLIXIPLUtility/Processor/Region/RegionKernels.h"
 #include "ORLIXIPLUtility/Processor/Region/RegionTest.h"
 #include "ORLIXIPLUtility/ProcessorChecks.h"
 #include "support/SameImages.h"
@@ -12,28 +11,9 @@ using image::eImageBufferType;
 
 constexpr auto g_sync = core::eSynchroType::eSynchroSync;
 
-/// AVX moves floats, and AVX2 leaves them to it.
-const testing::KernelTable g_table{{eInstructionSet::eNone, eInstructionSet::eSSE2, eInstructionSet::eAVX,
-                                    eInstructionSet::eAVX2, eInstructionSet::eAVX512},
-                                   [](testing::Set set, testing::BufferType type) {
-                                       const bool bReal = type == eImageBufferType::Real32;
-                                       return set == eInstructionSet::eAVX ? bReal
-                                                                           : set != eInstructionSet::eAVX2 || !bReal;
-                                   }};
-
-TEST(GetROI2dImgKernelsTest, rowsInTheOrderOfTheTable)
-{
-    testing::expectRows<GetROI2dImgLvl3>(g_table);
-}
-
-TEST(GetROI2dImgKernelsTest, forcedSetIsTheOneThatRuns)
-{
-    testing::expectForcedSetRuns<GetROI2dImgLvl3>(g_table);
-}
-
 TEST(GetROI2dImgKernelsTest, everySetTypeAndWidthStaysWithinItsRows)
 {
-    testing::forEachKernel<GetROI2dImgLvl3>(g_table, [](testing::Set, testing::BufferType type) {
+    testing::forEachKernel<GetROI2dImgLvl3>(g_regionKernels, [](testing::Set, testing::BufferType type) {
         for (unsigned long width = 0; width <= 1300; width += width < 140 ? 1 : 193) {
             for (const testing::WrapForm& form : {testing::WrapForm{testing::GuardEdge::eEnd},
                                                   testing::WrapForm{testing::GuardEdge::eBegin, 0, 0, 1, false}}) {

@@ -158,6 +158,9 @@ TEST(PutSlice3dImgTest, typesOfTheSameBytesAreTakenAsTheyAreAlongXAndY)
     }
     const ImagePtr plan = makeRandom(*sliceOf(eImageBufferType::Real32, sizes, eAxis::eZ), 3);
     EXPECT_NE(messageOf([&] { static_cast<void>(putSlice3dImg(in, plan, eAxis::eZ, 1)); }), "no exception");
+    const ImagePtr before = plainCopy(*in);
+    EXPECT_NE(messageOf([&] { putSlice3dImg(in, plan, eAxis::eZ, 1, in); }), "no exception");
+    EXPECT_TRUE(sameImages(*before, *in));
 }
 
 TEST(PutSlice3dImgTest, imagesWithoutPixels)

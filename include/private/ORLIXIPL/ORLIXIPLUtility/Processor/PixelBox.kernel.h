@@ -11,68 +11,125 @@ namespace orlix::imaproc::util {
 
 namespace details {
 
+/// How far ahead of the row that is written the destination is fetched: processors see by themselves what is read next,
+/// but not the rows to come of what is written. None unless `bFetch`.
+template <bool bFetch>
+struct Ahead
+{
+    unsigned long distance; ///< bytes; a multiple of the way from row to row, unless rows are long
+
+    static ORLIX_SIMD_INLINE Ahead of(const PixelBox& box)
+    {
+        constexpr unsigned long longRow = 8192;
+        constexpr unsigned long rowsAhead = 1024; // as many bytes of them, at least
+        constexpr unsigned long withinRow = 512;
+        return {box.rowBytes >= longRow ? withinRow : (1 + rowsAhead / box.rowBytes) * box.destinationRow};
+    }
+    /// Of `nbBytes` that are written from `to` on.
+    ORLIX_SIMD_INLINE void fetch(const unsigned char* to, unsigned long nbBytes) const
+    {
+        if constexpr (bFetch) {
+            constexpr unsigned long line = 64;
+#pragma GCC unroll 8
+            for (unsigned long i = 0; i < nbBytes; i += line) {
+                simd::prefetch(to + distance + i);
+            }
+        }
+    }
+};
+
 /// Calls `copyRow(from, to)` for every row of the box.
 template <class TCopyRow>
 ORLIX_SIMD_INLINE void forEachBoxRow(const PixelBox& box, const TCopyRow& copyRow)
 {
-    for (unsigned long plan = 0; plan < box.nbPlans; ++plan) {
+    // Kept aside: for all that the compiler knows, the bytes that are stored could be those of the box.
+    const unsigned long nbPlans = box.nbPlans;
+    const unsigned long nbRows = box.nbRows;
+    const unsigned long sourceRow = box.sourceRow;
+    const unsigned long destinationRow = box.destinationRow;
+    for (unsigned long plan = 0; plan < nbPlans; ++plan) {
         const unsigned char* from = box.source + plan * box.sourcePlan;
         unsigned char* to = box.destination + plan * box.destinationPlan;
-        for (unsigned long row = 0; row < box.nbRows; ++row, from += box.sourceRow, to += box.destinationRow) {
+        for (unsigned long row = 0; row < nbRows; ++row, from += sourceRow, to += destinationRow) {
             copyRow(from, to);
         }
     }
 }
 
 /// Rows of `nbMove` to twice as many bytes: two moves each, which meet or overlap.
-template <unsigned long nbMove>
-ORLIX_SIMD_INLINE void copyNarrowRows(const PixelBox& box)
+template <unsigned long nbMove, bool bFetch>
+ORLIX_SIMD_INLINE void copyNarrowRows(const PixelBox& box, Ahead<bFetch> ahead)
 {
     struct Move
     {
         unsigned char bytes[nbMove];
     };
     const unsigned long second = box.rowBytes - nbMove;
-    forEachBoxRow(box, [second](const unsigned char* from, unsigned char* to) ORLIX_SIMD_LAMBDA {
+    forEachBoxRow(box, [second, ahead](const unsigned char* from, unsigned char* to) ORLIX_SIMD_LAMBDA {
         Move first;
         Move last;
         __builtin_memcpy(&first, from, nbMove);
         __builtin_memcpy(&last, from + second, nbMove);
         __builtin_memcpy(to, &first, nbMove);
         __builtin_memcpy(to + second, &last, nbMove);
+        ahead.fetch(to, nbMove);
     });
 }
 
 /// Rows of less than 64 bytes, without a call for any of them.
-ORLIX_SIMD_INLINE void copyRowsBelow64(const PixelBox& box)
+template <bool bFetch>
+ORLIX_SIMD_INLINE void copyRowsBelow64(const PixelBox& box, Ahead<bFetch> ahead)
 {
     if (box.rowBytes >= 32) {
-        copyNarrowRows<32>(box);
+        copyNarrowRows<32>(box, ahead);
     } else if (box.rowBytes >= 16) {
-        copyNarrowRows<16>(box);
+        copyNarrowRows<16>(box, ahead);
     } else if (box.rowBytes >= 8) {
-        copyNarrowRows<8>(box);
+        copyNarrowRows<8>(box, ahead);
     } else if (box.rowBytes >= 4) {
-        copyNarrowRows<4>(box);
+        copyNarrowRows<4>(box, ahead);
     } else if (box.rowBytes >= 2) {
-        copyNarrowRows<2>(box);
+        copyNarrowRows<2>(box, ahead);
     } else if (box.rowBytes == 1) {
-        copyNarrowRows<1>(box);
+        copyNarrowRows<1>(box, ahead);
     }
 }
 
+/// Rows that `nbRegisters` hold, the last of which may overlap the one before: neither a loop nor a branch within a
+/// row.
+template <eInstructionSet::domain ISA, unsigned long nbRegisters, bool bFetch>
+ORLIX_SIMD_INLINE void copyShortRows(const PixelBox& box, Ahead<bFetch> ahead)
+{
+    using Register = simd::Register<ISA>;
+    constexpr unsigned long width = Register::s_nbBytes;
+    const unsigned long last = box.rowBytes - width;
+    forEachBoxRow(box, [last, ahead](const unsigned char* from, unsigned char* to) ORLIX_SIMD_LAMBDA {
+        Register registers[nbRegisters];
+#pragma GCC unroll 8
+        for (unsigned long k = 0; k + 1 < nbRegisters; ++k) {
+            registers[k] = Register::load(from + k * width);
+        }
+        registers[nbRegisters - 1] = Register::load(from + last);
+#pragma GCC unroll 8
+        for (unsigned long k = 0; k + 1 < nbRegisters; ++k) {
+            registers[k].store(to + k * width);
+        }
+        registers[nbRegisters - 1].store(to + last);
+        ahead.fetch(to, nbRegisters * width);
+    });
+}
+
 /// One row of at least a register, in registers; the last one may overlap the one before, so nothing behind the row is
-/// touched. The bytes `ahead` of the ones that are copied are fetched where `bFetch`.
+/// touched.
 template <eInstructionSet::domain ISA, bool bFetch>
 ORLIX_SIMD_INLINE void copyWideRow(const unsigned char* from, unsigned char* to, unsigned long nbBytes,
-                                   unsigned long ahead)
+                                   Ahead<bFetch> ahead)
 {
     using Register = simd::Register<ISA>;
     constexpr unsigned long width = Register::s_nbBytes;
     // Eight registers are filled before they are stored: processors hold a load back that looks like a store just
     // before it, as it does where both addresses agree in their low 12 bits.
     constexpr unsigned long nbTurn = 8;
-    constexpr unsigned long line = 64;
     const Register last = Register::load(from + nbBytes - width);
     unsigned char* const lastPlace = to + nbBytes - width;
     if (nbBytes >= 1024) { // from here on the stores lie in registers' places of the output, so that none is split
@@ -84,12 +141,7 @@ ORLIX_SIMD_INLINE void copyWideRow(const unsigned char* from, unsigned char* to,
     }
     unsigned long i = 0;
     for (; i + nbTurn * width <= nbBytes; i += nbTurn * width) {
-        if constexpr (bFetch) {
-#pragma GCC unroll 8
-            for (unsigned long k = 0; k < nbTurn * width; k += line) {
-                simd::prefetch(from + i + ahead + k);
-            }
-        }
+        ahead.fetch(to + i, nbTurn * width);
         Register registers[nbTurn];
 #pragma GCC unroll 8
         for (unsigned long k = 0; k < nbTurn; ++k) {
@@ -101,12 +153,36 @@ ORLIX_SIMD_INLINE void copyWideRow(const unsigned char* from, unsigned char* to,
         }
     }
     for (; i + width <= nbBytes; i += width) {
-        if constexpr (bFetch) {
-            simd::prefetch(from + i + ahead);
-        }
+        ahead.fetch(to + i, width);
         Register::load(from + i).store(to + i);
     }
     last.store(lastPlace);
+}
+
+/// Rows of 64 bytes and more: short ones by their number of registers, others in turns of a loop.
+template <eInstructionSet::domain ISA, bool bFetch, unsigned long nbRegisters = 64 / simd::Register<ISA>::s_nbBytes>
+ORLIX_SIMD_INLINE void copyRowsFrom64(const PixelBox& box, Ahead<bFetch> ahead)
+{
+    const unsigned long nbBytes = box.rowBytes;
+    if (nbBytes <= nbRegisters * simd::Register<ISA>::s_nbBytes) {
+        copyShortRows<ISA, nbRegisters>(box, ahead);
+    } else if constexpr (nbRegisters < 8) {
+        copyRowsFrom64<ISA, bFetch, nbRegisters + 1>(box, ahead);
+    } else {
+        forEachBoxRow(box, [nbBytes, ahead](const unsigned char* from, unsigned char* to)
+                               ORLIX_SIMD_LAMBDA { copyWideRow<ISA>(from, to, nbBytes, ahead); });
+    }
+}
+
+/// Rows of any length, without a call for any of them.
+template <eInstructionSet::domain ISA, bool bFetch>
+ORLIX_SIMD_INLINE void copyRows(const PixelBox& box, Ahead<bFetch> ahead)
+{
+    if (box.rowBytes < 64) {
+        copyRowsBelow64(box, ahead);
+    } else {
+        copyRowsFrom64<ISA>(box, ahead);
+    }
 }
 
 } // namespace details
@@ -116,22 +192,16 @@ ORLIX_SIMD_INLINE void copyWideRow(const unsigned char* from, unsigned char* to,
 template <eInstructionSet::domain ISA>
 void copyBox(const PixelBox& box)
 {
-    const unsigned long nbBytes = box.rowBytes;
     if constexpr (ISA == eInstructionSet::eNone) {
+        const unsigned long nbBytes = box.rowBytes;
         details::forEachBoxRow(box, [nbBytes](const unsigned char* from, unsigned char* to)
                                         ORLIX_SIMD_LAMBDA { std::memcpy(to, from, nbBytes); });
-    } else if (nbBytes < 64) {
-        details::copyRowsBelow64(box);
+    } else if (box.rowBytes == 0) {
+        return; // there is no distance of rows without bytes
     } else if (isAssisted(box.place)) {
-        // Long rows fetch within themselves, short ones the rows to come.
-        constexpr unsigned long distance = 1024;
-        const unsigned long ahead = nbBytes >= 8 * distance ? distance : (1 + distance / nbBytes) * box.sourceRow;
-        details::forEachBoxRow(box, [=](const unsigned char* from, unsigned char* to) ORLIX_SIMD_LAMBDA {
-            details::copyWideRow<ISA, true>(from, to, nbBytes, ahead);
-        });
+        details::copyRows<ISA>(box, details::Ahead<true>::of(box));
     } else {
-        details::forEachBoxRow(box, [=](const unsigned char* from, unsigned char* to)
-                                        ORLIX_SIMD_LAMBDA { details::copyWideRow<ISA, false>(from, to, nbBytes, 0); });
+        details::copyRows<ISA>(box, details::Ahead<false>{0});
     }
 }
 

@@ -35,9 +35,10 @@ struct eProcessorMessage
 struct eAlgorithmFunctionMessage
 {
     enum domain {
-        eFunctionRegisteredTwice = 0, ///< element types, figure
-        eFunctionIsNull = 1,          ///< element types
-        eRegistrationFailed = 12      ///< all reasons
+        eFunctionRegisteredTwice = 0,     ///< element types, figure
+        eFunctionIsNull = 1,              ///< element types
+        eCudaFunctionRegisteredTwice = 2, ///< element types
+        eRegistrationFailed = 12          ///< all reasons
     };
     ORLIX_ENUMERATION(eAlgorithmFunctionMessage, eFunctionRegisteredTwice);
 };

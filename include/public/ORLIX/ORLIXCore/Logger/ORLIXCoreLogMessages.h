@@ -17,7 +17,8 @@ struct eORLIXCoreMessage
         eUnknownException = 3,
         eProcessEnds = 4,
         eLostByFork = 5,
-        eTooManyThreads = 6 ///< threads, most threads, most threads
+        eTooManyThreads = 6, ///< threads, most threads, most threads
+        eGpuStaysOff = 7     ///< reason
     };
     ORLIX_ENUMERATION(eORLIXCoreMessage, eCancelled);
 };

@@ -1,6 +1,7 @@
 // A volume and a strip of a slice as kernels of the slice operators take them.
 #pragma once
 
+#include "ORLIX/ORLIXMath/Simd/MemoryPlace.h"
 #include "ORLIXIPL/ORLIXIPLAttributes/Axis.h"
 
 #include <cstddef>
@@ -17,14 +18,15 @@ struct SlicePlans
     unsigned long sizeX;
     unsigned long sizeY;
     unsigned long sizeZ;
+    simd::eMemoryPlace place; ///< of the volume
 
     /// Of a host image with pixels, or without any.
     template <class TImage>
     static SlicePlans of(const TImage& volume)
     {
         const auto& layout = volume.getPixelLayout();
-        return {layout.first,      layout.rowBytes,   layout.planBytes,
-                volume.getSizeX(), volume.getSizeY(), volume.getSizeZ()};
+        return {layout.first,      layout.rowBytes,   layout.planBytes, volume.getSizeX(),
+                volume.getSizeY(), volume.getSizeZ(), layout.place};
     }
 };
 

@@ -17,12 +17,11 @@ class AppendSeqImgLvl1; // to wait for an asynchronous run, include its header
 ORLIXIPLUTILITY_API ImagePtr appendSeqImg(const ImageConstPtr& inImg1, const ImageConstPtr& inImg2);
 
 /// The same into `outImg`. Where that is `inImg1`, it grows in place: its time steps stay where they are and views of
-/// it stay what they were; only `inImg2` is copied, into new memory behind them. shapes   out (X, Y, Z, C, T1 + T2),
-/// each step of the element type of the input's; or `inImg1` itself errors   as above. `outImg` must not be `inImg2`;
-/// an `inImg1` that grows owns its pixels, in host memory: it is neither
-///          wrapped nor a view. Nothing is changed then. An output of other element types is refused plan by plan, and
-///          plans of the right type are written. Where the copy fails after the growth, the image stays as large as it
-///          has become.
+/// it stay what they were; only `inImg2` is copied, into new memory behind them.
+/// shapes   out (X, Y, Z, C, T1 + T2), each step of the element type of the input's; or `inImg1` itself
+/// errors   as above. `outImg` must not be `inImg2`; an `inImg1` that grows owns its pixels, in host memory: it is
+///          neither wrapped nor a view; an output of other sizes or element types. Nothing is changed then. Where the
+///          copy fails after the growth, the image stays as large as it has become.
 /// threads  as above; `outImg` is written and belongs to this call until it returns, also where it is `inImg1`
 ORLIXIPLUTILITY_API void appendSeqImg(const ImageConstPtr& inImg1, const ImageConstPtr& inImg2, const ImagePtr& outImg);
 

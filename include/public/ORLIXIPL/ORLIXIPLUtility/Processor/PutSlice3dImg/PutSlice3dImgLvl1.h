@@ -27,6 +27,7 @@ public:
     using Initializers = processor::OutputInitializers<DuplicateInOut<attr::InImg3d, attr::OutImg>>;
     /// The volume would be copied onto itself.
     using NothingFirst = InSitu<attr::InImg3d, attr::OutImg>;
+    static constexpr bool g_bStraight = true;
 
     PutSlice3dImgLvl1();
     ~PutSlice3dImgLvl1() override;

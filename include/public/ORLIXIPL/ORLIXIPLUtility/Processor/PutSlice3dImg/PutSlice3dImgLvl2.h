@@ -46,8 +46,9 @@ public:
             return DispatchLevel::isStraight(values);
         }
         const image::BaseImage& volume = *processor::pointerTo(values.template get<attr::OutImg>());
+        const image::BaseImage& slice = *processor::pointerTo(values.template get<attr::InSubImg2d>());
         return values.template get<attr::InSliceIndex>() < volume.getSizeZ() &&
-               isStraightCopy(*processor::pointerTo(values.template get<attr::InSubImg2d>()), volume);
+               slice.getBufferType() == volume.getBufferType() && isStraightCopy(slice, volume);
     }
     template <class TValues>
     static ProcessingResult<bool> runStraight(const TValues& values)

@@ -1,10 +1,10 @@
-// Ten million points in one call, by both methods. For `scripts/test --long`.
+// Ten million points in one call, by both methods.
 #include "ORLIXIPLUtility/Processor/ExtractImgValues/ValuesOracle.h"
 
 namespace orlix::imaproc::util::test {
 namespace {
 
-TEST(ExtractImgValuesLongTest, DISABLED_tenMillionPoints)
+TEST(ExtractImgValuesManyValuesTest, tenMillionPoints)
 {
     constexpr unsigned long nbPoints = 10'000'000;
     constexpr unsigned long sizeX = 1201;

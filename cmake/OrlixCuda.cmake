@@ -1,0 +1,27 @@
+# CUDA, where a toolkit is at hand. What needs it lies in the module ORLIXCuda, which is left out elsewhere and brings its
+# own static copy of the runtime: a computer without a driver runs all the rest.
+
+option(ORLIX_CUDA "Compile CUDA code where a toolkit is found" ON)
+set(ORLIX_HAS_CUDA OFF)
+if(ORLIX_CUDA)
+    find_package(CUDAToolkit QUIET)
+    if(CUDAToolkit_FOUND AND TARGET CUDA::cudart_static)
+        include(CheckLanguage)
+        if(NOT CMAKE_CUDA_COMPILER AND NOT DEFINED ENV{CUDACXX})
+            set(ENV{CUDACXX} "${CUDAToolkit_NVCC_EXECUTABLE}")
+        endif()
+        if(NOT CMAKE_CUDA_HOST_COMPILER AND NOT DEFINED ENV{CUDAHOSTCXX})
+            set(CMAKE_CUDA_HOST_COMPILER "${CMAKE_CXX_COMPILER}" CACHE FILEPATH "Compiler behind nvcc")
+        endif()
+        check_language(CUDA) # tries in a project of its own, so that a toolkit that doesn't fit does no harm
+        if(CMAKE_CUDA_COMPILER)
+            enable_language(CUDA)
+            set(ORLIX_HAS_CUDA ON)
+        endif()
+    endif()
+endif()
+if(ORLIX_HAS_CUDA)
+    message(STATUS "CUDA ${CUDAToolkit_VERSION}: operators on devices are compiled")
+else()
+    message(STATUS "CUDA is switched off or not installed: operators on devices are left out")
+endif()

@@ -1,0 +1,82 @@
+"""Exact and fast operators for images of up to five axes.
+
+Arrays are in C order, x last: (y, x), (z, y, x), (c, z, y, x), (t, c, z, y, x). Functions take NumPy arrays, which they
+read and write where they lie, and `Image`, which knows its axes and the size of its pixels. They use all cores and give
+the same bytes on any number of them.
+"""
+
+import os as _os
+
+from ._core import (
+    Image,
+    OrlixError,
+    OrlixFileError,
+    copies_made,
+    empty,
+    instruction_set,
+    instruction_sets,
+    release_memory,
+)
+from ._files import FileInfo, info, read, write
+from ._future import Future, submit
+from ._machine import get_threads, set_instruction_set, set_threads, threads
+from ._operators import (
+    Comparison,
+    append,
+    compare,
+    convert,
+    copy,
+    crop,
+    erase,
+    get_slice,
+    lines,
+    normal,
+    paste,
+    put_slice,
+    random,
+    threshold,
+    values,
+)
+
+__version__ = "1.0.0"
+
+__all__ = [
+    "Comparison",
+    "FileInfo",
+    "Future",
+    "Image",
+    "OrlixError",
+    "OrlixFileError",
+    "append",
+    "compare",
+    "convert",
+    "copies_made",
+    "copy",
+    "crop",
+    "empty",
+    "erase",
+    "get_slice",
+    "get_threads",
+    "info",
+    "instruction_set",
+    "instruction_sets",
+    "lines",
+    "normal",
+    "paste",
+    "put_slice",
+    "random",
+    "read",
+    "release_memory",
+    "set_instruction_set",
+    "set_threads",
+    "submit",
+    "threads",
+    "threshold",
+    "values",
+    "write",
+]
+
+if "ORLIX_NUM_THREADS" in _os.environ:
+    set_threads(int(_os.environ["ORLIX_NUM_THREADS"]))
+if "ORLIX_INSTRUCTION_SET" in _os.environ:
+    set_instruction_set(_os.environ["ORLIX_INSTRUCTION_SET"])

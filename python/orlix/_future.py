@@ -1,0 +1,88 @@
+"""Calls that run beside the program, can be watched, awaited and cancelled."""
+
+from __future__ import annotations
+
+import asyncio
+import concurrent.futures
+import threading
+from collections.abc import Callable, Generator
+from typing import Any, Generic, ParamSpec, TypeVar
+
+P = ParamSpec("P")
+R = TypeVar("R")
+
+
+class Future(concurrent.futures.Future[R], Generic[R]):
+    """The result of a call that `submit` has started."""
+
+    def __init__(self) -> None:
+        super().__init__()
+        self._progress = (0, 0)
+        self._stop = threading.Event()
+
+    @property
+    def progress(self) -> tuple[int, int]:
+        """Pieces of work done, and pieces known so far."""
+        return self._progress
+
+    def cancel(self) -> bool:
+        """End the call, also one that runs; False where it has ended by itself."""
+        if super().cancel():
+            return True
+        if self.done():
+            return self.cancelled()
+        self._stop.set()
+        concurrent.futures.wait([self])
+        return self.cancelled()
+
+    def cancelled(self) -> bool:
+        """Whether the call was ended by `cancel`, before it began or while it ran."""
+        return super().cancelled() or (
+            self.done() and isinstance(super().exception(), concurrent.futures.CancelledError)
+        )
+
+    def __await__(self) -> Generator[Any, None, R]:
+        """Wait for the result without blocking the event loop."""
+        return asyncio.wrap_future(self).__await__()
+
+    def _look(self, done: int, known: int) -> None:
+        self._progress = (done, known)
+        if self._stop.is_set():
+            raise concurrent.futures.CancelledError
+
+    def _run(self, function: Callable[..., R], args: tuple[Any, ...], kwargs: dict[str, Any]) -> None:
+        if not self.set_running_or_notify_cancel():
+            return
+        told = kwargs.pop("progress", None)
+
+        def progress(done: int, known: int) -> None:
+            self._look(done, known)
+            if told is not None:
+                told(done, known)
+
+        try:
+            result = function(*args, progress=progress, **kwargs)
+        except BaseException as error:  # whatever it is, it is for the caller who asks for the result
+            self.set_exception(error)
+        else:
+            self.set_result(result)
+
+
+def submit(function: Callable[P, R], /, *args: P.args, **kwargs: P.kwargs) -> Future[R]:
+    """Start one of this package's functions and return at once.
+
+    Parameters
+    ----------
+    function : callable
+        A function of this package that takes `progress`.
+    *args, **kwargs
+        Its arguments. Arrays must not be changed until the call has ended.
+
+    Returns
+    -------
+    Future
+        A `concurrent.futures.Future` with `progress`, whose `cancel` ends a running call too, and which can be awaited.
+    """
+    future: Future[R] = Future()
+    threading.Thread(target=future._run, args=(function, args, kwargs), daemon=True).start()
+    return future

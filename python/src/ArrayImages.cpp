@@ -1,0 +1,179 @@
+// Arrays as images whose axes have names, and images as arrays.
+#include "ArrayImages.h"
+
+#include "ORLIXIPL/ORLIXIPLUtility/Processor/CopyImg/CopyImg.h"
+
+#include <nanobind/stl/string.h>
+
+#include <algorithm>
+#include <cstring>
+#include <numeric>
+
+namespace orlix::python {
+
+namespace {
+
+using image::eImageBufferType;
+
+constexpr char g_imageAxes[] = "XYZCT";
+
+} // namespace
+
+std::size_t imageAxisOf(char letter)
+{
+    return static_cast<std::size_t>(std::strchr(g_imageAxes, letter) - g_imageAxes);
+}
+
+std::string axesOf(nb::handle axes, std::size_t nbAxes)
+{
+    if (axes.is_none()) {
+        if (nbAxes == 0 || nbAxes > 5) {
+            const std::string text = "an image has 1 to 5 axes, this array has " + std::to_string(nbAxes);
+            throw nb::value_error(text.c_str());
+        }
+        return std::string("TCZYX").substr(5 - nbAxes);
+    }
+    const std::string letters = nb::cast<std::string>(axes);
+    std::string seen;
+    for (const char letter : letters) {
+        if (letter == '\0' || std::strchr(g_imageAxes, letter) == nullptr || seen.find(letter) != std::string::npos) {
+            const std::string text = "axes '" + letters + "': letters of TCZYX are needed, each at most once";
+            throw nb::value_error(text.c_str());
+        }
+        seen += letter;
+    }
+    if (letters.size() != nbAxes) {
+        const std::string text = "axes '" + letters + "' names " + std::to_string(letters.size()) +
+                                 " axes, the array has " + std::to_string(nbAxes);
+        throw nb::value_error(text.c_str());
+    }
+    return letters;
+}
+
+std::vector<npy_intp> sizesOf(const image::BaseImageGeometry& geometry, const std::string& axes)
+{
+    const std::array<unsigned long, 5> ofImage = {geometry.getSizeX(), geometry.getSizeY(), geometry.getSizeZ(),
+                                                  geometry.getSizeC(), geometry.getSizeT()};
+    std::vector<npy_intp> sizes;
+    for (const char letter : axes) {
+        sizes.push_back(static_cast<npy_intp>(ofImage[imageAxisOf(letter)]));
+    }
+    return sizes;
+}
+
+image::BaseImageGeometry geometryOf(const std::vector<npy_intp>& sizes, const std::string& axes,
+                                    const eImageBufferType& type)
+{
+    std::array<unsigned long, 5> ofImage = {1, 1, 1, 1, 1};
+    for (std::size_t axis = 0; axis < axes.size(); ++axis) {
+        ofImage[imageAxisOf(axes[axis])] = static_cast<unsigned long>(sizes[axis]);
+    }
+    image::VolumeGeometry volume;
+    if (axes.find('Z') != std::string::npos) {
+        volume.init3d(ofImage[2]);
+    }
+    image::ColorGeometry color;
+    color.initChannels(ofImage[3]);
+    image::TemporalGeometry temporal;
+    if (axes.find('T') != std::string::npos) {
+        temporal.initSequence(ofImage[4]);
+    }
+    return {type, ofImage[0], ofImage[1], volume, color, temporal};
+}
+
+namespace {
+
+/// Byte distances along the axes of an image; of an axis that the array lacks, as far as the array reaches.
+std::array<std::ptrdiff_t, 5> stridesOf(PyArrayObject* array, const std::string& axes)
+{
+    std::ptrdiff_t reach = PyArray_ITEMSIZE(array);
+    std::array<std::ptrdiff_t, 5> strides = {};
+    for (std::size_t axis = 0; axis < axes.size(); ++axis) {
+        strides[imageAxisOf(axes[axis])] = PyArray_STRIDE(array, static_cast<int>(axis));
+        reach =
+            std::max(reach, PyArray_STRIDE(array, static_cast<int>(axis)) * PyArray_DIM(array, static_cast<int>(axis)));
+    }
+    for (std::size_t axis = 0; axis < strides.size(); ++axis) {
+        if (axes.find(g_imageAxes[axis]) == std::string::npos) {
+            strides[axis] = axis == 0 ? PyArray_ITEMSIZE(array) : reach;
+        }
+    }
+    return strides;
+}
+
+ImagePtr wrapArray(PyArrayObject* array, const std::string& axes)
+{
+    const image::BaseImageGeometry geometry = geometryOf(sizesOf(array), axes, elementTypeOf(array));
+    if (geometry.getNbPixels() == 0) {
+        return image::createImage(geometry);
+    }
+    const std::array<unsigned long, 5> sizes = {geometry.getSizeX(), geometry.getSizeY(), geometry.getSizeZ(),
+                                                geometry.getSizeC(), geometry.getSizeT()};
+    const std::array<std::ptrdiff_t, 5> strides = stridesOf(array, axes);
+    if (!isWrappable(sizes, strides, PyArray_ITEMSIZE(array))) {
+        return {};
+    }
+    return wrapMemory(static_cast<std::byte*>(PyArray_DATA(array)), geometry, strides, {});
+}
+
+} // namespace
+
+void ArrayImage::bringBack() const
+{
+    if (!memory.is(array) && PyArray_CopyInto(asArray(array), asArray(memory)) < 0) {
+        throw nb::python_error();
+    }
+}
+
+ArrayImage newImageArray(const std::vector<npy_intp>& sizes, const std::string& axes, const eImageBufferType& type)
+{
+    std::vector<std::size_t> order(axes.size());
+    std::iota(order.begin(), order.end(), 0);
+    std::sort(order.begin(), order.end(),
+              [&](std::size_t one, std::size_t other) { return imageAxisOf(axes[one]) > imageAxisOf(axes[other]); });
+    const nb::object array = newArray(sizes, order, type);
+    return {array, array, wrapArray(asArray(array), axes)};
+}
+
+ArrayImage imageOf(nb::handle array, const std::string& axes, bool bWritten)
+{
+    const nb::object whole = nb::borrow(array);
+    const eImageBufferType type = elementTypeOf(asArray(array));
+    if (bWritten) {
+        requireWritable(asArray(array));
+    }
+    if (PyArray_ISBEHAVED_RO(asArray(array))) {
+        if (const ImagePtr image = wrapArray(asArray(array), axes)) {
+            return {whole, whole, image};
+        }
+    }
+    countCopy();
+    ArrayImage copy = newImageArray(sizesOf(asArray(array)), axes, type);
+    if (PyArray_CopyInto(asArray(copy.memory), asArray(array)) < 0) {
+        throw nb::python_error();
+    }
+    copy.array = bWritten ? whole : copy.memory;
+    return copy;
+}
+
+nb::object arrayOf(const ImagePtr& image, const std::string& axes)
+{
+    if (!image->getGeometry().hasUniformBufferType()) {
+        throw nb::type_error("the time steps of this image differ in element type, those of an array can't: convert "
+                             "the image");
+    }
+    if (image->getPixelLayout().steps) {
+        countCopy();
+        return arrayOf(imaproc::util::copyImg(image), axes);
+    }
+    const image::PixelLayout& layout = image->getPixelLayout();
+    const std::array<unsigned long, 5> strides = {image::elementSize(image->getBufferType()), layout.rowBytes,
+                                                  layout.planBytes, layout.channelBytes, layout.stepBytes};
+    std::vector<npy_intp> ofArray;
+    for (const char letter : axes) {
+        ofArray.push_back(static_cast<npy_intp>(strides[imageAxisOf(letter)]));
+    }
+    return arrayOver(layout.first, sizesOf(image->getGeometry(), axes), ofArray, image->getBufferType(), image);
+}
+
+} // namespace orlix::python

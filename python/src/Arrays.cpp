@@ -1,0 +1,97 @@
+// NumPy arrays: taking them from callers, and copying those that can't be used where they lie.
+#include "Arrays.h"
+
+#include <nanobind/stl/string.h>
+
+#include <atomic>
+
+namespace orlix::python {
+
+namespace {
+
+std::atomic<unsigned long> g_copies{0};
+
+bool isOfModule(nb::handle object, const char* prefix)
+{
+    const nb::object module = nb::getattr(object.type(), "__module__", nb::none());
+    return nb::isinstance<nb::str>(module) && nb::cast<std::string>(module).rfind(prefix, 0) == 0;
+}
+
+} // namespace
+
+nb::object stealArray(PyObject* array)
+{
+    if (array == nullptr) {
+        throw nb::python_error();
+    }
+    return nb::steal(array);
+}
+
+nb::object takeArray(nb::handle object, const char* what)
+{
+    if (isArray(object)) {
+        return nb::borrow(object);
+    }
+    const std::string type = nb::cast<std::string>(nb::getattr(object.type(), "__name__"));
+    if (isOfModule(object, "dask.")) {
+        const std::string text = std::string(what) + " is a Dask array, whose elements are not there yet: compute() "
+                                                     "it, or hand this function to its map_blocks";
+        throw nb::type_error(text.c_str());
+    }
+    const nb::object numpy = nb::module_::import_("numpy");
+    if (nb::hasattr(object, "__dlpack__")) {
+        return numpy.attr("from_dlpack")(object);
+    }
+    if (PyObject_CheckBuffer(object.ptr()) != 0 || nb::hasattr(object, "__array_interface__")) {
+        return numpy.attr("asarray")(object);
+    }
+    const std::string text = std::string(what) + " is of type " + type +
+                             ": an orlix.Image, a NumPy array or an object that lends its memory is needed; "
+                             "numpy.asarray makes an array of a list";
+    throw nb::type_error(text.c_str());
+}
+
+ArrayMemory memoryOf(PyArrayObject* array)
+{
+    const auto nbAxes = static_cast<std::size_t>(PyArray_NDIM(array));
+    return {static_cast<std::byte*>(PyArray_DATA(array)),
+            {PyArray_DIMS(array), nbAxes},
+            {PyArray_STRIDES(array), nbAxes},
+            PyArray_ITEMSIZE(array)};
+}
+
+void requireWritable(PyArrayObject* array)
+{
+    if (!PyArray_ISWRITEABLE(array)) {
+        throw nb::value_error("the output is read only: give an array that may be written, or no output");
+    }
+    if (PyArray_ISBYTESWAPPED(array)) {
+        throw nb::value_error("the output is in foreign byte order: give an array of the machine's own order");
+    }
+}
+
+void countCopy()
+{
+    g_copies.fetch_add(1, std::memory_order_relaxed);
+}
+
+unsigned long getCopiesMade()
+{
+    return g_copies.load(std::memory_order_relaxed);
+}
+
+nb::object gather(nb::handle array)
+{
+    countCopy();
+    PyArray_Descr* const descr = PyArray_DescrFromType(PyArray_TYPE(asArray(array)));
+    return stealArray(
+        PyArray_FromArray(asArray(array), descr,
+                          NPY_ARRAY_C_CONTIGUOUS | NPY_ARRAY_ALIGNED | NPY_ARRAY_NOTSWAPPED | NPY_ARRAY_ENSURECOPY));
+}
+
+std::vector<npy_intp> sizesOf(PyArrayObject* array)
+{
+    return {PyArray_DIMS(array), PyArray_DIMS(array) + PyArray_NDIM(array)};
+}
+
+} // namespace orlix::python

@@ -1,0 +1,31 @@
+// NumPy arrays: taking them from callers, and copying those that can't be used where they lie.
+#pragma once
+
+#include "ArrayLayout.h"
+#include "ElementTypes.h"
+
+#include <vector>
+
+namespace orlix::python {
+
+/// A NumPy array for anything that is one or lends its memory (`__dlpack__`, buffers, `__array_interface__`): never a
+/// copy, never `__array__`. Dask arrays and all else raise TypeError that says what to do instead.
+nb::object takeArray(nb::handle object, const char* what);
+
+/// Takes over what NumPy made; raises its exception where that is null.
+nb::object stealArray(PyObject* array);
+
+/// Sizes and distances of an array; valid as long as it.
+ArrayMemory memoryOf(PyArrayObject* array);
+std::vector<npy_intp> sizesOf(PyArrayObject* array);
+
+/// Raises ValueError where elements can't be written: read only, foreign byte order.
+void requireWritable(PyArrayObject* array);
+
+/// A copy in C order, counted.
+nb::object gather(nb::handle array);
+/// Copies made of arrays that could not be used where they lie, since the program started.
+unsigned long getCopiesMade();
+void countCopy();
+
+} // namespace orlix::python

@@ -1,0 +1,131 @@
+// New pixels: random, normal, lines.
+#include "ImageCall.h"
+#include "Operators.h"
+#include "Watch.h"
+
+#include "ORLIXIPL/ORLIXIPLUtility/Processor/BuildLines2dImg/BuildLines2dImgLvl1.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Processor/BuildLines3dImg/BuildLines3dImgLvl1.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Processor/GaussianRandomImg/GaussianRandomImgLvl1.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Processor/RandomImg/RandomImgLvl1.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Processor/RandomRun.h"
+
+#include <nanobind/stl/string.h>
+
+namespace orlix::python {
+
+namespace {
+
+using namespace imaproc;
+using image::eImageBufferType;
+using processor::with;
+
+std::vector<npy_intp> sizesOfShape(nb::handle shape)
+{
+    std::vector<npy_intp> sizes;
+    for (const nb::handle size : shape) {
+        sizes.push_back(nb::cast<npy_intp>(nb::object(nb::borrow(size).attr("__index__")())));
+        if (sizes.back() < 0) {
+            throw nb::value_error("a shape has no sizes below 0");
+        }
+    }
+    return sizes;
+}
+
+/// A new array of the shape, or `out` where it is given and has shape and type.
+ArrayImage targetOf(nb::handle shape, const eImageBufferType& type, nb::handle out)
+{
+    const std::vector<npy_intp> sizes = sizesOfShape(shape);
+    const std::string axes = axesOf(nb::none(), sizes.size());
+    if (out.is_none()) {
+        return newImageArray(sizes, axes, type);
+    }
+    const nb::object array = takeArray(out, "out");
+    if (sizesOf(asArray(array)) != sizes) {
+        throw nb::value_error("out has another shape than the one given");
+    }
+    if (elementTypeOf(asArray(array)) != type) {
+        throw nb::type_error("out has another type than the one given");
+    }
+    return imageOf(array, axes, true);
+}
+
+nb::object random(nb::handle shape, nb::handle dtype, nb::handle low, nb::handle high, unsigned long seed,
+                  nb::handle out, nb::handle progress)
+{
+    const eImageBufferType type = elementTypeNamed(dtype);
+    const ArrayImage target = targetOf(shape, type, out);
+    Watch watch(progress, bytesOf(*target.image));
+    const util::RandomRunScope scope(seed, 0);
+    if (low.is_none() && high.is_none()) {
+        run<util::RandomImgLvl1>(watch, with<attr::OutImg>(target.image));
+    } else {
+        const auto range = attr::createRange(low.is_none() ? image::getMinValue(type) : nb::cast<double>(low),
+                                             high.is_none() ? image::getMaxValue(type) : nb::cast<double>(high));
+        if (const std::string flaw = range->findFlaw(); !flaw.empty()) {
+            throw nb::value_error(flaw.c_str());
+        }
+        run<util::RandomImgLvl1>(watch, with<attr::InOptOutputRange>(range), with<attr::OutImg>(target.image));
+    }
+    target.bringBack();
+    return target.array;
+}
+
+nb::object normal(nb::handle shape, nb::handle dtype, double mean, double deviation, unsigned long seed, nb::handle out,
+                  nb::handle progress)
+{
+    const ArrayImage target = targetOf(shape, elementTypeNamed(dtype), out);
+    const auto parameter = attr::createGaussianParameter(mean, deviation);
+    if (const std::string flaw = parameter->findFlaw(); !flaw.empty()) {
+        throw nb::value_error(flaw.c_str());
+    }
+    Watch watch(progress, bytesOf(*target.image));
+    const util::RandomRunScope scope(seed, 0);
+    run<util::GaussianRandomImgLvl1>(watch, with<attr::InGaussianParameter>(parameter),
+                                     with<attr::OutImg>(target.image));
+    target.bringBack();
+    return target.array;
+}
+
+nb::object lines(nb::handle shape, float theta, float spacing, nb::handle phi, nb::handle alpha, nb::handle out,
+                 nb::handle progress)
+{
+    const std::vector<npy_intp> sizes = sizesOfShape(shape);
+    if (sizes.size() != 2 && sizes.size() != 3) {
+        throw nb::value_error("lines are drawn in a plan, of shape (y, x), or in a volume, (z, y, x)");
+    }
+    const auto angle = [](nb::handle given) { return given.is_none() ? 0.F : nb::cast<float>(given); };
+    if (sizes.size() == 2 && !(phi.is_none() && alpha.is_none())) {
+        throw nb::value_error("phi and alpha are for volumes");
+    }
+    const ArrayImage target = targetOf(shape, eImageBufferType::eBufferBinary, out);
+    Watch watch(progress, bytesOf(*target.image));
+    if (sizes.size() == 2) {
+        run<util::BuildLines2dImgLvl1>(
+            watch,
+            with<attr::InOutputImg2dSize>(attr::createImg2dSize(target.image->getSizeX(), target.image->getSizeY())),
+            with<attr::InTheta>(theta), with<attr::InOffset>(spacing), with<attr::OutBinImg>(target.image));
+    } else {
+        run<util::BuildLines3dImgLvl1>(
+            watch,
+            with<attr::InOutputImg3dSize>(
+                attr::createImg3dSize(target.image->getSizeX(), target.image->getSizeY(), target.image->getSizeZ())),
+            with<attr::InTheta>(theta), with<attr::InPhi>(angle(phi)), with<attr::InAlpha>(angle(alpha)),
+            with<attr::InOffset>(spacing), with<attr::OutBinImg3d>(target.image));
+    }
+    target.bringBack();
+    return target.array;
+}
+
+} // namespace
+
+void bindGenerators(nb::module_& module)
+{
+    module.def("random", &random, nb::arg("shape"), nb::arg("dtype"), nb::arg("low").none(), nb::arg("high").none(),
+               nb::arg("seed"), nb::arg("out").none(), nb::arg("progress").none());
+    module.def("normal", &normal, nb::arg("shape"), nb::arg("dtype"), nb::arg("mean"), nb::arg("deviation"),
+               nb::arg("seed"), nb::arg("out").none(), nb::arg("progress").none());
+    module.def("lines", &lines, nb::arg("shape"), nb::arg("theta"), nb::arg("spacing"), nb::arg("phi").none(),
+               nb::arg("alpha").none(), nb::arg("out").none(), nb::arg("progress").none());
+}
+
+} // namespace orlix::python

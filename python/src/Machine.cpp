@@ -1,0 +1,83 @@
+// What the libraries use of the machine: threads, instruction sets, memory.
+#include "NewArrays.h"
+#include "Operators.h"
+
+#include "ORLIX/ORLIXBaseProcessing/AlgorithmFunctionSelector.h"
+#include "ORLIX/ORLIXBaseProcessing/ProcessorFactory.h"
+#include "ORLIX/ORLIXCore/BaseExecutor.h"
+#include "ORLIX/ORLIXCore/InstructionSetAvailability.h"
+#include "ORLIXIPL/ORLIXImage/PixelMemoryPool.h"
+
+#include <nanobind/stl/string.h>
+#include <nanobind/stl/vector.h>
+
+namespace orlix::python {
+
+namespace {
+
+std::vector<std::string> instructionSets()
+{
+    std::vector<std::string> names;
+    for (const eInstructionSet& set : core::getAvailableInstructionSets()) {
+        names.emplace_back(core::getInstructionSetName(set));
+    }
+    return names;
+}
+
+/// Of the kernels that run: the widest there is unless one is forced.
+eInstructionSet& accessForcedSet()
+{
+    static eInstructionSet forced = core::getAvailableInstructionSets().back();
+    return forced;
+}
+
+void setInstructionSet(nb::handle name)
+{
+    processor::InstructionSetsIdentifier sets;
+    eInstructionSet chosen = core::getAvailableInstructionSets().back();
+    if (!name.is_none()) {
+        const std::string wanted = nb::cast<std::string>(name);
+        const std::optional<eInstructionSet> set = core::findInstructionSet(wanted);
+        if (!set || !core::isAvailable(*set)) {
+            std::string text = "instruction set '" + wanted + "': this processor has";
+            for (const std::string& known : instructionSets()) {
+                text += " " + known;
+            }
+            throw nb::value_error(text.c_str());
+        }
+        chosen = *set;
+        sets.init(chosen);
+    }
+    processor::AlgorithmFunctionSelector::setDefaultForcedInstructionSets(sets);
+    accessForcedSet() = chosen;
+}
+
+void setThreads(long nbThreads)
+{
+    if (nbThreads < 0) {
+        throw nb::value_error("the number of threads is 1 or more, or 0 for all that are usable");
+    }
+    core::setNbThreads(static_cast<unsigned long>(nbThreads));
+}
+
+} // namespace
+
+void bindMachine(nb::module_& module)
+{
+    module.def("set_threads", &setThreads);
+    module.def("get_threads", [] { return core::accessExecutor().getNbThreads(); });
+    module.def("instruction_set", [] { return std::string(core::getInstructionSetName(accessForcedSet())); });
+    module.def("instruction_sets", &instructionSets);
+    module.def("set_instruction_set", &setInstructionSet, nb::arg("name").none());
+    module.def("copies_made", &getCopiesMade);
+    module.def("release_memory", &image::releasePooledMemory);
+    module.def("empty", [](nb::handle shape, nb::handle dtype) {
+        std::vector<npy_intp> sizes;
+        for (const nb::handle size : shape) {
+            sizes.push_back(nb::cast<npy_intp>(nb::object(nb::borrow(size).attr("__index__")())));
+        }
+        return newArray(sizes, elementTypeNamed(dtype));
+    });
+}
+
+} // namespace orlix::python

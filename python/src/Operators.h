@@ -1,0 +1,17 @@
+// The functions of the module, a file for each kind of operator.
+#pragma once
+
+#include "Numpy.h"
+
+namespace orlix::python {
+
+void bindPixelwise(nb::module_& module);  ///< copy, erase, threshold, convert, compare
+void bindRegions(nb::module_& module);    ///< crop, paste
+void bindSlices(nb::module_& module);     ///< get_slice, put_slice, append
+void bindGenerators(nb::module_& module); ///< random, normal, lines
+void bindValues(nb::module_& module);     ///< values
+void bindFiles(nb::module_& module);      ///< read, write, info
+void bindMachine(nb::module_& module);    ///< threads, instruction sets, memory
+void bindErrors(nb::module_& module);     ///< OrlixError, OrlixFileError
+
+} // namespace orlix::python

@@ -1,0 +1,261 @@
+// orlix.Image: an image of the libraries with the names of its axes.
+#include "PyImage.h"
+
+#include <nanobind/stl/string.h>
+
+#include <boost/make_shared.hpp>
+
+#include <optional>
+
+namespace orlix::python {
+
+namespace {
+
+using image::eImageBufferType;
+using image::GeometricCalibration;
+
+/// Pixel sizes in the order of the array's axes among Z, Y and X.
+nb::object pixelSizeOf(const PyImage& self)
+{
+    const auto& calibration = self.image->getGeometricCalibration();
+    if (!calibration) {
+        return nb::none();
+    }
+    if (self.axes.find('Z') == std::string::npos) {
+        return nb::make_tuple(calibration->getPixelSizeY(), calibration->getPixelSizeX());
+    }
+    return nb::make_tuple(calibration->getPixelSizeZ(), calibration->getPixelSizeY(), calibration->getPixelSizeX());
+}
+
+nb::object originOf(const PyImage& self)
+{
+    const auto& calibration = self.image->getGeometricCalibration();
+    if (!calibration) {
+        return nb::none();
+    }
+    if (self.axes.find('Z') == std::string::npos) {
+        return nb::make_tuple(calibration->getOriginY(), calibration->getOriginX());
+    }
+    return nb::make_tuple(calibration->getOriginZ(), calibration->getOriginY(), calibration->getOriginX());
+}
+
+nb::object unitOf(const PyImage& self)
+{
+    const auto& calibration = self.image->getGeometricCalibration();
+    return calibration ? nb::object(nb::str(calibration->getUnit().c_str())) : nb::none();
+}
+
+nb::tuple shapeOf(const PyImage& self)
+{
+    nb::list sizes;
+    for (const npy_intp size : sizesOf(self.image->getGeometry(), self.axes)) {
+        sizes.append(size);
+    }
+    return nb::tuple(sizes);
+}
+
+std::vector<float> floatsOf(nb::handle values, std::size_t nbWanted, const char* name)
+{
+    std::vector<float> floats;
+    for (const nb::handle value : values) {
+        floats.push_back(nb::cast<float>(value));
+    }
+    if (floats.size() != nbWanted) {
+        const std::string text = std::string(name) + " has " + std::to_string(floats.size()) + " numbers, " +
+                                 std::to_string(nbWanted) + " are needed: " + (nbWanted == 3 ? "z, y, x" : "y, x");
+        throw nb::value_error(text.c_str());
+    }
+    return floats;
+}
+
+void calibrate(PyImage& self, nb::handle pixelSize, nb::handle unit, nb::handle origin)
+{
+    if (pixelSize.is_none()) {
+        return;
+    }
+    const std::size_t nbAxes = self.axes.find('Z') == std::string::npos ? 2 : 3;
+    const std::vector<float> size = floatsOf(pixelSize, nbAxes, "pixel_size");
+    const std::vector<float> first =
+        origin.is_none() ? std::vector<float>(nbAxes, 0.F) : floatsOf(origin, nbAxes, "origin");
+    const std::string name = unit.is_none() ? "px" : nb::cast<std::string>(unit);
+    const auto calibration = boost::make_shared<GeometricCalibration>();
+    if (nbAxes == 2) {
+        calibration->init2d(name, size[1], size[0], first[1], first[0]);
+    } else {
+        calibration->init3d(name, size[2], size[1], size[0], first[2], first[1], first[0]);
+    }
+    self.image->setGeometricCalibration(calibration);
+}
+
+/// The same memory with another element type of the same bytes: what NumPy has no type for.
+ImagePtr withType(const ImagePtr& image, const eImageBufferType& type)
+{
+    if (type == image->getBufferType()) {
+        return image;
+    }
+    if (typeNumberOf(type) != typeNumberOf(image->getBufferType())) {
+        const std::string text = std::string("element type ") + image::getBufferTypeName(type) +
+                                 " doesn't go with an array of " + image::getBufferTypeName(image->getBufferType());
+        throw nb::type_error(text.c_str());
+    }
+    const image::BaseImageGeometry& geometry = image->getGeometry();
+    const image::PixelLayout& layout = image->getPixelLayout();
+    const unsigned long bytes = image::elementSize(type);
+    const image::BaseImageGeometry typed(type, geometry.getSizeX(), geometry.getSizeY(), geometry.getVolumeGeometry(),
+                                         geometry.getColorGeometry(), geometry.getTemporalGeometry());
+    return image::wrapImage(
+        typed, layout.first,
+        {layout.rowBytes / bytes, layout.planBytes / bytes, layout.channelBytes / bytes, layout.stepBytes / bytes},
+        image);
+}
+
+/// Keeps an array for as long as an image lies over its elements, and lets it go under the interpreter's lock.
+boost::shared_ptr<void> keep(nb::object array)
+{
+    return {array.release().ptr(), [](PyObject* held) {
+                const nb::gil_scoped_acquire lock;
+                Py_DECREF(held);
+            }};
+}
+
+void initImage(PyImage* self, nb::handle data, nb::handle axes, nb::handle pixelSize, nb::handle unit,
+               nb::handle origin, nb::handle elementType)
+{
+    const nb::object array = takeArray(data, "data");
+    std::string letters = axesOf(axes, static_cast<std::size_t>(PyArray_NDIM(asArray(array))));
+    const ArrayImage whole = imageOf(array, letters, false);
+    const ImagePtr wrapped = whole.image;
+    const image::PixelLayout& layout = wrapped->getPixelLayout();
+    const unsigned long bytes = image::elementSize(wrapped->getBufferType());
+    const ImagePtr owning = wrapped->getGeometry().getNbPixels() == 0
+                                ? wrapped
+                                : image::wrapImage(wrapped->getGeometry(), layout.first,
+                                                   {layout.rowBytes / bytes, layout.planBytes / bytes,
+                                                    layout.channelBytes / bytes, layout.stepBytes / bytes},
+                                                   keep(whole.memory));
+    std::string ordered;
+    for (const char letter : std::string("TCZYX")) {
+        if (letters.find(letter) != std::string::npos || letter == 'Y' || letter == 'X') {
+            ordered += letter;
+        }
+    }
+    PyImage made{elementType.is_none() ? owning : withType(owning, elementTypeNamed(elementType)), ordered};
+    calibrate(made, pixelSize, unit, origin);
+    std::construct_at(self, std::move(made));
+}
+
+nb::object arrayOfImage(const PyImage& self, nb::handle dtype, nb::handle copy)
+{
+    nb::object array = arrayOf(self.image, self.axes);
+    if (!dtype.is_none()) {
+        array = array.attr("astype")(dtype, nb::arg("copy") = false);
+    }
+    const bool bCopy = !copy.is_none() && nb::cast<bool>(copy);
+    return bCopy ? array.attr("copy")() : array;
+}
+
+std::string describe(const PyImage& self)
+{
+    std::string text = "<orlix.Image " + self.axes + " (";
+    const std::vector<npy_intp> sizes = sizesOf(self.image->getGeometry(), self.axes);
+    for (std::size_t axis = 0; axis < sizes.size(); ++axis) {
+        text += (axis > 0 ? ", " : "") + std::to_string(sizes[axis]);
+    }
+    return text + ") " + image::getBufferTypeName(self.image->getBufferType()) + ">";
+}
+
+} // namespace
+
+std::string axesOf(const image::BaseImageGeometry& geometry)
+{
+    std::string axes;
+    if (geometry.getTemporalGeometry().isSequence()) {
+        axes += 'T';
+    }
+    if (geometry.getSizeC() != 1) {
+        axes += 'C';
+    }
+    if (geometry.getVolumeGeometry().is3d()) {
+        axes += 'Z';
+    }
+    return axes + "YX";
+}
+
+nb::object toPython(const ImagePtr& image)
+{
+    return toPython(image, axesOf(image->getGeometry()));
+}
+
+nb::object toPython(const ImagePtr& image, const std::string& axes)
+{
+    return nb::cast(PyImage{image, axes});
+}
+
+const PyImage* findImage(nb::handle object)
+{
+    return nb::isinstance<PyImage>(object) ? nb::inst_ptr<PyImage>(object) : nullptr;
+}
+
+void bindImage(nb::module_& module)
+{
+    nb::class_<PyImage>(module, "Image",
+                        R"(An image of up to five axes, with element type and calibration.
+
+Functions of this package take images and arrays alike, and give back what they were given. An image knows more than
+an array: the names of its axes, the size of its pixels, and element types that NumPy doesn't have.
+
+Parameters
+----------
+data : array_like
+    The pixels. Memory is shared where it can be; a copy is made where elements along x don't touch.
+axes : str, optional
+    The axes of `data`, letters of TCZYX. The last ones of TCZYX by default.
+pixel_size : sequence of float, optional
+    Size of a pixel along (y, x), or (z, y, x) where there is a Z axis.
+unit : str, optional
+    Of the pixel size, such as "um".
+origin : sequence of float, optional
+    Position of the corner of the first pixel, in the same order and unit.
+element_type : str or dtype, optional
+    Name of an element type for the bytes of `data`, such as "UInt16Like".
+)")
+        .def("__init__", &initImage, nb::arg("data"), nb::arg("axes") = nb::none(), nb::kw_only(),
+             nb::arg("pixel_size") = nb::none(), nb::arg("unit") = nb::none(), nb::arg("origin") = nb::none(),
+             nb::arg("element_type") = nb::none())
+        .def_prop_ro(
+            "axes", [](const PyImage& self) { return self.axes; }, "Letters of the axes, in the order of `shape`.")
+        .def_prop_ro("shape", &shapeOf, "Number of pixels along each axis.")
+        .def_prop_ro(
+            "ndim", [](const PyImage& self) { return self.axes.size(); }, "Number of axes.")
+        .def_prop_ro(
+            "size", [](const PyImage& self) { return self.image->getGeometry().getNbPixels(); }, "Number of elements.")
+        .def_prop_ro(
+            "dtype", [](const PyImage& self) { return dtypeOf(self.image->getBufferType()); },
+            "NumPy's type of the elements; of the first time step where they differ.")
+        .def_prop_ro(
+            "element_type",
+            [](const PyImage& self) { return std::string(image::getBufferTypeName(self.image->getBufferType())); },
+            "Name of the element type, also of those that NumPy lacks.")
+        .def_prop_ro("pixel_size", &pixelSizeOf,
+                     "Size of a pixel along (y, x) or (z, y, x); None where nothing is known.")
+        .def_prop_ro("origin", &originOf, "Position of the corner of the first pixel, as `pixel_size`.")
+        .def_prop_ro("unit", &unitOf, "Unit of `pixel_size` and `origin`; None where nothing is known.")
+        .def("__array__", &arrayOfImage, nb::arg("dtype") = nb::none(), nb::kw_only(), nb::arg("copy") = nb::none(),
+             "The pixels as an array that shares their memory.")
+        .def("__dlpack__",
+             [](const PyImage& self, const nb::kwargs& options) {
+                 return arrayOf(self.image, self.axes).attr("__dlpack__")(**options);
+             })
+        .def("__dlpack_device__", [](const PyImage&) { return nb::make_tuple(1, 0); })
+        .def("__reduce__",
+             [](nb::handle_t<PyImage> self) {
+                 const PyImage& image = *nb::inst_ptr<PyImage>(self);
+                 return nb::make_tuple(nb::module_::import_("orlix._image").attr("restore"),
+                                       nb::make_tuple(arrayOf(image.image, image.axes), image.axes, pixelSizeOf(image),
+                                                      unitOf(image), originOf(image),
+                                                      image::getBufferTypeName(image.image->getBufferType())));
+             })
+        .def("__repr__", &describe);
+}
+
+} // namespace orlix::python

@@ -1,0 +1,184 @@
+// Slices of volumes, and sequences: get_slice, put_slice, append.
+#include "ImageCall.h"
+#include "Operators.h"
+#include "Places.h"
+#include "Watch.h"
+
+#include "ORLIXIPL/ORLIXIPLUtility/Processor/AppendSeqImg/AppendSeqImgLvl1.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Processor/GetSlice3dImg/GetSlice3dImgLvl1.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Processor/PutSlice3dImg/PutSlice3dImgLvl1.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Rule/SliceGeometry.h"
+
+#include <nanobind/stl/string.h>
+
+#include <algorithm>
+
+namespace orlix::python {
+
+namespace {
+
+using namespace imaproc;
+using processor::with;
+
+unsigned long sizeAlong(const image::BaseImage& volume, unsigned axis)
+{
+    return axis == 0 ? volume.getSizeX() : axis == 1 ? volume.getSizeY() : volume.getSizeZ();
+}
+
+/// The axes of a slice: those of the volume without one. What remains of x, y and z is x and y of the slice.
+struct SliceAxes
+{
+    std::string ofArray;
+    std::string ofImage;
+};
+SliceAxes sliceAxes(const std::string& axes, unsigned axis)
+{
+    SliceAxes slice;
+    for (const char letter : axes) {
+        if (letter == static_cast<char>('X' + axis)) {
+            continue;
+        }
+        slice.ofArray += letter;
+        const bool bDown = letter == 'Z' || (letter == 'Y' && axis != 0);
+        slice.ofImage += letter == 'Z' || letter == 'Y' ? (bDown ? 'Y' : 'X') : letter;
+    }
+    return slice;
+}
+
+void requireVolume(const ImageInput& input)
+{
+    if (input.axes.find('Z') == std::string::npos) {
+        const std::string text = "the volume has axes " + input.axes + ": a Z axis is needed";
+        throw nb::value_error(text.c_str());
+    }
+}
+
+void require(const ProcessingResult<bool>& result)
+{
+    if (!result) {
+        processor::details::throwRunFailed(result);
+    }
+}
+
+nb::object getSlice(nb::handle volume, const std::string& axis, long index, nb::handle axes, nb::handle out,
+                    nb::handle progress)
+{
+    const unsigned across = axisNamed(axis);
+    const ImageInput input = takeInput(volume, axes, "volume");
+    requireVolume(input);
+    const unsigned long number = indexWithin(index, sizeAlong(*input.image, across), "slice");
+    const SliceAxes slice = sliceAxes(input.axes, across);
+    const ImageOutput output(input, out, sizesOf(input.image->getGeometry(), slice.ofArray), slice.ofImage);
+    const eAxis which = static_cast<eAxis::domain>(across);
+    Watch watch(progress, bytesOf(*input.image) / sizeAlong(*input.image, across));
+    if (!output.getImage()) {
+        return output.finish(runForOutput<util::GetSlice3dImgLvl1, attr::OutImg2d>(
+            watch, with<attr::InImg3d>(input.image), with<attr::InAxis>(which), with<attr::InSliceIndex>(number)));
+    }
+    run<util::GetSlice3dImgLvl1>(watch, with<attr::InImg3d>(input.image), with<attr::InAxis>(which),
+                                 with<attr::InSliceIndex>(number), with<attr::OutImg2d>(output.getImage()));
+    return output.finish(output.getImage());
+}
+
+nb::object putSlice(nb::handle volume, nb::handle plane, const std::string& axis, long index, nb::handle axes,
+                    nb::handle out, nb::handle progress)
+{
+    const unsigned across = axisNamed(axis);
+    const bool bInPlace = out.is(volume);
+    const ImageInput input = takeInput(volume, axes, "volume", bInPlace);
+    requireVolume(input);
+    const unsigned long number = indexWithin(index, sizeAlong(*input.image, across), "slice");
+    const nb::object planeAxes =
+        input.bArray ? nb::object(nb::str(sliceAxes(input.axes, across).ofImage.c_str())) : nb::object(nb::none());
+    const ImageInput slice = takeInput(plane, planeAxes, "plane");
+    if (input.bArray != slice.bArray) {
+        throw nb::type_error("volume and plane have to be both arrays or both of orlix.Image");
+    }
+    const eAxis which = static_cast<eAxis::domain>(across);
+    require(util::takesSlice(*input.image, *slice.image, which, number));
+    const auto put = [&](const ImagePtr& written) {
+        Watch watch(progress, bytesOf(*input.image));
+        run<util::PutSlice3dImgLvl1>(watch, with<attr::InImg3d>(input.image), with<attr::InImg2d>(slice.image),
+                                     with<attr::InAxis>(which), with<attr::InSliceIndex>(number),
+                                     with<attr::OutImg>(written));
+        return written;
+    };
+    if (bInPlace) {
+        put(input.image);
+        if (input.bArray) {
+            input.held.bringBack();
+        }
+        return nb::borrow(volume);
+    }
+    const ImageOutput output(input, out, sizesOf(input.image->getGeometry(), input.axes), input.axes);
+    if (output.getImage()) {
+        return output.finish(put(output.getImage()));
+    }
+    Watch watch(progress, bytesOf(*input.image));
+    return output.finish(runForOutput<util::PutSlice3dImgLvl1, attr::OutImg>(
+        watch, with<attr::InImg3d>(input.image), with<attr::InImg2d>(slice.image), with<attr::InAxis>(which),
+        with<attr::InSliceIndex>(number)));
+}
+
+/// The array with a T axis in front of its own.
+nb::object asSequence(nb::handle array)
+{
+    return array[nb::make_tuple(nb::none(), nb::ellipsis())];
+}
+
+nb::object append(nb::handle first, nb::handle second, nb::handle axes, nb::handle out, nb::handle progress)
+{
+    if (findImage(first) != nullptr || findImage(second) != nullptr) {
+        const ImageInput one = takeInput(first, axes, "first");
+        const ImageInput other = takeInput(second, axes, "second");
+        if (one.bArray || other.bArray) {
+            throw nb::type_error("first and second have to be both arrays or both of orlix.Image");
+        }
+        const ImageOutput output(one, out, {}, {});
+        Watch watch(progress, bytesOf(*one.image) + bytesOf(*other.image));
+        if (output.getImage()) {
+            run<util::AppendSeqImgLvl1>(watch, with<attr::InImg1>(one.image), with<attr::InImg2>(other.image),
+                                        with<attr::OutImg>(output.getImage()));
+            return output.finish(output.getImage());
+        }
+        return output.finish(runForOutput<util::AppendSeqImgLvl1, attr::OutImg>(watch, with<attr::InImg1>(one.image),
+                                                                                with<attr::InImg2>(other.image)));
+    }
+    nb::object array1 = takeArray(first, "first");
+    nb::object array2 = takeArray(second, "second");
+    if (elementTypeOf(asArray(array1)) != elementTypeOf(asArray(array2))) {
+        const std::string text = "first is of type " + textOf(array1.attr("dtype")) + ", second of " +
+                                 textOf(array2.attr("dtype")) + ": an array has one type, so convert one of them";
+        throw nb::type_error(text.c_str());
+    }
+    std::string letters = axesOf(axes, static_cast<std::size_t>(PyArray_NDIM(asArray(array1))));
+    if (letters.find('T') == std::string::npos) {
+        letters = "T" + letters;
+        array1 = asSequence(array1);
+        array2 = asSequence(array2);
+    }
+    const nb::str ofBoth(letters.c_str());
+    const ImageInput one = takeInput(array1, ofBoth, "first");
+    const ImageInput other = takeInput(array2, ofBoth, "second");
+    std::vector<npy_intp> sizes = sizesOf(one.image->getGeometry(), letters);
+    sizes[letters.find('T')] += static_cast<npy_intp>(other.image->getSizeT());
+    const ImageOutput output(one, out, sizes, letters);
+    Watch watch(progress, bytesOf(*one.image) + bytesOf(*other.image));
+    run<util::AppendSeqImgLvl1>(watch, with<attr::InImg1>(one.image), with<attr::InImg2>(other.image),
+                                with<attr::OutImg>(output.getImage()));
+    return output.finish(output.getImage());
+}
+
+} // namespace
+
+void bindSlices(nb::module_& module)
+{
+    module.def("get_slice", &getSlice, nb::arg("volume"), nb::arg("axis"), nb::arg("index"), nb::arg("axes").none(),
+               nb::arg("out").none(), nb::arg("progress").none());
+    module.def("put_slice", &putSlice, nb::arg("volume"), nb::arg("plane"), nb::arg("axis"), nb::arg("index"),
+               nb::arg("axes").none(), nb::arg("out").none(), nb::arg("progress").none());
+    module.def("append", &append, nb::arg("first"), nb::arg("second"), nb::arg("axes").none(), nb::arg("out").none(),
+               nb::arg("progress").none());
+}
+
+} // namespace orlix::python

@@ -1,0 +1,66 @@
+// Running processors for Python: without the interpreter's lock, heeding Ctrl-C, telling progress.
+#include "Watch.h"
+
+namespace orlix::python {
+
+unsigned long bytesOf(const image::BaseImage& image)
+{
+    return image.getGeometry().getNbPixels() * image::elementSize(image.getBufferType());
+}
+
+bool Watch::look(unsigned long done, unsigned long known)
+{
+    m_last = std::chrono::steady_clock::now();
+    const nb::gil_scoped_acquire lock;
+    if (m_error) {
+        return false;
+    }
+    try {
+        if (PyErr_CheckSignals() != 0) {
+            throw nb::python_error();
+        }
+        if (!m_progress.is_none()) {
+            m_progress(done, known);
+        }
+    } catch (nb::python_error& error) {
+        m_error.emplace(std::move(error));
+        return false;
+    }
+    return true;
+}
+
+void Watch::rethrow()
+{
+    if (m_error) {
+        nb::python_error error(std::move(*m_error));
+        m_error.reset();
+        throw error;
+    }
+}
+
+void Watch::run(const boost::shared_ptr<processor::BaseProcessor>& processor)
+{
+    core::Progress last;
+    processor->setProgressObserver([this, &processor, &last](const core::Progress& progress) {
+        last = progress;
+        const bool bDue = std::chrono::steady_clock::now() - m_last >= std::chrono::milliseconds(20);
+        if (bDue && std::this_thread::get_id() == m_thread && !look(progress.done, progress.known)) {
+            processor->requestCancellation();
+        }
+    });
+    try {
+        const nb::gil_scoped_release release;
+        processor::executeSyncRun(processor);
+    } catch (...) {
+        processor->clearProgressObserver();
+        rethrow(); // what ended the run, instead of the message that it was ended
+        throw;
+    }
+    processor->clearProgressObserver();
+    if (!m_progress.is_none()) {
+        look(last.known, last.known);
+    }
+    rethrow();
+}
+
+} // namespace orlix::python

@@ -1,0 +1,99 @@
+// Running processors for Python: without the interpreter's lock, heeding Ctrl-C, telling progress.
+#pragma once
+
+#include "Numpy.h"
+
+#include "ORLIX/ORLIXBaseProcessing/OperatorCall.h"
+#include "ORLIXIPL/ORLIXImage/BaseImage.h"
+
+#include <boost/make_shared.hpp>
+
+#include <chrono>
+#include <optional>
+#include <thread>
+
+namespace orlix::python {
+
+/// Lets other threads of Python run while it lives, unless the work is so short that taking the lock again could cost
+/// more than the work.
+class LongWork
+{
+public:
+    explicit LongWork(unsigned long bytes)
+    {
+        if (bytes >= 32768) {
+            m_release.emplace();
+        }
+    }
+
+private:
+    std::optional<nb::gil_scoped_release> m_release;
+};
+
+/// Bytes of the pixels.
+unsigned long bytesOf(const image::BaseImage& image);
+
+/// Looks every 20 ms of a run, on the thread that called it, for Ctrl-C, and tells the progress. What either raises
+/// ends the run and is raised by `rethrow`.
+class Watch
+{
+public:
+    /// `progress` is None or is called with elements done and known so far.
+    Watch(nb::handle progress, unsigned long bytes)
+        : m_progress(nb::borrow(progress)), m_bytes(bytes), m_bWatched(!progress.is_none() || bytes >= 4194304)
+    {}
+
+    bool isWatched() const { return m_bWatched; }
+    unsigned long getBytes() const { return m_bytes; }
+    void run(const boost::shared_ptr<processor::BaseProcessor>& processor);
+    /// Looks at once. False: something was raised.
+    bool look(unsigned long done, unsigned long known);
+    void rethrow();
+
+private:
+    nb::object m_progress;
+    unsigned long m_bytes;
+    bool m_bWatched;
+    std::thread::id m_thread = std::this_thread::get_id();
+    std::chrono::steady_clock::time_point m_last = std::chrono::steady_clock::now();
+    std::optional<nb::python_error> m_error;
+};
+
+namespace details {
+
+template <class TProcessor, class... TValues>
+boost::shared_ptr<TProcessor> runWatched(Watch& watch, const TValues&... values)
+{
+    const boost::shared_ptr<TProcessor> processor = boost::make_shared<TProcessor>();
+    static_cast<void>(processor->init(processor::eProcessorRulePolicy::eRulePolicyCheck));
+    (processor->template set<typename TValues::Attribute>(values.value), ...);
+    watch.run(processor);
+    return processor;
+}
+
+} // namespace details
+
+/// Runs the level-1 processor of an operator with the given attributes.
+template <class TProcessor, class... TValues>
+void run(Watch& watch, const TValues&... values)
+{
+    if (watch.isWatched()) {
+        details::runWatched<TProcessor>(watch, values...);
+        return;
+    }
+    const LongWork work(watch.getBytes());
+    processor::run<TProcessor>(values...);
+}
+
+/// The same, and gives back what `TOutput` then holds.
+template <class TProcessor, class TOutput, class... TValues>
+typename TOutput::StorageType runForOutput(Watch& watch, const TValues&... values)
+{
+    if (watch.isWatched()) {
+        return details::runWatched<TProcessor>(watch, values...)->template getStorage<TOutput>();
+    }
+    const LongWork work(watch.getBytes());
+    return processor::runForOutput<TProcessor, TOutput>(values...);
+}
+
+} // namespace orlix::python
