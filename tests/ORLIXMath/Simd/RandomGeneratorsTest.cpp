@@ -180,6 +180,11 @@ TEST_P(RandomGeneratorsTest, integersRoundHalfAwayFromZeroAndSaturate)
     EXPECT_EQ(constant.template operator()<signed char>(-1000.0F), -128);
     EXPECT_EQ(constant.template operator()<unsigned short>(40000.0F), 40000);
     EXPECT_EQ(constant.template operator()<int>(3e9F), std::numeric_limits<int>::max());
+    EXPECT_EQ(constant.template operator()<int>(0x1p31F), std::numeric_limits<int>::max());
+    EXPECT_EQ(constant.template operator()<int>(0x1.fffffep30F), 2147483520);
+    EXPECT_EQ(constant.template operator()<int>(-0x1p31F), std::numeric_limits<int>::lowest());
+    EXPECT_EQ(constant.template operator()<unsigned int>(0x1p31F), 2147483648U);
+    EXPECT_EQ(constant.template operator()<unsigned int>(0x1p32F), std::numeric_limits<unsigned int>::max());
     EXPECT_EQ(constant.template operator()<unsigned int>(3e9F), 3000000000U);
     EXPECT_EQ(constant.template operator()<unsigned int>(5e9F), std::numeric_limits<unsigned int>::max());
     EXPECT_EQ(constant.template operator()<float>(2.5F), 2.5F);
