@@ -467,7 +467,7 @@ def random(
     A linear congruential generator in each lane of a register: fast and even, not for cryptography, and not where
     neighbouring pixels have to be independent to the last bit.
     """
-    return _core.random(shape, dtype, low, high, _seed_of(rng), out, progress)
+    return _core.random(shape, dtype, low, high, _seed_of(rng), out, progress, None)
 
 
 def normal(
@@ -493,7 +493,7 @@ def normal(
     -------
     ndarray
     """
-    return _core.normal(shape, dtype, mean, deviation, _seed_of(rng), out, progress)
+    return _core.normal(shape, dtype, mean, deviation, _seed_of(rng), out, progress, None)
 
 
 def lines(
@@ -535,4 +535,4 @@ def lines(
            [1, 1],
            [0, 0]])
     """
-    return _core.lines(shape, theta, spacing, phi, alpha, out, progress)
+    return _core.lines(shape, theta, spacing, phi, alpha, out, progress, None)

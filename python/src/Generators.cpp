@@ -3,13 +3,16 @@
 #include "Operators.h"
 #include "Watch.h"
 
+#include "ORLIXIPL/ORLIXIPLUtility/Processor/BuildLines2dImg/BuildLines2dImg.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/BuildLines2dImg/BuildLines2dImgLvl1.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Processor/BuildLines3dImg/BuildLines3dImg.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/BuildLines3dImg/BuildLines3dImgLvl1.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/GaussianRandomImg/GaussianRandomImgLvl1.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/RandomImg/RandomImgLvl1.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/RandomRun.h"
 
 #include <nanobind/stl/string.h>
+#include <nanobind/stl/tuple.h>
 
 namespace orlix::python {
 
@@ -49,13 +52,28 @@ ArrayImage targetOf(nb::handle shape, const eImageBufferType& type, nb::handle o
     return imageOf(array, axes, true);
 }
 
+/// What the bytes of a seeded array depend on. `first` is None, or where it begins in a larger whole: t, c, z, y.
+util::RandomRun runOf(unsigned long seed, nb::handle first)
+{
+    util::RandomRun run;
+    run.bSeeded = true;
+    run.seed = seed;
+    if (!first.is_none()) {
+        const auto [t, c, z, y] =
+            nb::cast<std::tuple<unsigned long, unsigned long, unsigned long, unsigned long>>(first);
+        run.firstPlan = {z, c, t};
+        run.firstLine = y;
+    }
+    return run;
+}
+
 nb::object random(nb::handle shape, nb::handle dtype, nb::handle low, nb::handle high, unsigned long seed,
-                  nb::handle out, nb::handle progress)
+                  nb::handle out, nb::handle progress, nb::handle first)
 {
     const eImageBufferType type = elementTypeNamed(dtype);
     const ArrayImage target = targetOf(shape, type, out);
     Watch watch(progress, bytesOf(*target.image));
-    const util::RandomRunScope scope(seed, 0);
+    const util::RandomRunScope scope(runOf(seed, first));
     if (low.is_none() && high.is_none()) {
         run<util::RandomImgLvl1>(watch, with<attr::OutImg>(target.image));
     } else {
@@ -71,7 +89,7 @@ nb::object random(nb::handle shape, nb::handle dtype, nb::handle low, nb::handle
 }
 
 nb::object normal(nb::handle shape, nb::handle dtype, double mean, double deviation, unsigned long seed, nb::handle out,
-                  nb::handle progress)
+                  nb::handle progress, nb::handle first)
 {
     const ArrayImage target = targetOf(shape, elementTypeNamed(dtype), out);
     const auto parameter = attr::createGaussianParameter(mean, deviation);
@@ -79,15 +97,32 @@ nb::object normal(nb::handle shape, nb::handle dtype, double mean, double deviat
         throw nb::value_error(flaw.c_str());
     }
     Watch watch(progress, bytesOf(*target.image));
-    const util::RandomRunScope scope(seed, 0);
+    const util::RandomRunScope scope(runOf(seed, first));
     run<util::GaussianRandomImgLvl1>(watch, with<attr::InGaussianParameter>(parameter),
                                      with<attr::OutImg>(target.image));
     target.bringBack();
     return target.array;
 }
 
+/// Lines of a part of a larger whole, whose first pixel is pixel `first` of one of size `whole`.
+void drawPart(const ImagePtr& image, const std::vector<npy_intp>& whole, const std::vector<npy_intp>& first,
+              float theta, float phi, float alpha, float spacing)
+{
+    const auto number = [](npy_intp size) { return static_cast<unsigned long>(size); };
+    const LongWork work(bytesOf(*image));
+    if (whole.size() == 2) {
+        util::buildLines2dImgPart({number(whole[1]), number(whole[0])}, {number(first[1]), number(first[0])}, theta,
+                                  spacing, image);
+    } else {
+        util::buildLines3dImgPart({number(whole[2]), number(whole[1]), number(whole[0])},
+                                  {number(first[2]), number(first[1]), number(first[0])}, theta, phi, alpha, spacing,
+                                  image);
+    }
+}
+
+/// `part` is None, or the whole's shape and the place of the first pixel in it.
 nb::object lines(nb::handle shape, float theta, float spacing, nb::handle phi, nb::handle alpha, nb::handle out,
-                 nb::handle progress)
+                 nb::handle progress, nb::handle part)
 {
     const std::vector<npy_intp> sizes = sizesOfShape(shape);
     if (sizes.size() != 2 && sizes.size() != 3) {
@@ -98,6 +133,11 @@ nb::object lines(nb::handle shape, float theta, float spacing, nb::handle phi, n
         throw nb::value_error("phi and alpha are for volumes");
     }
     const ArrayImage target = targetOf(shape, eImageBufferType::eBufferBinary, out);
+    if (!part.is_none()) {
+        drawPart(target.image, sizesOfShape(part[0]), sizesOfShape(part[1]), theta, angle(phi), angle(alpha), spacing);
+        target.bringBack();
+        return target.array;
+    }
     Watch watch(progress, bytesOf(*target.image));
     if (sizes.size() == 2) {
         run<util::BuildLines2dImgLvl1>(
@@ -121,11 +161,11 @@ nb::object lines(nb::handle shape, float theta, float spacing, nb::handle phi, n
 void bindGenerators(nb::module_& module)
 {
     module.def("random", &random, nb::arg("shape"), nb::arg("dtype"), nb::arg("low").none(), nb::arg("high").none(),
-               nb::arg("seed"), nb::arg("out").none(), nb::arg("progress").none());
+               nb::arg("seed"), nb::arg("out").none(), nb::arg("progress").none(), nb::arg("first").none());
     module.def("normal", &normal, nb::arg("shape"), nb::arg("dtype"), nb::arg("mean"), nb::arg("deviation"),
-               nb::arg("seed"), nb::arg("out").none(), nb::arg("progress").none());
+               nb::arg("seed"), nb::arg("out").none(), nb::arg("progress").none(), nb::arg("first").none());
     module.def("lines", &lines, nb::arg("shape"), nb::arg("theta"), nb::arg("spacing"), nb::arg("phi").none(),
-               nb::arg("alpha").none(), nb::arg("out").none(), nb::arg("progress").none());
+               nb::arg("alpha").none(), nb::arg("out").none(), nb::arg("progress").none(), nb::arg("part").none());
 }
 
 } // namespace orlix::python

@@ -1,5 +1,5 @@
 // What the libraries use of the machine: threads, instruction sets, memory.
-#include "NewArrays.h"
+#include "ArrayImages.h"
 #include "Operators.h"
 
 #include "ORLIX/ORLIXBaseProcessing/AlgorithmFunctionSelector.h"
@@ -71,6 +71,9 @@ void bindMachine(nb::module_& module)
     module.def("set_instruction_set", &setInstructionSet, nb::arg("name").none());
     module.def("copies_made", &getCopiesMade);
     module.def("release_memory", &image::releasePooledMemory);
+    module.def(
+        "axes_of", [](nb::handle axes, unsigned long nbAxes) { return axesOf(axes, nbAxes); }, nb::arg("axes").none(),
+        nb::arg("ndim"));
     module.def("empty", [](nb::handle shape, nb::handle dtype) {
         std::vector<npy_intp> sizes;
         for (const nb::handle size : shape) {

@@ -1,4 +1,4 @@
-"""The Python of the README does what it shows."""
+"""The Python of the README and of its page does what it shows."""
 
 import pathlib
 import re
@@ -8,12 +8,26 @@ import pytest
 
 import orlix
 
-README = pathlib.Path(__file__).parents[2] / "README.md"
-BLOCKS = re.findall(r"```python\n(.*?)```", README.read_text(), re.DOTALL)
+ROOT = pathlib.Path(__file__).parents[2]
+
+
+def blocks_of(page):
+    return re.findall(r"```python\n(.*?)```", (ROOT / page).read_text(), re.DOTALL)
+
+
+BLOCKS = blocks_of("README.md")
 
 
 def test_there_is_python():
     assert BLOCKS
+
+
+def test_the_page_on_large_arrays(capsys):
+    pytest.importorskip("dask.array")
+    (block,) = blocks_of("docs/python.md")
+    exec(compile(block, "python.md", "exec"), {})
+    pixels = orlix.random((2, 2048, 2048), np.uint16, rng=1)
+    assert int(capsys.readouterr().out) == int(((pixels >= 1000) & (pixels <= 40000)).sum())
 
 
 @pytest.mark.parametrize("block", BLOCKS)

@@ -84,7 +84,8 @@ def test_an_exception_of_the_observer_ends_the_call():
 def test_ctrl_c_ends_a_call_soon():
     program = textwrap.dedent(
         """
-        import numpy as np, orlix, time
+        import numpy as np, orlix, signal
+        signal.signal(signal.SIGINT, signal.default_int_handler)  # it may have been inherited as ignored
         big = np.zeros((64, 2048, 2048), np.uint8)
         out = np.zeros((64, 2048, 2048), np.float32)
         print("go", flush=True)

@@ -1,0 +1,188 @@
+"""orlix.dask: the same bytes as in one piece, however arrays are cut."""
+
+import subprocess
+import sys
+import textwrap
+
+import numpy as np
+import pytest
+from conftest import TYPES, filled
+
+import orlix
+
+da = pytest.importorskip("dask.array")
+import orlix.dask as od  # noqa: E402 - only where Dask is
+
+SHAPE = (3, 40, 57)
+CHUNKS = [(3, 40, 57), (1, 7, 13), (2, (1, 38, 1), (30, 27)), (1, 40, 57)]
+
+
+def cut(array, chunks):
+    return da.from_array(array, chunks=chunks[-array.ndim :])
+
+
+def same(lazy, eager):
+    assert isinstance(lazy, da.Array)
+    computed = lazy.compute()
+    assert lazy.dtype == computed.dtype == eager.dtype
+    assert lazy.shape == computed.shape == eager.shape
+    assert np.array_equal(computed, eager)
+
+
+@pytest.mark.parametrize("chunks", CHUNKS)
+@pytest.mark.parametrize("dtype", TYPES)
+def test_each_pixel_by_itself(chunks, dtype):
+    array = filled(SHAPE, dtype)
+    lazy = cut(array, chunks)
+    same(od.copy(lazy), array)
+    same(od.erase(lazy, 1), np.full_like(array, 1))
+    same(od.threshold(lazy, 0, 1), orlix.threshold(array, 0, 1))
+    for target in TYPES:
+        same(od.convert(lazy, target), orlix.convert(array, target))
+
+
+@pytest.mark.parametrize("chunks", CHUNKS)
+def test_compare_counts_all_and_finds_the_first(chunks):
+    a = filled(SHAPE, np.uint16)
+    b = a.copy()
+    b[1, 38:, 31] += 1
+    b[1, 39, 2] += 1
+    b[2, 0, 0] += 1
+    found = od.compare(cut(a, chunks), cut(b, CHUNKS[0])).compute()
+    assert found == orlix.compare(a, b)
+    assert found.first == (1, 38, 31)
+    assert od.compare(cut(a, chunks), cut(a, chunks)).compute() == (True, 0, a.size, None, None)
+    assert od.compare(cut(a, chunks), cut(b, chunks), absolute=1).compute().identical
+
+
+@pytest.mark.parametrize("chunks", CHUNKS)
+def test_places(chunks):
+    array = filled(SHAPE, np.float32)
+    lazy = cut(array, chunks)
+    same(od.crop(lazy, (3, 5), (20, 50)), array[:, 3:23, 5:55])
+    same(od.crop(lazy, (1, 3, 5), (2, 20, 50)), array[1:, 3:23, 5:55])
+    region = filled((3, 4, 9), np.float32, seed=3)
+    same(od.paste(lazy, da.from_array(region), (30, 11)), orlix.paste(array, region, (30, 11)))
+    for axis, index in (("x", 40), ("y", -1), ("z", 1)):
+        same(od.get_slice(lazy, axis, index), orlix.get_slice(array, axis, index))
+        plane = filled(orlix.get_slice(array, axis, 0).shape, np.float32, seed=4)
+        same(od.put_slice(lazy, plane, axis, index), orlix.put_slice(array, plane, axis, index))
+    same(od.append(lazy, lazy), orlix.append(array, array))
+    same(od.append(lazy, lazy, axes="TYX"), orlix.append(array, array, axes="TYX"))
+
+
+@pytest.mark.parametrize("chunks", CHUNKS)
+@pytest.mark.parametrize("interpolation", ["nearest", "linear", "cubic"])
+def test_values_to_the_last_bit(chunks, interpolation, rng):
+    array = filled(SHAPE, np.uint16)
+    points = rng.uniform(0, 1, (500, 3)) * SHAPE * (1 - 1e-9)
+    points[:20] = np.floor(points[:20])
+    same(
+        od.values(cut(array, chunks), points, interpolation=interpolation),
+        orlix.values(array, points, interpolation=interpolation),
+    )
+    plan, at = array[1], points[:, 1:]
+    same(
+        od.values(cut(plan, chunks), at, interpolation=interpolation),
+        orlix.values(plan, at, interpolation=interpolation),
+    )
+    same(od.values(cut(plan, chunks), np.zeros((0, 2))), np.zeros(0))
+
+
+@pytest.mark.parametrize("chunks", CHUNKS)
+@pytest.mark.parametrize("dtype", [np.bool_, np.uint8, np.int16, np.uint32, np.float32])
+def test_random_in_parts(chunks, dtype):
+    same(od.random(SHAPE, dtype, rng=5, chunks=chunks), orlix.random(SHAPE, dtype, rng=5))
+    same(
+        od.normal(SHAPE, dtype, mean=50, deviation=20, rng=5, chunks=chunks),
+        orlix.normal(SHAPE, dtype, mean=50, deviation=20, rng=5),
+    )
+    if dtype != np.bool_:
+        same(od.random(SHAPE, dtype, low=3, high=90, rng=5, chunks=chunks), orlix.random(SHAPE, dtype, low=3, high=90, rng=5))
+
+
+def test_random_in_five_axes():
+    shape, chunks = (2, 3, 4, 10, 12), (1, 2, 3, 4, 5)
+    same(od.random(shape, rng=1, chunks=chunks), orlix.random(shape, rng=1))
+    assert od.random(shape).chunks[-1] == (12,)
+
+
+@pytest.mark.parametrize("chunks", CHUNKS)
+def test_lines_in_parts(chunks):
+    angles = {"theta": 0.3, "spacing": 7.5}
+    same(od.lines(SHAPE[1:], chunks=chunks[1:], **angles), orlix.lines(SHAPE[1:], **angles))
+    angles |= {"phi": 0.2, "alpha": 0.1}
+    same(od.lines(SHAPE, chunks=chunks, **angles), orlix.lines(SHAPE, **angles))
+
+
+def test_nothing_is_computed_before_it_is_asked_for():
+    def refuse(block):
+        raise AssertionError("was computed")
+
+    lazy = da.zeros((10, 10), dtype=np.uint8, chunks=5).map_blocks(refuse, dtype=np.uint8, meta=np.empty((0, 0), np.uint8))
+    for function in (od.copy, lambda a: od.threshold(a, 1, 2), lambda a: od.compare(a, a), lambda a: od.crop(a, (0, 0), (5, 5))):
+        function(lazy)
+
+
+def test_bad_input_is_told_at_once():
+    lazy = da.zeros((4, 10, 12), dtype=np.uint8, chunks=4)
+    with pytest.raises(TypeError, match="Dask array.*map_blocks"):
+        orlix.copy(lazy)
+    with pytest.raises(TypeError, match="orlix.dask takes"):
+        od.copy(np.zeros(3, np.uint8))
+    with pytest.raises(TypeError, match="float32"):
+        od.copy(lazy.astype(np.float64))
+    with pytest.raises(orlix.OrlixError):
+        od.threshold(lazy, 0, 256)
+    with pytest.raises(ValueError, match="along x"):
+        od.crop(lazy, (0, 10), (1, 3))
+    with pytest.raises(ValueError):
+        od.paste(lazy, np.zeros((4, 2, 2), np.uint8), (9, 0))
+    with pytest.raises(ValueError, match="is needed"):
+        od.paste(lazy, np.zeros((3, 2, 2), np.uint8), (0, 0))
+    with pytest.raises(IndexError, match="outside"):
+        od.get_slice(lazy, "z", 4)
+    with pytest.raises(ValueError, match="needed"):
+        od.put_slice(lazy, np.zeros((4, 10), np.uint8), "z", 0)
+    with pytest.raises(TypeError, match="convert one of them"):
+        od.append(lazy, lazy.astype(np.int8))
+    with pytest.raises(ValueError, match="point 1"):
+        od.values(lazy, [(0, 0, 0), (0, 10, 0)])
+    with pytest.raises(ValueError):
+        od.random((4, 4), low=5, high=1)
+    with pytest.raises(ValueError, match="shape"):
+        od.compare(lazy, lazy[:2])
+
+
+def test_two_processes(tmp_path):
+    pytest.importorskip("distributed")
+    program = tmp_path / "cluster.py"
+    program.write_text(
+        textwrap.dedent(
+            """
+            import numpy as np, orlix, orlix.dask as od
+            from distributed import Client, LocalCluster
+
+            if __name__ == "__main__":
+                with LocalCluster(n_workers=2, threads_per_worker=1, dashboard_address=None) as cluster:
+                    with Client(cluster):
+                        lazy = od.random((4, 300, 400), np.uint16, rng=3, chunks=(1, 100, -1))
+                        mask = od.threshold(lazy, 1000, 40000).compute()
+                        eager = orlix.random((4, 300, 400), np.uint16, rng=3)
+                        assert np.array_equal(mask, orlix.threshold(eager, 1000, 40000))
+                        found = od.compare(lazy, od.convert(od.convert(lazy, np.float32), np.uint16)).compute()
+                        assert found.identical and found.compared == eager.size
+                        if len(orlix.instruction_sets()) > 1:
+                            orlix.set_instruction_set("plain")
+                            try:
+                                od.copy(lazy).compute()
+                            except RuntimeError as error:
+                                assert "ORLIX_INSTRUCTION_SET=plain" in str(error)
+                            else:
+                                raise AssertionError("a worker with another instruction set went on")
+                print("done")
+            """
+        )
+    )
+    done = subprocess.run([sys.executable, str(program)], capture_output=True, text=True, timeout=240)
+    assert done.stdout.endswith("done\n"), done.stderr
