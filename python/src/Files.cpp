@@ -107,14 +107,10 @@ nb::dict info(const std::string& path)
     fields["shape"] = nb::tuple(shape);
     fields["dtype"] = dtypeOf(found.geometry.getBufferType());
     fields["element_type"] = image::getBufferTypeName(found.geometry.getBufferType());
-    fields["pixel_size"] = nb::none();
+    fields["pixel_size"] = pixelSizeOf(found.calibration.get(), axes);
     fields["unit"] = nb::none();
-    if (const auto& calibration = found.calibration) {
-        fields["pixel_size"] = axes.find('Z') == std::string::npos
-                                   ? nb::make_tuple(calibration->getPixelSizeY(), calibration->getPixelSizeX())
-                                   : nb::make_tuple(calibration->getPixelSizeZ(), calibration->getPixelSizeY(),
-                                                    calibration->getPixelSizeX());
-        fields["unit"] = calibration->getUnit();
+    if (found.calibration) {
+        fields["unit"] = found.calibration->getUnit();
     }
     fields["compression"] = found.compression;
     fields["metadata"] = found.metadata;

@@ -14,17 +14,15 @@ namespace {
 using image::eImageBufferType;
 using image::GeometricCalibration;
 
-/// Pixel sizes in the order of the array's axes among Z, Y and X.
-nb::object pixelSizeOf(const PyImage& self)
+/// Numbers of a calibration in the order of the array's axes.
+nb::object alongAxes(const std::string& axes, float x, float y, float z)
 {
-    const auto& calibration = self.image->getGeometricCalibration();
-    if (!calibration) {
-        return nb::none();
-    }
-    if (self.axes.find('Z') == std::string::npos) {
-        return nb::make_tuple(calibration->getPixelSizeY(), calibration->getPixelSizeX());
-    }
-    return nb::make_tuple(calibration->getPixelSizeZ(), calibration->getPixelSizeY(), calibration->getPixelSizeX());
+    return axes.find('Z') == std::string::npos ? nb::make_tuple(y, x) : nb::make_tuple(z, y, x);
+}
+
+nb::object pixelSize(const PyImage& self)
+{
+    return pixelSizeOf(self.image->getGeometricCalibration().get(), self.axes);
 }
 
 nb::object originOf(const PyImage& self)
@@ -33,10 +31,7 @@ nb::object originOf(const PyImage& self)
     if (!calibration) {
         return nb::none();
     }
-    if (self.axes.find('Z') == std::string::npos) {
-        return nb::make_tuple(calibration->getOriginY(), calibration->getOriginX());
-    }
-    return nb::make_tuple(calibration->getOriginZ(), calibration->getOriginY(), calibration->getOriginX());
+    return alongAxes(self.axes, calibration->getOriginX(), calibration->getOriginY(), calibration->getOriginZ());
 }
 
 nb::object unitOf(const PyImage& self)
@@ -166,6 +161,14 @@ std::string describe(const PyImage& self)
 
 } // namespace
 
+nb::object pixelSizeOf(const GeometricCalibration* calibration, const std::string& axes)
+{
+    if (calibration == nullptr) {
+        return nb::none();
+    }
+    return alongAxes(axes, calibration->getPixelSizeX(), calibration->getPixelSizeY(), calibration->getPixelSizeZ());
+}
+
 std::string axesOf(const image::BaseImageGeometry& geometry)
 {
     std::string axes;
@@ -236,7 +239,7 @@ element_type : str or dtype, optional
             "element_type",
             [](const PyImage& self) { return std::string(image::getBufferTypeName(self.image->getBufferType())); },
             "Name of the element type, also of those that NumPy lacks.")
-        .def_prop_ro("pixel_size", &pixelSizeOf,
+        .def_prop_ro("pixel_size", &pixelSize,
                      "Size of a pixel along (y, x) or (z, y, x); None where nothing is known.")
         .def_prop_ro("origin", &originOf, "Position of the corner of the first pixel, as `pixel_size`.")
         .def_prop_ro("unit", &unitOf, "Unit of `pixel_size` and `origin`; None where nothing is known.")
@@ -251,7 +254,7 @@ element_type : str or dtype, optional
              [](nb::handle_t<PyImage> self) {
                  const PyImage& image = *nb::inst_ptr<PyImage>(self);
                  return nb::make_tuple(nb::module_::import_("orlix._image").attr("restore"),
-                                       nb::make_tuple(arrayOf(image.image, image.axes), image.axes, pixelSizeOf(image),
+                                       nb::make_tuple(arrayOf(image.image, image.axes), image.axes, pixelSize(image),
                                                       unitOf(image), originOf(image),
                                                       image::getBufferTypeName(image.image->getBufferType())));
              })
