@@ -7,19 +7,20 @@ the same bytes on any number of them.
 
 import os as _os
 
-from ._core import (
-    Image,
-    OrlixError,
-    OrlixFileError,
+from ._core import Image, OrlixError, OrlixFileError
+from ._files import FileInfo, info, read, write
+from ._future import Future, submit
+from ._machine import (
     copies_made,
     empty,
+    get_threads,
     instruction_set,
     instruction_sets,
     release_memory,
+    set_instruction_set,
+    set_threads,
+    threads,
 )
-from ._files import FileInfo, info, read, write
-from ._future import Future, submit
-from ._machine import get_threads, set_instruction_set, set_threads, threads
 from ._operators import (
     Comparison,
     append,

@@ -82,7 +82,7 @@ def read(
         The file can't be opened; it is damaged or of a kind that is not supported, or the region reaches beyond it.
     """
     path = os.fspath(path)
-    spans = None
+    spans: list[tuple[int, int] | None] | None = None
     if region is not None:
         unknown = set(region) - set("XYZCT")
         if unknown:

@@ -1,9 +1,12 @@
-"""Threads and instruction sets, for the whole process."""
+"""What the libraries use of the machine: threads, instruction sets, memory; for the whole process."""
 
 from __future__ import annotations
 
 import contextlib
-from collections.abc import Iterator
+from collections.abc import Iterator, Sequence
+from typing import Any
+
+from numpy.typing import DTypeLike, NDArray
 
 from . import _core
 
@@ -50,3 +53,32 @@ def set_instruction_set(name: str | None) -> None:
         The processor has no set of that name.
     """
     _core.set_instruction_set(name)
+
+
+def instruction_set() -> str:
+    """Return the instruction set whose kernels run."""
+    return _core.instruction_set()
+
+
+def instruction_sets() -> list[str]:
+    """Return the instruction sets of this processor, plain code first and the widest last."""
+    return _core.instruction_sets()
+
+
+def copies_made() -> int:
+    """Return how many arrays had to be copied since the program started, since they couldn't be used where they lie."""
+    return _core.copies_made()
+
+
+def release_memory() -> int:
+    """Give memory that is kept for new images back to the system, and return how many bytes that were."""
+    return _core.release_memory()
+
+
+def empty(shape: Sequence[int], dtype: DTypeLike) -> NDArray[Any]:
+    """Make an array, in C order, whose elements are not set, for use as `out`.
+
+    Its memory comes from where that of new results comes from: it begins on a cache line, and is used again without
+    paying for its pages anew.
+    """
+    return _core.empty(shape, dtype)
