@@ -18,7 +18,7 @@ Rng = Union[None, int, np.random.Generator]
 
 
 class Comparison(NamedTuple):
-    """What `compare` found."""
+    """What `compare` found: how many pixels differ, and the first of them."""
 
     identical: bool  #: no pixel differs
     different: int  #: pixels that differ
