@@ -100,7 +100,10 @@ def test_ctrl_c_ends_a_call_soon():
     assert child.stdout.readline() == "go\n"
     time.sleep(0.2)
     child.send_signal(signal.SIGINT)
-    assert child.communicate(timeout=60)[0] == "interrupted\n"
+    try:
+        assert child.communicate(timeout=60)[0] == "interrupted\n"
+    finally:
+        child.kill()
     assert child.returncode == 0
 
 

@@ -59,6 +59,8 @@ protected:
     processor::StepResult preProcess() override
     {
         m_run = m_given.take();
+        const auto& strip = this->template accessAttribute<TStrip>()->accessStrip();
+        m_firstElement = (m_run.firstLine + strip.getStripStartOffsetY()) * strip.getSizeX();
         return processor::StepResult::success();
     }
     /// For kernels: fills the states of `TGenerator`, one a lane, and returns how many elements it makes before those
@@ -66,15 +68,14 @@ protected:
     template <class TGenerator>
     ORLIX_SIMD_INLINE unsigned long fillStates(unsigned int* states)
     {
-        return fillStates(TGenerator::s_nbElements, TGenerator::s_nbDraws, TGenerator::s_nbLanes, states);
+        return fillRandomStates(m_run, m_firstElement, TGenerator::s_nbElements, TGenerator::s_nbDraws,
+                                TGenerator::s_nbLanes, states);
     }
 
 private:
-    unsigned long fillStates(unsigned long nbElements, unsigned long nbDraws, unsigned long nbLanes,
-                             unsigned int* states);
-
     GivenRandomRun m_given;
     RandomRun m_run;
+    unsigned long m_firstElement = 0; ///< of the strip, in the plan; kernels can't ask strips
 };
 
 namespace details {
@@ -173,14 +174,5 @@ struct ByRandomYStrip : ByYStrip<TAttribute, TLowerAttribute>
         return details::RandomSource<StripSource<ImagePtr>>{ByYStrip<TAttribute, TLowerAttribute>::source(attributes)};
     }
 };
-
-template <class TLevel, class TStrip>
-unsigned long RandomKernelLevel<TLevel, TStrip>::fillStates(unsigned long nbElements, unsigned long nbDraws,
-                                                            unsigned long nbLanes, unsigned int* states)
-{
-    const auto& strip = this->template accessAttribute<TStrip>()->accessStrip();
-    const unsigned long firstLine = m_run.firstLine + strip.getStripStartOffsetY();
-    return fillRandomStates(m_run, firstLine * strip.getSizeX(), nbElements, nbDraws, nbLanes, states);
-}
 
 } // namespace orlix::imaproc::util
