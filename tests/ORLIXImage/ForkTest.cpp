@@ -30,8 +30,8 @@ void useMemory()
 
 TEST(Fork, ChildrenHaveMemoryWhateverOtherThreadsDo)
 {
-#ifdef ORLIX_ADDRESS_SANITIZER
-    GTEST_SKIP() << "AddressSanitizer's own allocator may be locked in a child forked while others allocate";
+#if defined(ORLIX_ADDRESS_SANITIZER) || defined(ORLIX_THREAD_SANITIZER)
+    GTEST_SKIP() << "the sanitizer's own allocator may be locked in a child forked while others allocate";
 #endif
     std::vector<std::jthread> threads;
     for (int i = 0; i < 3; ++i) {
