@@ -12,13 +12,13 @@ endif()
 # Gives every file named <name>_<set>.cpp the flags of its set. Kernels keep packs on the stack, but no buffer whose end
 # depends on what they are given: a check of the stack at each call would cost and find nothing. Plain kernels are the same
 # templates, and there undefined behaviour is always looked for; in the files of the sets that takes most of the time to
-# compile them, up to 20 seconds each, so a change may leave it out. Those of ConvertImg, with its 121 pairs of types, take
-# minutes each and are always left out.
+# compile them, up to 20 seconds each, so a change may leave it out. Those of ConvertImg, with its 121 pairs of types, and of
+# random numbers, which are unrolled most, take minutes each and are always left out.
 set(ORLIX_KERNEL_FLAGS -fno-stack-protector)
 option(ORLIX_SANITIZE_KERNELS "Look for undefined behaviour in the kernel files of the sets, too" ON)
 set(ORLIX_UNSANITIZED "$^") # matches no file
 if(ORLIX_SANITIZE MATCHES "undefined")
-    set(ORLIX_UNSANITIZED "/ConvertImgLvl3_")
+    set(ORLIX_UNSANITIZED "/(ConvertImg|RandomImg|GaussianRandomImg)Lvl3_|/RandomTable_")
     if(NOT ORLIX_SANITIZE_KERNELS)
         set(ORLIX_UNSANITIZED ".")
     endif()

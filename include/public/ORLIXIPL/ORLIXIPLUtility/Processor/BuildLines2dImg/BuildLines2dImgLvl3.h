@@ -25,7 +25,7 @@ public:
     BuildLines2dImgLvl3();
     ~BuildLines2dImgLvl3() override;
 
-    /// From now on, what strips are of counts as a part of a image of size `whole`: its pixel (0, 0) is pixel `first`
+    /// From now on, what strips are of counts as a part of an image of size `whole`: its pixel (0, 0) is pixel `first`
     /// of that, whose lines are drawn.
     void drawPartOf(const attr::Img2dSizeRecord& whole, const attr::Img2dOffsetRecord& first);
 
