@@ -1,4 +1,6 @@
 // Standing in for the system's functions.
+#undef _FORTIFY_SOURCE // whose own versions, inline in the headers, can't be defined once more
+
 #include "io-faults/FaultySystem.h"
 
 #include <dlfcn.h>
