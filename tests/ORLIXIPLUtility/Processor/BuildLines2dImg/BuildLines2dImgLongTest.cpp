@@ -1,4 +1,4 @@
-// Ten million pixels beside the oracle, under the set that is forced. For `scripts/test --long`.
+// Ten million pixels beside the oracle, under the set that is forced.
 #include "ORLIXIPL/ORLIXIPLUtility/ORLIXIPLUtility.h"
 #include "ORLIXIPLUtility/Processor/LineOracle.h"
 
@@ -7,7 +7,7 @@
 namespace orlix::imaproc::util::test {
 namespace {
 
-TEST(BuildLines2dImgLongTest, DISABLED_tenMillionPixels)
+TEST(BuildLines2dImgLongTest, tenMillionPixels)
 {
     std::mt19937 random(20);
     std::uniform_real_distribution<float> angle(-7.0F, 7.0F);

@@ -1,4 +1,4 @@
-// Ten million voxels beside the oracle, under the set that is forced. For `scripts/test --long`.
+// Ten million voxels beside the oracle, under the set that is forced.
 #include "ORLIXIPL/ORLIXIPLUtility/ORLIXIPLUtility.h"
 #include "ORLIXIPLUtility/Processor/LineOracle.h"
 
@@ -7,7 +7,7 @@
 namespace orlix::imaproc::util::test {
 namespace {
 
-TEST(BuildLines3dImgLongTest, DISABLED_tenMillionVoxels)
+TEST(BuildLines3dImgLongTest, tenMillionVoxels)
 {
     std::mt19937 random(21);
     std::uniform_real_distribution<float> angle(-7.0F, 7.0F);
