@@ -1,6 +1,7 @@
 // Views of an image's pixels, and when two images are views of the same ones.
 #include "ORLIXIPL/ORLIXImage/BaseImage.h"
 
+#include "ORLIXIPL/ORLIXImage/CudaImage.h"
 #include "ORLIXIPL/ORLIXImage/FindMemoryPlace.h"
 #include "ORLIXIPL/ORLIXImage/Logger/ORLIXImageLogMessages.h"
 #include "ORLIXIPL/ORLIXImage/PixelBytes.h"
@@ -20,6 +21,13 @@ bool isSameStep(const TLayout& a, const TLayout& b, const BaseImageGeometry& geo
     return a.first == b.first && sameDistance(geometry.getSizeY(), a.rowBytes, b.rowBytes) &&
            sameDistance(geometry.getSizeZ(), a.planBytes, b.planBytes) &&
            sameDistance(geometry.getSizeC(), a.channelBytes, b.channelBytes);
+}
+
+bool isSameOnDevice(const BaseImage& a, const BaseImage& b)
+{
+    const auto* const onDevice = dynamic_cast<const CudaImage*>(&a);
+    const auto* const otherOnDevice = dynamic_cast<const CudaImage*>(&b);
+    return onDevice && otherOnDevice && onDevice->sharesDevicePixelsWith(*otherOnDevice);
 }
 
 } // namespace
@@ -70,7 +78,10 @@ bool BaseImage::sharesPixelsWith(const BaseImage& other) const
     }
     const PixelLayout& a = m_layout;
     const PixelLayout& b = other.m_layout;
-    if (!a.first || a.first != b.first || !m_geometry.hasSameSizes(other.m_geometry) ||
+    if (!a.first) {
+        return isSameOnDevice(*this, other);
+    }
+    if (a.first != b.first || !m_geometry.hasSameSizes(other.m_geometry) ||
         !m_geometry.hasSameBufferTypes(other.m_geometry)) {
         return false;
     }

@@ -38,7 +38,7 @@ unsigned long rowPitch(const BaseImage& image, unsigned long t)
     const PixelLayout& layout = image.getPixelLayout();
     const unsigned long size = elementSize(image.getBufferType(t));
     const unsigned long rowBytes = layout.steps ? (*layout.steps)[t].rowBytes : layout.rowBytes;
-    return size > 0 ? rowBytes / size : image.getSizeX();
+    return size > 0 && layout.first ? rowBytes / size : image.getSizeX();
 }
 
 } // namespace orlix::image

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ORLIXIPL/ORLIXBaseImageTools/BorderPolicy.h"
+#include "ORLIXIPL/ORLIXBaseImageTools/GpuBufferDataColl.h"
 #include "ORLIXIPL/ORLIXBaseImageTools/ImageTileColl.h"
 #include "ORLIXIPL/ORLIXBaseImageTools/ImageTileExtractor.h"
 #include "ORLIXIPL/ORLIXBaseImageTools/Logger/ORLIXBaseImageToolsLog.h"

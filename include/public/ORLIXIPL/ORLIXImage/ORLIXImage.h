@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ORLIXIPL/ORLIXImage/BaseImage.h"
+#include "ORLIXIPL/ORLIXImage/CudaImage.h"
 #include "ORLIXIPL/ORLIXImage/GeometricCalibration.h"
 #include "ORLIXIPL/ORLIXImage/ImageBufferType.h"
 #include "ORLIXIPL/ORLIXImage/ImageFactory.h"

@@ -44,7 +44,15 @@ const std::vector<MessageText>& MessageCatalogue<eORLIXImageMessage>::texts()
         {eORLIXImageMessage::eCannotGrow,
          "An image of %s can't grow in place, since it doesn't own its pixels in host memory: grow a copy of it"},
         {eORLIXImageMessage::eNotGrowth,
-         "An image of %s can't become one of %s in place: only time steps can be added, behind the last"}};
+         "An image of %s can't become one of %s in place: only time steps can be added, behind the last"},
+        {eORLIXImageMessage::eGpuNotUsable, "GPU %d can't be used for an image of %s: %s. Take one that `orlix info "
+                                            "--devices` names, or work on the host"},
+        {eORLIXImageMessage::eOutOfGpuMemory,
+         "An image of %s needs %d bytes on GPU %d, which can't be had: %s. Make it smaller or free images there"},
+        {eORLIXImageMessage::eNotMovedToGpu, "The pixels of an image of %s could not be moved to GPU %d: %s"},
+        {eORLIXImageMessage::eNotMovedFromGpu, "The pixels of an image of %s could not be moved from GPU %d: %s"},
+        {eORLIXImageMessage::eNoPlanTable,
+         "The places of the plans of an image of %s could not be written down on GPU %d: %s"}};
     return g_texts;
 }
 
