@@ -7,9 +7,11 @@ the same bytes on any number of them.
 
 import os as _os
 
-from ._core import Image, OrlixError, OrlixFileError
+from ._core import Image, OrlixError, OrlixFileError, version
+from ._element_type import ElementType
 from ._files import FileInfo, info, read, write
 from ._future import Future, submit
+from ._generators import lines, normal, random
 from ._machine import (
     copies_made,
     empty,
@@ -19,35 +21,27 @@ from ._machine import (
     release_memory,
     set_instruction_set,
     set_threads,
+    show_config,
     threads,
 )
-from ._operators import (
-    Comparison,
-    append,
-    compare,
-    convert,
-    copy,
-    crop,
-    erase,
-    get_slice,
-    lines,
-    normal,
-    paste,
-    put_slice,
-    random,
-    threshold,
-    values,
-)
+from ._pixelwise import Comparison, compare, convert, copy, erase, threshold
+from ._processors import Attribute, Processor, processor, processors
+from ._regions import crop, paste
+from ._slices import append, get_slice, put_slice
+from ._values import values
 
-__version__ = "1.0.0"
+__version__ = version()
 
 __all__ = [
+    "Attribute",
     "Comparison",
+    "ElementType",
     "FileInfo",
     "Future",
     "Image",
     "OrlixError",
     "OrlixFileError",
+    "Processor",
     "append",
     "compare",
     "convert",
@@ -64,12 +58,15 @@ __all__ = [
     "lines",
     "normal",
     "paste",
+    "processor",
+    "processors",
     "put_slice",
     "random",
     "read",
     "release_memory",
     "set_instruction_set",
     "set_threads",
+    "show_config",
     "submit",
     "threads",
     "threshold",

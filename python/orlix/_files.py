@@ -4,14 +4,13 @@ from __future__ import annotations
 
 import errno
 import os
-from collections.abc import Callable, Mapping
+from collections.abc import Mapping
 from typing import Any, NamedTuple
 
 import numpy as np
 
 from . import _core
-
-Progress = Callable[[int, int], object]
+from ._types import Progress
 
 
 class FileInfo(NamedTuple):
@@ -68,7 +67,7 @@ def read(
     region : mapping of str to slice, optional
         What to read along the axes that are named, such as ``{"Y": slice(0, 64), "T": (3, 4)}``; axes that are not
         named are read whole. Only the strips or tiles that the region touches are read.
-    progress : callable, optional
+    progress : callable or bool, optional
         Called as ``progress(done, known)`` with plans; an exception from it ends the call.
 
     Returns
@@ -134,7 +133,7 @@ def write(
         Tiles instead of strips in a TIFF file, so that regions can be read fast.
     overwrite : bool
         False refuses a file that exists.
-    progress : callable, optional
+    progress : callable or bool, optional
         Called as ``progress(done, known)`` with plans; an exception from it ends the call and leaves the old file.
 
     Raises

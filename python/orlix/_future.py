@@ -8,6 +8,8 @@ import threading
 from collections.abc import Callable, Generator
 from typing import Any, Generic, ParamSpec, TypeVar
 
+from . import _progress
+
 P = ParamSpec("P")
 R = TypeVar("R")
 
@@ -54,6 +56,7 @@ class Future(concurrent.futures.Future[R], Generic[R]):
         if not self.set_running_or_notify_cancel():
             return
         told = kwargs.pop("progress", None)
+        told = _progress.bar() if told is True else told or None
 
         def progress(done: int, known: int) -> None:
             self._look(done, known)

@@ -3,9 +3,13 @@
 from __future__ import annotations
 
 import contextlib
+import os
+import platform
+import sys
 from collections.abc import Iterator, Sequence
 from typing import Any
 
+import numpy as np
 from numpy.typing import DTypeLike, NDArray
 
 from . import _core
@@ -82,3 +86,21 @@ def empty(shape: Sequence[int], dtype: DTypeLike) -> NDArray[Any]:
     paying for its pages anew.
     """
     return _core.empty(shape, dtype)
+
+
+def show_config() -> None:
+    """Print what a report of a fault needs: versions, the machine, and what is used of it."""
+    rows = {
+        "orlix": _core.version(),
+        "package": os.path.dirname(__file__),
+        "python": platform.python_version(),
+        "numpy": np.__version__,
+        "system": platform.platform(),
+        "instruction sets": " ".join(instruction_sets()),
+        "instruction set": instruction_set(),
+        "threads": str(get_threads()),
+        "settings": " ".join(f"{name}={value}" for name, value in os.environ.items() if name.startswith("ORLIX_")),
+        "processors": f"{len(_core.processors())} known by name",
+    }
+    width = max(map(len, rows))
+    sys.stdout.write("".join(f"{name:<{width}}  {value}".rstrip() + "\n" for name, value in rows.items()))

@@ -74,6 +74,15 @@ eImageBufferType elementTypeNamed(nb::handle dtype)
             }
         }
     }
+    if (PyLong_Check(dtype.ptr()) && !PyBool_Check(dtype.ptr())) { // an orlix.ElementType
+        const long number = nb::cast<long>(dtype);
+        for (const eImageBufferType::domain type : image::g_allBufferTypes) {
+            if (number == type) {
+                return type;
+            }
+        }
+        throwUnknown(dtype);
+    }
     PyArray_Descr* descr = nullptr;
     if (PyArray_DescrConverter(dtype.ptr(), &descr) != NPY_SUCCEED) {
         throw nb::python_error();

@@ -14,8 +14,8 @@ int typeNumberOf(const image::eImageBufferType& type);
 /// names the eight.
 image::eImageBufferType elementTypeOf(PyArrayObject* array);
 
-/// What a person gives as `dtype`: anything that NumPy takes, or the name of an element type ("UInt16Like"). TypeError
-/// as above.
+/// What a person gives as `dtype`: anything that NumPy takes, or an element type by name ("UInt16Like") or number.
+/// TypeError as above.
 image::eImageBufferType elementTypeNamed(nb::handle dtype);
 
 /// NumPy's dtype object.

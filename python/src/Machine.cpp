@@ -64,6 +64,7 @@ void setThreads(long nbThreads)
 
 void bindMachine(nb::module_& module)
 {
+    module.def("version", [] { return ORLIX_VERSION; });
     module.def("set_threads", &setThreads);
     module.def("get_threads", [] { return core::accessExecutor().getNbThreads(); });
     module.def("instruction_set", [] { return std::string(core::getInstructionSetName(accessForcedSet())); });

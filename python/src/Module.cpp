@@ -28,5 +28,6 @@ NB_MODULE(_core, module)
     bindGenerators(module);
     bindValues(module);
     bindFiles(module);
+    bindProcessors(module);
     bindMachine(module);
 }

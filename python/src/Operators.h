@@ -11,6 +11,7 @@ void bindSlices(nb::module_& module);     ///< get_slice, put_slice, append
 void bindGenerators(nb::module_& module); ///< random, normal, lines
 void bindValues(nb::module_& module);     ///< values
 void bindFiles(nb::module_& module);      ///< read, write, info
+void bindProcessors(nb::module_& module); ///< processors by name
 void bindMachine(nb::module_& module);    ///< threads, instruction sets, memory
 void bindErrors(nb::module_& module);     ///< OrlixError, OrlixFileError
 

@@ -1,6 +1,7 @@
 // Operators that look at each pixel by itself: copy, erase, threshold, convert, compare.
 #include "Operators.h"
 
+#include "Comparisons.h"
 #include "PyImage.h"
 #include "WalkedArrays.h"
 #include "Watch.h"
@@ -160,17 +161,6 @@ nb::object erase(nb::handle image, double value, nb::handle progress)
     return nb::borrow(image);
 }
 
-/// Identical, differing, compared, index or None, values or None.
-nb::object comparisonOf(const attr::CompareResult& result, const nb::object& index)
-{
-    if (!result.hasFirstDifference()) {
-        return nb::make_tuple(result.identical, result.nbDifferentPixels, result.nbComparedPixels, nb::none(),
-                              nb::none());
-    }
-    return nb::make_tuple(result.identical, result.nbDifferentPixels, result.nbComparedPixels, index,
-                          nb::make_tuple(result.firstValue1, result.firstValue2));
-}
-
 boost::shared_ptr<const attr::ImgComparisonTolerance> toleranceOf(nb::handle absolute, nb::handle relative)
 {
     boost::shared_ptr<const attr::ImgComparisonTolerance> tolerance;
@@ -201,13 +191,7 @@ nb::object compare(nb::handle one, nb::handle other, nb::handle absolute, nb::ha
     const PyImage* const b = findImage(other);
     if (a != nullptr && b != nullptr) {
         const auto result = compareImages(a->image, b->image);
-        const attr::PixelPosition& first = result->firstDifference;
-        const std::array<unsigned long, 5> places = {first.x, first.y, first.z, first.c, first.t};
-        nb::list index;
-        for (const char letter : a->axes) {
-            index.append(places[imageAxisOf(letter)]);
-        }
-        return comparisonOf(*result, nb::tuple(index));
+        return comparisonOf(*result, indexOf(result->firstDifference, a->axes));
     }
     if (a != nullptr || b != nullptr) {
         throw nb::type_error("an orlix.Image is compared with another one, and an array with an array");

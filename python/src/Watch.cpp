@@ -8,6 +8,14 @@ unsigned long bytesOf(const image::BaseImage& image)
     return image.getGeometry().getNbPixels() * image::elementSize(image.getBufferType());
 }
 
+nb::object Watch::observerOf(nb::handle progress)
+{
+    if (progress.is(nb::handle(Py_True))) {
+        return nb::module_::import_("orlix._progress").attr("bar")();
+    }
+    return progress.is(nb::handle(Py_False)) ? nb::none() : nb::borrow(progress);
+}
+
 bool Watch::look(unsigned long done, unsigned long known)
 {
     m_last = std::chrono::steady_clock::now();

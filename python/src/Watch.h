@@ -38,9 +38,10 @@ unsigned long bytesOf(const image::BaseImage& image);
 class Watch
 {
 public:
-    /// `progress` is None or is called with elements done and known so far.
+    /// `progress` is called with elements done and known so far. True stands for a bar, None and False for nothing.
     Watch(nb::handle progress, unsigned long bytes)
-        : m_progress(nb::borrow(progress)), m_bytes(bytes), m_bWatched(!progress.is_none() || bytes >= 4194304)
+        : m_progress(progress.is_none() ? nb::none() : observerOf(progress)), m_bytes(bytes),
+          m_bWatched(!m_progress.is_none() || bytes >= 4194304)
     {}
 
     bool isWatched() const { return m_bWatched; }
@@ -51,6 +52,8 @@ public:
     void rethrow();
 
 private:
+    static nb::object observerOf(nb::handle progress);
+
     nb::object m_progress;
     unsigned long m_bytes;
     bool m_bWatched;

@@ -92,12 +92,6 @@ def test_pickles(dtype):
         assert np.array_equal(np.asarray(again), np.asarray(image))
 
 
-@pytest.mark.parametrize("name", ["copy", "threshold", "crop", "random", "values", "read", "append"])
-def test_functions_pickle(name):
-    function = getattr(orlix, name)
-    assert pickle.loads(pickle.dumps(function)) is function
-
-
 @pytest.mark.parametrize("dtype", TYPES)
 @pytest.mark.parametrize("compression", ["none", "deflate"])
 def test_files_give_back_what_they_were_given(tmp_path, dtype, compression):

@@ -2,22 +2,15 @@
 
 import numpy as np
 import pytest
-from conftest import TYPES, doctest_of, filled, layouts
+from conftest import TYPES, filled, layouts
 
 import orlix
-import orlix._operators
 
 SHAPES = [(), (1,), (7,), (5, 9), (3, 4, 33), (2, 3, 1, 5), (2, 1, 3, 4, 6), (2, 2, 2, 2, 2, 3)]
 
 
 def same(a, b):
     return a.dtype.newbyteorder("=") == b.dtype.newbyteorder("=") and a.shape == b.shape and np.array_equal(a, b)
-
-
-def test_examples_of_the_documentation():
-    result = doctest_of(orlix._operators)
-    assert result.attempted >= 12
-    assert result.failed == 0
 
 
 @pytest.mark.parametrize("dtype", TYPES)

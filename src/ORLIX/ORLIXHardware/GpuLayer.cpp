@@ -70,8 +70,9 @@ GpuLayer& accessGpuLayer()
     if (GpuLayer* const layer = findInnermost(); layer != nullptr) {
         return *layer;
     }
-    static std::once_flag g_loaded;
-    std::call_once(g_loaded, &loadCudaModule);
+    // No std::call_once: it binds to the C++ library's data of threads, for which a process that loads us late may lack
+    // room.
+    [[maybe_unused]] static const bool g_bLoaded = (loadCudaModule(), true);
     GpuLayer* const layer = findInnermost();
     return layer != nullptr ? *layer : details::accessNoGpuLayer();
 }

@@ -1,0 +1,130 @@
+"""Arrays of values that are made: random, normal, lines."""
+
+from __future__ import annotations
+
+import secrets
+from collections.abc import Sequence
+
+import numpy as np
+from numpy.typing import DTypeLike, NDArray
+
+from . import _core
+from ._types import Array, Progress, Rng
+
+
+def seed_of(rng: Rng) -> int:
+    if rng is None:
+        return secrets.randbits(63)
+    if isinstance(rng, np.random.Generator):
+        return int(rng.integers(2**63))
+    seed = int(rng)
+    if not 0 <= seed < 2**64:
+        raise ValueError(f"rng: {seed} is no seed from 0 to 2**64 - 1")
+    return seed
+
+
+def random(
+    shape: Sequence[int],
+    dtype: DTypeLike = np.uint8,
+    *,
+    low: float | None = None,
+    high: float | None = None,
+    rng: Rng = None,
+    out: Array | None = None,
+    progress: Progress | None = None,
+) -> Array:
+    """Make an array of random values, each of the range as likely as any other.
+
+    Parameters
+    ----------
+    shape : sequence of int
+        Up to five axes, the last ones of t, c, z, y, x.
+    dtype : dtype
+        One of the eight.
+    low, high : float, optional
+        Both included. What the type can hold by default.
+    rng : None, int or numpy.random.Generator, optional
+        An int is the seed. Same seed, shape, type, range and instruction set: same bytes, on any number of threads.
+    out : ndarray, optional
+        Written and returned.
+    progress : callable or bool, optional
+        As for `copy`.
+
+    Returns
+    -------
+    ndarray
+
+    Notes
+    -----
+    A linear congruential generator in each lane of a register: fast and even, not for cryptography, and not where
+    neighbouring pixels have to be independent to the last bit.
+    """
+    return _core.random(shape, dtype, low, high, seed_of(rng), out, progress, None)
+
+
+def normal(
+    shape: Sequence[int],
+    dtype: DTypeLike = np.float32,
+    *,
+    mean: float = 0.0,
+    deviation: float = 1.0,
+    rng: Rng = None,
+    out: Array | None = None,
+    progress: Progress | None = None,
+) -> Array:
+    """Make an array of values of a normal law; integers are rounded and saturate.
+
+    Parameters
+    ----------
+    shape, dtype, rng, out, progress
+        As for `random`.
+    mean, deviation : float
+        Of the law.
+
+    Returns
+    -------
+    ndarray
+    """
+    return _core.normal(shape, dtype, mean, deviation, seed_of(rng), out, progress, None)
+
+
+def lines(
+    shape: Sequence[int],
+    *,
+    theta: float = 0.0,
+    spacing: float,
+    phi: float | None = None,
+    alpha: float | None = None,
+    out: NDArray[np.bool_] | None = None,
+    progress: Progress | None = None,
+) -> NDArray[np.bool_]:
+    """Make parallel lines, one pixel wide, in a plan or in a volume.
+
+    Parameters
+    ----------
+    shape : sequence of int
+        (y, x) or (z, y, x).
+    theta : float
+        In radians: in a plan from x towards y; in a volume how far the lines lean from z towards x.
+    spacing : float
+        Pixels from line to line.
+    phi, alpha : float, optional
+        In a volume: how far the lines are turned about z, and their lattice about the lines.
+    out : ndarray of bool, optional
+        Written and returned.
+    progress : callable or bool, optional
+        As for `copy`.
+
+    Returns
+    -------
+    ndarray of bool
+
+    Examples
+    --------
+    >>> orlix.lines((4, 2), spacing=4).astype(int)
+    array([[0, 0],
+           [0, 0],
+           [1, 1],
+           [0, 0]])
+    """
+    return _core.lines(shape, theta, spacing, phi, alpha, out, progress, None)

@@ -1,0 +1,108 @@
+"""Regions, slices and sequences: by indexing and joining of Dask arrays."""
+
+from __future__ import annotations
+
+from collections.abc import Sequence
+from typing import Any, Literal
+
+import dask.array as da
+import numpy as np
+
+from ._blocks import axes_of, take
+
+
+def _region(image: da.Array, at: Sequence[int], size: Sequence[int], axes: str) -> tuple[slice, ...]:
+    if len(at) != len(size) or len(at) not in (2, 3):
+        raise ValueError("at and size are (y, x), or (z, y, x) for a volume")
+    place = dict(zip("ZYX"[3 - len(at) :], zip(at, size)))
+    key = [slice(None)] * image.ndim
+    for letter, (first, count) in place.items():
+        if letter not in axes:
+            raise ValueError(f"the image has axes {axes}, the region one along {letter}")
+        axis = axes.index(letter)
+        if first < 0 or count < 0 or first + count > image.shape[axis]:
+            raise ValueError(
+                f"the region of {count} from {letter.lower()} = {first} on reaches beyond the image, which has "
+                f"{image.shape[axis]} along {letter.lower()}"
+            )
+        key[axis] = slice(first, first + count)
+    return tuple(key)
+
+
+def crop(image: da.Array, at: Sequence[int], size: Sequence[int], *, axes: str | None = None) -> da.Array:
+    """Cut a region out of every plan, or out of every volume, as `orlix.crop`."""
+    image = take(image, "image")
+    return image[_region(image, at, size, axes_of(image, axes))]
+
+
+def _put(image: da.Array, key: tuple[Any, ...], part: da.Array | np.ndarray) -> da.Array:
+    changed = image.copy()
+    changed[key] = part
+    return changed
+
+
+def paste(image: da.Array, region: Any, at: Sequence[int], *, axes: str | None = None) -> da.Array:
+    """Put a region into every plan, or into every volume, of a new image, as `orlix.paste`."""
+    image = take(image, "image")
+    letters = axes_of(image, axes)
+    if region.ndim != image.ndim or region.dtype != image.dtype:
+        raise ValueError(
+            f"the region has {region.ndim} axes of {region.dtype}, the image {image.ndim} of {image.dtype}"
+        )
+    spatial = "ZYX"[3 - len(at) :]
+    size = [region.shape[letters.index(letter)] for letter in spatial if letter in letters]
+    key = _region(image, at, size, letters)
+    wanted = tuple(len(range(*part.indices(n))) for part, n in zip(key, image.shape))
+    if region.shape != wanted:
+        raise ValueError(f"the region has the shape {region.shape}, where {wanted} is needed")
+    return _put(image, key, region)
+
+
+def _slice_key(volume: da.Array, axis: str, index: int, axes: str) -> tuple[Any, ...]:
+    if axis not in ("x", "y", "z"):
+        raise ValueError(f"axis '{axis}': 'x', 'y' or 'z' is needed")
+    if "Z" not in axes:
+        raise ValueError(f"the volume has axes {axes}: a Z axis is needed")
+    place = axes.index(axis.upper())
+    size = volume.shape[place]
+    if not -size <= index < size:
+        raise IndexError(f"slice {index} is outside: there are {size}")
+    key: list[Any] = [slice(None)] * volume.ndim
+    key[place] = index % size
+    return tuple(key)
+
+
+def get_slice(volume: da.Array, axis: Literal["x", "y", "z"], index: int, *, axes: str | None = None) -> da.Array:
+    """Cut one slice out of every volume, across x, y or z, as `orlix.get_slice`."""
+    volume = take(volume, "volume")
+    return volume[_slice_key(volume, axis, index, axes_of(volume, axes))]
+
+
+def put_slice(
+    volume: da.Array, plane: Any, axis: Literal["x", "y", "z"], index: int, *, axes: str | None = None
+) -> da.Array:
+    """Put a slice into every volume of a new image, as `orlix.put_slice`."""
+    volume = take(volume, "volume")
+    key = _slice_key(volume, axis, index, axes_of(volume, axes))
+    wanted = tuple(n for n, part in zip(volume.shape, key) if isinstance(part, slice))
+    if plane.shape != wanted or plane.dtype != volume.dtype:
+        raise ValueError(
+            f"the plane has the shape {plane.shape} and type {plane.dtype}, "
+            f"where {wanted} and {volume.dtype} are needed"
+        )
+    return _put(volume, key, plane)
+
+
+def append(first: da.Array, second: da.Array, *, axes: str | None = None) -> da.Array:
+    """Join two sequences, one after the other along t, as `orlix.append`."""
+    first, second = take(first, "first"), take(second, "second")
+    if first.dtype != second.dtype:
+        raise TypeError(
+            f"first is of type {first.dtype}, second of {second.dtype}: an array has one type, so convert one of them"
+        )
+    letters = axes_of(first, axes)
+    if "T" not in letters:
+        if first.shape != second.shape:
+            raise ValueError(f"first has the shape {first.shape}, second {second.shape}")
+        return da.stack([first, second])
+    return da.concatenate([first, second], axis=letters.index("T"))
