@@ -6,7 +6,8 @@
 
 namespace orlix::cli {
 
-void makeFile(const OutputOptions& output, CommandContext& context, const std::function<ImagePtr()>& make)
+void makeFile(const OutputOptions& output, CommandContext& context, const std::function<ImagePtr()>& make,
+              const std::function<void(JsonWriter& json)>& addMembers)
 {
     checkOutput(output.file, output.format);
     const ImagePtr out = make();
@@ -15,6 +16,7 @@ void makeFile(const OutputOptions& output, CommandContext& context, const std::f
         JsonWriter json(context.out);
         json.beginObject();
         json.member("output", output.file);
+        addMembers(json);
         writeImageMembers(json, out->getGeometry(), out->getGeometricCalibration());
         json.endObject();
     }

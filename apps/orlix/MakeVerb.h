@@ -2,6 +2,7 @@
 #pragma once
 
 #include "CommandContext.h"
+#include "JsonWriter.h"
 #include "OutputOptions.h"
 
 #include "ORLIXIPL/ORLIXImage/BaseImage.h"
@@ -10,8 +11,10 @@
 
 namespace orlix::cli {
 
-/// Checks the name of the output, writes what `make` gives to OUT, and tells with --json what was written. Whatever
-/// fails, OUT is as it was.
-void makeFile(const OutputOptions& output, CommandContext& context, const std::function<ImagePtr()>& make);
+/// Checks the name of the output, writes what `make` gives to OUT, and tells with --json what was written, and what
+/// `addMembers` adds to that. Whatever fails, OUT is as it was.
+void makeFile(
+    const OutputOptions& output, CommandContext& context, const std::function<ImagePtr()>& make,
+    const std::function<void(JsonWriter& json)>& addMembers = [](JsonWriter&) {});
 
 } // namespace orlix::cli

@@ -3,8 +3,8 @@
 
 #include "AttributeOption.h"
 #include "CommandMessages.h"
-#include "DescribeImage.h"
 #include "ImageFiles.h"
+#include "MakeVerb.h"
 
 #include "ORLIX/ORLIXUtil/Raise.h"
 #include "ORLIX/ORLIXUtil/RandomStates.h"
@@ -117,24 +117,16 @@ void addNewImageOptions(OptionList& list, NewImageArguments& arguments)
 void makeRandomImage(const NewImageArguments& arguments, CommandContext& context,
                      const std::function<void(const ImagePtr& image)>& fill)
 {
-    const std::string& target = arguments.output.file;
-    checkOutput(target, arguments.output.format);
-    const ImagePtr image = makeImage(arguments);
-    checkElementType(target, *image);
     const unsigned long seed = arguments.seed ? *arguments.seed : newSeed();
-    {
+    const auto make = [&] {
+        const ImagePtr image = makeImage(arguments);
+        checkElementType(arguments.output.file, *image);
         const imaproc::util::RandomRunScope scope(seed, 0);
         fill(image);
-    }
-    writeOutput(target, image, arguments.output.format.write, context);
-    if (context.options.bJson) {
-        JsonWriter json(context.out);
-        json.beginObject();
-        json.member("output", target);
-        json.member("seed", seed);
-        writeImageMembers(json, image->getGeometry(), image->getGeometricCalibration());
-        json.endObject();
-    } else if (!arguments.seed) {
+        return image;
+    };
+    makeFile(arguments.output, context, make, [&](JsonWriter& json) { json.member("seed", seed); });
+    if (!context.options.bJson && !arguments.seed) {
         context.out << "seed " << seed << '\n';
     }
 }

@@ -1,6 +1,8 @@
 // Arrays as images whose axes have names, and images as arrays.
 #include "ArrayImages.h"
 
+#include "StridedCopy.h"
+
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/CopyImg/CopyImg.h"
 
 #include <nanobind/stl/string.h>
@@ -118,21 +120,49 @@ ImagePtr wrapArray(PyArrayObject* array, const std::string& axes)
 
 } // namespace
 
-void ArrayImage::bringBack() const
-{
-    if (!memory.is(array) && PyArray_CopyInto(asArray(array), asArray(memory)) < 0) {
-        throw nb::python_error();
-    }
-}
+namespace {
 
-ArrayImage newImageArray(const std::vector<npy_intp>& sizes, const std::string& axes, const eImageBufferType& type)
+/// Names of axes as numbers of those of the array, from the largest distance in an image's memory to the smallest.
+std::vector<std::size_t> axesInImageOrder(const std::string& axes)
 {
     std::vector<std::size_t> order(axes.size());
     std::iota(order.begin(), order.end(), 0);
     std::sort(order.begin(), order.end(),
               [&](std::size_t one, std::size_t other) { return imageAxisOf(axes[one]) > imageAxisOf(axes[other]); });
-    const nb::object array = newArray(sizes, order, type);
-    return {array, array, wrapArray(asArray(array), axes)};
+    return order;
+}
+
+/// An array with its axes in the order of an image's memory.
+struct OrderedMemory
+{
+    OrderedMemory(PyArrayObject* array, const std::string& axes)
+    {
+        for (const std::size_t axis : axesInImageOrder(axes)) {
+            sizes.push_back(PyArray_DIM(array, static_cast<int>(axis)));
+            strides.push_back(PyArray_STRIDE(array, static_cast<int>(axis)));
+        }
+        memory = {static_cast<std::byte*>(PyArray_DATA(array)), sizes, strides, PyArray_ITEMSIZE(array)};
+    }
+
+    std::vector<std::ptrdiff_t> sizes;
+    std::vector<std::ptrdiff_t> strides;
+    ArrayMemory memory;
+};
+
+} // namespace
+
+void ArrayImage::bringBack() const
+{
+    if (!memory.is(array)) {
+        scatterElements(static_cast<const std::byte*>(PyArray_DATA(asArray(memory))),
+                        OrderedMemory(asArray(array), axes).memory);
+    }
+}
+
+ArrayImage newImageArray(const std::vector<npy_intp>& sizes, const std::string& axes, const eImageBufferType& type)
+{
+    const nb::object array = newArray(sizes, axesInImageOrder(axes), type);
+    return {array, array, wrapArray(asArray(array), axes), axes};
 }
 
 ArrayImage imageOf(nb::handle array, const std::string& axes, bool bWritten)
@@ -144,16 +174,23 @@ ArrayImage imageOf(nb::handle array, const std::string& axes, bool bWritten)
     }
     if (PyArray_ISBEHAVED_RO(asArray(array))) {
         if (const ImagePtr image = wrapArray(asArray(array), axes)) {
-            return {whole, whole, image};
+            return {whole, whole, image, axes};
         }
+    }
+    if (bWritten) {
+        requireDistinct(asArray(array));
     }
     countCopy();
     ArrayImage copy = newImageArray(sizesOf(asArray(array)), axes, type);
-    if (PyArray_CopyInto(asArray(copy.memory), asArray(array)) < 0) {
-        throw nb::python_error();
-    }
+    gatherElements(OrderedMemory(asArray(array), axes).memory, PyArray_ISBYTESWAPPED(asArray(array)),
+                   static_cast<std::byte*>(PyArray_DATA(asArray(copy.memory))));
     copy.array = bWritten ? whole : copy.memory;
     return copy;
+}
+
+bool isImage(PyArrayObject* array, const std::string& axes)
+{
+    return PyArray_ISBEHAVED_RO(array) && wrapArray(array, axes) != nullptr;
 }
 
 nb::object arrayOf(const ImagePtr& image, const std::string& axes)

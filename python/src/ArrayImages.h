@@ -19,11 +19,14 @@ struct ArrayImage
     nb::object array;  ///< the caller's
     nb::object memory; ///< what `image` lies over, mostly the same array
     ImagePtr image;
+    std::string axes = {};
 
     /// Writes the image's elements into the caller's array where they aren't there.
     void bringBack() const;
 };
 ArrayImage imageOf(nb::handle array, const std::string& axes, bool bWritten);
+/// Can an image be laid over the array?
+bool isImage(PyArrayObject* array, const std::string& axes);
 
 /// The geometry of an array of such sizes and axes: a volume where there is a Z, a sequence where there is a T.
 image::BaseImageGeometry geometryOf(const std::vector<npy_intp>& sizes, const std::string& axes,

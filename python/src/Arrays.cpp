@@ -3,7 +3,9 @@
 
 #include <nanobind/stl/string.h>
 
+#include <algorithm>
 #include <atomic>
+#include <numeric>
 
 namespace orlix::python {
 
@@ -70,6 +72,26 @@ void requireWritable(PyArrayObject* array)
     }
 }
 
+void requireDistinct(PyArrayObject* array)
+{
+    const ArrayMemory memory = memoryOf(array);
+    std::vector<std::size_t> order(memory.sizes.size());
+    std::iota(order.begin(), order.end(), 0);
+    std::sort(order.begin(), order.end(), [&](std::size_t one, std::size_t other) {
+        return std::abs(memory.strides[one]) < std::abs(memory.strides[other]);
+    });
+    std::ptrdiff_t reach = memory.elementBytes;
+    for (const std::size_t axis : order) {
+        if (memory.sizes[axis] <= 1) {
+            continue;
+        }
+        if (std::abs(memory.strides[axis]) < reach) {
+            throw nb::value_error("elements of the output lie on one another: give an array that has each of its own");
+        }
+        reach += std::abs(memory.strides[axis]) * (memory.sizes[axis] - 1);
+    }
+}
+
 void countCopy()
 {
     g_copies.fetch_add(1, std::memory_order_relaxed);
@@ -78,15 +100,6 @@ void countCopy()
 unsigned long getCopiesMade()
 {
     return g_copies.load(std::memory_order_relaxed);
-}
-
-nb::object gather(nb::handle array)
-{
-    countCopy();
-    PyArray_Descr* const descr = PyArray_DescrFromType(PyArray_TYPE(asArray(array)));
-    return stealArray(
-        PyArray_FromArray(asArray(array), descr,
-                          NPY_ARRAY_C_CONTIGUOUS | NPY_ARRAY_ALIGNED | NPY_ARRAY_NOTSWAPPED | NPY_ARRAY_ENSURECOPY));
 }
 
 std::vector<npy_intp> sizesOf(PyArrayObject* array)

@@ -22,8 +22,9 @@ std::vector<npy_intp> sizesOf(PyArrayObject* array);
 /// Raises ValueError where elements can't be written: read only, foreign byte order.
 void requireWritable(PyArrayObject* array);
 
-/// A copy in C order, counted.
-nb::object gather(nb::handle array);
+/// Raises ValueError where elements share memory: broadcast arrays, windows that overlap.
+void requireDistinct(PyArrayObject* array);
+
 /// Copies made of arrays that could not be used where they lie, since the program started.
 unsigned long getCopiesMade();
 void countCopy();

@@ -66,6 +66,9 @@ eImageBufferType elementTypeOf(PyArrayObject* array)
 
 eImageBufferType elementTypeNamed(nb::handle dtype)
 {
+    if (PyArray_DescrCheck(dtype.ptr())) {
+        return elementTypeOfNumber(reinterpret_cast<PyArray_Descr*>(dtype.ptr())->type_num, dtype);
+    }
     if (nb::isinstance<nb::str>(dtype)) {
         const std::string name = nb::cast<std::string>(dtype);
         for (const eImageBufferType::domain type : image::g_allBufferTypes) {

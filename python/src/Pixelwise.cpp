@@ -1,6 +1,7 @@
 // Operators that look at each pixel by itself: copy, erase, threshold, convert, compare.
 #include "Operators.h"
 
+#include "ArrayBlocks.h"
 #include "Comparisons.h"
 #include "PyImage.h"
 #include "WalkedArrays.h"
@@ -26,7 +27,8 @@ using processor::with;
 
 bool haveSameSizes(PyArrayObject* one, PyArrayObject* other)
 {
-    return sizesOf(one) == sizesOf(other);
+    return PyArray_NDIM(one) == PyArray_NDIM(other) &&
+           std::equal(PyArray_DIMS(one), PyArray_DIMS(one) + PyArray_NDIM(one), PyArray_DIMS(other));
 }
 
 std::string shapeText(nb::handle array)
@@ -73,27 +75,48 @@ ImagePtr imageOutput(nb::handle out)
     return given->image;
 }
 
+/// Runs `operation(images, watch)` on arrays of the same sizes, the last of which is written.
+template <class TOperation>
+void applyToArrays(std::initializer_list<nb::object> arrays, nb::handle progress, const TOperation& operation)
+{
+    const nb::object& output = *(arrays.end() - 1);
+    ArrayBlocks blocks(arrays, true);
+    requireDistinct(asArray(output));
+    Watch watch(progress, blocks.getSize() * static_cast<unsigned long>(PyArray_ITEMSIZE(asArray(output))));
+    while (blocks.next()) {
+        Watch ofBlock(nb::none(), blocks.getBlockBytes());
+        operation(blocks, ofBlock);
+        blocks.bringBack();
+        watch.lookBetween(blocks.getDone(), blocks.getSize());
+    }
+}
+
 /// Runs `operation(in, out, watch)` on an Image, where it makes a null `out` itself, or on an array.
 template <class TOperation>
 nb::object apply(nb::handle image, nb::handle out, const std::optional<eImageBufferType>& type, nb::handle progress,
                  const TOperation& operation)
 {
-    if (const PyImage* const given = findImage(image)) {
+    // Arrays first: they may be so small that asking for an Image takes longer than the work.
+    if (const PyImage* const given = isArray(image) ? nullptr : findImage(image)) {
         Watch watch(progress, bytesOf(*given->image));
         const ImagePtr output = imageOutput(out);
         const ImagePtr made = operation(given->image, output, watch);
         return output ? nb::borrow(out) : toPython(made, given->axes);
     }
     const nb::object array = takeArray(image, "image");
-    const nb::object output = outputFor(array, out, type.value_or(elementTypeOf(asArray(array))));
+    nb::object output = outputFor(array, out, type.value_or(elementTypeOf(asArray(array))));
     if (PyArray_SIZE(asArray(array)) == 0) {
         return output;
     }
-    const WalkedArrays walked({array, output}, true);
-    const ImagePtr in = walked.imageOf(0);
-    Watch watch(progress, bytesOf(*in));
-    operation(in, walked.imageOf(1), watch);
-    walked.bringBack();
+    const WalkedArrays walked({array, output});
+    if (walked.isWrapped()) {
+        Watch watch(progress, static_cast<unsigned long>(PyArray_NBYTES(asArray(array))));
+        operation(walked.imageOf(0), walked.imageOf(1), watch);
+    } else {
+        applyToArrays({array, output}, progress, [&](const ArrayBlocks& blocks, Watch& watch) {
+            operation(blocks.imageOf(0), blocks.imageOf(1), watch);
+        });
+    }
     return output;
 }
 
@@ -142,21 +165,26 @@ nb::object threshold(nb::handle image, double low, double high, nb::handle out, 
 
 nb::object erase(nb::handle image, double value, nb::handle progress)
 {
-    const auto fill = [&](const ImagePtr& output) {
-        Watch watch(progress, bytesOf(*output));
+    const auto fill = [&](const ImagePtr& output, Watch& watch) {
         run<util::EraseImgLvl1>(watch, with<attr::InOptEraseValue>(value), with<attr::OutImg>(output));
     };
     if (const PyImage* const given = findImage(image)) {
-        fill(given->image);
+        Watch watch(progress, bytesOf(*given->image));
+        fill(given->image, watch);
         return nb::borrow(image);
     }
     const nb::object array = takeArray(image, "image");
     elementTypeOf(asArray(array));
     requireWritable(asArray(array));
     if (PyArray_SIZE(asArray(array)) != 0) {
-        const WalkedArrays walked({array}, true);
-        fill(walked.imageOf(0));
-        walked.bringBack();
+        const WalkedArrays walked({array});
+        if (walked.isWrapped()) {
+            Watch watch(progress, static_cast<unsigned long>(PyArray_NBYTES(asArray(array))));
+            fill(walked.imageOf(0), watch);
+        } else {
+            applyToArrays({array}, progress,
+                          [&](const ArrayBlocks& blocks, Watch& watch) { fill(blocks.imageOf(0), watch); });
+        }
     }
     return nb::borrow(image);
 }
@@ -179,18 +207,63 @@ boost::shared_ptr<const attr::ImgComparisonTolerance> toleranceOf(nb::handle abs
     return tolerance;
 }
 
+using CompareResultPtr = boost::shared_ptr<const attr::CompareResult>;
+
+/// Compares arrays block by block; `compareImages(a, b, watch)` compares the images of a block.
+template <class TCompare>
+nb::object compareBlocks(const nb::object& one, const nb::object& other, nb::handle progress,
+                         const TCompare& compareImages)
+{
+    const std::array<nb::object, 2> arrays = {one, other};
+    ArrayBlocks blocks(arrays, false);
+    Watch watch(progress, blocks.getSize() * 2 * static_cast<unsigned long>(PyArray_ITEMSIZE(asArray(one))));
+    attr::CompareResult all;
+    all.identical = true;
+    all.nbDifferentPixels = 0;
+    all.nbComparedPixels = blocks.getSize();
+    nb::object index = nb::none();
+    while (blocks.next()) {
+        Watch ofBlock(nb::none(), blocks.getBlockBytes());
+        const CompareResultPtr result = compareImages(blocks.imageOf(0), blocks.imageOf(1), ofBlock);
+        all.nbDifferentPixels += result->nbDifferentPixels;
+        if (all.identical && result->hasFirstDifference()) {
+            all.identical = false;
+            all.firstDifference = result->firstDifference;
+            all.firstValue1 = result->firstValue1;
+            all.firstValue2 = result->firstValue2;
+            index = blocks.indexOf(result->firstDifference.x, result->firstDifference.y);
+        }
+        watch.lookBetween(blocks.getDone(), blocks.getSize());
+    }
+    return comparisonOf(all, index);
+}
+
+/// Types and sizes of both have to be the same.
+void requireAlike(const nb::object& one, const nb::object& other)
+{
+    if (elementTypeOf(asArray(one)) != elementTypeOf(asArray(other))) {
+        const std::string text = "a is of type " + textOf(one.attr("dtype")) + ", b of " + textOf(other.attr("dtype")) +
+                                 ": convert one of them";
+        throw nb::type_error(text.c_str());
+    }
+    if (!haveSameSizes(asArray(one), asArray(other))) {
+        const std::string text = "a has the shape " + shapeText(one) + ", b " + shapeText(other);
+        throw nb::value_error(text.c_str());
+    }
+}
+
 nb::object compare(nb::handle one, nb::handle other, nb::handle absolute, nb::handle relative, nb::handle progress)
 {
     const auto tolerance = toleranceOf(absolute, relative);
-    const auto compareImages = [&](const ImagePtr& a, const ImagePtr& b) {
-        Watch watch(progress, bytesOf(*a) + bytesOf(*b));
+    const auto compareImages = [&](const ImagePtr& a, const ImagePtr& b, Watch& watch) -> CompareResultPtr {
         return runForOutput<util::CompareImgLvl1, attr::OutCompareResult>(
             watch, with<attr::InImg1>(a), with<attr::InImg2>(b), with<attr::InOptImgComparisonTolerance>(tolerance));
     };
-    const PyImage* const a = findImage(one);
-    const PyImage* const b = findImage(other);
+    const PyImage* const a = isArray(one) ? nullptr : findImage(one);
+    const PyImage* const b = isArray(other) ? nullptr : findImage(other);
     if (a != nullptr && b != nullptr) {
-        const auto result = compareImages(a->image, b->image);
+        Watch watch(progress, bytesOf(*a->image) + bytesOf(*b->image));
+        const CompareResultPtr result = compareImages(a->image, b->image, watch);
         return comparisonOf(*result, indexOf(result->firstDifference, a->axes));
     }
     if (a != nullptr || b != nullptr) {
@@ -198,25 +271,26 @@ nb::object compare(nb::handle one, nb::handle other, nb::handle absolute, nb::ha
     }
     const nb::object array1 = takeArray(one, "a");
     const nb::object array2 = takeArray(other, "b");
-    if (elementTypeOf(asArray(array1)) != elementTypeOf(asArray(array2))) {
-        const std::string text = "a is of type " + textOf(array1.attr("dtype")) + ", b of " +
-                                 textOf(array2.attr("dtype")) + ": convert one of them";
-        throw nb::type_error(text.c_str());
-    }
-    if (!haveSameSizes(asArray(array1), asArray(array2))) {
-        const std::string text = "a has the shape " + shapeText(array1) + ", b " + shapeText(array2);
-        throw nb::value_error(text.c_str());
-    }
+    requireAlike(array1, array2);
     if (PyArray_SIZE(asArray(array1)) == 0) {
         return nb::make_tuple(true, 0, 0, nb::none(), nb::none());
     }
-    const WalkedArrays walked({array1, array2}, false);
-    const auto result = compareImages(walked.imageOf(0), walked.imageOf(1));
+    const WalkedArrays walked({array1, array2});
+    if (!walked.isWrapped()) {
+        return compareBlocks(array1, array2, progress, compareImages);
+    }
+    Watch watch(progress, 2 * static_cast<unsigned long>(PyArray_NBYTES(asArray(array1))));
+    const CompareResultPtr result = compareImages(walked.imageOf(0), walked.imageOf(1), watch);
     return comparisonOf(*result, result->hasFirstDifference() ? walked.indexOf(0, result->firstDifference)
                                                               : nb::object(nb::none()));
 }
 
 } // namespace
+
+nb::object copyArray(nb::handle array, nb::handle out, nb::handle progress)
+{
+    return copy(array, out, progress);
+}
 
 void bindPixelwise(nb::module_& module)
 {

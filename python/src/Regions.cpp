@@ -30,7 +30,7 @@ ImagePtr runInto(const ImagePtr& out, Watch& watch, const TValues&... values)
 }
 
 /// Before memory is taken for a region that doesn't lie in the image.
-void requireInside(const image::BaseImage& image, const Place& place, const Place& sizes)
+void requireInside(const image::BaseImageGeometry& image, const Place& place, const Place& sizes)
 {
     const auto require = [](char axis, unsigned long first, unsigned long size, unsigned long whole) {
         if (first > whole || size > whole - first) {
@@ -47,6 +47,27 @@ void requireInside(const image::BaseImage& image, const Place& place, const Plac
     }
 }
 
+/// The region as a view of the array.
+nb::object viewOf(nb::handle array, const std::string& axes, const Place& place, const Place& sizes)
+{
+    nb::list spans;
+    for (const char letter : axes) {
+        const auto span = [&](unsigned long first, unsigned long size) {
+            spans.append(nb::steal(PySlice_New(nb::int_(first).ptr(), nb::int_(first + size).ptr(), Py_None)));
+        };
+        if (letter == 'X') {
+            span(place.x, sizes.x);
+        } else if (letter == 'Y') {
+            span(place.y, sizes.y);
+        } else if (letter == 'Z' && place.b3d) {
+            span(place.z, sizes.z);
+        } else {
+            spans.append(nb::steal(PySlice_New(Py_None, Py_None, Py_None)));
+        }
+    }
+    return array[nb::tuple(spans)];
+}
+
 nb::object crop(nb::handle image, nb::handle at, nb::handle size, nb::handle axes, nb::handle out, nb::handle progress)
 {
     const Place place = placeOf(at, "at");
@@ -54,8 +75,16 @@ nb::object crop(nb::handle image, nb::handle at, nb::handle size, nb::handle axe
     if (place.b3d != sizes.b3d) {
         throw nb::value_error("at and size have to have as many numbers, 2 or 3");
     }
+    if (findImage(image) == nullptr) {
+        const nb::object array = takeArray(image, "image");
+        const std::string letters = axesOf(axes, static_cast<std::size_t>(PyArray_NDIM(asArray(array))));
+        requireInside(geometryOf(sizesOf(asArray(array)), letters, elementTypeOf(asArray(array))), place, sizes);
+        if (!isImage(asArray(array), letters)) { // the region alone is gathered
+            return copyArray(viewOf(array, letters, place, sizes), out, progress);
+        }
+    }
     const ImageInput input = takeInput(image, axes, "image");
-    requireInside(*input.image, place, sizes);
+    requireInside(input.image->getGeometry(), place, sizes);
     std::vector<npy_intp> wanted = sizesOf(input.image->getGeometry(), input.axes);
     for (std::size_t axis = 0; axis < wanted.size(); ++axis) {
         const char letter = input.axes[axis];

@@ -60,10 +60,35 @@ void require(const ProcessingResult<bool>& result)
     }
 }
 
+/// The slice as a view of an array that no image can be laid over; invalid for any other, and where there is none.
+nb::object viewOf(nb::handle volume, unsigned across, long index, nb::handle axes)
+{
+    if (findImage(volume) != nullptr) {
+        return {};
+    }
+    const nb::object array = takeArray(volume, "volume");
+    const std::string letters = axesOf(axes, static_cast<std::size_t>(PyArray_NDIM(asArray(array))));
+    const std::size_t place = letters.find(static_cast<char>('X' + across));
+    if (letters.find('Z') == std::string::npos || place == std::string::npos || letters.size() < 2 ||
+        isImage(asArray(array), letters)) {
+        return {};
+    }
+    const auto size = static_cast<unsigned long>(PyArray_DIM(asArray(array), static_cast<int>(place)));
+    nb::list key;
+    for (std::size_t axis = 0; axis < place; ++axis) {
+        key.append(nb::steal(PySlice_New(Py_None, Py_None, Py_None)));
+    }
+    key.append(indexWithin(index, size, "slice"));
+    return array[nb::tuple(key)];
+}
+
 nb::object getSlice(nb::handle volume, const std::string& axis, long index, nb::handle axes, nb::handle out,
                     nb::handle progress)
 {
     const unsigned across = axisNamed(axis);
+    if (const nb::object view = viewOf(volume, across, index, axes); view.is_valid()) { // the slice alone is gathered
+        return copyArray(view, out, progress);
+    }
     const ImageInput input = takeInput(volume, axes, "volume");
     requireVolume(input);
     const unsigned long number = indexWithin(index, sizeAlong(*input.image, across), "slice");

@@ -7,57 +7,38 @@
 
 namespace orlix::python {
 
-WalkedArrays::WalkedArrays(std::initializer_list<nb::handle> arrays, bool bOutput)
-    : m_nbArrays(arrays.size()), m_bOutput(bOutput)
-{
-    std::transform(arrays.begin(), arrays.end(), m_arrays.begin(), [](nb::handle array) { return nb::borrow(array); });
-    m_memory = m_arrays;
-    if (merge()) {
-        return;
-    }
-    for (std::size_t array = 0; array < m_nbArrays; ++array) {
-        const ArrayMemory memory = memoryOf(asArray(m_memory[array]));
-        if (!PyArray_ISBEHAVED_RO(asArray(m_memory[array])) || !mergeAxes({&memory, 1}).fits[0]) {
-            m_memory[array] = gather(m_memory[array]);
-        }
-    }
-    if (!merge()) { // in different orders of axes
-        for (std::size_t array = 0; array < m_nbArrays; ++array) {
-            m_memory[array] = gather(m_memory[array]);
-        }
-        merge();
-    }
-}
-
-bool WalkedArrays::merge()
+WalkedArrays::WalkedArrays(std::initializer_list<nb::handle> arrays)
 {
     std::array<ArrayMemory, g_mostArrays> memory;
-    for (std::size_t array = 0; array < m_nbArrays; ++array) {
-        if (!PyArray_ISBEHAVED_RO(asArray(m_memory[array]))) {
-            return false;
-        }
-        memory[array] = memoryOf(asArray(m_memory[array]));
+    std::size_t nbArrays = 0;
+    for (const nb::handle array : arrays) {
+        m_bWrapped = m_bWrapped && PyArray_ISBEHAVED_RO(asArray(array));
+        memory[nbArrays] = memoryOf(asArray(array));
+        m_arrays[nbArrays++] = asArray(array);
     }
-    m_axes = mergeAxes({memory.data(), m_nbArrays});
-    return std::all_of(m_axes.fits.begin(), m_axes.fits.begin() + static_cast<std::ptrdiff_t>(m_nbArrays),
-                       [](bool bFits) { return bFits; });
+    if (m_bWrapped) {
+        m_axes = mergeAxes({memory.data(), nbArrays});
+        m_bWrapped = std::all_of(m_axes.fits.begin(), m_axes.fits.begin() + static_cast<std::ptrdiff_t>(nbArrays),
+                                 [](bool bFits) { return bFits; });
+    }
 }
 
 ImagePtr WalkedArrays::imageOf(std::size_t array) const
 {
-    const image::eImageBufferType type = elementTypeOf(asArray(m_memory[array]));
     const auto& sizes = m_axes.sizes;
-    const auto geometry = image::geometry5d(type, sizes[0], sizes[1], sizes[2], sizes[3], sizes[4]);
-    return wrapMemory(memoryOf(asArray(m_memory[array])).data, *geometry, m_axes.strides[array], {});
-}
-
-void WalkedArrays::bringBack() const
-{
-    const std::size_t last = m_nbArrays - 1;
-    if (m_bOutput && !m_memory[last].is(m_arrays[last]) &&
-        PyArray_CopyInto(asArray(m_arrays[last]), asArray(m_memory[last])) < 0) {
-        throw nb::python_error();
+    image::ColorGeometry color;
+    image::TemporalGeometry temporal;
+    image::VolumeGeometry volume;
+    if (sizes[2] > 1) {
+        volume.init3d(sizes[2]);
     }
+    color.initChannels(sizes[3]);
+    if (sizes[4] > 1) {
+        temporal.initSequence(sizes[4]);
+    }
+    const image::BaseImageGeometry geometry(elementTypeOf(m_arrays[array]), sizes[0], sizes[1], volume, color,
+                                            temporal);
+    return wrapMemory(memoryOf(m_arrays[array]).data, geometry, m_axes.strides[array], {});
 }
 
 nb::object WalkedArrays::indexOf(std::size_t array, const imaproc::attr::PixelPosition& position) const
@@ -69,7 +50,7 @@ nb::object WalkedArrays::indexOf(std::size_t array, const imaproc::attr::PixelPo
             offset += static_cast<std::ptrdiff_t>(places[axis]) * m_axes.strides[array][axis];
         }
     }
-    const ArrayMemory memory = memoryOf(asArray(m_memory[array]));
+    const ArrayMemory memory = memoryOf(m_arrays[array]);
     std::vector<std::size_t> order(memory.sizes.size());
     std::iota(order.begin(), order.end(), 0);
     std::stable_sort(order.begin(), order.end(),

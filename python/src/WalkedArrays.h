@@ -10,28 +10,22 @@
 
 namespace orlix::python {
 
-/// One array, or two of the same sizes, as images of the same sizes. Arrays that can't be wrapped are copied before the
-/// call, and the output is copied back after it.
+/// One array, or two of the same sizes, as images of the same sizes that lie over them: where all are as the machine
+/// takes them and their axes lie in the same order. Else see ArrayBlocks.
 class WalkedArrays
 {
 public:
-    /// The last array is an output where `bOutput`.
-    WalkedArrays(std::initializer_list<nb::handle> arrays, bool bOutput);
+    WalkedArrays(std::initializer_list<nb::handle> arrays);
 
+    bool isWrapped() const { return m_bWrapped; }
     ImagePtr imageOf(std::size_t array) const;
-    /// Brings what was written to where the caller sees it.
-    void bringBack() const;
     /// Along the array's axes, where an element of its image lies: a tuple.
     nb::object indexOf(std::size_t array, const imaproc::attr::PixelPosition& position) const;
 
 private:
-    bool merge();
-
-    std::size_t m_nbArrays;
-    bool m_bOutput;
-    std::array<nb::object, g_mostArrays> m_arrays;
-    std::array<nb::object, g_mostArrays> m_memory; ///< the same, or copies
+    std::array<PyArrayObject*, g_mostArrays> m_arrays = {}; ///< the caller's
     ImageAxes m_axes;
+    bool m_bWrapped = true;
 };
 
 } // namespace orlix::python

@@ -13,7 +13,7 @@ nb::object Watch::observerOf(nb::handle progress)
     if (progress.is(nb::handle(Py_True))) {
         return nb::module_::import_("orlix._progress").attr("bar")();
     }
-    return progress.is(nb::handle(Py_False)) ? nb::none() : nb::borrow(progress);
+    return progress.is(nb::handle(Py_False)) ? nb::object() : nb::borrow(progress);
 }
 
 bool Watch::look(unsigned long done, unsigned long known)
@@ -27,7 +27,7 @@ bool Watch::look(unsigned long done, unsigned long known)
         if (PyErr_CheckSignals() != 0) {
             throw nb::python_error();
         }
-        if (!m_progress.is_none()) {
+        if (m_progress.is_valid()) {
             m_progress(done, known);
         }
     } catch (nb::python_error& error) {
@@ -51,8 +51,7 @@ void Watch::run(const boost::shared_ptr<processor::BaseProcessor>& processor)
     core::Progress last;
     processor->setProgressObserver([this, &processor, &last](const core::Progress& progress) {
         last = progress;
-        const bool bDue = std::chrono::steady_clock::now() - m_last >= std::chrono::milliseconds(20);
-        if (bDue && std::this_thread::get_id() == m_thread && !look(progress.done, progress.known)) {
+        if (isDue() && std::this_thread::get_id() == m_thread && !look(progress.done, progress.known)) {
             processor->requestCancellation();
         }
     });
@@ -65,10 +64,18 @@ void Watch::run(const boost::shared_ptr<processor::BaseProcessor>& processor)
         throw;
     }
     processor->clearProgressObserver();
-    if (!m_progress.is_none()) {
+    if (m_progress.is_valid()) {
         look(last.known, last.known);
     }
     rethrow();
+}
+
+void Watch::lookBetween(unsigned long done, unsigned long known)
+{
+    const bool bLast = done == known && m_progress.is_valid();
+    if (m_bWatched && (bLast || isDue()) && !look(done, known)) {
+        rethrow();
+    }
 }
 
 } // namespace orlix::python

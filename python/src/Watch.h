@@ -39,14 +39,23 @@ class Watch
 {
 public:
     /// `progress` is called with elements done and known so far. True stands for a bar, None and False for nothing.
-    Watch(nb::handle progress, unsigned long bytes)
-        : m_progress(progress.is_none() ? nb::none() : observerOf(progress)), m_bytes(bytes),
-          m_bWatched(!m_progress.is_none() || bytes >= 4194304)
-    {}
+    Watch(nb::handle progress, unsigned long bytes) : m_bytes(bytes)
+    {
+        if (!progress.is_none()) {
+            m_progress = observerOf(progress);
+        }
+        m_bWatched = m_progress.is_valid() || bytes >= 4194304;
+        if (m_bWatched) { // small calls would notice the time that it takes to ask for the time
+            m_thread = std::this_thread::get_id();
+            m_last = std::chrono::steady_clock::now();
+        }
+    }
 
     bool isWatched() const { return m_bWatched; }
     unsigned long getBytes() const { return m_bytes; }
     void run(const boost::shared_ptr<processor::BaseProcessor>& processor);
+    /// Between parts of a run that has no processor of its own: looks where it is time, or all is done, and raises.
+    void lookBetween(unsigned long done, unsigned long known);
     /// Looks at once. False: something was raised.
     bool look(unsigned long done, unsigned long known);
     void rethrow();
@@ -54,11 +63,13 @@ public:
 private:
     static nb::object observerOf(nb::handle progress);
 
-    nb::object m_progress;
+    bool isDue() const { return std::chrono::steady_clock::now() - m_last >= std::chrono::milliseconds(20); }
+
+    nb::object m_progress; ///< invalid where nobody is to be told
     unsigned long m_bytes;
-    bool m_bWatched;
-    std::thread::id m_thread = std::this_thread::get_id();
-    std::chrono::steady_clock::time_point m_last = std::chrono::steady_clock::now();
+    bool m_bWatched = false;
+    std::thread::id m_thread;
+    std::chrono::steady_clock::time_point m_last;
     std::optional<nb::python_error> m_error;
 };
 

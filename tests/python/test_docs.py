@@ -9,6 +9,7 @@ import pytest
 from conftest import doctest_of
 
 import orlix
+import orlix.testing
 
 MODULES = sorted(
     info.name

@@ -27,8 +27,47 @@ def test_crop_of_volumes():
 
 def test_crop_of_every_layout():
     array = filled((3, 8, 9), np.float32)
-    for name, view, _ in layouts(array):
+    for name, view in layouts(array):
+        before = orlix.copies_made()
         assert np.array_equal(orlix.crop(view, (1, 2), (6, 5)), array[:, 1:7, 2:7]), name
+        assert np.array_equal(orlix.crop(view, (1, 2, 3), (2, 6, 5)), array[1:3, 2:8, 3:8]), name
+        for axis, wanted in (("z", array[1]), ("y", array[:, 1]), ("x", array[:, :, 1])):
+            assert np.array_equal(orlix.get_slice(view, axis, 1), wanted), name
+        assert orlix.copies_made() == before, name
+        with pytest.raises(ValueError, match="along x"):
+            orlix.crop(view, (0, 5), (1, 5))
+        with pytest.raises(IndexError):
+            orlix.get_slice(view, "x", 9)
+
+
+def test_paste_and_slices_into_every_layout():
+    array = filled((3, 8, 9), np.uint16)
+    region, plane = filled((3, 2, 4), np.uint16, seed=2), filled((3, 9), np.uint16, seed=3)
+    for name, view in list(layouts(array.copy())):
+        pasted, put = array.copy(), array.copy()
+        pasted[:, 1:3, 2:6], put[:, 4] = region, plane
+        assert np.array_equal(orlix.paste(view, region, (1, 2)), pasted), name
+        assert np.array_equal(orlix.put_slice(view, plane, "y", 4), put), name
+        assert np.array_equal(orlix.append(view, view), np.stack([array, array])), name
+        points = [(0.5, 3.25, 4.5), (2, 7, 8)]
+        assert np.array_equal(orlix.values(view, points), orlix.values(array, points)), name
+        if view.flags.writeable and view.dtype.isnative:
+            assert orlix.paste(view, region, (1, 2), out=view) is view
+            assert np.array_equal(view, pasted), name
+
+
+def test_colours_beside_one_another():
+    colours = filled((40, 50, 3), np.uint8)
+    before = orlix.copies_made()
+    assert np.array_equal(orlix.crop(colours, (3, 4), (20, 30), axes="YXC"), colours[3:23, 4:34])
+    out = np.zeros((20, 30, 3), np.uint8)
+    assert orlix.crop(colours, (3, 4), (20, 30), axes="YXC", out=out) is out
+    assert np.array_equal(out, colours[3:23, 4:34])
+    assert orlix.copies_made() == before
+    image = orlix.Image(colours, "YXC")
+    assert orlix.copies_made() == before + 1
+    assert (image.axes, image.shape) == ("CYX", (3, 40, 50))
+    assert np.array_equal(np.asarray(image), np.moveaxis(colours, -1, 0))
 
 
 def test_axes_in_any_order():
