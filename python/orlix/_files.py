@@ -5,12 +5,14 @@ from __future__ import annotations
 import errno
 import os
 from collections.abc import Mapping
-from typing import Any, NamedTuple
+from typing import TYPE_CHECKING, Any, NamedTuple
 
 import numpy as np
 
 from . import _core
-from ._types import Progress
+
+if TYPE_CHECKING:
+    from ._types import Progress
 
 
 class FileInfo(NamedTuple):

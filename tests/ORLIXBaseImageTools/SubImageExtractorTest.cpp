@@ -240,7 +240,8 @@ TEST(SubImageExtractor, JoinsNoImageWithoutHostPixels)
     const ImagePtr elsewhere = boost::make_shared<PixellessImage>(image->getGeometry());
     ImagePtr joined;
     EXPECT_EQ(SubImageExtractor::concatenateSequences<BaseImage>({image, elsewhere}, joined).getMessage(),
-              "The pixels of an image of 5x4x1x1x1 UInt8 are not in host memory: copy it to a host image first");
+              "An image of 5x4x1x1x1 UInt8 is on a GPU, but has to be in the memory of the host: bring it there with "
+              "toHost first");
     EXPECT_EQ(joined, nullptr);
     boost::shared_ptr<BaseImageGeometry> geometry;
     EXPECT_TRUE(SubImageExtractor::getGeometryResultingFromSeqConcatenation<BaseImage>({image, elsewhere}, geometry));

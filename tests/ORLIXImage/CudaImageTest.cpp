@@ -324,9 +324,35 @@ TEST_F(CudaImageTest, whatCannotBeMadeSaysWhy)
 TEST_F(CudaImageTest, doesNotGrow)
 {
     const auto image = makeCuda(*geometry5d(g_uint16, 5, 4, 1, 1, 2));
-    const auto result = image->reinitialize(*geometry5d(g_uint16, 5, 4, 1, 1, 3));
-    EXPECT_FALSE(result);
+    EXPECT_EQ(
+        image->reinitialize(*geometry5d(g_uint16, 5, 4, 1, 1, 3)).getMessage(),
+        "An image of 5x4x1x1x2 UInt16 is on a GPU, where none can grow in place: bring it to the host with toHost "
+        "first");
     EXPECT_EQ(image->getSizeT(), 2U);
+}
+
+TEST_F(CudaImageTest, rowsAreNotForTheHost)
+{
+    const auto image = makeCuda(*geometry5d(g_uint16, 5, 4, 3, 1, 2));
+    const SubImage plan(*image, planGeometry(*image, 1), 2, 0, 1);
+    for (const BaseImage* const each : std::initializer_list<const BaseImage*>{image.get(), &plan}) {
+        EXPECT_EQ(thrownText<ORLIXImageException>([&] { static_cast<void>(each->accessRow(1, 0, 0, 0)); }),
+                  "An image of " + each->getGeometry().toString() +
+                      " is on a GPU, but has to be in the memory of the host: bring it there with toHost first");
+    }
+}
+
+TEST_F(CudaImageTest, viewsAreMadeWhereTheImageLies)
+{
+    const auto image = makeCuda(*geometry5d(g_uint16, 5, 4, 3, 1, 2), 1);
+    const ImagePtr host = createImage(image->getGeometry());
+    EXPECT_TRUE(makeView(*image, planGeometry(*image, 0), 1, 0, 1)
+                    ->sharesPixelsWith(*viewOf(*image, planGeometry(*image, 0), 1, 0, 1)));
+    EXPECT_EQ(makeView(*host, planGeometry(*host, 0), 1, 0, 1)->accessRow(0, 0, 0, 0), host->accessRow(0, 1, 0, 1));
+    const ImagePtr beside = createImageBeside(*image, *geometry2d(g_uint8, 7, 3));
+    EXPECT_EQ(dynamic_cast<CudaImage&>(*beside).getDeviceIndex(), 1);
+    EXPECT_EQ(beside->getGeometry().toString(), "7x3x1x1x1 UInt8");
+    EXPECT_FALSE(createImageBeside(*host, *geometry2d(g_uint8, 7, 3))->isGpuImage());
 }
 
 TEST(CudaImageWithoutDevice, saysThatThereIsNone)

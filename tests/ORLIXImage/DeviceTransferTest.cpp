@@ -165,8 +165,8 @@ public:
 TEST_F(DeviceTransfer, anImageThatHasNoPixelsAnywhereIsRefused)
 {
     const NoPixels image;
-    const std::string text =
-        "The pixels of an image of 5x4x1x1x1 UInt8 are not in host memory: copy it to a host image first";
+    const std::string text = "An image of 5x4x1x1x1 UInt8 is on a GPU, but has to be in the memory of the host: bring "
+                             "it there with toHost first";
     EXPECT_EQ(thrownText<ORLIXImageException>([&] { static_cast<void>(toDevice(image)); }), text);
     EXPECT_EQ(thrownText<ORLIXImageException>([&] { static_cast<void>(toHost(image)); }), text);
 }

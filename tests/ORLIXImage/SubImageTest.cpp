@@ -106,8 +106,8 @@ TEST(SubImage, OfAnImageWithoutHostPixelsHasNoneEither)
         FAIL();
     } catch (const ORLIXImageException& exception) {
         EXPECT_STREQ(exception.what(),
-                     "The pixels of an image of 5x4x3x2x2 UInt8 are not in host memory: copy it to a host"
-                     " image first");
+                     "An image of 5x4x3x2x2 UInt8 is on a GPU, but has to be in the memory of the host: bring it"
+                     " there with toHost first");
     }
 }
 

@@ -43,6 +43,9 @@ ProcessingResult<bool> extract(const BaseImage& image, const Tile3dCoords& coord
     if (sizeX == 0 || sizeY == 0 || sizeZ == 0) {
         return failure(eORLIXBaseImageToolsMessage::eNoPixels, image.getGeometry().toString());
     }
+    if (!image.getPixelLayout().first) {
+        return failure(eORLIXBaseImageToolsMessage::eNoHostPixels, image.getGeometry().toString());
+    }
     const eImageBufferType type = image.getBufferType();
     if (!canExist(coords, type)) {
         return failure(eORLIXBaseImageToolsMessage::eTileTooLarge, coords.sizeX, coords.sizeY, coords.sizeZ);

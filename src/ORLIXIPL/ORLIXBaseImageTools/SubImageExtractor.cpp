@@ -2,6 +2,7 @@
 #include "ORLIXIPL/ORLIXBaseImageTools/SubImageExtractor.h"
 
 #include "ORLIXIPL/ORLIXBaseImageTools/Logger/ORLIXBaseImageToolsLogMessages.h"
+#include "ORLIXIPL/ORLIXImage/CudaImage.h"
 
 #include <boost/make_shared.hpp>
 
@@ -53,32 +54,48 @@ bool isOfOneType(const std::vector<const BaseImage*>& images)
     });
 }
 
+ProcessingResult<bool> viewOnDevice(const std::vector<const BaseImage*>& images, const BaseImageGeometry& geometry,
+                                    ImagePtr& view)
+{
+    std::vector<const CudaImage*> parts;
+    for (const BaseImage* const image : images) {
+        const auto* const part = dynamic_cast<const CudaImage*>(image);
+        if (!part || (!parts.empty() && part->getDeviceIndex() != parts.front()->getDeviceIndex())) {
+            return failure(eORLIXBaseImageToolsMessage::eNotOnOneDevice, images.front()->getGeometry().toString(),
+                           image->getGeometry().toString());
+        }
+        parts.push_back(part);
+    }
+    view = boost::make_shared<CudaImage>(parts, geometry);
+    return true;
+}
+
 } // namespace
 
 ProcessingResult<bool> SubImageExtractor::viewPlan(unsigned long z, unsigned long c, unsigned long t,
-                                                   const BaseImage& image, boost::shared_ptr<SubImage>& view)
+                                                   const BaseImage& image, ImagePtr& view)
 {
     if (z >= image.getSizeZ() || c >= image.getSizeC() || t >= image.getSizeT()) {
         return BoolResult::failure(formatMessage<eORLIXBaseImageToolsMessage>(
             eORLIXBaseImageToolsMessage::ePlanOutOfRange, z, c, t, image.getGeometry().toString()));
     }
-    view = boost::make_shared<SubImage>(image, planGeometry(image, t), z, c, t);
+    view = makeView(image, planGeometry(image, t), z, c, t);
     return true;
 }
 
 ProcessingResult<bool> SubImageExtractor::viewVolume(unsigned long c, unsigned long t, const BaseImage& image,
-                                                     boost::shared_ptr<SubImage>& view)
+                                                     ImagePtr& view)
 {
     if (c >= image.getSizeC() || t >= image.getSizeT()) {
         return BoolResult::failure(formatMessage<eORLIXBaseImageToolsMessage>(
             eORLIXBaseImageToolsMessage::eVolumeOutOfRange, c, t, image.getGeometry().toString()));
     }
-    view = boost::make_shared<SubImage>(image, volumeGeometry(image, t), 0, c, t);
+    view = makeView(image, volumeGeometry(image, t), 0, c, t);
     return true;
 }
 
 ProcessingResult<bool> SubImageExtractor::viewSteps(unsigned long firstStep, unsigned long nbSteps,
-                                                    const BaseImage& image, boost::shared_ptr<SubImage>& view)
+                                                    const BaseImage& image, ImagePtr& view)
 {
     if (firstStep > image.getSizeT() || nbSteps > image.getSizeT() - firstStep) {
         return BoolResult::failure(formatMessage<eORLIXBaseImageToolsMessage>(
@@ -86,7 +103,7 @@ ProcessingResult<bool> SubImageExtractor::viewSteps(unsigned long firstStep, uns
     }
     // A range of no steps may start behind the last one, where no address is.
     const unsigned long start = nbSteps > 0 ? firstStep : 0;
-    view = boost::make_shared<SubImage>(image, sequenceGeometry(image.getGeometry(), start, nbSteps), 0, 0, start);
+    view = makeView(image, sequenceGeometry(image.getGeometry(), start, nbSteps), 0, 0, start);
     return true;
 }
 
@@ -128,12 +145,14 @@ ProcessingResult<bool> SubImageExtractor::joinGeometries(const std::vector<const
     return true;
 }
 
-ProcessingResult<bool> SubImageExtractor::viewSequences(const std::vector<const BaseImage*>& images,
-                                                        boost::shared_ptr<SubImage>& view)
+ProcessingResult<bool> SubImageExtractor::viewSequences(const std::vector<const BaseImage*>& images, ImagePtr& view)
 {
     boost::shared_ptr<BaseImageGeometry> geometry;
     if (ProcessingResult<bool> result = joinGeometries(images, geometry); !result) {
         return result;
+    }
+    if (images.front()->isGpuImage()) {
+        return viewOnDevice(images, *geometry, view);
     }
     for (const BaseImage* const image : images) {
         if (!image->getPixelLayout().first) {

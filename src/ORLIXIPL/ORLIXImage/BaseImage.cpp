@@ -1,6 +1,7 @@
 // Views of an image's pixels, and when two images are views of the same ones.
 #include "ORLIXIPL/ORLIXImage/BaseImage.h"
 
+#include "ORLIX/ORLIXUtil/Raise.h"
 #include "ORLIXIPL/ORLIXImage/CudaImage.h"
 #include "ORLIXIPL/ORLIXImage/FindMemoryPlace.h"
 #include "ORLIXIPL/ORLIXImage/Logger/ORLIXImageLogMessages.h"
@@ -37,6 +38,9 @@ BaseImage::BaseImage(const BaseImage& parent, BaseImageGeometry geometry, unsign
     : m_geometry(std::move(geometry)), m_layout(parent.m_layout), m_calibration(parent.m_calibration)
 {
     m_layout.imageType = eImageType::eSubImage;
+    if (!m_layout.first) {
+        return; // the view of an image on a device knows where its plans are
+    }
     if (m_layout.steps) {
         StepTable table;
         addSteps(table, parent.m_layout, t, getSizeT());
@@ -44,7 +48,7 @@ BaseImage::BaseImage(const BaseImage& parent, BaseImageGeometry geometry, unsign
             step.first = step.accessRow(0, z, c);
         }
         setSteps(m_layout, std::move(table));
-    } else if (m_layout.first) {
+    } else {
         m_layout.first = parent.accessRow(0, z, c, t);
     }
 }
@@ -68,6 +72,9 @@ BaseImage::~BaseImage() = default;
 
 std::byte* BaseImage::accessRowOfStep(unsigned long y, unsigned long z, unsigned long c, unsigned long t) const
 {
+    if (!m_layout.first) {
+        raise<eORLIXImageMessage>(ORLIX_HERE, eORLIXImageMessage::eNoHostPixels, m_geometry.toString());
+    }
     return (*m_layout.steps)[t].accessRow(y, z, c);
 }
 

@@ -2,12 +2,22 @@
 #include "ORLIXIPL/ORLIXImage/CudaImage.h"
 
 #include "ORLIXIPL/ORLIXImage/DeviceMemory.h"
+#include "ORLIXIPL/ORLIXImage/ImageFactory.h"
+#include "ORLIXIPL/ORLIXImage/Logger/ORLIXImageLogMessages.h"
+#include "ORLIXIPL/ORLIXImage/StepTable.h"
 
 #include <boost/make_shared.hpp>
 
 namespace orlix::image {
 
 namespace {
+
+/// What leads every access to a row to the place that refuses it.
+const boost::shared_ptr<const StepTable>& noHostSteps()
+{
+    static const boost::shared_ptr<const StepTable> g_steps = boost::make_shared<const StepTable>();
+    return g_steps;
+}
 
 unsigned long rowBytesOf(const BaseImageGeometry& geometry)
 {
@@ -19,6 +29,7 @@ PixelLayout layoutOf(const BaseImageGeometry& geometry, const boost::shared_ptr<
     PixelLayout layout;
     layout.rowBytes = rowBytesOf(geometry);
     layout.owner = memory;
+    layout.steps = noHostSteps();
     return layout;
 }
 
@@ -42,7 +53,26 @@ CudaImage::CudaImage(const CudaImage& parent, BaseImageGeometry geometry, unsign
     setGeometryAndLayout(getGeometry(), std::move(layout));
 }
 
+CudaImage::CudaImage(const std::vector<const CudaImage*>& parts, BaseImageGeometry geometry)
+    : BaseImage(*parts.front(), std::move(geometry), 0, 0, 0)
+{
+    std::vector<DevicePart> places;
+    unsigned long nbSteps = 0;
+    for (const CudaImage* const part : parts) {
+        const Origin& origin = part->m_origin;
+        places.push_back({nbSteps, part->m_memory, origin.z, origin.c, origin.t});
+        nbSteps += part->getSizeT();
+    }
+    m_memory = boost::make_shared<DeviceMemory>(getGeometry(), std::move(places));
+}
+
 CudaImage::~CudaImage() = default;
+
+ProcessingResult<bool> CudaImage::reinitialize(const BaseImageGeometry&)
+{
+    return BoolResult::failure(
+        formatMessage<eORLIXImageMessage>(eORLIXImageMessage::eCannotGrowOnGpu, getGeometry().toString()));
+}
 
 int CudaImage::getDeviceIndex() const
 {
@@ -56,8 +86,29 @@ std::byte* CudaImage::getPlanAddress(unsigned long z, unsigned long c, unsigned 
 
 bool CudaImage::sharesDevicePixelsWith(const CudaImage& other) const
 {
-    return m_memory == other.m_memory && m_origin == other.m_origin &&
-           getGeometry().hasSameSizes(other.getGeometry()) && getGeometry().hasSameBufferTypes(other.getGeometry());
+    if (!getGeometry().hasSameSizes(other.getGeometry()) || !getGeometry().hasSameBufferTypes(other.getGeometry())) {
+        return false;
+    }
+    if (m_memory == other.m_memory && m_origin == other.m_origin) {
+        return true;
+    }
+    // Joined sequences show plans of other memory.
+    return getGeometry().getNbPixels() > 0 && &m_memory->getLayer() == &other.m_memory->getLayer() &&
+           getDeviceIndex() == other.getDeviceIndex() && hasPlansOf(other);
+}
+
+bool CudaImage::hasPlansOf(const CudaImage& other) const
+{
+    for (unsigned long t = 0; t < getSizeT(); ++t) {
+        for (unsigned long c = 0; c < getSizeC(); ++c) {
+            for (unsigned long z = 0; z < getSizeZ(); ++z) {
+                if (getPlanAddress(z, c, t) != other.getPlanAddress(z, c, t)) {
+                    return false;
+                }
+            }
+        }
+    }
+    return true;
 }
 
 void* CudaImage::holdPlanTable() const
@@ -81,6 +132,12 @@ unsigned long CudaImage::getNbPlanTableHolds() const
 ImagePtr createCudaImage(const BaseImageGeometry& geometry, int device)
 {
     return boost::make_shared<CudaImage>(geometry, device);
+}
+
+ImagePtr createImageBeside(const BaseImage& image, const BaseImageGeometry& geometry)
+{
+    const auto* const onDevice = image.isGpuImage() ? dynamic_cast<const CudaImage*>(&image) : nullptr;
+    return onDevice ? createCudaImage(geometry, onDevice->getDeviceIndex()) : createImage(geometry);
 }
 
 } // namespace orlix::image

@@ -5,6 +5,9 @@
 #include "ORLIXIPL/ORLIXImage/CheckedArithmetic.h"
 #include "ORLIXIPL/ORLIXImage/Logger/ORLIXImageLogMessages.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace orlix::image {
 
 namespace {
@@ -67,13 +70,18 @@ DeviceMemory::DeviceMemory(const BaseImageGeometry& geometry, int device)
     m_block = static_cast<std::byte*>(block);
 }
 
+DeviceMemory::DeviceMemory(const BaseImageGeometry& geometry, std::vector<DevicePart> parts)
+    : m_geometry(geometry), m_layer(parts.front().memory->m_layer), m_device(parts.front().memory->m_device),
+      m_parts(std::move(parts))
+{}
+
 // Nobody is left to be told of a failure.
 DeviceMemory::~DeviceMemory()
 {
-    if (m_block) {
+    if (m_block || !m_parts.empty()) {
         static_cast<void>(m_layer.selectDevice(m_device));
         m_tables.release(m_layer);
-        static_cast<void>(m_layer.free(m_block));
+        static_cast<void>(m_layer.free(m_block)); // null is nothing to free
     }
 }
 
@@ -87,6 +95,11 @@ void DeviceMemory::select() const
 
 std::byte* DeviceMemory::accessPlan(unsigned long z, unsigned long c, unsigned long t) const
 {
+    if (!m_parts.empty()) {
+        const auto behind = std::ranges::upper_bound(m_parts, t, {}, &DevicePart::firstStep);
+        const DevicePart& part = *std::prev(behind);
+        return part.memory->accessPlan(part.z + z, part.c + c, part.t + t - part.firstStep);
+    }
     if (!m_block) {
         return nullptr;
     }

@@ -37,8 +37,10 @@ unsigned long rowPitch(const BaseImage& image, unsigned long t)
 {
     const PixelLayout& layout = image.getPixelLayout();
     const unsigned long size = elementSize(image.getBufferType(t));
-    const unsigned long rowBytes = layout.steps ? (*layout.steps)[t].rowBytes : layout.rowBytes;
-    return size > 0 && layout.first ? rowBytes / size : image.getSizeX();
+    if (size == 0 || !layout.first) {
+        return image.getSizeX();
+    }
+    return (layout.steps ? (*layout.steps)[t].rowBytes : layout.rowBytes) / size;
 }
 
 } // namespace orlix::image

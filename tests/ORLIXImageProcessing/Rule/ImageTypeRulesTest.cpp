@@ -121,7 +121,8 @@ TEST(ImageType, TellsOwnedWrappedAndPart)
     EXPECT_EQ(failureOf(imageType(in, eImageType::eWrappedImage)->check()),
               "InPicture holds part of another image, but an image over a caller's pixels is required");
     EXPECT_EQ(failureOf(imageBaseType(in, eImageBaseType::eGpuImage)->check()),
-              "InPicture holds an image in main memory, but an image on a GPU is required");
+              "InPicture holds an image in main memory, but an image on a GPU is required: bring it there with "
+              "toDevice first");
     in->clear();
     EXPECT_EQ(failureOf(imageType(in, eImageType::eOwnedImage)->check()),
               "InPicture holds no image: set it before the run");

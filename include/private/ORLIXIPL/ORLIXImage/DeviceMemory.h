@@ -5,6 +5,8 @@
 #include "ORLIXIPL/ORLIXImage/ImageGeometry.h"
 #include "ORLIXIPL/ORLIXImage/PlanTables.h"
 
+#include <boost/shared_ptr.hpp>
+
 #include <cstddef>
 #include <vector>
 
@@ -20,13 +22,25 @@ struct DeviceStep
     unsigned long planBytes; ///< from a plan to the next
 };
 
-/// One block for all plans of a geometry, z first, then c, then t, that is given back when this ends. All functions may
-/// be called from every thread.
+class DeviceMemory;
+
+/// Steps of another image, as part of a sequence that is joined of several.
+struct DevicePart
+{
+    unsigned long firstStep; ///< in the sequence
+    boost::shared_ptr<DeviceMemory> memory;
+    unsigned long z, c, t; ///< the first plan there
+};
+
+/// One block for all plans of a geometry, z first, then c, then t, that is given back when this ends; or
+/// the blocks of others, whose steps follow one another. All functions may be called from every thread.
 class DeviceMemory
 {
 public:
     /// Throws ORLIXImageException as `createCudaImage` does.
     DeviceMemory(const BaseImageGeometry& geometry, int device);
+    /// The steps of one part or more, all of one device.
+    DeviceMemory(const BaseImageGeometry& geometry, std::vector<DevicePart> parts);
     DeviceMemory(const DeviceMemory&) = delete;
     DeviceMemory& operator=(const DeviceMemory&) = delete;
     ~DeviceMemory();
@@ -49,6 +63,7 @@ private:
     const int m_device;
     std::vector<DeviceStep> m_steps; ///< one where all are of one type, none without pixels
     std::byte* m_block = nullptr;
+    std::vector<DevicePart> m_parts; ///< none where there is a block
     PlanTables m_tables;
 };
 

@@ -11,9 +11,9 @@
 
 namespace orlix::image {
 
-/// Makes sub-images: views that keep the pixels alive, not the image, and have its calibration. TImage is `BaseImage`
-/// or `const BaseImage`. Indices beyond the image's sizes are a failure that names both; the result pointer then stays
-/// as it was. May be called from any thread.
+/// Makes sub-images: views that keep the pixels alive, not the image, and have its calibration. Those of an image on a
+/// device are images on that device. TImage is `BaseImage` or `const BaseImage`. Indices beyond the image's sizes are a
+/// failure that names both; the result pointer then stays as it was. May be called from any thread.
 class ORLIXBASEIMAGETOOLS_API SubImageExtractor
 {
 public:
@@ -22,7 +22,7 @@ public:
     static ProcessingResult<bool> extractPlan(unsigned long z, unsigned long c, unsigned long t, TImage& image,
                                               boost::shared_ptr<TImage>& plan)
     {
-        boost::shared_ptr<SubImage> view;
+        ImagePtr view;
         return handOver(viewPlan(z, c, t, image, view), view, plan);
     }
 
@@ -31,7 +31,7 @@ public:
     static ProcessingResult<bool> extractVolume(unsigned long c, unsigned long t, TImage& image,
                                                 boost::shared_ptr<TImage>& volume)
     {
-        boost::shared_ptr<SubImage> view;
+        ImagePtr view;
         return handOver(viewVolume(c, t, image, view), view, volume);
     }
 
@@ -41,18 +41,19 @@ public:
     static ProcessingResult<bool> extractSubSequence(unsigned long firstStep, unsigned long nbSteps, TImage& image,
                                                      boost::shared_ptr<TImage>& sequence)
     {
-        boost::shared_ptr<SubImage> view;
+        ImagePtr view;
         return handOver(viewSteps(firstStep, nbSteps, image, view), view, sequence);
     }
 
     /// (X, Y, Z, C, T1), (X, Y, Z, C, T2), ... -> (X, Y, Z, C, T1 + T2 + ...): a sequence that shows the steps of all
     /// images, in their order, each of its own element type. Calibration, volume and colour geometry are the first's.
-    /// Fails for no image, a null one, one without host pixels, and images that differ in a size other than t.
+    /// Fails for no image, a null one, images that differ in a size other than t, and images of which one is on a
+    /// device and another isn't on the same.
     template <class TImage>
     static ProcessingResult<bool> concatenateSequences(const std::vector<boost::shared_ptr<TImage>>& images,
                                                        boost::shared_ptr<TImage>& sequence)
     {
-        boost::shared_ptr<SubImage> view;
+        ImagePtr view;
         return handOver(viewSequences(plainPointers(images), view), view, sequence);
     }
 
@@ -67,8 +68,7 @@ public:
     }
 
 private:
-    static ProcessingResult<bool> viewSequences(const std::vector<const BaseImage*>& images,
-                                                boost::shared_ptr<SubImage>& view);
+    static ProcessingResult<bool> viewSequences(const std::vector<const BaseImage*>& images, ImagePtr& view);
     static ProcessingResult<bool> joinGeometries(const std::vector<const BaseImage*>& images,
                                                  boost::shared_ptr<BaseImageGeometry>& geometry);
     template <class TImage>
@@ -82,14 +82,13 @@ private:
     }
 
     static ProcessingResult<bool> viewPlan(unsigned long z, unsigned long c, unsigned long t, const BaseImage& image,
-                                           boost::shared_ptr<SubImage>& view);
-    static ProcessingResult<bool> viewVolume(unsigned long c, unsigned long t, const BaseImage& image,
-                                             boost::shared_ptr<SubImage>& view);
+                                           ImagePtr& view);
+    static ProcessingResult<bool> viewVolume(unsigned long c, unsigned long t, const BaseImage& image, ImagePtr& view);
     static ProcessingResult<bool> viewSteps(unsigned long firstStep, unsigned long nbSteps, const BaseImage& image,
-                                            boost::shared_ptr<SubImage>& view);
+                                            ImagePtr& view);
 
     template <class TImage>
-    static ProcessingResult<bool> handOver(ProcessingResult<bool> result, boost::shared_ptr<SubImage>& view,
+    static ProcessingResult<bool> handOver(ProcessingResult<bool> result, ImagePtr& view,
                                            boost::shared_ptr<TImage>& part)
     {
         if (result) {

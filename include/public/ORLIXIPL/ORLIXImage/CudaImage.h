@@ -7,10 +7,10 @@ namespace orlix::image {
 
 class DeviceMemory;
 
-/// An image whose pixels lie on a CUDA device. It has no host pixels: its rows can't be accessed, and whatever reads or
-/// writes pixels on the host refuses it. Rows touch, and every plan starts on a multiple of 256 bytes. A view shares
-/// the memory and keeps it alive, as it is with images of the host; the memory is given back with the last of them. The
-/// layer of devices that it was made with has to live longer.
+/// An image whose pixels lie on a CUDA device. It has no host pixels: whatever reads or writes pixels on the host
+/// refuses it, and `accessRow` throws ORLIXImageException. Rows touch, and every plan starts on a multiple of 256
+/// bytes. A view shares the memory and keeps it alive, as it is with images of the host; the memory is given back with
+/// the last of them. The layer of devices that it was made with has to live longer.
 class ORLIXIMAGE_API CudaImage final : public BaseImage
 {
 public:
@@ -19,9 +19,14 @@ public:
     /// View of part of `parent`: plans [z, z + sizeZ), channels [c, c + sizeC), time steps [t, t + sizeT) of it, whole
     /// in x and y. `geometry` is the view's own; no bounds are checked. Takes the parent's calibration.
     CudaImage(const CudaImage& parent, BaseImageGeometry geometry, unsigned long z, unsigned long c, unsigned long t);
+    /// View of the time steps of all `parts`, in order, as one sequence. The parts agree in device and in all other
+    /// sizes, `geometry` tells the type of every step; nothing is checked. Takes the first part's calibration.
+    CudaImage(const std::vector<const CudaImage*>& parts, BaseImageGeometry geometry);
     ~CudaImage() override;
 
     bool isGpuImage() const override { return true; }
+    /// Always a failure: images grow in place on the host alone.
+    [[nodiscard]] ProcessingResult<bool> reinitialize(const BaseImageGeometry& geometry) override;
     /// Counts from 0.
     int getDeviceIndex() const;
     /// Where plan (z, c, t) starts on the device. No bounds are checked; null for an image without pixels.
@@ -46,6 +51,7 @@ private:
     friend ORLIXIMAGE_API ImagePtr toDevice(const BaseImage& image, int device);
     friend ORLIXIMAGE_API ImagePtr toHost(const BaseImage& image);
 
+    /// A plan, as the image counts that the memory was made for.
     struct Origin
     {
         unsigned long z, c, t;
@@ -53,9 +59,11 @@ private:
     };
 
     CudaImage(const BaseImageGeometry& geometry, const boost::shared_ptr<DeviceMemory>& memory);
+    /// Has every plan the address of its like? The sizes are the same.
+    bool hasPlansOf(const CudaImage& other) const;
 
     boost::shared_ptr<DeviceMemory> m_memory;
-    Origin m_origin{}; ///< the first plan, as the image that the memory was made for counts
+    Origin m_origin{}; ///< of the first plan
 };
 
 /// A new image of undefined elements on a device, of any sizes, types and time steps that an image can have. Throws
@@ -63,6 +71,10 @@ private:
 /// overflow, there is no such device (or no driver, or ORLIX was built without CUDA), or the memory can't be had there.
 /// Selects the device for the calling thread, as all functions here do. May be called from any thread.
 ORLIXIMAGE_API ImagePtr createCudaImage(const BaseImageGeometry& geometry, int device = 0);
+
+/// A new image of undefined elements in the memory that `image` lies in: on its device, or of the host. Throws as
+/// `createCudaImage` or `createImage`.
+ORLIXIMAGE_API ImagePtr createImageBeside(const BaseImage& image, const BaseImageGeometry& geometry);
 
 /// A new image on a device with the geometry, elements and calibration of `image`: of the host, whatever its rows and
 /// plans lie like, or of any device. Waits until all is there. Throws as `createCudaImage`, and, with the text of the

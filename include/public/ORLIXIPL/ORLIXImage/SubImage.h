@@ -23,6 +23,11 @@ public:
     ~SubImage() override;
 };
 
+/// View of part of `parent`, as the constructors make it: a SubImage of an image of the host, a CudaImage of one on a
+/// device. No bounds are checked.
+ORLIXIMAGE_API ImagePtr makeView(const BaseImage& parent, BaseImageGeometry geometry, unsigned long z, unsigned long c,
+                                 unsigned long t);
+
 /// The geometry of one plan of `image` at time step t.
 inline BaseImageGeometry planGeometry(const BaseImage& image, unsigned long t)
 {

@@ -9,6 +9,7 @@
 #include "ORLIXIPL/ORLIXImageProcessing/ImageBufferTypeIdentifier.h"
 #include "ORLIXIPL/ORLIXImageProcessing/KernelRows.h"
 #include "ORLIXIPL/ORLIXImageProcessing/Level/DispatchLevel.h"
+#include "ORLIXIPL/ORLIXImageProcessing/Level/HostImages.h"
 #include "ORLIXIPL/ORLIXImageProcessing/Level/KernelLevel.h"
 #include "ORLIXIPL/ORLIXImageProcessing/Level/KernelLevelRows.h"
 #include "ORLIXIPL/ORLIXImageProcessing/Level/LevelRows.h"

@@ -37,8 +37,11 @@ const std::vector<MessageText>& MessageCatalogue<eORLIXBaseImageToolsMessage>::t
         {eORLIXBaseImageToolsMessage::eTooManySteps,
          "Sequences of %s and others have more time steps together than can be counted: join fewer"},
         {eORLIXBaseImageToolsMessage::eNoHostPixels,
-         "The pixels of an image of %s are not in host memory: copy it to a host image first"},
-        {eORLIXBaseImageToolsMessage::eNotJoined, "%s"}};
+         "An image of %s is on a GPU, but has to be in the memory of the host: bring it there with toHost first"},
+        {eORLIXBaseImageToolsMessage::eNotJoined, "%s"},
+        {eORLIXBaseImageToolsMessage::eNotOnOneDevice,
+         "Sequences of %s, which is on a GPU, and %s, which isn't there, can't be joined: bring both to one GPU with "
+         "toDevice, or to the host with toHost"}};
     return g_texts;
 }
 

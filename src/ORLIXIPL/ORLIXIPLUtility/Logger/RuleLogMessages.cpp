@@ -22,7 +22,8 @@ const std::vector<MessageText>& MessageCatalogue<imaproc::util::eRuleMessage>::t
          "There is no slice %d along %s: the volume is %s, so choose one of the first %d from 0"},
         {Message::eSliceTypeDiffers,
          "The slice is %s, the volume %s: give a slice of the volume's element type, or convert it first"},
-        {Message::eNoHostPixels, "%s, which is %s, has no pixels in the memory of the host: bring them there first"}};
+        {Message::eNoHostPixels,
+         "%s, which is %s, is on a GPU, but has to be in the memory of the host: bring it there with toHost first"}};
     return g_texts;
 }
 

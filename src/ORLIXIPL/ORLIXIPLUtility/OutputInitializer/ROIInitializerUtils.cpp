@@ -2,6 +2,7 @@
 
 #include "ORLIXIPL/ORLIXIPLUtility/HeldAttribute.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Logger/OutputInitializerLogMessages.h"
+#include "ORLIXIPL/ORLIXImage/CudaImage.h"
 
 #include <boost/make_shared.hpp>
 
@@ -31,8 +32,8 @@ ImagePtr makeLike(const image::BaseImage& image, unsigned long sizeX, unsigned l
         return image::BaseImageGeometry(type, sizeX, sizeY, volume, from.getColorGeometry(),
                                         from.getTemporalGeometry());
     };
-    return image::createImage(from.hasUniformBufferType() ? with(from.getBufferType())
-                                                          : with(from.getBufferTypeVector()));
+    return image::createImageBeside(image, from.hasUniformBufferType() ? with(from.getBufferType())
+                                                                       : with(from.getBufferTypeVector()));
 }
 
 } // namespace

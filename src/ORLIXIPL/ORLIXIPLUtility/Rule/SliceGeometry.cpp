@@ -1,7 +1,7 @@
 #include "ORLIXIPL/ORLIXIPLUtility/Rule/SliceGeometry.h"
 
 #include "ORLIXIPL/ORLIXIPLUtility/Logger/RuleLogMessages.h"
-#include "ORLIXIPL/ORLIXImage/ImageFactory.h"
+#include "ORLIXIPL/ORLIXImage/CudaImage.h"
 
 #include <boost/make_shared.hpp>
 
@@ -41,8 +41,8 @@ ImagePtr createSliceImage(const image::BaseImage& volume, const eAxis& axis)
     const auto with = [&](const auto& type) {
         return image::BaseImageGeometry(type, sizeX, sizeY, {}, whole.getColorGeometry(), whole.getTemporalGeometry());
     };
-    const ImagePtr slice = image::createImage(whole.hasUniformBufferType() ? with(whole.getBufferType())
-                                                                           : with(whole.getBufferTypeVector()));
+    const ImagePtr slice = image::createImageBeside(
+        volume, whole.hasUniformBufferType() ? with(whole.getBufferType()) : with(whole.getBufferTypeVector()));
     slice->setGeometricCalibration(sliceCalibration(volume, axis));
     return slice;
 }

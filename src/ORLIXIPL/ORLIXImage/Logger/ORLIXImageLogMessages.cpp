@@ -40,7 +40,7 @@ const std::vector<MessageText>& MessageCatalogue<eORLIXImageMessage>::texts()
         {eORLIXImageMessage::eStorageTypeMismatch,
          "Elements of time step %d are of type %s, in an image of %s: ask for them by the C++ type that stores it"},
         {eORLIXImageMessage::eNoHostPixels,
-         "The pixels of an image of %s are not in host memory: copy it to a host image first"},
+         "An image of %s is on a GPU, but has to be in the memory of the host: bring it there with toHost first"},
         {eORLIXImageMessage::eCannotGrow,
          "An image of %s can't grow in place, since it doesn't own its pixels in host memory: grow a copy of it"},
         {eORLIXImageMessage::eNotGrowth,
@@ -52,7 +52,9 @@ const std::vector<MessageText>& MessageCatalogue<eORLIXImageMessage>::texts()
         {eORLIXImageMessage::eNotMovedToGpu, "The pixels of an image of %s could not be moved to GPU %d: %s"},
         {eORLIXImageMessage::eNotMovedFromGpu, "The pixels of an image of %s could not be moved from GPU %d: %s"},
         {eORLIXImageMessage::eNoPlanTable,
-         "The places of the plans of an image of %s could not be written down on GPU %d: %s"}};
+         "The places of the plans of an image of %s could not be written down on GPU %d: %s"},
+        {eORLIXImageMessage::eCannotGrowOnGpu,
+         "An image of %s is on a GPU, where none can grow in place: bring it to the host with toHost first"}};
     return g_texts;
 }
 

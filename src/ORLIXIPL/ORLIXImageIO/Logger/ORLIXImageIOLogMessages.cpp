@@ -56,7 +56,7 @@ const std::vector<MessageText>& MessageCatalogue<eORLIXImageIOMessage>::texts()
         {eORLIXImageIOMessage::eSeveralTypes, "%s: a file holds elements of one type, but the time steps of the image "
                                               "differ (%s): convert them to one type"},
         {eORLIXImageIOMessage::eNoHostPixels,
-         "%s: the pixels of the image (%s) are not in host memory: copy it to a host image first"},
+         "%s: the image (%s) is on a GPU, but has to be in the memory of the host: bring it there with toHost first"},
         {eORLIXImageIOMessage::eUnsuitableForPng,
          "%s: PNG holds one plan of 1 to 4 channels of UInt8 or UInt16, or one of Binary, with sides below 2^31, but "
          "the image is %s: convert it or write TIFF"},

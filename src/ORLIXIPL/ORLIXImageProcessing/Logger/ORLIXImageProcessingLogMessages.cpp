@@ -41,7 +41,8 @@ const std::vector<MessageText>& MessageCatalogue<imaproc::eImageRuleMessage>::te
         {Message::eColorTypeDiffers,
          "%s has %d channels, %s has %d: give images of one channel, or of several, for both"},
         {Message::eRegionOutside, "%s is %s, the region %s at (%s) ends at %s = %s"},
-        {Message::eRegionNeedsVolume, "%s is %s, a single plan: the region %s at (%s) needs a volume"}};
+        {Message::eRegionNeedsVolume, "%s is %s, a single plan: the region %s at (%s) needs a volume"},
+        {Message::eWrongMemory, "%s holds %s, but %s is required: bring it there with %s first"}};
     return g_texts;
 }
 
@@ -73,7 +74,10 @@ const std::vector<MessageText>& MessageCatalogue<imaproc::eImageSplitMessage>::t
         {Message::eWrongCollection,
          "%s takes no entries of a collection of class %s: give one of the class that the split is made for"},
         {Message::eBoxOutside, "The strip of %s is %s, which does not hold %s from (%s) on: ask for pixels within it"},
-        {Message::eStripTypesDiffer, "The strip of %s is %s, that of %s is %s: element types have to be the same"}};
+        {Message::eStripTypesDiffer, "The strip of %s is %s, that of %s is %s: element types have to be the same"},
+        {Message::eNotOnHost,
+         "The image of %s, which is %s, is on a GPU, but has to be in the memory of the host: bring it there with "
+         "toHost first. Operators that work on a GPU want all of their images there, and GPU support switched on"}};
     return g_texts;
 }
 

@@ -1,5 +1,6 @@
 #include "ORLIXIPL/ORLIXImageProcessing/OutputInitializer/CustomOutput.h"
 
+#include "ORLIXIPL/ORLIXImage/CudaImage.h"
 #include "ORLIXIPL/ORLIXImage/ImageFactory.h"
 
 #include <boost/make_shared.hpp>
@@ -26,7 +27,9 @@ public:
     ProcessingResult<bool> initOutput() override
     {
         BaseOutputImageAttribute& output = *m_output.access();
-        const ImagePtr made = image::createImage(makeGeometry(output.getFixedBufferType()));
+        const ImageConstPtr input = m_info->hasInputImage() ? m_info->getInputImage() : ImageConstPtr();
+        const image::BaseImageGeometry geometry = makeGeometry(output.getFixedBufferType());
+        const ImagePtr made = input ? image::createImageBeside(*input, geometry) : image::createImage(geometry);
         made->setGeometricCalibration(m_info->getGeometricCalibration());
         output.init(made);
         return true;

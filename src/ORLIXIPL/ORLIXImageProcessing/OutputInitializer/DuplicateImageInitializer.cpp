@@ -1,6 +1,6 @@
 #include "ORLIXIPL/ORLIXImageProcessing/OutputInitializer/DuplicateImageInitializer.h"
 
-#include "ORLIXIPL/ORLIXImage/ImageFactory.h"
+#include "ORLIXIPL/ORLIXImage/CudaImage.h"
 #include "ORLIXIPL/ORLIXImageProcessing/Logger/ORLIXImageProcessingLogMessages.h"
 
 namespace orlix::imaproc {
@@ -25,11 +25,11 @@ ImagePtr duplicateImage(const image::BaseImage& source, const image::eImageBuffe
     const image::ColorGeometry& sizeC = choose(color, own.getColorGeometry());
     const image::VolumeGeometry& sizeZ = choose(volume, own.getVolumeGeometry());
     const bool bSameTypes = type == image::eImageBufferType::eNoBuffer;
-    const ImagePtr made =
-        bSameTypes && !own.hasUniformBufferType()
-            ? image::createImage({own.getBufferTypeVector(), own.getSizeX(), own.getSizeY(), sizeZ, sizeC, sizeT})
-            : image::createImage(
-                  {bSameTypes ? own.getBufferType() : type, own.getSizeX(), own.getSizeY(), sizeZ, sizeC, sizeT});
+    const ImagePtr made = bSameTypes && !own.hasUniformBufferType()
+                              ? image::createImageBeside(source, {own.getBufferTypeVector(), own.getSizeX(),
+                                                                  own.getSizeY(), sizeZ, sizeC, sizeT})
+                              : image::createImageBeside(source, {bSameTypes ? own.getBufferType() : type,
+                                                                  own.getSizeX(), own.getSizeY(), sizeZ, sizeC, sizeT});
     made->setGeometricCalibration(source.getGeometricCalibration());
     return made;
 }

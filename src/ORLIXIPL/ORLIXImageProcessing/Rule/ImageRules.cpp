@@ -210,9 +210,10 @@ processor::RulePtr imageBaseType(const ImageAttributeRef& image, const image::eI
 {
     return makePairRule(image, image, [type](const BaseImageAttribute& one, const BaseImageAttribute&) {
         const image::eImageBaseType found = one.getImage().getImageBaseType();
-        return found == type ? ProcessingResult<bool>(true)
-                             : failure(eImageRuleMessage::eWrongImageType, one.getObjectName(), baseKindName(found),
-                                       baseKindName(type));
+        return found == type
+                   ? ProcessingResult<bool>(true)
+                   : failure(eImageRuleMessage::eWrongMemory, one.getObjectName(), baseKindName(found),
+                             baseKindName(type), type == image::eImageBaseType::eHostImage ? "toHost" : "toDevice");
     });
 }
 

@@ -16,7 +16,14 @@ ProcessingResult<bool> failure(eImageSplitMessage::domain id, const TArgs&... ar
     return ProcessingResult<bool>::failure(formatMessage<eImageSplitMessage>(id, args...));
 }
 
-ProcessingResult<bool> checkPlan(const image::BaseImage* image)
+ProcessingResult<bool> checkHost(const image::BaseImage& image, const std::string& attribute)
+{
+    return image.getPixelLayout().first != nullptr
+               ? true
+               : failure(eImageSplitMessage::eNotOnHost, attribute, image.getGeometry().toString());
+}
+
+ProcessingResult<bool> checkPlan(const image::BaseImage* image, const std::string& attribute)
 {
     if (image == nullptr) {
         return failure(eImageSplitMessage::eNullImage);
@@ -24,10 +31,10 @@ ProcessingResult<bool> checkPlan(const image::BaseImage* image)
     if (image->getSizeZ() != 1 || image->getSizeC() != 1 || image->getSizeT() != 1) {
         return failure(eImageSplitMessage::eSeveralPlans, image->getGeometry().toString());
     }
-    return true;
+    return checkHost(*image, attribute);
 }
 
-ProcessingResult<bool> checkVolume(const image::BaseImage* image)
+ProcessingResult<bool> checkVolume(const image::BaseImage* image, const std::string& attribute)
 {
     if (image == nullptr) {
         return failure(eImageSplitMessage::eNullImage);
@@ -35,7 +42,7 @@ ProcessingResult<bool> checkVolume(const image::BaseImage* image)
     if (image->getSizeC() != 1 || image->getSizeT() != 1) {
         return failure(eImageSplitMessage::eSeveralVolumes, image->getGeometry().toString());
     }
-    return true;
+    return checkHost(*image, attribute);
 }
 
 bool isWithin(unsigned long start, unsigned long size, unsigned long whole)
@@ -69,7 +76,7 @@ ProcessingResult<bool> BaseImageStripSplit<TImage>::initSubPlan(const boost::sha
                                                                 unsigned long start, unsigned long size,
                                                                 unsigned long lineBytes)
 {
-    if (ProcessingResult<bool> result = checkPlan(image.get()); !result) {
+    if (ProcessingResult<bool> result = checkPlan(image.get(), this->getAttributeName()); !result) {
         return result;
     }
     if (!isWithin(start, size, image->getSizeY())) {
@@ -92,7 +99,7 @@ ProcessingResult<bool> BaseImageStripSplit<TImage>::initSubVolume(const boost::s
                                                                   unsigned long start, unsigned long size,
                                                                   unsigned long planBytes)
 {
-    if (ProcessingResult<bool> result = checkVolume(image.get()); !result) {
+    if (ProcessingResult<bool> result = checkVolume(image.get(), this->getAttributeName()); !result) {
         return result;
     }
     if (!isWithin(start, size, image->getSizeZ())) {

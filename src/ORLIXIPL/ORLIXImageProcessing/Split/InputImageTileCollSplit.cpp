@@ -77,6 +77,9 @@ ProcessingResult<bool> BaseImageTileCollSplit<TColl>::initBase(const ImageConstP
         return failure(bVolume ? eImageSplitMessage::eSeveralVolumes : eImageSplitMessage::eSeveralPlans,
                        image->getGeometry().toString());
     }
+    if (!image->getPixelLayout().first) {
+        return failure(eImageSplitMessage::eNotOnHost, getAttributeName(), image->getGeometry().toString());
+    }
     m_image = image;
     m_places = places;
     unsigned long cost = 0;

@@ -88,7 +88,8 @@ TEST(GetSlice3dImgKernelsTest, aVolumeWithoutHostPixelsIsRefused)
     const ImagePtr out = makeRandom(*image::geometry2d(eImageBufferType::UInt8, 9, 5), 3);
     const ImagePtr before = testing::plainCopy(*out);
     EXPECT_EQ(levelFor(in, eAxis::eY, 2, out, 0, 5)->run(g_sync).getMessage(),
-              "InSubImg3d, which is 9x7x5x1x1 UInt8, has no pixels in the memory of the host: bring them there first");
+              "InSubImg3d, which is 9x7x5x1x1 UInt8, is on a GPU, but has to be in the memory of the host: bring it "
+              "there with toHost first");
     EXPECT_TRUE(sameImages(*before, *out));
 }
 

@@ -118,7 +118,8 @@ TEST(PutSlice3dImgKernelsTest, aVolumeWithoutHostPixelsIsRefused)
     const ImagePtr volume = boost::make_shared<ElsewhereImage>(*volumeOf(eImageBufferType::UInt8, {9, 7, 5, 1, 1}));
     const ImagePtr slice = makeRandom(*image::geometry2d(eImageBufferType::UInt8, 9, 5), 3);
     EXPECT_EQ(levelFor(volume, eAxis::eY, 2, slice, 0, 5)->run(g_sync).getMessage(),
-              "OutImg, which is 9x7x5x1x1 UInt8, has no pixels in the memory of the host: bring them there first");
+              "OutImg, which is 9x7x5x1x1 UInt8, is on a GPU, but has to be in the memory of the host: bring it there "
+              "with toHost first");
 }
 
 TEST(PutSlice3dImgKernelsTest, alongYABlockOfSeveralGoesToTheLastRowForOneElement)

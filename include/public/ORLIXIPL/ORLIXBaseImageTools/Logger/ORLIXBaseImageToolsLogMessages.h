@@ -21,10 +21,11 @@ struct eORLIXBaseImageToolsMessage
         eNoSuchTile = 7,   ///< index, count
         eTileNotTaken = 8, ///< reason
         eNothingToJoin = 9,
-        eNotJoinable = 10,  ///< geometry, geometry
-        eTooManySteps = 11, ///< geometry of the first
-        eNoHostPixels = 12, ///< geometry
-        eNotJoined = 13     ///< reason
+        eNotJoinable = 10,   ///< geometry, geometry
+        eTooManySteps = 11,  ///< geometry of the first
+        eNoHostPixels = 12,  ///< geometry
+        eNotJoined = 13,     ///< reason
+        eNotOnOneDevice = 14 ///< geometry, geometry
     };
     ORLIX_ENUMERATION(eORLIXBaseImageToolsMessage, ePlanOutOfRange);
 };

@@ -23,14 +23,15 @@ struct eORLIXImageMessage
         eWrapOverflow = 9,
         ePlanOutOfRange = 10,
         eStorageTypeMismatch = 11,
-        eNoHostPixels = 12,
+        eNoHostPixels = 12,    ///< geometry
         eCannotGrow = 13,      ///< geometry
         eNotGrowth = 14,       ///< geometry, geometry
         eGpuNotUsable = 15,    ///< device, geometry, text of the layer
         eOutOfGpuMemory = 16,  ///< geometry, bytes, device, text of the layer
         eNotMovedToGpu = 17,   ///< geometry, device, text of the layer
         eNotMovedFromGpu = 18, ///< geometry, device, text of the layer
-        eNoPlanTable = 19      ///< geometry, device, text of the layer
+        eNoPlanTable = 19,     ///< geometry, device, text of the layer
+        eCannotGrowOnGpu = 20  ///< geometry
     };
     ORLIX_ENUMERATION(eORLIXImageMessage, eUnknownBufferType);
 };

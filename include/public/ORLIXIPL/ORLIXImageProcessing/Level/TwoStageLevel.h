@@ -4,6 +4,7 @@
 #include "ORLIX/ORLIXBaseProcessing/BaseAsyncProcessor.h"
 #include "ORLIX/ORLIXBaseProcessing/InitializerTypes.h"
 #include "ORLIX/ORLIXBaseProcessing/Scaffold.h"
+#include "ORLIXIPL/ORLIXImageProcessing/Level/HostImages.h"
 #include "ORLIXIPL/ORLIXImageProcessing/Level/RowDispatch.h"
 #include "ORLIXIPL/ORLIXImageProcessing/Rule/ImageRuleTypes.h"
 
@@ -22,6 +23,9 @@ using Stage = RowDispatch<TDispatch, TLower, TRows...>;
 /// where it holds, the second stage's work is done in the first one, and the second has nothing to do. Otherwise the
 /// second stage starts when all elements of the first have ended. Where its rule type `NothingFirst` holds, the first
 /// stage has nothing to do. A class whose calls may go straight to level 3 states `g_bStraight = true`.
+///
+/// A run whose images are on a device fails before the first stage writes anything, unless all are and the class has a
+/// static `bool worksOnDevice(values)` that says that both stages can work there.
 template <class TDerived, class TLibrary, class TAttributeList, class TFirst, class TSecond>
 class TwoStageLevel;
 
@@ -33,6 +37,11 @@ public:
     using OnlySecond = Never;
     using NothingFirst = Never;
     static constexpr bool g_bStraight = false;
+    template <class TValues>
+    static bool worksOnDevice(const TValues&)
+    {
+        return false;
+    }
 
     processor::RulePtr createRule() const { return TDerived::Rule::make(this->accessOwnAttributes()); }
     void initOutputInitializers(processor::OutputInitializerMap& initializers) const
@@ -87,6 +96,11 @@ protected:
                                                     boost::shared_ptr<core::BaseActionProvider>& provider) override
     {
         const processor::HeldValues<TAttributes...> values(this->accessOwnAttributes());
+        if (const ProcessingResult<bool> result = checkHostImages<TAttributes...>(values); !result) {
+            if (hasHostImage<TAttributes...>(values) || !TDerived::worksOnDevice(values)) {
+                return processor::ProviderResult::failed(result.getMessage());
+            }
+        }
         m_bOnlySecond = TDerived::OnlySecond::holds(values);
         if (TDerived::NothingFirst::holds(values)) {
             return processor::ProviderResult::none();

@@ -32,7 +32,8 @@ struct eImageRuleMessage
         eVolumeTypeDiffers = 17,  ///< attribute, kind, attribute, kind
         eColorTypeDiffers = 18,   ///< attribute, channels, attribute, channels
         eRegionOutside = 19,      ///< attribute, sizes, sizes, offsets, axis, end
-        eRegionNeedsVolume = 20   ///< attribute, sizes, sizes, offsets
+        eRegionNeedsVolume = 20,  ///< attribute, sizes, sizes, offsets
+        eWrongMemory = 21         ///< attribute, kind, kind, function
     };
     ORLIX_ENUMERATION(eImageRuleMessage, eSizeOrTypeDiffers);
 };
@@ -47,15 +48,16 @@ struct eImageSplitMessage
         eNoSuchElement = 3, ///< index, count
         eInputMissing = 4,
         eNoCollection = 5,
-        eTooManyPlans = 6,     ///< sizes on z, c, t
-        ePlanLacksEntry = 7,   ///< attribute, z, c, t
-        eSeveralVolumes = 8,   ///< geometry
-        eLinesOutside = 9,     ///< count, first, count
-        ePlansOutside = 10,    ///< count, first, count
-        eRangeOutside = 11,    ///< count, first, count
-        eWrongCollection = 12, ///< attribute, class
-        eBoxOutside = 13,      ///< attribute, sizes, sizes, offsets
-        eStripTypesDiffer = 14 ///< attribute, type, attribute, type
+        eTooManyPlans = 6,      ///< sizes on z, c, t
+        ePlanLacksEntry = 7,    ///< attribute, z, c, t
+        eSeveralVolumes = 8,    ///< geometry
+        eLinesOutside = 9,      ///< count, first, count
+        ePlansOutside = 10,     ///< count, first, count
+        eRangeOutside = 11,     ///< count, first, count
+        eWrongCollection = 12,  ///< attribute, class
+        eBoxOutside = 13,       ///< attribute, sizes, sizes, offsets
+        eStripTypesDiffer = 14, ///< attribute, type, attribute, type
+        eNotOnHost = 15         ///< attribute, geometry
     };
     ORLIX_ENUMERATION(eImageSplitMessage, eNullImage);
 };

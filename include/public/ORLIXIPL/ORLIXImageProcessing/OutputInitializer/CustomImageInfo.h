@@ -30,7 +30,7 @@ public:
     virtual image::TemporalGeometry getTemporalGeometry() const = 0;
     virtual eImageStoragePolicy getImageInitializerDistributionPolicy() const;
     virtual bool hasInputImage() const = 0;
-    /// The image that the output follows from; null where there is none.
+    /// The image that the output follows from, and beside which it is made; null where there is none.
     virtual ImageConstPtr getInputImage() const = 0;
     /// What the output is made with: the calibration of the input image unless overridden; null for none.
     virtual boost::shared_ptr<const image::GeometricCalibration> getGeometricCalibration() const;

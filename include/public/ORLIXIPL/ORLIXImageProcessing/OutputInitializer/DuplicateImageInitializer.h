@@ -17,9 +17,9 @@ struct eImageStoragePolicy
     ORLIX_ENUMERATION(eImageStoragePolicy, eDefaultStorage);
 };
 
-/// A new image with the sizes and the calibration of `source` and, in all time steps, element type `type`, those of
-/// `source` where it is none. An axis that is not default-constructed stands for that of `source`. Throws as
-/// image::createImage does.
+/// A new image, on the device of `source` where that is on one, with the sizes and the calibration of `source` and, in
+/// all time steps, element type `type`, those of `source` where it is none. An axis that is not default-constructed
+/// stands for that of `source`. Throws as image::createImageBeside does.
 ORLIXIMAGEPROCESSING_API ImagePtr duplicateImage(const image::BaseImage& source, const image::eImageBufferType& type,
                                                  const image::TemporalGeometry& temporal = {},
                                                  const image::ColorGeometry& color = {},

@@ -41,8 +41,8 @@ public:
     void clear() override { m_image.reset(); }
 
 protected:
-    // All fail for a null image; those for plans also for an image of several plans, those for volumes for one of
-    // several channels or time steps.
+    // All fail for a null image and for one on a device; those for plans also for an image of several plans, those for
+    // volumes for one of several channels or time steps.
 
     /// All lines of a plan. Every strip but the last holds whole blocks of the widest kernel, whatever memory the plan
     /// lies in.

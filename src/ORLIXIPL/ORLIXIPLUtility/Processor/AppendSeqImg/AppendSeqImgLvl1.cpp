@@ -5,6 +5,7 @@
 #include "ORLIXIPL/ORLIXIPLUtility/OutputInitializer/SequenceInitializerUtils.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/CopyImg/CopyStraight.h"
 #include "ORLIXIPL/ORLIXImage/SubImage.h"
+#include "ORLIXIPL/ORLIXImageProcessing/Level/HostImages.h"
 #include "ORLIXIPL/ORLIXImageProcessing/Logger/ORLIXImageProcessingLogMessages.h"
 #include "ORLIXIPL/ORLIXImageProcessing/OutputInitializer/CustomOutput.h"
 
@@ -95,6 +96,9 @@ ProcessingResult<bool> AppendSeqImgLvl1::growFirst(ImagePtr& newSteps) const
     image::BaseImage& out = accessAttribute<attr::OutImg>()->getImage();
     const unsigned long firstSizeT = first->getSizeT(); // the first image is the output, which is about to change
     const unsigned long secondSizeT = second->getSizeT();
+    if (second->isGpuImage() && !first->isGpuImage()) { // what the copy would find when the first has grown
+        return imaproc::details::refuseDeviceImage(attr::InImg2::g_name, *second);
+    }
     boost::shared_ptr<image::BaseImageGeometry> geometry;
     ProcessingResult<bool> result =
         SubImageExtractor::getGeometryResultingFromSeqConcatenation<const image::BaseImage>({first, second}, geometry);

@@ -28,6 +28,13 @@ public:
     /// The volume would be copied onto itself.
     using NothingFirst = InSitu<attr::InImg3d, attr::OutImg>;
     static constexpr bool g_bStraight = true;
+    /// Where the slice is a plan of the volume, both stages are copies.
+    template <class TValues>
+    static bool worksOnDevice(const TValues& values)
+    {
+        const eAxis axis = values.template get<attr::InAxis>();
+        return axis != eAxis::eX && axis != eAxis::eY;
+    }
 
     PutSlice3dImgLvl1();
     ~PutSlice3dImgLvl1() override;
