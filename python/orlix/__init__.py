@@ -28,6 +28,7 @@ from ._pixelwise import Comparison, compare, convert, copy, erase, threshold
 from ._processors import Attribute, Processor, processor, processors
 from ._regions import crop, paste
 from ._slices import append, get_slice, put_slice
+from ._threadpools import register as _register_threads
 from ._values import values
 
 __version__ = version()
@@ -74,6 +75,7 @@ __all__ = [
     "write",
 ]
 
+_register_threads()
 if "ORLIX_NUM_THREADS" in _os.environ:
     set_threads(int(_os.environ["ORLIX_NUM_THREADS"]))
 if "ORLIX_INSTRUCTION_SET" in _os.environ:

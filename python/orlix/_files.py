@@ -5,12 +5,14 @@ from __future__ import annotations
 import errno
 import os
 from collections.abc import Mapping
-from typing import Any, NamedTuple
+from typing import TYPE_CHECKING, Any, NamedTuple
 
 import numpy as np
 
 from . import _core
-from ._types import Progress
+
+if TYPE_CHECKING:
+    from ._types import Progress
 
 
 class FileInfo(NamedTuple):
@@ -52,9 +54,26 @@ def _span(key: str, span: slice | tuple[int, int]) -> tuple[int, int] | None:
     return (start, start if stop is None else int(stop)) if stop is not None or start else None
 
 
+def _relabelled(image: _core.Image, axes: str) -> _core.Image:
+    """The same pixels with other names of axes."""
+    if axes == image.axes:
+        return image
+    if len(axes) != image.ndim or "".join(letter for letter in "TCZYX" if letter in axes) != axes:
+        raise ValueError(f"axes '{axes}': {image.ndim} letters of TCZYX in this order are needed, the file has {image.axes}")
+    size, origin = image.pixel_size, image.origin
+    if size is not None and origin is not None:  # along z only where the file's z is still one
+        known = "Z" in image.axes and "Z" in axes
+        size = ((size[0] if known else 1.0,) if "Z" in axes else ()) + size[-2:]
+        origin = ((origin[0] if known else 0.0,) if "Z" in axes else ()) + origin[-2:]
+    return _core.Image(
+        np.asarray(image), axes, pixel_size=size, unit=image.unit, origin=origin, element_type=image.element_type
+    )
+
+
 def read(
     path: str | os.PathLike[str],
     *,
+    axes: str | None = None,
     region: Mapping[str, slice | tuple[int, int]] | None = None,
     progress: Progress | None = None,
 ) -> _core.Image:
@@ -64,8 +83,10 @@ def read(
     ----------
     path : path-like
         The file; its content tells the format.
+    axes : str, optional
+        What the axes of the file are, where it says nothing or something else: as many letters, in the order of TCZYX.
     region : mapping of str to slice, optional
-        What to read along the axes that are named, such as ``{"Y": slice(0, 64), "T": (3, 4)}``; axes that are not
+        What to read along the axes of the file that are named, such as ``{"Y": slice(0, 64), "T": (3, 4)}``; axes that are not
         named are read whole. Only the strips or tiles that the region touches are read.
     progress : callable or bool, optional
         Called as ``progress(done, known)`` with plans; an exception from it ends the call.
@@ -100,9 +121,10 @@ def read(
             whole = (start, shape.get(axis, 1) if stop is None else stop)
             spans.append(_span(axis, slice(*whole, span.step if isinstance(span, slice) else None)))
     try:
-        return _core.read(path, spans, progress)
+        image = _core.read(path, spans, progress)
     except _core.OrlixFileError as error:
         raise _explain(error, path) from None
+    return image if axes is None else _relabelled(image, axes)
 
 
 def write(

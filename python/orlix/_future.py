@@ -2,7 +2,6 @@
 
 from __future__ import annotations
 
-import asyncio
 import concurrent.futures
 import threading
 from collections.abc import Callable, Generator
@@ -45,6 +44,8 @@ class Future(concurrent.futures.Future[R], Generic[R]):
 
     def __await__(self) -> Generator[Any, None, R]:
         """Wait for the result without blocking the event loop."""
+        import asyncio  # here, since it takes longer to import than all of the package
+
         return asyncio.wrap_future(self).__await__()
 
     def _look(self, done: int, known: int) -> None:

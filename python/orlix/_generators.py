@@ -2,19 +2,23 @@
 
 from __future__ import annotations
 
-import secrets
+import os
 from collections.abc import Sequence
+from typing import TYPE_CHECKING
 
 import numpy as np
-from numpy.typing import DTypeLike, NDArray
 
 from . import _core
-from ._types import Array, Progress, Rng
+
+if TYPE_CHECKING:
+    from numpy.typing import DTypeLike, NDArray
+
+    from ._types import Array, Progress, Rng
 
 
 def seed_of(rng: Rng) -> int:
     if rng is None:
-        return secrets.randbits(63)
+        return int.from_bytes(os.urandom(8), "little")
     if isinstance(rng, np.random.Generator):
         return int(rng.integers(2**63))
     seed = int(rng)

@@ -4,15 +4,16 @@ from __future__ import annotations
 
 import contextlib
 import os
-import platform
 import sys
 from collections.abc import Iterator, Sequence
-from typing import Any
+from typing import TYPE_CHECKING, Any
 
 import numpy as np
-from numpy.typing import DTypeLike, NDArray
 
 from . import _core
+
+if TYPE_CHECKING:
+    from numpy.typing import DTypeLike, NDArray
 
 _chosen = 0
 
@@ -90,6 +91,8 @@ def empty(shape: Sequence[int], dtype: DTypeLike) -> NDArray[Any]:
 
 def show_config() -> None:
     """Print what a report of a fault needs: versions, the machine, and what is used of it."""
+    import platform  # nobody else needs it
+
     rows = {
         "orlix": _core.version(),
         "package": os.path.dirname(__file__),

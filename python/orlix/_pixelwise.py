@@ -2,12 +2,15 @@
 
 from __future__ import annotations
 
-from typing import NamedTuple
+from typing import TYPE_CHECKING, NamedTuple
 
-from numpy.typing import DTypeLike
 
 from . import _core
-from ._types import A, Progress
+
+if TYPE_CHECKING:
+    from numpy.typing import DTypeLike
+
+    from ._types import A, Progress
 
 
 class Comparison(NamedTuple):

@@ -3,17 +3,18 @@
 from __future__ import annotations
 
 import collections
-import difflib
 import functools
 import re
 from collections.abc import Mapping
-from typing import Any, NamedTuple
+from typing import TYPE_CHECKING, Any, NamedTuple
 
 import numpy as np
 
 from . import _core
 from ._pixelwise import Comparison
-from ._types import Progress
+
+if TYPE_CHECKING:
+    from ._types import Progress
 
 
 class Attribute(NamedTuple):
@@ -84,6 +85,8 @@ def _full_name(name: str) -> str:
         return meant[0]
     if meant:
         raise ValueError(f"{name} is the name of several processors: {', '.join(meant)}")
+    import difflib  # for those who mistype
+
     near = difflib.get_close_matches(_short(name), map(_short, known))
     hint = f"near it {'is' if len(near) == 1 else 'are'} {', '.join(near)}" if near else "orlix.processors() lists all"
     raise ValueError(f"there is no processor {name}: {hint}")

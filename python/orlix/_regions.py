@@ -3,9 +3,12 @@
 from __future__ import annotations
 
 from collections.abc import Sequence
+from typing import TYPE_CHECKING
 
 from . import _core
-from ._types import A, Progress
+
+if TYPE_CHECKING:
+    from ._types import A, Progress
 
 
 def crop(

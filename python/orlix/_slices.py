@@ -2,10 +2,12 @@
 
 from __future__ import annotations
 
-from typing import Literal
+from typing import TYPE_CHECKING, Literal
 
 from . import _core
-from ._types import A, Progress
+
+if TYPE_CHECKING:
+    from ._types import A, Progress
 
 
 def get_slice(

@@ -1,4 +1,4 @@
-"""What annotations of the package say."""
+"""What annotations of the package say: for type checkers alone, since importing numpy.typing takes its time."""
 
 from __future__ import annotations
 

@@ -2,13 +2,16 @@
 
 from __future__ import annotations
 
-from typing import Any, Literal
+from typing import TYPE_CHECKING, Any, Literal
 
 import numpy as np
-from numpy.typing import NDArray
 
 from . import _core
-from ._types import Array, Progress
+
+if TYPE_CHECKING:
+    from numpy.typing import NDArray
+
+    from ._types import Array, Progress
 
 
 def values(

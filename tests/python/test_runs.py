@@ -29,6 +29,13 @@ def test_numbers_of_threads():
         orlix.set_threads(-1)
 
 
+@pytest.mark.parametrize("work", ["", "; orlix.copy(orlix.empty((3000, 3000), 'uint8'))"])
+def test_more_threads_than_processors_until_the_end_of_the_program(work):
+    program = f"import os, orlix; orlix.set_threads(4 * os.cpu_count()){work}"
+    done = subprocess.run([sys.executable, "-c", program], capture_output=True, text=True)
+    assert (done.returncode, done.stderr) == (0, "")
+
+
 def test_instruction_sets():
     sets = orlix.instruction_sets()
     assert sets[0] == "plain"

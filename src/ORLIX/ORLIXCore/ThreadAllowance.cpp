@@ -57,6 +57,7 @@ private:
         const unsigned long most = m_needed.empty() ? 0 : *m_needed.rbegin();
         const unsigned long allowed = most > getNbProcessors() ? most : 0;
         if (allowed != m_allowed) {
+            watchProcessEnd(); // the process may end oneTBB before the executor, which is left as it is then
             // The new one first: in between, all that live are allowed what they need.
             auto control =
                 allowed == 0

@@ -1,0 +1,1 @@
+orlix copy head.tif copy.tif

@@ -1,0 +1,2 @@
+orlix crop head.tif front.tif --at 32,0,20 --size 64,64,40
+orlix paste head.tif front.tif pasted.tif --at 0,64,56

@@ -1,0 +1,1 @@
+orlix slice head.tif slice.png --axis y --index 64

@@ -1,0 +1,1 @@
+orlix threshold head.tif mask.tif --min 26000 --max 60000

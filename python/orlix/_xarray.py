@@ -1,0 +1,61 @@
+"""Images as xarray has them: axes by name, places of pixels as coordinates."""
+
+from __future__ import annotations
+
+from typing import Any
+
+import numpy as np
+
+from . import _core
+
+
+def to_xarray(image: _core.Image) -> Any:
+    """Return the image as an xarray.DataArray that shares its memory."""
+    import xarray  # wanted by few, and large
+
+    coords = {}
+    if image.pixel_size is not None and image.origin is not None:
+        for letter, size, origin in zip("zyx"[3 - len(image.pixel_size) :], image.pixel_size, image.origin):
+            centres = origin + (np.arange(image.shape[image.axes.index(letter.upper())]) + 0.5) * size
+            coords[letter] = (letter, centres, {"units": image.unit})
+    return xarray.DataArray(
+        np.asarray(image), dims=list(image.axes.lower()), coords=coords, attrs={"element_type": image.element_type}
+    )
+
+
+def _calibration_along(letter: str, coordinate: Any) -> tuple[float, float]:
+    """Size of a pixel, and the corner of the first one."""
+    centres = np.asarray(coordinate, np.float64)
+    if len(centres) < 2:
+        return 1.0, float(centres[0]) - 0.5 if len(centres) else 0.0
+    steps = np.diff(centres)
+    size = float((centres[-1] - centres[0]) / (len(centres) - 1))
+    if size <= 0 or not np.allclose(steps, size, rtol=1e-4, atol=0):
+        raise ValueError(
+            f"coordinates along {letter} don't rise by the same step, so there is no size of a pixel: "
+            f"drop_vars('{letter}') drops them, interp makes others"
+        )
+    return size, float(centres[0] - size / 2)
+
+
+def from_xarray(array: Any) -> _core.Image:
+    """Make an Image of an xarray.DataArray, over the same memory where it can be."""
+    if type(array).__name__ != "DataArray" or not type(array).__module__.startswith("xarray"):
+        raise TypeError(f"array is of type {type(array).__name__}: an xarray.DataArray is needed")
+    letters = "".join(str(name).upper() for name in array.dims)
+    if any(str(name) not in ("t", "c", "z", "y", "x") for name in array.dims):
+        raise ValueError(f"dims are {array.dims}: t, c, z, y and x are known; rename says which is which")
+    spatial = "zyx" if "Z" in letters else "yx"
+    known = {letter: array.coords[letter] for letter in spatial if letter in array.coords}
+    told = [_calibration_along(letter, known[letter]) if letter in known else (1.0, 0.0) for letter in spatial]
+    units = {coordinate.attrs.get("units") for coordinate in known.values()} - {None}
+    if len(units) > 1:
+        raise ValueError(f"coordinates have the units {', '.join(sorted(units))}: an image has one")
+    return _core.Image(
+        array.data,
+        letters,
+        pixel_size=[size for size, _ in told] if known else None,
+        origin=[origin for _, origin in told] if known else None,
+        unit=units.pop() if units else None,
+        element_type=array.attrs.get("element_type"),
+    )
