@@ -226,6 +226,10 @@ TEST_F(CudaImageTest, holdsAreCountedAndTablesStay)
     static_cast<void>(other->holdPlanTable());
     EXPECT_EQ(image->getNbPlanTableHolds(), 3U);
     EXPECT_EQ(plan->getNbPlanTableHolds(), 3U);
+    CudaImage::dropPlanTable(static_cast<const std::byte*>(table) + 12 * sizeof(void*));
+    CudaImage::dropPlanTable(static_cast<const std::byte*>(table) - 1);
+    CudaImage::dropPlanTable(&image);
+    EXPECT_EQ(image->getNbPlanTableHolds(), 3U) << "no table's addresses";
     CudaImage::dropPlanTable(planTable);
     EXPECT_EQ(image->getNbPlanTableHolds(), 2U);
     CudaImage::dropPlanTable(scatteredTable);
