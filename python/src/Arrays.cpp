@@ -19,6 +19,14 @@ bool isOfModule(nb::handle object, const char* prefix)
     return nb::isinstance<nb::str>(module) && nb::cast<std::string>(module).rfind(prefix, 0) == 0;
 }
 
+/// The stable ABI has no question for it before Python 3.11.
+bool lendsBuffer(nb::handle object)
+{
+    const nb::object view = nb::steal(PyMemoryView_FromObject(object.ptr()));
+    PyErr_Clear();
+    return view.is_valid();
+}
+
 } // namespace
 
 nb::object stealArray(PyObject* array)
@@ -44,7 +52,7 @@ nb::object takeArray(nb::handle object, const char* what)
     if (nb::hasattr(object, "__dlpack__")) {
         return numpy.attr("from_dlpack")(object);
     }
-    if (PyObject_CheckBuffer(object.ptr()) != 0 || nb::hasattr(object, "__array_interface__")) {
+    if (lendsBuffer(object) || nb::hasattr(object, "__array_interface__")) {
         return numpy.attr("asarray")(object);
     }
     const std::string text = std::string(what) + " is of type " + type +
