@@ -19,10 +19,13 @@ bool isOfModule(nb::handle object, const char* prefix)
     return nb::isinstance<nb::str>(module) && nb::cast<std::string>(module).rfind(prefix, 0) == 0;
 }
 
-/// The stable ABI has no question for it before Python 3.11.
+/// The stable ABI has no question for it before Python 3.11. Raises where the memory was lent once, and is gone.
 bool lendsBuffer(nb::handle object)
 {
     const nb::object view = nb::steal(PyMemoryView_FromObject(object.ptr()));
+    if (!view.is_valid() && PyErr_ExceptionMatches(PyExc_TypeError) == 0) {
+        throw nb::python_error();
+    }
     PyErr_Clear();
     return view.is_valid();
 }
@@ -44,8 +47,8 @@ nb::object takeArray(nb::handle object, const char* what)
     }
     const std::string type = nb::cast<std::string>(nb::getattr(object.type(), "__name__"));
     if (isOfModule(object, "dask.")) {
-        const std::string text = std::string(what) + " is a Dask array, whose elements are not there yet: compute() "
-                                                     "it, or hand this function to its map_blocks";
+        const std::string text = std::string(what) + " is a Dask array, whose elements are not there yet: use the "
+                                                     "function of the same name in orlix.dask, or compute() it";
         throw nb::type_error(text.c_str());
     }
     const nb::object numpy = nb::module_::import_("numpy");
