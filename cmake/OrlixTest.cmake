@@ -9,14 +9,15 @@ orlix_add_precompiled(orlix_precompiled_tests HEADERS <gtest/gtest.h> LIBS GTest
 
 set(ORLIX_TEST_SKIPPED 77) # exit status of a test program that can't run here
 
-# orlix_add_tests(<library or program> [DATA] [FRAME] [OPERATORS] [PER_SET] [LIBS <further targets>])
+# orlix_add_tests(<library or program> [DATA] [FRAME] [GPU] [OPERATORS] [PER_SET] [LIBS <further targets>])
 # DATA tells the program where its sample files are, tests/<library>/samples, as ORLIX_TEST_DATA_DIR. FRAME gives it the
-# main of tests/support, which takes the instruction set and the executor from the environment; it is for layers from
-# ORLIXBaseProcessing on. OPERATORS, which needs FRAME, gives it the checks of tests/support/PixelwiseTest.h. PER_SET,
-# which needs FRAME, runs the program once more per instruction set, with that set forced; so it does, when asked, with
-# the tests named *LongTest.DISABLED_*, which take minutes. A library whose folder holds no tests has no program.
+# main of tests/support, which takes the instruction set, the executor and the devices from the environment; it is for
+# layers from ORLIXBaseProcessing on. GPU, which needs FRAME, runs the tests named GpuOperators.* once more, on a real
+# device. OPERATORS, which needs FRAME, gives it the checks of tests/support/PixelwiseTest.h. PER_SET, which needs FRAME,
+# runs the program once more per instruction set, with that set forced; so it does, when asked, with the tests named
+# *LongTest.DISABLED_*, which take minutes. A library whose folder holds no tests has no program.
 function(orlix_add_tests library)
-    cmake_parse_arguments(ARG "DATA;FRAME;OPERATORS;PER_SET" "" "LIBS" ${ARGN})
+    cmake_parse_arguments(ARG "DATA;FRAME;GPU;OPERATORS;PER_SET" "" "LIBS" ${ARGN})
     set(program "${library}Tests")
     file(GLOB_RECURSE sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/${library}/*.cpp")
     if(NOT sources)
@@ -58,9 +59,14 @@ function(orlix_add_tests library)
     set_property(GLOBAL APPEND PROPERTY ORLIX_TEST_PROGRAMS ${program})
     add_test(NAME ${library} COMMAND ${program})
     set(tests ${library})
+    if(ARG_GPU)
+        add_test(NAME ${library}.gpu COMMAND ${program} --gtest_filter=GpuOperators.*)
+        set_tests_properties(${library}.gpu PROPERTIES ENVIRONMENT ORLIX_TEST_GPU_LAYER=cuda LABELS gpu
+            SKIP_RETURN_CODE ${ORLIX_TEST_SKIPPED} TIMEOUT 900)
+    endif()
     if(ARG_PER_SET)
         set(sets plain ${ORLIX_INSTRUCTION_SET_SUFFIXES})
-        set(left_out "*verySet*:*RegisteredProcessor*")
+        set(left_out "*verySet*:*RegisteredProcessor*:Gpu*")
         if(ORLIX_SANITIZE MATCHES "thread") # kernels share nothing between threads, whatever the set
             set(sets plain)
             # What a kernel makes of a value, and images as large as the last-level cache, which may be huge.

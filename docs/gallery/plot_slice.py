@@ -9,7 +9,8 @@ Cuts one slice out of a volume, across x, y or z.
 from pictures import Example, show
 
 example = Example("slice")
-show(example.plan("side.tif", "zy"), example.plan("back.tif", "zx"), example.plan("top.tif"), height=3.4)
+_, (before, _) = show(example.plan("head.tif", z=35), example.plan("slice.png", "zx"))
+before.axhline(64, color="tab:orange", linewidth=2)
 # sphinx_gallery_end_ignore
 
 # %%

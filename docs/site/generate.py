@@ -1,10 +1,13 @@
-"""Writes what is told elsewhere: help of `orlix`, processors, and of the gallery's pages the tabs and the rules."""
+"""Writes what is told elsewhere: help of `orlix`, processors, tables, and of the gallery's pages the tabs and the rules."""
 
 import json
 import re
 import subprocess
 import sys
 from pathlib import Path
+
+import numpy as np
+import orlix
 
 
 def printed(*arguments):
@@ -70,12 +73,61 @@ def tabs(verb):
     return text
 
 
+def conversion_table(root):
+    """The tables of values out of range, as the header has them."""
+    header = root / "include/public/ORLIXIPL/ORLIXIPLUtility/Processor/ConvertImg/ConvertImg.h"
+    comment = header.read_text().split("#pragma once")[0]
+    lines = [line.removeprefix("//") for line in comment.splitlines()]
+    first = next(number for number, line in enumerate(lines) if line.strip().startswith("out of range"))
+    last = next(number for number, line in enumerate(lines[first:], first) if not line.strip())
+    columns = [match.start() for match in re.finditer(r"(?<=  )\S", lines[first])] + [None]
+    rows = []
+    for line in lines[first:last]:
+        cells = [line[start:end].strip() for start, end in zip(columns, columns[1:])]
+        if cells[0]:
+            rows.append(cells)
+        else:  # goes on with the row before
+            rows[-1] = [f"{before} {more}".strip() for before, more in zip(rows[-1], cells)]
+    rows.insert(1, ["---"] * len(rows[0]))
+    table = "".join(f"| {' | '.join(cells)} |\n" for cells in rows)
+    return table + "\n" + "\n".join(line.removeprefix(" ") for line in lines[last:]).strip() + "\n"
+
+
+def layouts_table(root):
+    """How many arrays are copied as a whole, for each layout of the package's tests."""
+    sys.path.insert(0, str(root / "tests/python"))
+    from conftest import filled, layouts
+
+    array = filled((3, 4, 33), np.int16)
+    calls = {
+        "copy": lambda a: orlix.copy(a),
+        "threshold": lambda a: orlix.threshold(a, 0, 99),
+        "convert": lambda a: orlix.convert(a, np.float32),
+        "compare": lambda a: orlix.compare(a, a),
+        "crop": lambda a: orlix.crop(a, (1, 2), (2, 9)),
+        "get_slice": lambda a: orlix.get_slice(a, "y", 1),
+        "append": lambda a: orlix.append(a, a, axes="ZYX"),
+        "values": lambda a: orlix.values(a, [(1, 1, 1.5)]),
+    }
+    page = "| layout | " + " | ".join(f"`{name}`" for name in calls) + " |\n| --- |" + " --- |" * len(calls) + "\n"
+    for layout, view in layouts(array):
+        copies = []
+        for call in calls.values():
+            before = orlix.copies_made()
+            call(view)
+            copies.append(str(orlix.copies_made() - before))
+        page += f"| {layout} | " + " | ".join(copies) + " |\n"
+    return page
+
+
 def main():
     root, source = Path(__file__).resolve().parents[2], Path(sys.argv[1])
     (source / "command-help.md").write_text(help_page())
     (source / "processors.md").write_text(processors_page())
     parts = source / "parts"
     parts.mkdir()
+    (parts / "convert-table.txt").write_text(conversion_table(root))
+    (parts / "layouts.txt").write_text(layouts_table(root))
     for verb, text in rules(root):
         (parts / f"{verb}-rules.txt").write_text(text)
         (parts / f"{verb}-tabs.txt").write_text(tabs(verb))

@@ -1,7 +1,7 @@
 // Every kernel on every element that is worth trying, in plans that are no multiple of a block.
 #include "CheckKernels.h"
 
-#include "DeviceMemory.h"
+#include "DevicePlans.h"
 #include "KernelLaunch.h"
 #include "support/GpuOracle.h"
 

@@ -1,6 +1,6 @@
 #include "TimeKernels.h"
 
-#include "DeviceMemory.h"
+#include "DevicePlans.h"
 #include "KernelLaunch.h"
 
 #include <algorithm>

@@ -224,8 +224,8 @@ TEST_F(RunTest, JsonTellsTheImagesThatWereWritten)
 
 TEST_F(RunTest, UnknownProcessorsAreToldWithNamesThatComeNear)
 {
-    EXPECT_EQ(refusal({"CopyImg"}), "\"CopyImg\" is no processor; near it are CopyImgLvl1, CopyImgLvl2, CopyImgLvl3; "
-                                    "`orlix processors` lists all");
+    EXPECT_EQ(refusal({"CopyImg"}), "\"CopyImg\" is no processor; near it are CopyImgLvl1, CopyImgLvl2, CopyImgLvl3, "
+                                    "CopyImgGpuLvl3; `orlix processors` lists all");
     EXPECT_EQ(refusal({"orlix::CopyImgLv1"}).find("\"orlix::CopyImgLv1\" is no processor; near it are CopyImgLvl1"),
               0U);
     EXPECT_EQ(refusal({"frobnicate"}), "\"frobnicate\" is no processor; `orlix processors` lists all");

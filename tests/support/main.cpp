@@ -1,6 +1,7 @@
 // Runs a test program as the environment asks: ORLIX_TEST_INSTRUCTION_SET forces a set, ORLIX_TEST_EXECUTOR chooses who
-// runs elements.
+// runs elements, ORLIX_TEST_GPU_LAYER what devices are.
 #include "ORLIX/ORLIXBaseProcessing/AlgorithmFunctionSelector.h"
+#include "support/GpuTestLayer.h"
 #include "support/TestSettings.h"
 
 #include <gtest/gtest.h>
@@ -31,6 +32,10 @@ int main(int argc, char** argv)
     testing::InitGoogleTest(&argc, argv);
     try {
         if (!forceInstructionSet()) {
+            return ORLIX_TEST_SKIPPED;
+        }
+        if (const std::string missing = orlix::testing::getMissingDevice(); !missing.empty()) {
+            std::cout << "Skipped: no CUDA device: " << missing << "\n";
             return ORLIX_TEST_SKIPPED;
         }
         orlix::core::setExecutor(orlix::testing::makeConfiguredExecutor());

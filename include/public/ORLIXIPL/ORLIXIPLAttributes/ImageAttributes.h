@@ -64,6 +64,13 @@ public:
     static constexpr const char* g_toolTip = "Input volume of one channel and time step";
 };
 
+class ORLIXIPLATTRIBUTES_API InSubGpuImg final : public processor::NamedAttribute<InSubGpuImg, BaseInputImageAttribute>
+{
+public:
+    static constexpr const char* g_name = "InSubGpuImg";
+    static constexpr const char* g_toolTip = "Input image on a CUDA device";
+};
+
 class ORLIXIPLATTRIBUTES_API InROIImg final : public processor::NamedAttribute<InROIImg, BaseInputImageAttribute>
 {
 public:

@@ -77,7 +77,12 @@ const std::vector<MessageText>& MessageCatalogue<imaproc::eImageSplitMessage>::t
         {Message::eStripTypesDiffer, "The strip of %s is %s, that of %s is %s: element types have to be the same"},
         {Message::eNotOnHost,
          "The image of %s, which is %s, is on a GPU, but has to be in the memory of the host: bring it there with "
-         "toHost first. Operators that work on a GPU want all of their images there, and GPU support switched on"}};
+         "toHost first. Operators that work on a GPU want all of their images there, and GPU support switched on"},
+        {Message::eNotCutOnDevice, "An image on a GPU is not cut, but one element: ask for the image as it is"},
+        {Message::eNotOnDevice,
+         "%s, which is %s, is in the memory of the host, but has to be on a GPU: bring it there with toDevice first"},
+        {Message::eDevicesDiffer,
+         "%s is on GPU %d, %s on GPU %d: bring all images to one of them with toDevice first"}};
     return g_texts;
 }
 

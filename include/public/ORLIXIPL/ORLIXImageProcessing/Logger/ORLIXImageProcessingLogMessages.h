@@ -57,7 +57,10 @@ struct eImageSplitMessage
         eWrongCollection = 12,  ///< attribute, class
         eBoxOutside = 13,       ///< attribute, sizes, sizes, offsets
         eStripTypesDiffer = 14, ///< attribute, type, attribute, type
-        eNotOnHost = 15         ///< attribute, geometry
+        eNotOnHost = 15,        ///< attribute, geometry
+        eNotCutOnDevice = 16,
+        eNotOnDevice = 17,  ///< attribute, geometry
+        eDevicesDiffer = 18 ///< attribute, device, attribute, device
     };
     ORLIX_ENUMERATION(eImageSplitMessage, eNullImage);
 };

@@ -1,6 +1,7 @@
 // What a level sets the splits of its images up with, one source for each way to cut.
 #pragma once
 
+#include "ORLIXIPL/ORLIXImageProcessing/Split/CudaSubImageSplit.h"
 #include "ORLIXIPL/ORLIXImageProcessing/Split/ImageYStrip2dSplit.h"
 #include "ORLIXIPL/ORLIXImageProcessing/Split/ImageYStrip2dWithKernelSplit.h"
 #include "ORLIXIPL/ORLIXImageProcessing/Split/ImageYSubStrip2dSplit.h"
@@ -48,6 +49,25 @@ template <class TImagePtr>
 SubImageSource<TImagePtr> volumeByVolume(const TImagePtr& image, bool bLocalized = true)
 {
     return {image, eSubImageSplitType::eSubImageVolume3d, eVolumeParsingType::eWholeVolume, bLocalized};
+}
+
+/// What a split that hands an image on a device over is set up with.
+template <class TImagePtr>
+struct DeviceImageSource
+{
+    const TImagePtr& image;
+
+    template <class TSplit>
+    ProcessingResult<bool> init(TSplit& split) const
+    {
+        return split.initBase(eSubImageSplitType::eSubImageOnDevice, image);
+    }
+};
+/// The image on its device as it is, one element.
+template <class TImagePtr>
+DeviceImageSource<TImagePtr> wholeOnDevice(const TImagePtr& image)
+{
+    return {image};
 }
 
 /// What a split into strips is set up with.

@@ -8,7 +8,11 @@ namespace orlix::imaproc {
 /// What one element is.
 struct eSubImageSplitType
 {
-    enum domain { eSubImagePlan2d = 0, eSubImageVolume3d = 1 };
+    enum domain {
+        eSubImagePlan2d = 0,
+        eSubImageVolume3d = 1,
+        eSubImageOnDevice = 7 ///< the image as it is, on a device
+    };
     ORLIX_ENUMERATION(eSubImageSplitType, eSubImagePlan2d);
 };
 struct eVolumeParsingType

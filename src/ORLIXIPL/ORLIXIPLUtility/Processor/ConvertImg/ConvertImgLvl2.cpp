@@ -13,4 +13,10 @@ const processor::ProcessorRegistration<ConvertImgLvl2, eProcessorMessage> g_regi
 ConvertImgLvl2::ConvertImgLvl2() = default;
 ConvertImgLvl2::~ConvertImgLvl2() = default;
 
+processor::ProviderResult ConvertImgLvl2::tryToLaunchGpuProcess(const core::BasePriority& priority,
+                                                                boost::shared_ptr<core::BaseActionProvider>& provider)
+{
+    return m_gpuProcess.tryToLaunch(*this, accessOwnAttributes(), priority, provider);
+}
+
 } // namespace orlix::imaproc::util

@@ -13,4 +13,10 @@ const processor::ProcessorRegistration<CopyImgLvl2, eProcessorMessage> g_registr
 CopyImgLvl2::CopyImgLvl2() = default;
 CopyImgLvl2::~CopyImgLvl2() = default;
 
+processor::ProviderResult CopyImgLvl2::tryToLaunchGpuProcess(const core::BasePriority& priority,
+                                                             boost::shared_ptr<core::BaseActionProvider>& provider)
+{
+    return m_gpuProcess.tryToLaunch(*this, accessOwnAttributes(), priority, provider);
+}
+
 } // namespace orlix::imaproc::util

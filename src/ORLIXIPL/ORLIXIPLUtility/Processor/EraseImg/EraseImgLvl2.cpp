@@ -13,4 +13,10 @@ const processor::ProcessorRegistration<EraseImgLvl2, eProcessorMessage> g_regist
 EraseImgLvl2::EraseImgLvl2() = default;
 EraseImgLvl2::~EraseImgLvl2() = default;
 
+processor::ProviderResult EraseImgLvl2::tryToLaunchGpuProcess(const core::BasePriority& priority,
+                                                              boost::shared_ptr<core::BaseActionProvider>& provider)
+{
+    return m_gpuProcess.tryToLaunch(*this, accessOwnAttributes(), priority, provider);
+}
+
 } // namespace orlix::imaproc::util

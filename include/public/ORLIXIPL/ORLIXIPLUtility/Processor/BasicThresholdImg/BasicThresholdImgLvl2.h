@@ -2,8 +2,10 @@
 #pragma once
 
 #include "ORLIXIPL/ORLIXIPLAttributes/ImageAttributes.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Processor/BasicThresholdImg/BasicThresholdImgGpuLvl3.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/BasicThresholdImg/BasicThresholdImgLvl3.h"
 #include "ORLIXIPL/ORLIXImageProcessing/Level/DispatchLevel.h"
+#include "ORLIXIPL/ORLIXImageProcessing/Level/GpuProcess.h"
 
 namespace orlix::imaproc::util {
 
@@ -21,6 +23,15 @@ public:
 
     BasicThresholdImgLvl2();
     ~BasicThresholdImgLvl2() override;
+
+    /// Has the device do the work where all images lie on one: see GpuProcess.
+    processor::ProviderResult tryToLaunchGpuProcess(const core::BasePriority& priority,
+                                                    boost::shared_ptr<core::BaseActionProvider>& provider);
+
+private:
+    GpuProcess<BasicThresholdImgGpuLvl3, OnDevice<attr::InSubImg2d, attr::InSubGpuImg>,
+               SameForPlans<attr::InThresholdMin>, SameForPlans<attr::InThresholdMax>, OnDevice<attr::OutBinImg>>
+        m_gpuProcess;
 };
 
 } // namespace orlix::imaproc::util

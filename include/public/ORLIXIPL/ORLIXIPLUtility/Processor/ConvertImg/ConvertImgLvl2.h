@@ -2,8 +2,10 @@
 #pragma once
 
 #include "ORLIXIPL/ORLIXIPLAttributes/ImageAttributes.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Processor/ConvertImg/ConvertImgGpuLvl3.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/ConvertImg/ConvertImgLvl3.h"
 #include "ORLIXIPL/ORLIXImageProcessing/Level/DispatchLevel.h"
+#include "ORLIXIPL/ORLIXImageProcessing/Level/GpuProcess.h"
 
 namespace orlix::imaproc::util {
 
@@ -20,6 +22,13 @@ public:
 
     ConvertImgLvl2();
     ~ConvertImgLvl2() override;
+
+    /// Has the device do the work where all images lie on one: see GpuProcess.
+    processor::ProviderResult tryToLaunchGpuProcess(const core::BasePriority& priority,
+                                                    boost::shared_ptr<core::BaseActionProvider>& provider);
+
+private:
+    GpuProcess<ConvertImgGpuLvl3, OnDevice<attr::InSubImg2d, attr::InSubGpuImg>, OnDevice<attr::OutImg>> m_gpuProcess;
 };
 
 } // namespace orlix::imaproc::util

@@ -2,8 +2,10 @@
 #pragma once
 
 #include "ORLIXIPL/ORLIXIPLAttributes/ImageAttributes.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Processor/CopyImg/CopyImgGpuLvl3.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/CopyImg/CopyImgLvl3.h"
 #include "ORLIXIPL/ORLIXImageProcessing/Level/DispatchLevel.h"
+#include "ORLIXIPL/ORLIXImageProcessing/Level/GpuProcess.h"
 
 namespace orlix::imaproc::util {
 
@@ -20,6 +22,13 @@ public:
 
     CopyImgLvl2();
     ~CopyImgLvl2() override;
+
+    /// Has the device do the work where all images lie on one: see GpuProcess.
+    processor::ProviderResult tryToLaunchGpuProcess(const core::BasePriority& priority,
+                                                    boost::shared_ptr<core::BaseActionProvider>& provider);
+
+private:
+    GpuProcess<CopyImgGpuLvl3, OnDevice<attr::InSubImg2d, attr::InSubGpuImg>, OnDevice<attr::OutImg>> m_gpuProcess;
 };
 
 } // namespace orlix::imaproc::util

@@ -2,8 +2,10 @@
 #pragma once
 
 #include "ORLIXIPL/ORLIXIPLAttributes/ImageAttributes.h"
+#include "ORLIXIPL/ORLIXIPLUtility/Processor/EraseImg/EraseImgGpuLvl3.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/EraseImg/EraseImgLvl3.h"
 #include "ORLIXIPL/ORLIXImageProcessing/Level/DispatchLevel.h"
+#include "ORLIXIPL/ORLIXImageProcessing/Level/GpuProcess.h"
 
 namespace orlix::imaproc::util {
 
@@ -19,6 +21,14 @@ public:
 
     EraseImgLvl2();
     ~EraseImgLvl2() override;
+
+    /// Has the device do the work where all images lie on one: see GpuProcess.
+    processor::ProviderResult tryToLaunchGpuProcess(const core::BasePriority& priority,
+                                                    boost::shared_ptr<core::BaseActionProvider>& provider);
+
+private:
+    GpuProcess<EraseImgGpuLvl3, SameForPlans<attr::InOptEraseValue>, OnDevice<attr::OutSubImg2d, attr::OutImg>>
+        m_gpuProcess;
 };
 
 } // namespace orlix::imaproc::util
