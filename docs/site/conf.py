@@ -23,7 +23,8 @@ extensions = [
     "sphinx_design",
     "sphinx_gallery.gen_gallery",
 ]
-exclude_patterns = ["examples", "parts"]
+exclude_patterns = ["examples", "parts", "templates"]
+templates_path = ["templates"]
 suppress_warnings = ["sphinx_gallery.duplicate_filename"]  # examples in folders of their own have one name
 
 html_theme = "pydata_sphinx_theme"
@@ -82,5 +83,12 @@ def mend_source(app, docname, source):
         source[0] = source[0].replace("](../README.md)", "](index.md)").replace("](docs/", "](")
 
 
+def drop_numbers(app, what, name, obj, options, lines):
+    """Leave fields of a tuple that nobody described without a text, in the place of "Alias for field number 3"."""
+    if lines and lines[0].startswith("Alias for field number"):
+        lines.clear()
+
+
 def setup(app):
+    app.connect("autodoc-process-docstring", drop_numbers)
     app.connect("source-read", mend_source)

@@ -86,5 +86,35 @@ TEST_P(DeviceImages, areAllThatIsWrong)
 
 INSTANTIATE_TEST_SUITE_P(EveryFunction, DeviceImages, ::testing::ValuesIn(test::makeImageCalls()));
 
+std::vector<test::ImageCall> makeCallsForDevices()
+{
+    std::vector<test::ImageCall> calls = test::makeImageCalls();
+    std::erase_if(calls, [](const test::ImageCall& call) { return !call.bWorksOnDevice; });
+    return calls;
+}
+
+class ImagesOfOneDevice : public DeviceImages
+{};
+
+/// What stands on the device afterwards is what the same call leaves on the host.
+TEST_P(ImagesOfOneDevice, areWorkedOnThere)
+{
+    ASSERT_TRUE(core::setGpuSupportActivated(true));
+    test::Images onHost, onDevice;
+    for (const BaseImageGeometry& geometry : GetParam().geometries) {
+        onHost.push_back(makeRandom(geometry, onHost.size() + 1));
+        onDevice.push_back(image::toDevice(*onHost.back()));
+    }
+    ASSERT_NO_THROW(GetParam().run(onHost));
+    EXPECT_EQ(m_layer.countCalls(orlix::testing::eGpuCall::launch), 0U);
+    ASSERT_NO_THROW(GetParam().run(onDevice));
+    EXPECT_GT(m_layer.countCalls(orlix::testing::eGpuCall::launch), 0U);
+    for (std::size_t i = 0; i < onHost.size(); ++i) {
+        EXPECT_EQ(bytesOf(*image::toHost(*onDevice[i])), bytesOf(*onHost[i])) << "image " << i;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(EveryFunctionThatCan, ImagesOfOneDevice, ::testing::ValuesIn(makeCallsForDevices()));
+
 } // namespace
 } // namespace orlix::imaproc::util

@@ -1,7 +1,9 @@
 // Writes that fail leave the target as it was and nothing beside it.
+#include "ORLIXIPL/ORLIXImage/CudaImage.h"
 #include "ORLIXImageIO/FilledImages.h"
 #include "ORLIXImageIO/TestFiles.h"
 #include "ORLIXImageIO/TestFolder.h"
+#include "support/SoftwareGpuLayer.h"
 
 #include <boost/make_shared.hpp>
 
@@ -74,6 +76,22 @@ TEST(WriteFailureTest, MisuseIsTold)
         EXPECT_TRUE(contains(failure("a.tif", someSlice(), options), "but is " + std::to_string(size)));
     }
     EXPECT_TRUE(folder.getNames().empty());
+}
+
+TEST(WriteFailureTest, ImagesOnADevice)
+{
+    const TestFolder folder;
+    orlix::testing::SoftwareGpuLayer layer;
+    const hard::GpuLayerScope scope(layer);
+    const ImagePtr image = toDevice(*someSlice());
+    for (const char* const name : {"a.tif", "a.png"}) {
+        putContent(folder / name, g_old);
+        EXPECT_EQ(failureOf([&] { writeImage(folder / name, image); }),
+                  (folder / name).string() + ": the image (700x500x1x1x1 UInt8) is on a GPU, but has to be in the "
+                                             "memory of the host: bring it there with toHost first");
+        EXPECT_EQ(contentOf(folder / name), g_old);
+        writeImage(folder / name, toHost(*image));
+    }
 }
 
 TEST(WriteFailureTest, EndingsCountInAnyCase)

@@ -136,7 +136,8 @@ ImagePtr createCudaImage(const BaseImageGeometry& geometry, int device)
 
 ImagePtr createImageBeside(const BaseImage& image, const BaseImageGeometry& geometry)
 {
-    const auto* const onDevice = image.isGpuImage() ? dynamic_cast<const CudaImage*>(&image) : nullptr;
+    const bool bOnHost = image.getPixelLayout().first != nullptr;
+    const auto* const onDevice = bOnHost ? nullptr : dynamic_cast<const CudaImage*>(&image);
     return onDevice ? createCudaImage(geometry, onDevice->getDeviceIndex()) : createImage(geometry);
 }
 

@@ -37,8 +37,10 @@ public:
         if (found == m_tables.begin()) {
             return;
         }
-        const auto& [first, known] = *--found;
-        if (place<first + known.bytes&& * known.holds> 0) {
+        --found;
+        const Table& known = found->second;
+        const bool bWithin = static_cast<unsigned long>(place - found->first) < known.bytes;
+        if (bWithin && *known.holds > 0) {
             --*known.holds;
         }
     }

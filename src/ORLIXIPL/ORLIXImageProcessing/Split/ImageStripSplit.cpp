@@ -16,14 +16,16 @@ ProcessingResult<bool> failure(eImageSplitMessage::domain id, const TArgs&... ar
     return ProcessingResult<bool>::failure(formatMessage<eImageSplitMessage>(id, args...));
 }
 
-ProcessingResult<bool> checkHost(const image::BaseImage& image, const std::string& attribute)
+/// A failure that names what has no pixels on the host; `split` knows the attribute.
+ProcessingResult<bool> checkHost(const image::BaseImage& image, const processor::BaseDataSplit& split)
 {
-    return image.getPixelLayout().first != nullptr
-               ? true
-               : failure(eImageSplitMessage::eNotOnHost, attribute, image.getGeometry().toString());
+    if (image.getPixelLayout().first != nullptr) {
+        return true;
+    }
+    return failure(eImageSplitMessage::eNotOnHost, split.getAttributeName(), image.getGeometry().toString());
 }
 
-ProcessingResult<bool> checkPlan(const image::BaseImage* image, const std::string& attribute)
+ProcessingResult<bool> checkPlan(const image::BaseImage* image, const processor::BaseDataSplit& split)
 {
     if (image == nullptr) {
         return failure(eImageSplitMessage::eNullImage);
@@ -31,10 +33,10 @@ ProcessingResult<bool> checkPlan(const image::BaseImage* image, const std::strin
     if (image->getSizeZ() != 1 || image->getSizeC() != 1 || image->getSizeT() != 1) {
         return failure(eImageSplitMessage::eSeveralPlans, image->getGeometry().toString());
     }
-    return checkHost(*image, attribute);
+    return checkHost(*image, split);
 }
 
-ProcessingResult<bool> checkVolume(const image::BaseImage* image, const std::string& attribute)
+ProcessingResult<bool> checkVolume(const image::BaseImage* image, const processor::BaseDataSplit& split)
 {
     if (image == nullptr) {
         return failure(eImageSplitMessage::eNullImage);
@@ -42,7 +44,7 @@ ProcessingResult<bool> checkVolume(const image::BaseImage* image, const std::str
     if (image->getSizeC() != 1 || image->getSizeT() != 1) {
         return failure(eImageSplitMessage::eSeveralVolumes, image->getGeometry().toString());
     }
-    return checkHost(*image, attribute);
+    return checkHost(*image, split);
 }
 
 bool isWithin(unsigned long start, unsigned long size, unsigned long whole)
@@ -76,7 +78,7 @@ ProcessingResult<bool> BaseImageStripSplit<TImage>::initSubPlan(const boost::sha
                                                                 unsigned long start, unsigned long size,
                                                                 unsigned long lineBytes)
 {
-    if (ProcessingResult<bool> result = checkPlan(image.get(), this->getAttributeName()); !result) {
+    if (ProcessingResult<bool> result = checkPlan(image.get(), *this); !result) {
         return result;
     }
     if (!isWithin(start, size, image->getSizeY())) {
@@ -99,7 +101,7 @@ ProcessingResult<bool> BaseImageStripSplit<TImage>::initSubVolume(const boost::s
                                                                   unsigned long start, unsigned long size,
                                                                   unsigned long planBytes)
 {
-    if (ProcessingResult<bool> result = checkVolume(image.get(), this->getAttributeName()); !result) {
+    if (ProcessingResult<bool> result = checkVolume(image.get(), *this); !result) {
         return result;
     }
     if (!isWithin(start, size, image->getSizeZ())) {
