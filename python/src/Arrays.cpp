@@ -19,6 +19,17 @@ bool isOfModule(nb::handle object, const char* prefix)
     return nb::isinstance<nb::str>(module) && nb::cast<std::string>(module).rfind(prefix, 0) == 0;
 }
 
+/// The stable ABI has no question for it before Python 3.11. Raises where the memory was lent once, and is gone.
+bool lendsBuffer(nb::handle object)
+{
+    const nb::object view = nb::steal(PyMemoryView_FromObject(object.ptr()));
+    if (!view.is_valid() && PyErr_ExceptionMatches(PyExc_TypeError) == 0) {
+        throw nb::python_error();
+    }
+    PyErr_Clear();
+    return view.is_valid();
+}
+
 } // namespace
 
 nb::object stealArray(PyObject* array)
@@ -36,15 +47,15 @@ nb::object takeArray(nb::handle object, const char* what)
     }
     const std::string type = nb::cast<std::string>(nb::getattr(object.type(), "__name__"));
     if (isOfModule(object, "dask.")) {
-        const std::string text = std::string(what) + " is a Dask array, whose elements are not there yet: compute() "
-                                                     "it, or hand this function to its map_blocks";
+        const std::string text = std::string(what) + " is a Dask array, whose elements are not there yet: use the "
+                                                     "function of the same name in orlix.dask, or compute() it";
         throw nb::type_error(text.c_str());
     }
     const nb::object numpy = nb::module_::import_("numpy");
     if (nb::hasattr(object, "__dlpack__")) {
         return numpy.attr("from_dlpack")(object);
     }
-    if (PyObject_CheckBuffer(object.ptr()) != 0 || nb::hasattr(object, "__array_interface__")) {
+    if (lendsBuffer(object) || nb::hasattr(object, "__array_interface__")) {
         return numpy.attr("asarray")(object);
     }
     const std::string text = std::string(what) + " is of type " + type +

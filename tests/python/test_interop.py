@@ -148,7 +148,7 @@ def test_what_is_shown_for_a_report(capsys, monkeypatch):
     monkeypatch.setenv("ORLIX_NUM_THREADS", "3")
     orlix.show_config()
     text = capsys.readouterr().out
-    for part in (orlix.__version__, np.__version__, orlix.instruction_set(), "ORLIX_NUM_THREADS=3", "54 known"):
+    for part in (orlix.__version__, np.__version__, orlix.instruction_set(), "ORLIX_NUM_THREADS=3", f"{len(orlix.processors())} known"):
         assert part in text
 
 

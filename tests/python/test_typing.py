@@ -1,7 +1,10 @@
 """What type checkers see: a program's use of the package, and the stub of the module beside the module."""
 
+import ast
 import inspect
+import json
 import pathlib
+import re
 import subprocess
 import sys
 import sysconfig
@@ -26,6 +29,40 @@ def test_uses_check_out():
         text=True,
     )
     assert done.returncode == 0, done.stdout + done.stderr
+
+
+def folder_of_package():
+    return str(pathlib.Path(orlix.__file__).parents[1])
+
+
+def test_uses_check_out_for_pyright_too(tmp_path):
+    pytest.importorskip("pyright")
+    settings = {
+        "include": [str(HERE / "typing")],
+        "extraPaths": [folder_of_package()],
+        "pythonVersion": "3.10",
+        "reportUnnecessaryTypeIgnoreComment": True,
+    }
+    (tmp_path / "pyrightconfig.json").write_text(json.dumps(settings))
+    done = subprocess.run(
+        [sys.executable, "-m", "pyright", "-p", str(tmp_path), "--pythonpath", sys.executable],
+        capture_output=True,
+        text=True,
+    )
+    assert done.returncode == 0, done.stdout + done.stderr
+
+
+def test_the_stub_has_the_module_s_parameters():
+    stub = ast.parse((pathlib.Path(orlix.__file__).parent / "_core.pyi").read_text())
+    functions = [node for node in stub.body if isinstance(node, ast.FunctionDef)]
+    assert len(functions) > 25
+    for function in functions:
+        ((signature, *_),) = getattr(_core, function.name).__nb_signature__
+        told = ast.parse(f"{re.sub(r'[^(]*[(]', 'def f(', signature, count=1)}: ...".replace("\\", "_")).body[0]
+        names = [argument.arg for argument in told.args.posonlyargs + told.args.args]
+        if not any(re.fullmatch(r"arg\d*", name) for name in names):
+            assert [argument.arg for argument in function.args.args] == names, function.name
+        assert len(function.args.args) == len(names), function.name
 
 
 def test_the_stub_names_what_the_module_has():

@@ -59,7 +59,7 @@ def _compare_blocks(
 
 def _join(parts: Sequence[Comparison]) -> Comparison:
     firsts = [part for part in parts if part.first is not None]
-    first = min(firsts, key=lambda part: part.first) if firsts else parts[0]
+    first = min(firsts, key=lambda part: part.first or ()) if firsts else parts[0]
     different = sum(part.different for part in parts)
     return Comparison(different == 0, different, sum(part.compared for part in parts), first.first, first.values)
 

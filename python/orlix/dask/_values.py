@@ -16,7 +16,7 @@ _HALO = {"nearest": (0, 1), "linear": (0, 1), "cubic": (1, 2)}
 
 
 def _values_of_chunk(
-    block: np.ndarray, points: np.ndarray, origin: np.ndarray, interpolation: str, axes: str
+    block: np.ndarray, points: np.ndarray, origin: np.ndarray, interpolation: Literal["nearest", "linear", "cubic"], axes: str
 ) -> np.ndarray:
     return _values.values(block, points - origin, interpolation=interpolation, axes=axes)
 

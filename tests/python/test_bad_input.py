@@ -1,0 +1,132 @@
+"""What a call gets that can't be: the exception that a Python programmer expects, the reason, and nothing written."""
+
+import concurrent.futures
+import mmap
+import pickle
+
+import numpy as np
+import pytest
+
+import orlix
+
+
+@pytest.fixture
+def out():
+    return np.full((4, 6), 7, np.uint8)
+
+
+def refused(kind, reason, function, *args, out, **kwargs):
+    """The call raises, and `out` is as it was."""
+    before = out.copy()
+    with pytest.raises(kind, match=reason):
+        function(*args, out=out, **kwargs)
+    assert np.array_equal(out, before)
+
+
+@pytest.mark.parametrize("dtype", [np.int64, np.uint64, np.float16, np.float64, np.complex64, object, "U3", "M8[s]"])
+def test_other_types_are_told_the_eight_and_astype(dtype, out):
+    eight = "bool, int8, uint8, int16, uint16, int32, uint32 and float32.*astype"
+    refused(TypeError, eight, orlix.copy, np.zeros((4, 6), dtype), out=out)
+    with pytest.raises(TypeError, match=eight):
+        orlix.crop(np.zeros((4, 6), dtype), (0, 0), (1, 1))
+    with pytest.raises(TypeError, match=eight):
+        orlix.random((4, 6), dtype)
+
+
+def test_outputs_of_other_shapes_and_types(out):
+    refused(ValueError, r"shape \(4, 6\)", orlix.copy, np.zeros((4, 5), np.uint8), out=out)
+    refused(ValueError, r"shape \(4, 6\)", orlix.crop, np.zeros((9, 9), np.uint8), (0, 0), (3, 3), out=out)
+    refused(TypeError, "uint8.*uint16", orlix.copy, np.zeros((4, 6), np.uint16), out=out)
+    refused(ValueError, "another shape", orlix.random, (4, 5), out=out)
+
+
+def test_read_only_outputs():
+    still = np.zeros((4, 6), np.uint8)
+    still.flags.writeable = False
+    for call in (
+        lambda: orlix.copy(np.ones((4, 6), np.uint8), out=still),
+        lambda: orlix.erase(still, 1),
+        lambda: orlix.random((4, 6), out=still),
+        lambda: orlix.paste(still, np.ones((1, 1), np.uint8), (0, 0), out=still),
+    ):
+        with pytest.raises(ValueError, match="read only"):
+            call()
+    assert not still.any()
+
+
+def test_outputs_that_overlap_an_input():
+    room = np.arange(48, dtype=np.uint8)
+    before = room.copy()
+    one, other = room[:24].reshape(4, 6), room[5:29].reshape(4, 6)
+    for call in (
+        lambda: orlix.copy(one, out=other),
+        lambda: orlix.convert(other, np.uint8, out=one),
+        lambda: orlix.crop(one, (0, 0), (2, 3), out=other[:2, :3]),
+        lambda: orlix.copy(one[::-1], out=one),
+    ):
+        with pytest.raises(ValueError, match="overlaps"):
+            call()
+    assert np.array_equal(room, before)
+
+
+def test_foreign_byte_order():
+    native = np.arange(24, dtype=np.uint16).reshape(4, 6)
+    foreign = native.astype(native.dtype.newbyteorder())
+    assert np.array_equal(orlix.convert(foreign, np.float32), native)
+    with pytest.raises(ValueError, match="foreign byte order"):
+        orlix.copy(native + 1, out=foreign)
+    assert np.array_equal(foreign, native)
+
+
+def test_dask_arrays():
+    da = pytest.importorskip("dask.array")
+    lazy = da.zeros((4, 6), dtype=np.uint8)
+    for call in (
+        lambda: orlix.threshold(lazy, 0, 1),
+        lambda: orlix.crop(lazy, (0, 0), (1, 1)),
+        lambda: orlix.compare(np.zeros((4, 6), np.uint8), lazy),
+        lambda: orlix.copy(np.zeros((4, 6), np.uint8), out=lazy),
+    ):
+        with pytest.raises(TypeError, match=r"orlix\.dask"):
+            call()
+
+
+def test_workers_on_another_instruction_set():
+    pytest.importorskip("dask.array")
+    from orlix.dask._blocks import bound
+
+    if len(orlix.instruction_sets()) < 2:
+        pytest.skip("this processor has one instruction set")
+    task = pickle.loads(pickle.dumps(bound(orlix.copy)))
+    array = np.zeros((4, 6), np.uint8)
+    assert np.array_equal(task(array), array)
+    orlix.set_instruction_set("plain")
+    try:
+        with pytest.raises(RuntimeError, match="this worker runs kernels for plain.*ORLIX_INSTRUCTION_SET"):
+            task(array)
+    finally:
+        orlix.set_instruction_set(None)
+
+
+def test_memory_that_is_gone(tmp_path):
+    view = memoryview(bytearray(24))
+    view.release()
+    with pytest.raises(ValueError, match="released"):
+        orlix.copy(view)
+    mapping = mmap.mmap(-1, 4096)
+    mapping.close()
+    with pytest.raises(ValueError, match="closed"):
+        orlix.copy(mapping)
+    path = tmp_path / "image.png"
+    orlix.write(path, np.zeros((4, 6), np.uint8))
+    with open(path, "rb") as file, pytest.raises(TypeError, match="path|PathLike"):
+        orlix.read(file)
+
+
+def test_calls_that_are_cancelled():
+    out = np.zeros((64, 2048, 2048), np.uint8)
+    future = orlix.submit(orlix.normal, out.shape, np.uint8, mean=100, rng=1, out=out)
+    assert future.cancel()
+    with pytest.raises(concurrent.futures.CancelledError):
+        future.result()
+    assert any(not plan.any() for plan in out), "the run went on to its end"
