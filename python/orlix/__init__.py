@@ -30,6 +30,7 @@ from ._regions import crop, paste
 from ._slices import append, get_slice, put_slice
 from ._threadpools import register as _register_threads
 from ._values import values
+from ._xarray import register as _register_xarray
 
 __version__ = version()
 
@@ -76,6 +77,7 @@ __all__ = [
 ]
 
 _register_threads()
+_register_xarray()
 if "ORLIX_NUM_THREADS" in _os.environ:
     set_threads(int(_os.environ["ORLIX_NUM_THREADS"]))
 if "ORLIX_INSTRUCTION_SET" in _os.environ:

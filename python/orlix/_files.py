@@ -21,16 +21,16 @@ class FileInfo(NamedTuple):
     format: str  #: "TIFF" or "PNG"
     axes: str  #: letters of TCZYX
     shape: tuple[int, ...]  #: along the axes
-    dtype: np.dtype[Any]
+    dtype: np.dtype[Any]  #: what `read` gives
     element_type: str  #: also where NumPy has no type for it
     pixel_size: tuple[float, ...] | None  #: along (y, x) or (z, y, x)
     unit: str | None  #: of the pixel size
-    compression: str
+    compression: str  #: in libtiff's words; "Deflate" for PNG
     metadata: str  #: "OME-XML" or "ImageJ" where such a description settled the axes, else ""
-    pages: int
-    bits_per_sample: int
-    tiled: bool
-    file_bytes: int
+    pages: int  #: of the file; 1 for PNG
+    bits_per_sample: int  #: in the file: 1 for masks
+    tiled: bool  #: tiles, not strips of lines
+    file_bytes: int  #: size of the file
 
 
 def _explain(error: _core.OrlixFileError, path: str) -> OSError:

@@ -10,7 +10,14 @@ from . import _core
 
 
 def to_xarray(image: _core.Image) -> Any:
-    """Return the image as an xarray.DataArray that shares its memory."""
+    """Return the image as an xarray.DataArray that shares its memory.
+
+    Returns
+    -------
+    xarray.DataArray
+        Its dims are the letters of the axes in lower case; coordinates along z, y and x are the centres of the pixels,
+        where the image has a calibration.
+    """
     import xarray  # wanted by few, and large
 
     coords = {}
@@ -39,7 +46,23 @@ def _calibration_along(letter: str, coordinate: Any) -> tuple[float, float]:
 
 
 def from_xarray(array: Any) -> _core.Image:
-    """Make an Image of an xarray.DataArray, over the same memory where it can be."""
+    """Make an image of an xarray.DataArray, over the same memory where it can be.
+
+    Parameters
+    ----------
+    array : xarray.DataArray
+        Its dims are named t, c, z, y, x, or some of them. Coordinates along z, y and x that rise by the same step are
+        the centres of pixels, and give their size; their attribute "units" is the unit.
+
+    Returns
+    -------
+    Image
+
+    Raises
+    ------
+    ValueError
+        Dims of other names, coordinates of uneven steps, several units.
+    """
     if type(array).__name__ != "DataArray" or not type(array).__module__.startswith("xarray"):
         raise TypeError(f"array is of type {type(array).__name__}: an xarray.DataArray is needed")
     letters = "".join(str(name).upper() for name in array.dims)
@@ -59,3 +82,9 @@ def from_xarray(array: Any) -> _core.Image:
         unit=units.pop() if units else None,
         element_type=array.attrs.get("element_type"),
     )
+
+
+def register() -> None:
+    """Give `Image` these functions; not the module, so that help and pages show their parameters and code."""
+    setattr(_core.Image, "from_xarray", staticmethod(from_xarray))
+    setattr(_core.Image, "to_xarray", to_xarray)

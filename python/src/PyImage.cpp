@@ -252,34 +252,6 @@ element_type : str or dtype, optional
         .def("__dlpack_device__", [](const PyImage&) { return nb::make_tuple(1, 0); })
         .def_prop_ro("__array_interface__",
                      [](const PyImage& self) { return arrayOf(self.image, self.axes).attr("__array_interface__"); })
-        .def_static(
-            "from_xarray",
-            [](nb::handle array) { return nb::module_::import_("orlix._xarray").attr("from_xarray")(array); },
-            nb::arg("array"), R"(Make an image of an xarray.DataArray, over the same memory where it can be.
-
-Parameters
-----------
-array : xarray.DataArray
-    Its dims are named t, c, z, y, x, or some of them. Coordinates along z, y and x that rise by the same step are
-    the centres of pixels, and give their size; their attribute "units" is the unit.
-
-Returns
--------
-Image
-
-Raises
-------
-ValueError
-    Dims of other names, coordinates of uneven steps, several units.
-)")
-        .def(
-            "to_xarray",
-            [](nb::handle_t<PyImage> self) { return nb::module_::import_("orlix._xarray").attr("to_xarray")(self); },
-            R"(Return the image as an xarray.DataArray that shares its memory.
-
-Dims are the letters of the axes in lower case; coordinates along z, y and x are the centres of the pixels, where the
-image has a calibration.
-)")
         .def("__reduce__",
              [](nb::handle_t<PyImage> self) {
                  const PyImage& image = *nb::inst_ptr<PyImage>(self);
