@@ -1,6 +1,7 @@
 #include "ORLIXIPLUtility/ImageCalls.h"
 
 #include "ORLIX/ORLIXBaseProcessing/OperatorCall.h"
+#include "support/SoleOwner.h"
 
 #include <stdexcept>
 
@@ -15,11 +16,13 @@ using image::geometry3d;
 using image::geometry5d;
 using Calls = std::vector<ImageCall>;
 
-/// Throws what a run says that was left to itself.
+/// Throws what a run says that was left to itself; nobody holds its images any more then.
 template <class TProcessor>
 void finish(const boost::shared_ptr<TProcessor>& processor)
 {
-    if (const ProcessingResult<bool> result = processor->wait(); !result) {
+    const ProcessingResult<bool> result = processor->wait();
+    testing::waitForSoleOwner(processor);
+    if (!result) {
         throw std::runtime_error(result.getMessage());
     }
 }
