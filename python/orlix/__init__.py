@@ -6,11 +6,12 @@ the same bytes on any number of them.
 """
 
 import os as _os
+from typing import TYPE_CHECKING as _TYPE_CHECKING
+from typing import Any as _Any
 
 from ._core import Image, OrlixError, OrlixFileError, version
 from ._element_type import ElementType
 from ._files import FileInfo, info, read, write
-from ._future import Future, submit
 from ._generators import lines, normal, random
 from ._machine import (
     copies_made,
@@ -31,6 +32,9 @@ from ._slices import append, get_slice, put_slice
 from ._threadpools import register as _register_threads
 from ._values import values
 from ._xarray import register as _register_xarray
+
+if _TYPE_CHECKING:
+    from ._future import Future, submit
 
 __version__ = version()
 
@@ -75,6 +79,21 @@ __all__ = [
     "values",
     "write",
 ]
+
+
+
+def __getattr__(name: str) -> _Any:
+    """Import what few programs want, and what brings half as much with it as all the rest, when it is asked for."""
+    if name in ("Future", "submit"):
+        from . import _future
+
+        return getattr(_future, name)
+    raise AttributeError(f"module 'orlix' has no attribute '{name}'")
+
+
+def __dir__() -> list[str]:
+    return sorted({*globals(), *__all__})
+
 
 _register_threads()
 _register_xarray()
