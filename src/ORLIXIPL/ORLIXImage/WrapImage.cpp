@@ -6,6 +6,7 @@
 #include "ORLIXIPL/ORLIXImage/HostImage.h"
 #include "ORLIXIPL/ORLIXImage/ImageFactory.h"
 #include "ORLIXIPL/ORLIXImage/Logger/ORLIXImageLogMessages.h"
+#include "ORLIXIPL/ORLIXImage/WrappedImage.h"
 
 #include <boost/make_shared.hpp>
 
@@ -73,10 +74,8 @@ bool hasElements(const BaseImageGeometry& geometry)
            geometry.getSizeT() > 0;
 }
 
-} // namespace
-
-ImagePtr wrapImage(const BaseImageGeometry& geometry, void* data, const BufferStrides& strides,
-                   boost::shared_ptr<void> owner)
+PixelLayout layoutOf(const BaseImageGeometry& geometry, void* data, const BufferStrides& strides,
+                     boost::shared_ptr<void> owner)
 {
     if (!geometry.hasUniformBufferType()) {
         raise<eORLIXImageMessage>(ORLIX_HERE, eORLIXImageMessage::eWrapSeveralTypes, geometry.toString());
@@ -85,27 +84,45 @@ ImagePtr wrapImage(const BaseImageGeometry& geometry, void* data, const BufferSt
     if (size == 0) {
         raise<eORLIXImageMessage>(ORLIX_HERE, eORLIXImageMessage::eNoBufferType, geometry.toString());
     }
-    PixelLayout layout;
-    layout.imageType = eImageType::eWrappedImage;
-    layout.rowBytes = geometry.getSizeX() * size;
-    layout.owner = std::move(owner);
-    if (hasElements(geometry)) {
-        const unsigned long bytes = checkedExtent(geometry, strides) * size;
-        checkPointer(geometry, data, bytes);
-        const auto distance = [size](unsigned long axisSize, unsigned long stride) {
-            return axisSize > 1 ? stride * size : 0;
-        };
-        layout.bDense = geometry.getSizeY() == 1 || strides.y == geometry.getSizeX();
-        layout.rowBytes = layout.bDense ? layout.rowBytes : strides.y * size;
-        layout.planBytes = distance(geometry.getSizeZ(), strides.z);
-        layout.channelBytes = distance(geometry.getSizeC(), strides.c);
-        layout.stepBytes = distance(geometry.getSizeT(), strides.t);
-        layout.place = findMemoryPlace(geometry.getNbPixels() * size); // gaps are not written
-    }
     // An image without elements has no use for its pointer, which may well be that of an empty container.
     alignas(g_planAlignment) static std::byte nothing;
-    layout.first = data ? static_cast<std::byte*>(data) : &nothing;
-    return boost::make_shared<HostImage>(geometry, std::move(layout));
+    std::byte* const first = data ? static_cast<std::byte*>(data) : &nothing;
+    const unsigned long lineBytes = geometry.getSizeX() * size;
+    if (!hasElements(geometry)) {
+        return {.first = first,
+                .rowBytes = lineBytes,
+                .steps = {},
+                .imageType = eImageType::eWrappedImage,
+                .owner = std::move(owner)};
+    }
+    checkPointer(geometry, data, checkedExtent(geometry, strides) * size);
+    const bool bDense = geometry.getSizeY() == 1 || strides.y == geometry.getSizeX();
+    const auto distance = [size](unsigned long axisSize, unsigned long stride) {
+        return axisSize > 1 ? stride * size : 0;
+    };
+    return {.first = first,
+            .rowBytes = bDense ? lineBytes : strides.y * size,
+            .planBytes = distance(geometry.getSizeZ(), strides.z),
+            .channelBytes = distance(geometry.getSizeC(), strides.c),
+            .stepBytes = distance(geometry.getSizeT(), strides.t),
+            .steps = {},
+            .bDense = bDense,
+            .place = findMemoryPlace(geometry.getNbPixels() * size), // gaps are not written
+            .imageType = eImageType::eWrappedImage,
+            .owner = std::move(owner)};
 }
+
+} // namespace
+
+ImagePtr wrapImage(const BaseImageGeometry& geometry, void* data, const BufferStrides& strides,
+                   boost::shared_ptr<void> owner)
+{
+    return boost::make_shared<HostImage>(geometry, layoutOf(geometry, data, strides, std::move(owner)));
+}
+
+WrappedImage::WrappedImage(const BaseImageGeometry& geometry, void* data, const BufferStrides& strides)
+    : BaseImage(geometry, layoutOf(geometry, data, strides, {}))
+{}
+WrappedImage::~WrappedImage() = default;
 
 } // namespace orlix::image

@@ -20,3 +20,4 @@
 #include "ORLIXIPL/ORLIXImage/ORLIXImageException.h"
 #include "ORLIXIPL/ORLIXImage/PixelMemoryPool.h"
 #include "ORLIXIPL/ORLIXImage/SubImage.h"
+#include "ORLIXIPL/ORLIXImage/WrappedImage.h"
