@@ -156,9 +156,9 @@ def read(
         unknown = set(region) - set("XYZCT")
         if unknown:
             raise ValueError(f"region along {', '.join(sorted(unknown))}: axes are named T, C, Z, Y and X")
-        for key, span in region.items():
-            if not isinstance(span, slice) and not (isinstance(span, (tuple, list)) and len(span) == 2):
-                raise TypeError(f"region along {key} is {span!r}: a slice, or a start and a stop are needed")
+        for key, run in region.items():
+            if not isinstance(run, slice) and not (isinstance(run, (tuple, list)) and len(run) == 2):
+                raise TypeError(f"region along {key} is {run!r}: a slice, or a start and a stop are needed")
         shape: dict[str, int] = {}
         if any(isinstance(r, slice) and r.stop is None or not isinstance(r, slice) and r[1] is None for r in region.values()):
             found = info(path)
