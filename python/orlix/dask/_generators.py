@@ -151,6 +151,8 @@ def normal(
     deviation: float = 1.0,
     rng: Rng = None,
     chunks: Any = None,
+    out: np.ndarray | None = None,
+) -> Any:
     """Make values of a normal law, as `orlix.normal`.
 
     Parameters
@@ -208,6 +210,8 @@ def lines(
     phi: float | None = None,
     alpha: float | None = None,
     chunks: Any = None,
+    out: np.ndarray | None = None,
+) -> Any:
     """Make parallel lines, one pixel wide, in a plan or in a volume, as `orlix.lines`.
 
     Parameters
