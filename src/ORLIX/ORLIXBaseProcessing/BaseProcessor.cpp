@@ -58,6 +58,7 @@ void BaseProcessor::clearForReuse()
     }
     clearIntermediateData();
     clearProgressObserver();
+    clearFinishObserver();
     forgetRun();
 }
 
