@@ -75,7 +75,7 @@ bool hasElements(const BaseImageGeometry& geometry)
 }
 
 PixelLayout layoutOf(const BaseImageGeometry& geometry, void* data, const BufferStrides& strides,
-                     boost::shared_ptr<void> owner)
+                     boost::shared_ptr<void> owner, unsigned long bufferBytes)
 {
     if (!geometry.hasUniformBufferType()) {
         raise<eORLIXImageMessage>(ORLIX_HERE, eORLIXImageMessage::eWrapSeveralTypes, geometry.toString());
@@ -107,7 +107,7 @@ PixelLayout layoutOf(const BaseImageGeometry& geometry, void* data, const Buffer
             .stepBytes = distance(geometry.getSizeT(), strides.t),
             .steps = {},
             .bDense = bDense,
-            .place = findMemoryPlace(geometry.getNbPixels() * size), // gaps are not written
+            .place = findMemoryPlace(std::max(geometry.getNbPixels() * size, bufferBytes)), // gaps are not written
             .imageType = eImageType::eWrappedImage,
             .owner = std::move(owner)};
 }
@@ -117,11 +117,17 @@ PixelLayout layoutOf(const BaseImageGeometry& geometry, void* data, const Buffer
 ImagePtr wrapImage(const BaseImageGeometry& geometry, void* data, const BufferStrides& strides,
                    boost::shared_ptr<void> owner)
 {
-    return boost::make_shared<HostImage>(geometry, layoutOf(geometry, data, strides, std::move(owner)));
+    return boost::make_shared<HostImage>(geometry, layoutOf(geometry, data, strides, std::move(owner), 0));
+}
+
+ImagePtr wrapPart(const BaseImageGeometry& geometry, void* data, const BufferStrides& strides,
+                  unsigned long bufferBytes, boost::shared_ptr<void> owner)
+{
+    return boost::make_shared<HostImage>(geometry, layoutOf(geometry, data, strides, std::move(owner), bufferBytes));
 }
 
 WrappedImage::WrappedImage(const BaseImageGeometry& geometry, void* data, const BufferStrides& strides)
-    : BaseImage(geometry, layoutOf(geometry, data, strides, {}))
+    : BaseImage(geometry, layoutOf(geometry, data, strides, {}, 0))
 {}
 WrappedImage::~WrappedImage() = default;
 
