@@ -1,6 +1,8 @@
 // Sizes of pixels, origins and units, as Python gives and gets them.
 #include "ImageCalibration.h"
 
+#include "Arguments.h"
+
 #include <nanobind/stl/string.h>
 
 #include <boost/make_shared.hpp>
@@ -17,12 +19,9 @@ nb::object alongAxes(const std::string& axes, float x, float y, float z)
     return axes.find('Z') == std::string::npos ? nb::make_tuple(y, x) : nb::make_tuple(z, y, x);
 }
 
-std::vector<float> floatsOf(nb::handle values, std::size_t nbWanted, const char* name)
+std::vector<float> floatsAlongAxes(nb::handle values, std::size_t nbWanted, const char* name)
 {
-    std::vector<float> floats;
-    for (const nb::handle value : values) {
-        floats.push_back(nb::cast<float>(value));
-    }
+    std::vector<float> floats = floatsOf(values, name);
     if (floats.size() != nbWanted) {
         const std::string text = std::string(name) + " has " + std::to_string(floats.size()) + " numbers, " +
                                  std::to_string(nbWanted) + " are needed: " + (nbWanted == 3 ? "z, y, x" : "y, x");
@@ -67,10 +66,10 @@ void calibrate(PyImage& self, nb::handle pixelSize, nb::handle unit, nb::handle 
         return;
     }
     const std::size_t nbAxes = self.axes.find('Z') == std::string::npos ? 2 : 3;
-    const std::vector<float> size = floatsOf(pixelSize, nbAxes, "pixel_size");
+    const std::vector<float> size = floatsAlongAxes(pixelSize, nbAxes, "pixel_size");
     const std::vector<float> first =
-        origin.is_none() ? std::vector<float>(nbAxes, 0.F) : floatsOf(origin, nbAxes, "origin");
-    const std::string name = unit.is_none() ? "px" : nb::cast<std::string>(unit);
+        origin.is_none() ? std::vector<float>(nbAxes, 0.F) : floatsAlongAxes(origin, nbAxes, "origin");
+    const std::string name = unit.is_none() ? "px" : textOf(unit, "unit");
     const auto calibration = boost::make_shared<GeometricCalibration>();
     if (nbAxes == 2) {
         calibration->init2d(name, size[1], size[0], first[1], first[0]);

@@ -1,6 +1,7 @@
 // orlix.Image: an image of the libraries with the names of its axes.
 #include "PyImage.h"
 
+#include "Arguments.h"
 #include "ImageCalibration.h"
 
 #include <nanobind/stl/string.h>
@@ -145,7 +146,7 @@ Examples
 >>> np.asarray(image).shape
 (3, 4, 6)
 )")
-        .def("__init__", &initImage, nb::arg("data"), nb::arg("axes") = nb::none(), nb::kw_only(),
+        .def("__init__", &initImage, nb::arg("data").none(), nb::arg("axes") = nb::none(), nb::kw_only(),
              nb::arg("pixel_size") = nb::none(), nb::arg("unit") = nb::none(), nb::arg("origin") = nb::none(),
              nb::arg("element_type") = nb::none())
         .def_prop_ro(

@@ -67,8 +67,8 @@ nb::object append(nb::handle first, nb::handle second, nb::handle axes, nb::hand
 
 void bindSequences(nb::module_& module)
 {
-    module.def("append", &append, nb::arg("first"), nb::arg("second"), nb::arg("axes").none(), nb::arg("out").none(),
-               nb::arg("progress").none());
+    module.def("append", &append, nb::arg("first").none(), nb::arg("second").none(), nb::arg("axes").none(),
+               nb::arg("out").none(), nb::arg("progress").none());
 }
 
 } // namespace orlix::python

@@ -148,10 +148,10 @@ nb::object putSlice(nb::handle volume, nb::handle plane, const std::string& axis
 
 void bindSlices(nb::module_& module)
 {
-    module.def("get_slice", &getSlice, nb::arg("volume"), nb::arg("axis"), nb::arg("index"), nb::arg("axes").none(),
-               nb::arg("out").none(), nb::arg("progress").none());
-    module.def("put_slice", &putSlice, nb::arg("volume"), nb::arg("plane"), nb::arg("axis"), nb::arg("index"),
+    module.def("get_slice", &getSlice, nb::arg("volume").none(), nb::arg("axis"), nb::arg("index"),
                nb::arg("axes").none(), nb::arg("out").none(), nb::arg("progress").none());
+    module.def("put_slice", &putSlice, nb::arg("volume").none(), nb::arg("plane").none(), nb::arg("axis"),
+               nb::arg("index"), nb::arg("axes").none(), nb::arg("out").none(), nb::arg("progress").none());
 }
 
 } // namespace orlix::python
