@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <limits>
 
 namespace orlix::image {
 
@@ -21,37 +22,66 @@ struct Axis
 {
     const char* name;
     unsigned long size;
-    unsigned long stride; ///< in elements
-};
+    long stride; ///< in elements
 
-// Elements from the first to one past the last. Axes nest where, taken by growing stride, each stride spans what the
-// axes before it reach; then no two elements share a place.
-unsigned long checkedExtent(const BaseImageGeometry& geometry, const BufferStrides& strides)
+    unsigned long getReach() const { return stride < 0 ? -static_cast<unsigned long>(stride) : stride; }
+};
+using Axes = std::array<Axis, 5>;
+
+Axes axesOf(const BaseImageGeometry& geometry, const ElementStrides& strides)
 {
-    std::array<Axis, 4> axes = {{{"y", geometry.getSizeY(), strides.y},
-                                 {"z", geometry.getSizeZ(), strides.z},
-                                 {"c", geometry.getSizeC(), strides.c},
-                                 {"t", geometry.getSizeT(), strides.t}}};
-    std::ranges::sort(axes, {}, &Axis::stride);
-    CheckedSize extent = geometry.getSizeX();
+    return {{{"x", geometry.getSizeX(), strides.x},
+             {"y", geometry.getSizeY(), strides.y},
+             {"z", geometry.getSizeZ(), strides.z},
+             {"c", geometry.getSizeC(), strides.c},
+             {"t", geometry.getSizeT(), strides.t}}};
+}
+
+// Axes nest where, taken by growing stride, each stride spans what the axes before it reach; then no two elements share
+// a place.
+void checkNesting(const BaseImageGeometry& geometry, Axes axes)
+{
+    std::ranges::sort(axes, {}, &Axis::getReach);
+    CheckedSize extent = 1;
     for (const Axis& axis : axes) {
         if (axis.size <= 1) {
             continue;
         }
-        if (extent.isValid() && axis.stride < extent.getValue()) {
+        if (extent.isValid() && axis.getReach() < extent.getValue()) {
             raise<eORLIXImageMessage>(ORLIX_HERE, eORLIXImageMessage::eWrapOverlap, geometry.toString(), axis.name,
                                       axis.stride, extent.getValue());
         }
-        extent = extent + CheckedSize(axis.size - 1) * axis.stride;
+        extent = extent + CheckedSize(axis.size - 1) * axis.getReach();
     }
-    const CheckedSize bytes = extent * elementSize(geometry.getBufferType());
-    if (!bytes.isValid()) {
-        raise<eORLIXImageMessage>(ORLIX_HERE, eORLIXImageMessage::eWrapOverflow, geometry.toString());
-    }
-    return extent.getValue();
 }
 
-void checkPointer(const BaseImageGeometry& geometry, const void* data, unsigned long bytes)
+/// Bytes from the lowest element to the first, and from there to the end of the highest.
+struct Reach
+{
+    unsigned long before;
+    unsigned long behind;
+};
+
+Reach checkedReach(const BaseImageGeometry& geometry, const Axes& axes)
+{
+    CheckedSize before = 0;
+    CheckedSize behind = 1;
+    for (const Axis& axis : axes) {
+        if (axis.size > 1) {
+            CheckedSize& side = axis.stride < 0 ? before : behind;
+            side = side + CheckedSize(axis.size - 1) * axis.getReach();
+        }
+    }
+    const unsigned long size = elementSize(geometry.getBufferType());
+    before = before * size;
+    behind = behind * size;
+    if (!(before + behind).isValid()) {
+        raise<eORLIXImageMessage>(ORLIX_HERE, eORLIXImageMessage::eWrapOverflow, geometry.toString());
+    }
+    return {before.getValue(), behind.getValue()};
+}
+
+void checkPointer(const BaseImageGeometry& geometry, const void* data, const Reach& reach)
 {
     const unsigned long size = elementSize(geometry.getBufferType());
     const auto address = reinterpret_cast<std::uintptr_t>(data);
@@ -62,7 +92,7 @@ void checkPointer(const BaseImageGeometry& geometry, const void* data, unsigned 
     if (address % size != 0) {
         raise<eORLIXImageMessage>(ORLIX_HERE, eORLIXImageMessage::eWrapMisaligned, geometry.toString(), data, size);
     }
-    if (__builtin_add_overflow(address, bytes, &end)) {
+    if (__builtin_add_overflow(address, reach.behind, &end) || reach.before >= address) {
         raise<eORLIXImageMessage>(ORLIX_HERE, eORLIXImageMessage::eWrapOverflow, geometry.toString());
     }
 }
@@ -73,39 +103,68 @@ bool hasElements(const BaseImageGeometry& geometry)
            geometry.getSizeT() > 0;
 }
 
-} // namespace
-
-ImagePtr wrapImage(const BaseImageGeometry& geometry, void* data, const BufferStrides& strides,
-                   boost::shared_ptr<void> owner)
+ImagePtr wrap(const BaseImageGeometry& geometry, void* data, const ElementStrides& strides,
+              boost::shared_ptr<void> owner, bool bWritten)
 {
     if (!geometry.hasUniformBufferType()) {
         raise<eORLIXImageMessage>(ORLIX_HERE, eORLIXImageMessage::eWrapSeveralTypes, geometry.toString());
     }
-    const unsigned long size = elementSize(geometry.getBufferType());
+    const auto size = static_cast<long>(elementSize(geometry.getBufferType()));
     if (size == 0) {
         raise<eORLIXImageMessage>(ORLIX_HERE, eORLIXImageMessage::eNoBufferType, geometry.toString());
     }
     PixelLayout layout;
     layout.imageType = eImageType::eWrappedImage;
-    layout.rowBytes = geometry.getSizeX() * size;
+    layout.rowBytes = static_cast<long>(geometry.getSizeX()) * size;
     layout.owner = std::move(owner);
     if (hasElements(geometry)) {
-        const unsigned long bytes = checkedExtent(geometry, strides) * size;
-        checkPointer(geometry, data, bytes);
-        const auto distance = [size](unsigned long axisSize, unsigned long stride) {
-            return axisSize > 1 ? stride * size : 0;
-        };
-        layout.bDense = geometry.getSizeY() == 1 || strides.y == geometry.getSizeX();
-        layout.rowBytes = layout.bDense ? layout.rowBytes : strides.y * size;
+        const Axes axes = axesOf(geometry, strides);
+        const Reach reach = checkedReach(geometry, axes);
+        if (bWritten) {
+            checkNesting(geometry, axes);
+        }
+        checkPointer(geometry, data, reach);
+        const auto distance = [size](unsigned long axisSize, long stride) { return axisSize > 1 ? stride * size : 0; };
+        layout.pixelStride = geometry.getSizeX() > 1 ? strides.x : 1;
+        layout.bDense = layout.pixelStride == 1 &&
+                        (geometry.getSizeY() == 1 || strides.y == static_cast<long>(geometry.getSizeX()));
+        layout.rowBytes = geometry.getSizeY() == 1 ? layout.rowBytes : strides.y * size;
         layout.planBytes = distance(geometry.getSizeZ(), strides.z);
         layout.channelBytes = distance(geometry.getSizeC(), strides.c);
         layout.stepBytes = distance(geometry.getSizeT(), strides.t);
-        layout.place = findMemoryPlace(geometry.getNbPixels() * size); // gaps are not written
+        layout.place =
+            findMemoryPlace(geometry.getNbPixels() * static_cast<unsigned long>(size)); // gaps aren't written
     }
     // An image without elements has no use for its pointer, which may well be that of an empty container.
     alignas(g_planAlignment) static std::byte nothing;
     layout.first = data ? static_cast<std::byte*>(data) : &nothing;
     return boost::make_shared<HostImage>(geometry, std::move(layout));
+}
+
+} // namespace
+
+ImagePtr wrapImage(const BaseImageGeometry& geometry, void* data, const ElementStrides& strides,
+                   boost::shared_ptr<void> owner)
+{
+    return wrap(geometry, data, strides, std::move(owner), true);
+}
+
+ImageConstPtr wrapConstImage(const BaseImageGeometry& geometry, const void* data, const ElementStrides& strides,
+                             boost::shared_ptr<void> owner)
+{
+    return wrap(geometry, const_cast<void*>(data), strides, std::move(owner), false); // a const image isn't written
+}
+
+ImagePtr wrapImage(const BaseImageGeometry& geometry, void* data, const BufferStrides& strides,
+                   boost::shared_ptr<void> owner)
+{
+    // What 63 bits don't hold reaches beyond any address space, and so does the largest number that they do hold.
+    const auto along = [](unsigned long stride) {
+        return static_cast<long>(std::min<unsigned long>(stride, std::numeric_limits<long>::max()));
+    };
+    return wrapImage(geometry, data,
+                     ElementStrides{1, along(strides.y), along(strides.z), along(strides.c), along(strides.t)},
+                     std::move(owner));
 }
 
 } // namespace orlix::image

@@ -19,4 +19,5 @@
 #include "ORLIXIPL/ORLIXImage/Margin.h"
 #include "ORLIXIPL/ORLIXImage/ORLIXImageException.h"
 #include "ORLIXIPL/ORLIXImage/PixelMemoryPool.h"
+#include "ORLIXIPL/ORLIXImage/PixelRun.h"
 #include "ORLIXIPL/ORLIXImage/SubImage.h"
