@@ -22,7 +22,9 @@ ORLIXIMAGE_API ImagePtr wrapImage(const BaseImageGeometry& geometry, void* data,
 /// The same with a distance along every axis, x among them, each of which may be negative: an image backwards, every
 /// other column, an axis in place of another. They nest by their magnitudes. Operators gather and scatter rows whose
 /// pixels don't lie side by side, some at a time, and give the same values; where speed matters, rows are better kept
-/// together.
+/// together. Images over the same memory are one image to an operator, which may then work in place, only where they
+/// show the same pixels at the same places: as input and output of one run, an image and its own mirror, say, are the
+/// caller's mistake, as is any other overlap.
 ORLIXIMAGE_API ImagePtr wrapImage(const BaseImageGeometry& geometry, void* data, const ElementStrides& strides,
                                   boost::shared_ptr<void> owner);
 /// The same over memory that is only read, so elements may share places: a stride may be 0, which shows the same
