@@ -72,7 +72,7 @@ ImagePtr imageOutput(nb::handle out)
     if (given == nullptr) {
         throw nb::type_error("the input is an orlix.Image, so out has to be one too");
     }
-    return given->image;
+    return imageToWrite(*given);
 }
 
 /// Runs `operation(images, watch)` on arrays of the same sizes, the last of which is written.
@@ -170,7 +170,7 @@ nb::object erase(nb::handle image, double value, nb::handle progress)
     };
     if (const PyImage* const given = findImage(image)) {
         Watch watch(progress, bytesOf(*given->image));
-        fill(given->image, watch);
+        fill(imageToWrite(*given), watch);
         return nb::borrow(image);
     }
     const nb::object array = takeArray(image, "image");

@@ -70,7 +70,7 @@ nb::object viewOf(nb::handle volume, unsigned across, long index, nb::handle axe
     const std::string letters = axesOf(axes, static_cast<std::size_t>(PyArray_NDIM(asArray(array))));
     const std::size_t place = letters.find(static_cast<char>('X' + across));
     if (letters.find('Z') == std::string::npos || place == std::string::npos || letters.size() < 2 ||
-        isImage(asArray(array), letters)) {
+        hasImageOrder(asArray(array), letters)) {
         return {};
     }
     const auto size = static_cast<unsigned long>(PyArray_DIM(asArray(array), static_cast<int>(place)));
