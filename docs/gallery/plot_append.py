@@ -37,3 +37,8 @@ show(
 # ---------
 #
 # ``orlix.dask.append`` is ``da.concatenate`` along t; two types are refused, since an array has one.
+#
+# Speed
+# -----
+#
+# .. include:: /parts/append-speed.txt

@@ -41,3 +41,8 @@ ax.set_axis_off()
 # ---------
 #
 # ``orlix.dask.compare`` counts by chunk and joins the counts as a tree: a ``Delayed`` of the same ``Comparison``.
+#
+# Speed
+# -----
+#
+# .. include:: /parts/compare-speed.txt

@@ -36,3 +36,8 @@ for ax, name in zip(axes[0], ("head.tif", "real.tif", "binary.tif")):
 #
 # ``orlix.dask.convert`` converts each chunk by itself; a worker with another instruction set fails, since results could
 # depend on it.
+#
+# Speed
+# -----
+#
+# .. include:: /parts/convert-speed.txt

@@ -33,3 +33,8 @@ show(example.plan("head.tif", z=35), example.plan("copy.tif", z=35))
 # ---------
 #
 # ``orlix.dask.copy`` copies each chunk by itself.
+#
+# Speed
+# -----
+#
+# .. include:: /parts/copy-speed.txt

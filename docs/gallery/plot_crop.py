@@ -33,3 +33,8 @@ outline(before, 32, 0, 64, 64)
 # ---------
 #
 # ``orlix.dask.crop`` slices: only chunks that the region touches are ever computed.
+#
+# Speed
+# -----
+#
+# .. include:: /parts/crop-speed.txt

@@ -31,3 +31,8 @@ show(example.plan("head.tif", z=35), example.plan("erased.tif", z=35))
 # ---------
 #
 # ``orlix.dask.erase`` gives a new array, each chunk by itself, since Dask arrays are not written.
+#
+# Speed
+# -----
+#
+# .. include:: /parts/erase-speed.txt

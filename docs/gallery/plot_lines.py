@@ -36,3 +36,8 @@ for ax, seen, axis, names in zip(axes[0], ("top", "front", "side"), range(3), ((
 # ---------
 #
 # ``orlix.dask.lines`` makes each chunk from its place in the whole; a pixel depends on nothing else.
+#
+# Speed
+# -----
+#
+# .. include:: /parts/lines-speed.txt

@@ -42,3 +42,8 @@ right.legend(fontsize=8)
 # ---------
 #
 # ``orlix.dask.normal`` makes whole lines, as ``orlix.dask.random`` does.
+#
+# Speed
+# -----
+#
+# .. include:: /parts/normal-speed.txt

@@ -33,3 +33,8 @@ outline(after, 0, 64, 64, 64)
 # ---------
 #
 # ``orlix.dask.paste`` joins the chunks around the region with it, by slices.
+#
+# Speed
+# -----
+#
+# .. include:: /parts/paste-speed.txt

@@ -31,3 +31,8 @@ show(example.plan("head.tif", z=35), example.plan("doubled.tif", z=35), example.
 # ---------
 #
 # ``orlix.dask.put_slice`` joins what lies before the slice, the slice and what lies behind.
+#
+# Speed
+# -----
+#
+# .. include:: /parts/put-slice-speed.txt

@@ -39,3 +39,8 @@ right.set_ylabel("pixels")
 #
 # ``orlix.dask.random`` makes whole lines of the plans that a chunk lies in, so the bytes are those of the array in one
 # piece.
+#
+# Speed
+# -----
+#
+# .. include:: /parts/random-speed.txt

@@ -32,3 +32,8 @@ before.axhline(64, color="tab:orange", linewidth=2)
 # ---------
 #
 # ``orlix.dask.get_slice`` slices: only chunks that the slice goes through are computed.
+#
+# Speed
+# -----
+#
+# .. include:: /parts/slice-speed.txt

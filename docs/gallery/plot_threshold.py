@@ -32,3 +32,8 @@ show(example.plan("head.tif", z=35), example.plan("mask.tif", z=35))
 # ---------
 #
 # ``orlix.dask.threshold`` marks each chunk by itself.
+#
+# Speed
+# -----
+#
+# .. include:: /parts/threshold-speed.txt

@@ -44,3 +44,8 @@ right.grid(alpha=0.3)
 #
 # ``orlix.dask.values`` sends each point to the chunk that it lies in, with one or two pixels around it; points beyond the
 # border are refused.
+#
+# Speed
+# -----
+#
+# .. include:: /parts/values-speed.txt

@@ -8,6 +8,7 @@ from pathlib import Path
 
 import numpy as np
 import orlix
+import speed
 
 
 def printed(*arguments):
@@ -62,6 +63,12 @@ def rules(root):
     for verb, text in rows:
         text = re.sub(r"\[([^\]]*)\]\([^)]*\)", r"\1", text)
         yield verb, "".join(f"- {line}\n" for line in text.replace("`", "``").split("<br>"))
+
+
+def speed_lines():
+    """Of each verb the line on its speed, as reStructuredText."""
+    for verb, page, line in speed.lines():
+        yield verb, f"{line} :doc:`/{page.removesuffix('.md')}` tells how that was measured.\n"
 
 
 def tabs(verb):
@@ -131,6 +138,8 @@ def main():
     for verb, text in rules(root):
         (parts / f"{verb}-rules.txt").write_text(text)
         (parts / f"{verb}-tabs.txt").write_text(tabs(verb))
+    for verb, text in speed_lines():
+        (parts / f"{verb}-speed.txt").write_text(text)
 
 
 if __name__ == "__main__":

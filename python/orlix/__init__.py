@@ -34,6 +34,7 @@ from ._values import values
 from ._xarray import register as _register_xarray
 
 if _TYPE_CHECKING:
+    from . import testing as testing
     from ._future import Future, submit
 
 __version__ = version()
@@ -88,11 +89,15 @@ def __getattr__(name: str) -> _Any:
         from . import _future
 
         return getattr(_future, name)
+    if name == "testing":
+        import importlib
+
+        return importlib.import_module("orlix.testing")
     raise AttributeError(f"module 'orlix' has no attribute '{name}'")
 
 
 def __dir__() -> list[str]:
-    return sorted({*globals(), *__all__})
+    return sorted({*globals(), *__all__, "testing"})
 
 
 _register_threads()

@@ -37,7 +37,8 @@ def _plane_with(array: np.ndarray, place: tuple[int, ...]) -> np.ndarray:
 def _grey(plane: np.ndarray, low: float, high: float) -> np.ndarray:
     """Bytes from black at `low` to white at `high`; white where there is no number."""
     share = (plane - low) / (high - low) if high > low else np.zeros_like(plane)
-    return np.rint(np.nan_to_num(share, nan=1.0, posinf=1.0, neginf=0.0).clip(0, 1) * 255).astype(np.uint8)
+    grey: np.ndarray = np.rint(np.nan_to_num(share, nan=1.0, posinf=1.0, neginf=0.0).clip(0, 1) * 255)
+    return grey.astype(np.uint8)
 
 
 def _write_picture(actual: np.ndarray, wanted: np.ndarray, place: tuple[int, ...]) -> str:

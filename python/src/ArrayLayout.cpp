@@ -2,6 +2,7 @@
 #include "ArrayLayout.h"
 
 #include <algorithm>
+#include <bit>
 #include <utility>
 
 namespace orlix::python {
@@ -117,12 +118,37 @@ ImageAxes mergeAxes(std::span<const ArrayMemory> arrays)
     return merged;
 }
 
+ImageAxes axesOfContiguous(std::span<const std::ptrdiff_t> sizes,
+                           const std::array<std::ptrdiff_t, g_mostArrays>& elementBytes)
+{
+    unsigned long sizeX = 1;
+    std::size_t axis = sizes.size();
+    while (axis > 0 && sizeX < g_longLine) {
+        sizeX *= static_cast<unsigned long>(sizes[--axis]);
+    }
+    unsigned long sizeY = 1;
+    while (axis > 0) {
+        sizeY *= static_cast<unsigned long>(sizes[--axis]);
+    }
+    const auto stridesOf = [&](std::ptrdiff_t bytes) {
+        return std::array<std::ptrdiff_t, 5>{bytes, sizeY > 1 ? bytes * static_cast<std::ptrdiff_t>(sizeX) : 0};
+    };
+    return {{sizeX, sizeY, 1, 1, 1}, {stridesOf(elementBytes[0]), stridesOf(elementBytes[1])}, {true, true}};
+}
+
+image::BufferStrides elementStridesOf(const std::array<std::ptrdiff_t, 5>& strides, std::ptrdiff_t elementBytes)
+{
+    // Elements are of 1, 2 or 4 bytes, and four divisions would take as long as all else of a small image.
+    const int shift = std::countr_zero(static_cast<std::size_t>(elementBytes));
+    const auto elements = [&](std::size_t axis) { return static_cast<unsigned long>(strides[axis] >> shift); };
+    return {elements(1), elements(2), elements(3), elements(4)};
+}
+
 ImagePtr wrapMemory(std::byte* data, const image::BaseImageGeometry& geometry,
                     const std::array<std::ptrdiff_t, 5>& strides, const boost::shared_ptr<void>& owner)
 {
     const auto bytes = static_cast<std::ptrdiff_t>(image::elementSize(geometry.getBufferType()));
-    const auto elements = [&](std::size_t axis) { return static_cast<unsigned long>(strides[axis] / bytes); };
-    return image::wrapImage(geometry, data, {elements(1), elements(2), elements(3), elements(4)}, owner);
+    return image::wrapImage(geometry, data, elementStridesOf(strides, bytes), owner);
 }
 
 bool mayOverlap(const ArrayMemory& one, const ArrayMemory& other)

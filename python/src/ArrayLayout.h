@@ -38,9 +38,16 @@ struct ImageAxes
 /// than an image; a contiguous array always fits by itself.
 ImageAxes mergeAxes(std::span<const ArrayMemory> arrays);
 
+/// The same for arrays without gaps that all run fastest along the last of the sizes.
+ImageAxes axesOfContiguous(std::span<const std::ptrdiff_t> sizes,
+                           const std::array<std::ptrdiff_t, g_mostArrays>& elementBytes);
+
 /// Can an image of these axes, in bytes, be laid over the array? Elements of a line touch and the others nest.
 bool isWrappable(const std::array<unsigned long, 5>& sizes, const std::array<std::ptrdiff_t, 5>& strides,
                  std::ptrdiff_t elementBytes);
+
+/// Distances in bytes as distances in elements.
+image::BufferStrides elementStridesOf(const std::array<std::ptrdiff_t, 5>& strides, std::ptrdiff_t elementBytes);
 
 /// The image over the memory, which the caller keeps alive.
 ImagePtr wrapMemory(std::byte* data, const image::BaseImageGeometry& geometry,

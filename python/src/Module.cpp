@@ -23,6 +23,7 @@ NB_MODULE(_core, module)
     bindErrors(module);
     bindImage(module);
     bindPixelwise(module);
+    bindCompare(module);
     bindRegions(module);
     bindSlices(module);
     bindGenerators(module);

@@ -85,7 +85,9 @@ nb::object newArrayLike(PyArrayObject* array, const eImageBufferType& type)
     const bool bFortran = PyArray_IS_F_CONTIGUOUS(array) && !PyArray_IS_C_CONTIGUOUS(array);
     if ((bFortran || PyArray_IS_C_CONTIGUOUS(array)) &&
         static_cast<unsigned long>(PyArray_SIZE(array)) < g_pooledBytes / image::elementSize(type)) {
-        return stealArray(PyArray_EMPTY(PyArray_NDIM(array), PyArray_DIMS(array), typeNumberOf(type), bFortran));
+        return stealArray(PyArray_NewFromDescr(&PyArray_Type, PyArray_DescrFromType(typeNumberOf(type)),
+                                               PyArray_NDIM(array), PyArray_DIMS(array), nullptr, nullptr, bFortran,
+                                               nullptr));
     }
     return newArray(sizesOf(array), axesInMemoryOrder(array), type);
 }

@@ -5,10 +5,11 @@
 
 namespace orlix::python {
 
-void bindPixelwise(nb::module_& module); ///< copy, erase, threshold, convert, compare
-/// A copy of an array, or of a view of one, into `out` or, where that is None, a new one.
-nb::object copyArray(nb::handle array, nb::handle out, nb::handle progress);
+void bindPixelwise(nb::module_& module); ///< copy, erase, threshold, convert
+/// A copy of an Image, an array or a view of one, into `out` or, where that is None, a new one.
+nb::object copyImage(nb::handle array, nb::handle out, nb::handle progress);
 
+void bindCompare(nb::module_& module);    ///< compare
 void bindRegions(nb::module_& module);    ///< crop, paste
 void bindSlices(nb::module_& module);     ///< get_slice, put_slice, append
 void bindGenerators(nb::module_& module); ///< random, normal, lines

@@ -80,7 +80,7 @@ nb::object crop(nb::handle image, nb::handle at, nb::handle size, nb::handle axe
         const std::string letters = axesOf(axes, static_cast<std::size_t>(PyArray_NDIM(asArray(array))));
         requireInside(geometryOf(sizesOf(asArray(array)), letters, elementTypeOf(asArray(array))), place, sizes);
         if (!hasImageOrder(asArray(array), letters)) { // the region alone is gathered
-            return copyArray(viewOf(array, letters, place, sizes), out, progress);
+            return copyImage(viewOf(array, letters, place, sizes), out, progress);
         }
     }
     const ImageInput input = takeInput(image, axes, "image");

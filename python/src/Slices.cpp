@@ -87,7 +87,7 @@ nb::object getSlice(nb::handle volume, const std::string& axis, long index, nb::
 {
     const unsigned across = axisNamed(axis);
     if (const nb::object view = viewOf(volume, across, index, axes); view.is_valid()) { // the slice alone is gathered
-        return copyArray(view, out, progress);
+        return copyImage(view, out, progress);
     }
     const ImageInput input = takeInput(volume, axes, "volume");
     requireVolume(input);

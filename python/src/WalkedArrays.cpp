@@ -7,23 +7,43 @@
 
 namespace orlix::python {
 
-WalkedArrays::WalkedArrays(std::initializer_list<nb::handle> arrays)
+namespace {
+
+/// Those of arrays that can't be taken as they are fit nowhere.
+ImageAxes axesOf(std::span<const nb::handle> arrays)
 {
+    int flags = NPY_ARRAY_ALIGNED | NPY_ARRAY_C_CONTIGUOUS; // of all arrays
+    bool bSwapped = false;
+    std::array<std::ptrdiff_t, g_mostArrays> elementBytes = {};
+    for (std::size_t array = 0; array < arrays.size(); ++array) {
+        flags &= PyArray_FLAGS(asArray(arrays[array]));
+        bSwapped = bSwapped || PyArray_ISBYTESWAPPED(asArray(arrays[array]));
+        elementBytes[array] = PyArray_ITEMSIZE(asArray(arrays[array]));
+    }
+    if (bSwapped || (flags & NPY_ARRAY_ALIGNED) == 0) {
+        return {};
+    }
+    if ((flags & NPY_ARRAY_C_CONTIGUOUS) != 0) { // most are, and small ones would notice the time that others take
+        PyArrayObject* const first = asArray(arrays[0]);
+        return axesOfContiguous({PyArray_DIMS(first), static_cast<std::size_t>(PyArray_NDIM(first))}, elementBytes);
+    }
     std::array<ArrayMemory, g_mostArrays> memory;
-    std::size_t nbArrays = 0;
-    for (const nb::handle array : arrays) {
-        m_bWrapped = m_bWrapped && PyArray_ISBEHAVED_RO(asArray(array));
-        memory[nbArrays] = memoryOf(asArray(array));
-        m_arrays[nbArrays++] = asArray(array);
-    }
-    if (m_bWrapped) {
-        m_axes = mergeAxes({memory.data(), nbArrays});
-        m_bWrapped = std::all_of(m_axes.fits.begin(), m_axes.fits.begin() + static_cast<std::ptrdiff_t>(nbArrays),
-                                 [](bool bFits) { return bFits; });
-    }
+    std::transform(arrays.begin(), arrays.end(), memory.begin(),
+                   [](nb::handle array) { return memoryOf(asArray(array)); });
+    return mergeAxes({memory.data(), arrays.size()});
 }
 
-ImagePtr WalkedArrays::imageOf(std::size_t array) const
+} // namespace
+
+WalkedArrays::WalkedArrays(std::initializer_list<nb::handle> arrays)
+    : m_axes(axesOf({arrays.begin(), arrays.size()})),
+      m_bWrapped(
+          std::all_of(m_axes.fits.begin(), m_axes.fits.begin() + arrays.size(), [](bool bFits) { return bFits; }))
+{
+    std::transform(arrays.begin(), arrays.end(), m_arrays.begin(), asArray);
+}
+
+image::BaseImageGeometry WalkedArrays::geometryOf(std::size_t array) const
 {
     const auto& sizes = m_axes.sizes;
     image::ColorGeometry color;
@@ -36,9 +56,18 @@ ImagePtr WalkedArrays::imageOf(std::size_t array) const
     if (sizes[4] > 1) {
         temporal.initSequence(sizes[4]);
     }
-    const image::BaseImageGeometry geometry(elementTypeOf(m_arrays[array]), sizes[0], sizes[1], volume, color,
-                                            temporal);
-    return wrapMemory(memoryOf(m_arrays[array]).data, geometry, m_axes.strides[array], {});
+    return {elementTypeOf(m_arrays[array]), sizes[0], sizes[1], volume, color, temporal};
+}
+
+ImagePtr WalkedArrays::imageOf(std::size_t array) const
+{
+    return wrapMemory(memoryOf(m_arrays[array]).data, geometryOf(array), m_axes.strides[array], {});
+}
+
+image::WrappedImage WalkedArrays::wrap(std::size_t array) const
+{
+    return {geometryOf(array), PyArray_DATA(m_arrays[array]),
+            elementStridesOf(m_axes.strides[array], PyArray_ITEMSIZE(m_arrays[array]))};
 }
 
 nb::object WalkedArrays::indexOf(std::size_t array, const imaproc::attr::PixelPosition& position) const

@@ -2,6 +2,7 @@
 #include "ORLIXIPL/ORLIXImage/ImageFactory.h"
 #include "ORLIXIPL/ORLIXImage/ORLIXImageException.h"
 #include "ORLIXIPL/ORLIXImage/SubImage.h"
+#include "ORLIXIPL/ORLIXImage/WrappedImage.h"
 #include "support/GuardedMemory.h"
 
 #include <boost/make_shared.hpp>
@@ -185,6 +186,36 @@ TEST(WrapImage, TouchesNothingBesideTheElements)
 
 // Axes are nested in a random order with random gaps, so all elements must be apart and inside; a stride shorter than a
 // row must be refused.
+TEST(WrappedImage, LiesAsASharedOneDoes)
+{
+    std::vector<unsigned short> memory(2000);
+    const BufferStrides strides{7, 41, 130, 500};
+    const auto geometry = geometry5d(g_uint16, 5, 4, 3, 2, 3);
+    WrappedImage image(*geometry, memory.data(), strides);
+    const ImagePtr shared = wrapImage(*geometry, memory.data(), strides, nullptr);
+    EXPECT_TRUE(image.sharesPixelsWith(*shared));
+    EXPECT_EQ(image.getImageType(), eImageType::eWrappedImage);
+    EXPECT_EQ(image.getGeometry().toString(), geometry->toString());
+    EXPECT_EQ(image.getPixelLayout().place, shared->getPixelLayout().place);
+    EXPECT_FALSE(image.reinitialize(*geometry5d(g_uint16, 5, 4, 3, 2, 4)));
+}
+
+TEST(WrappedImage, IsLentWithoutBeingOwned)
+{
+    unsigned char element = 0;
+    WrappedImage image(*geometry2d(g_uint8, 1, 1), &element, {1, 1, 1, 1});
+    const ImagePtr lent = image.lend();
+    EXPECT_EQ(lent.get(), &image);
+    EXPECT_EQ(lent.use_count(), 0);
+}
+
+TEST(WrappedImage, RefusesWhatWrapImageRefuses)
+{
+    std::vector<unsigned char> memory(100);
+    EXPECT_THROW(WrappedImage(*geometry2d(g_uint8, 5, 2), memory.data(), {4, 0, 0, 0}), ORLIXImageException);
+    EXPECT_THROW(WrappedImage(*geometry2d(g_uint8, 5, 2), nullptr, {5, 0, 0, 0}), ORLIXImageException);
+}
+
 RC_GTEST_PROP(WrapImageProperty, NestedStridesKeepElementsApart, ())
 {
     const std::array<unsigned long, 5> sizes =

@@ -41,3 +41,9 @@ def test_what_comes_late_is_there():
     assert isinstance(orlix.submit(orlix.copy, image), orlix.Future)
     with pytest.raises(AttributeError, match="'futures'"):
         orlix.futures
+
+
+def test_testing_comes_with_the_package():
+    program = "import orlix; print('testing' in dir(orlix), callable(orlix.testing.assert_images_equal))"
+    done = subprocess.run([sys.executable, "-c", program], capture_output=True, text=True, check=True)
+    assert done.stdout == "True True\n"

@@ -186,6 +186,22 @@ def test_compare_counts_and_finds_the_first(dtype):
     assert turned.different == found.different
 
 
+@pytest.mark.parametrize("shape", [(4097,), (64, 64), (65, 64), (3, 4095), (3, 4096), (2, 3, 5000), (70, 2, 1, 65), (9000, 2)])
+@pytest.mark.parametrize("order", "CF")
+def test_lines_of_thousands_of_pixels(shape, order, rng):
+    """Of which few calls are long enough for a processor and threads."""
+    a = np.array(filled(shape, np.uint16), order=order)
+    assert same(orlix.copy(a), a)
+    assert same(orlix.convert(a, np.float32), a.astype(np.float32))
+    assert same(orlix.threshold(a, 1000, 30000), (a >= 1000) & (a <= 30000))
+    for place in rng.integers(0, shape, (5, len(shape))):
+        place = tuple(map(int, place))
+        b = a.copy(order="K")
+        b[place] ^= 1
+        assert orlix.compare(a, b) == (False, 1, a.size, place, (float(a[place]), float(b[place])))
+    assert same(orlix.erase(a, 5), np.full_like(a, 5))
+
+
 def test_compare_with_tolerances():
     a = np.array([100, 200, 50], np.uint8)
     b = np.array([101, 210, 50], np.uint8)

@@ -6,6 +6,7 @@
 #include "ORLIXIPL/ORLIXImage/HostImage.h"
 #include "ORLIXIPL/ORLIXImage/ImageFactory.h"
 #include "ORLIXIPL/ORLIXImage/Logger/ORLIXImageLogMessages.h"
+#include "ORLIXIPL/ORLIXImage/WrappedImage.h"
 
 #include <boost/make_shared.hpp>
 
@@ -38,15 +39,23 @@ Axes axesOf(const BaseImageGeometry& geometry, const ElementStrides& strides)
 }
 
 // Axes nest where, taken by growing stride, each stride spans what the axes before it reach; then no two elements share
-// a place.
-void checkNesting(const BaseImageGeometry& geometry, Axes axes)
+// a place. Sorted by insertion, since small images have two axes and notice the time that a general sort takes.
+void checkNesting(const BaseImageGeometry& geometry, const Axes& axes)
 {
-    std::ranges::sort(axes, {}, &Axis::getReach);
-    CheckedSize extent = 1;
+    std::array<const Axis*, 5> sorted{};
+    unsigned long nbSorted = 0;
     for (const Axis& axis : axes) {
-        if (axis.size <= 1) {
-            continue;
+        if (axis.size > 1) {
+            unsigned long place = nbSorted++;
+            for (; place > 0 && sorted[place - 1]->getReach() > axis.getReach(); --place) {
+                sorted[place] = sorted[place - 1];
+            }
+            sorted[place] = &axis;
         }
+    }
+    CheckedSize extent = 1;
+    for (unsigned long place = 0; place < nbSorted; ++place) {
+        const Axis& axis = *sorted[place];
         if (extent.isValid() && axis.getReach() < extent.getValue()) {
             raise<eORLIXImageMessage>(ORLIX_HERE, eORLIXImageMessage::eWrapOverlap, geometry.toString(), axis.name,
                                       axis.stride, extent.getValue());
@@ -103,8 +112,9 @@ bool hasElements(const BaseImageGeometry& geometry)
            geometry.getSizeT() > 0;
 }
 
-ImagePtr wrap(const BaseImageGeometry& geometry, void* data, const ElementStrides& strides,
-              boost::shared_ptr<void> owner, bool bWritten)
+/// `bWritten`: every element has a place of its own.
+PixelLayout layoutOf(const BaseImageGeometry& geometry, const void* data, const ElementStrides& strides,
+                     boost::shared_ptr<void> owner, bool bWritten)
 {
     if (!geometry.hasUniformBufferType()) {
         raise<eORLIXImageMessage>(ORLIX_HERE, eORLIXImageMessage::eWrapSeveralTypes, geometry.toString());
@@ -113,32 +123,46 @@ ImagePtr wrap(const BaseImageGeometry& geometry, void* data, const ElementStride
     if (size == 0) {
         raise<eORLIXImageMessage>(ORLIX_HERE, eORLIXImageMessage::eNoBufferType, geometry.toString());
     }
-    PixelLayout layout;
-    layout.imageType = eImageType::eWrappedImage;
-    layout.rowBytes = static_cast<long>(geometry.getSizeX()) * size;
-    layout.owner = std::move(owner);
-    if (hasElements(geometry)) {
-        const Axes axes = axesOf(geometry, strides);
-        const Reach reach = checkedReach(geometry, axes);
-        if (bWritten) {
-            checkNesting(geometry, axes);
-        }
-        checkPointer(geometry, data, reach);
-        const auto distance = [size](unsigned long axisSize, long stride) { return axisSize > 1 ? stride * size : 0; };
-        layout.pixelStride = geometry.getSizeX() > 1 ? strides.x : 1;
-        layout.bDense = layout.pixelStride == 1 &&
-                        (geometry.getSizeY() == 1 || strides.y == static_cast<long>(geometry.getSizeX()));
-        layout.rowBytes = geometry.getSizeY() == 1 ? layout.rowBytes : strides.y * size;
-        layout.planBytes = distance(geometry.getSizeZ(), strides.z);
-        layout.channelBytes = distance(geometry.getSizeC(), strides.c);
-        layout.stepBytes = distance(geometry.getSizeT(), strides.t);
-        layout.place =
-            findMemoryPlace(geometry.getNbPixels() * static_cast<unsigned long>(size)); // gaps aren't written
-    }
     // An image without elements has no use for its pointer, which may well be that of an empty container.
     alignas(g_planAlignment) static std::byte nothing;
-    layout.first = data ? static_cast<std::byte*>(data) : &nothing;
-    return boost::make_shared<HostImage>(geometry, std::move(layout));
+    std::byte* const first = data ? static_cast<std::byte*>(const_cast<void*>(data)) : &nothing;
+    const long lineBytes = static_cast<long>(geometry.getSizeX()) * size;
+    if (!hasElements(geometry)) {
+        return {.first = first,
+                .rowBytes = lineBytes,
+                .steps = {},
+                .imageType = eImageType::eWrappedImage,
+                .owner = std::move(owner)};
+    }
+    const Axes axes = axesOf(geometry, strides);
+    const Reach reach = checkedReach(geometry, axes);
+    if (bWritten) {
+        checkNesting(geometry, axes);
+    }
+    checkPointer(geometry, data, reach);
+    const long pixelStride = geometry.getSizeX() > 1 ? strides.x : 1;
+    const bool bRowsTouch = geometry.getSizeY() == 1 || strides.y == static_cast<long>(geometry.getSizeX());
+    const auto distance = [size](unsigned long axisSize, long stride) { return axisSize > 1 ? stride * size : 0; };
+    return {.first = first,
+            .pixelStride = pixelStride,
+            .rowBytes = bRowsTouch ? lineBytes : strides.y * size,
+            .planBytes = distance(geometry.getSizeZ(), strides.z),
+            .channelBytes = distance(geometry.getSizeC(), strides.c),
+            .stepBytes = distance(geometry.getSizeT(), strides.t),
+            .steps = {},
+            .bDense = pixelStride == 1 && bRowsTouch,
+            .place = findMemoryPlace(geometry.getNbPixels() * static_cast<unsigned long>(size)), // gaps aren't written
+            .imageType = eImageType::eWrappedImage,
+            .owner = std::move(owner)};
+}
+
+ElementStrides elementStridesOf(const BufferStrides& strides)
+{
+    // What 63 bits don't hold reaches beyond any address space, and so does the largest number that they do hold.
+    const auto along = [](unsigned long stride) {
+        return static_cast<long>(std::min<unsigned long>(stride, std::numeric_limits<long>::max()));
+    };
+    return {1, along(strides.y), along(strides.z), along(strides.c), along(strides.t)};
 }
 
 } // namespace
@@ -146,25 +170,24 @@ ImagePtr wrap(const BaseImageGeometry& geometry, void* data, const ElementStride
 ImagePtr wrapImage(const BaseImageGeometry& geometry, void* data, const ElementStrides& strides,
                    boost::shared_ptr<void> owner)
 {
-    return wrap(geometry, data, strides, std::move(owner), true);
+    return boost::make_shared<HostImage>(geometry, layoutOf(geometry, data, strides, std::move(owner), true));
 }
 
 ImageConstPtr wrapConstImage(const BaseImageGeometry& geometry, const void* data, const ElementStrides& strides,
                              boost::shared_ptr<void> owner)
 {
-    return wrap(geometry, const_cast<void*>(data), strides, std::move(owner), false); // a const image isn't written
+    return boost::make_shared<HostImage>(geometry, layoutOf(geometry, data, strides, std::move(owner), false));
 }
 
 ImagePtr wrapImage(const BaseImageGeometry& geometry, void* data, const BufferStrides& strides,
                    boost::shared_ptr<void> owner)
 {
-    // What 63 bits don't hold reaches beyond any address space, and so does the largest number that they do hold.
-    const auto along = [](unsigned long stride) {
-        return static_cast<long>(std::min<unsigned long>(stride, std::numeric_limits<long>::max()));
-    };
-    return wrapImage(geometry, data,
-                     ElementStrides{1, along(strides.y), along(strides.z), along(strides.c), along(strides.t)},
-                     std::move(owner));
+    return wrapImage(geometry, data, elementStridesOf(strides), std::move(owner));
 }
+
+WrappedImage::WrappedImage(const BaseImageGeometry& geometry, void* data, const BufferStrides& strides)
+    : BaseImage(geometry, layoutOf(geometry, data, elementStridesOf(strides), {}, true))
+{}
+WrappedImage::~WrappedImage() = default;
 
 } // namespace orlix::image

@@ -19,6 +19,7 @@ assert_type(orlix.copy(array), NDArray[Any])
 assert_type(orlix.compare(array, array).first, tuple[int, ...] | None)
 assert_type(orlix.values(array, [(0, 0)]), NDArray[np.float64])
 assert_type(orlix.lines((4, 4), spacing=2), NDArray[np.bool_])
+orlix.testing.assert_images_equal(array, array, absolute=1)
 future = orlix.submit(orlix.random, (4, 4), rng=1)
 assert_type(future.result(), NDArray[Any])
 

@@ -22,3 +22,4 @@
 #include "ORLIXIPL/ORLIXImage/PixelMemoryPool.h"
 #include "ORLIXIPL/ORLIXImage/PixelRun.h"
 #include "ORLIXIPL/ORLIXImage/SubImage.h"
+#include "ORLIXIPL/ORLIXImage/WrappedImage.h"
