@@ -120,17 +120,27 @@ TEST(StridedImage, ElementsThatOverlapCanOnlyBeRead)
     });
 }
 
-TEST(StridedImage, MayNotReachBelowTheAddressSpace)
+TEST(StridedImage, MayNotReachBeyondTheAddressSpace)
 {
-    unsigned char element = 0;
-    const auto refusalOf = [&](long stride) {
+    const auto isRefused = [&](std::uintptr_t address, unsigned long sizeX, long stride) {
         return textOf([&] {
-            static_cast<void>(wrapImage(*geometry2d(g_uint8, 3, 1), &element, {stride, 1, 1, 1, 1}, nullptr));
-        });
+                   static_cast<void>(wrapImage(*geometry2d(g_uint8, sizeX, 1), reinterpret_cast<void*>(address),
+                                               {stride, 1, 1, 1, 1}, nullptr)); // which reads no pixel
+               }) != "";
     };
-    EXPECT_NE(refusalOf(std::numeric_limits<long>::min()), "");
-    EXPECT_NE(refusalOf(std::numeric_limits<long>::min() / 2), "");
-    EXPECT_NE(refusalOf(std::numeric_limits<long>::max()), "");
+    constexpr std::uintptr_t low = 64;
+    constexpr std::uintptr_t high = ~std::uintptr_t{0} - 63;
+    EXPECT_FALSE(isRefused(low, 64, -1));
+    EXPECT_TRUE(isRefused(low, 65, -1)) << "the last one would be at 0";
+    EXPECT_FALSE(isRefused(low, 22, -3));
+    EXPECT_TRUE(isRefused(low, 23, -3));
+    EXPECT_FALSE(isRefused(high, 63, 1));
+    EXPECT_TRUE(isRefused(high, 64, 1));
+    EXPECT_FALSE(isRefused(high, 1000, -1));
+    EXPECT_TRUE(isRefused(high, 3, std::numeric_limits<long>::min()));
+    EXPECT_TRUE(isRefused(high, 3, std::numeric_limits<long>::max()));
+    EXPECT_FALSE(isRefused(low, 2, std::numeric_limits<long>::max() - 1));
+    EXPECT_TRUE(isRefused(low, 2, std::numeric_limits<long>::max())) << "with its last element";
 }
 
 TEST(StridedImage, ViewsShowThePixelsOfTheirPart)
