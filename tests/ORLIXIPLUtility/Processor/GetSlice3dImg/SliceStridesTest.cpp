@@ -57,12 +57,13 @@ TEST(SliceStridesTest, everyFormToEveryForm)
 
 TEST(SliceStridesTest, everyTypeAndShape)
 {
+    const std::vector<StridedForm> forms = testing::allStridedForms();
     unsigned long turn = 0;
     for (const eImageBufferType type : image::g_allBufferTypes) {
         for (const Sizes& sizes : g_volumes) {
-            for (const StridedForm& in : testing::allStridedForms()) {
+            for (unsigned long i = 0; i < 5; ++i) {
                 const StridedForm& out = testing::g_stridedForms[++turn % testing::g_stridedForms.size()];
-                expectSlices(type, sizes, in, out);
+                expectSlices(type, sizes, forms[turn * 3 % forms.size()], out);
             }
         }
     }
@@ -77,7 +78,7 @@ TEST(SliceStridesTest, manyStripsUnderEveryExecutor)
         const testing::ScopedExecutor scoped(each.executor);
         for (unsigned long i = 0; i < 2; ++i) {
             const StridedForm& in = forms[++turn % forms.size()];
-            expectSlices(eImageBufferType::UInt8, {70, 61, 211, 1, 1}, in,
+            expectSlices(eImageBufferType::UInt8, {20, 61, 141, 1, 1}, in,
                          testing::g_stridedForms[turn * 7 % testing::g_stridedForms.size()]);
         }
     }
