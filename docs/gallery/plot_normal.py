@@ -35,7 +35,7 @@ right.legend(fontsize=8)
 # ------------
 #
 # - Integers are rounded, half away from zero, and saturate: on ``UInt8`` what lies below 0 becomes 0.
-# - No value lies further than 6.8 deviations from the mean. A deviation of 0 gives the mean everywhere.
+# - No value lies further than 6.77 deviations from the mean. A deviation of 0 gives the mean everywhere.
 # - Seeds are those of :doc:`plot_random`.
 #
 # By blocks

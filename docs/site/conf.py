@@ -43,6 +43,7 @@ html_theme_options = {
 }
 pygments_style = "tango"
 highlight_language = "none"
+default_role = "py:obj"  # names between backticks in docstrings are links, where there is something of that name
 copybutton_prompt_text = r">>> |\.\.\. |\$ "
 copybutton_prompt_is_regexp = True
 
@@ -83,12 +84,5 @@ def mend_source(app, docname, source):
         source[0] = source[0].replace("](../README.md)", "](index.md)").replace("](docs/", "](")
 
 
-def drop_numbers(app, what, name, obj, options, lines):
-    """Leave fields of a tuple that nobody described without a text, in the place of "Alias for field number 3"."""
-    if lines and lines[0].startswith("Alias for field number"):
-        lines.clear()
-
-
 def setup(app):
-    app.connect("autodoc-process-docstring", drop_numbers)
     app.connect("source-read", mend_source)

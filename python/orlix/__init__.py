@@ -3,6 +3,9 @@
 Arrays are in C order, x last: (y, x), (z, y, x), (c, z, y, x), (t, c, z, y, x). Functions take NumPy arrays, which they
 read and write where they lie, and `Image`, which knows its axes and the size of its pixels. They use all cores and give
 the same bytes on any number of them.
+
+`orlix.dask` has the same functions for arrays of Dask, which no memory has to hold in one piece; `orlix.testing` compares
+images in tests.
 """
 
 import os as _os

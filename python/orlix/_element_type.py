@@ -13,6 +13,13 @@ class ElementType(enum.IntEnum):
 
     The Like types are of the same bytes as the integers that they are named after, and are kept apart by operators that
     tell labels from grey values. `convert` and `Image` take the type or its name.
+
+    Examples
+    --------
+    >>> orlix.ElementType.UInt16Like.dtype
+    dtype('uint16')
+    >>> orlix.convert(orlix.Image(np.zeros((2, 2), np.uint8)), "UInt8Like")
+    <orlix.Image YX (2, 2) UInt8Like>
     """
 
     Int8 = 1

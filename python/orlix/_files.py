@@ -16,21 +16,58 @@ if TYPE_CHECKING:
 
 
 class FileInfo(NamedTuple):
-    """What the header of an image file says."""
+    """What the header of an image file says.
 
-    format: str  #: "TIFF" or "PNG"
-    axes: str  #: letters of TCZYX
-    shape: tuple[int, ...]  #: along the axes
-    dtype: np.dtype[Any]  #: what `read` gives
-    element_type: str  #: also where NumPy has no type for it
-    pixel_size: tuple[float, ...] | None  #: along (y, x) or (z, y, x)
-    unit: str | None  #: of the pixel size
-    compression: str  #: in libtiff's words; "Deflate" for PNG
-    metadata: str  #: "OME-XML" or "ImageJ" where such a description settled the axes, else ""
-    pages: int  #: of the file; 1 for PNG
-    bits_per_sample: int  #: in the file: 1 for masks
-    tiled: bool  #: tiles, not strips of lines
-    file_bytes: int  #: size of the file
+    Attributes
+    ----------
+    format : str
+        "TIFF" or "PNG".
+    axes : str
+        Letters of TCZYX.
+    shape : tuple of int
+        Pixels along the axes.
+    dtype : dtype
+        What `read` gives.
+    element_type : str
+        Also where NumPy has no type for it.
+    pixel_size : tuple of float, or None
+        Along (y, x) or (z, y, x).
+    unit : str or None
+        Of the pixel size.
+    compression : str
+        In libtiff's words; "Deflate" for PNG.
+    metadata : str
+        "OME-XML" or "ImageJ" where such a description settled the axes, else "".
+    pages : int
+        Of the file; 1 for PNG.
+    bits_per_sample : int
+        In the file: 1 for masks.
+    tiled : bool
+        Tiles, not strips of lines.
+    file_bytes : int
+        Size of the file.
+
+    Examples
+    --------
+    >>> orlix.write("mask.tif", np.ones((3, 4), bool))
+    >>> found = orlix.info("mask.tif")
+    >>> found.format, found.shape, found.element_type, found.bits_per_sample
+    ('TIFF', (3, 4), 'Binary', 1)
+    """
+
+    format: str
+    axes: str
+    shape: tuple[int, ...]
+    dtype: np.dtype[Any]
+    element_type: str
+    pixel_size: tuple[float, ...] | None
+    unit: str | None
+    compression: str
+    metadata: str
+    pages: int
+    bits_per_sample: int
+    tiled: bool
+    file_bytes: int
 
 
 def _explain(error: _core.OrlixFileError, path: str) -> OSError:
@@ -100,6 +137,18 @@ def read(
     ------
     FileNotFoundError, PermissionError, OrlixFileError
         The file can't be opened; it is damaged or of a kind that is not supported, or the region reaches beyond it.
+    ValueError
+        `axes` or `region` name other axes than the file has.
+
+    Examples
+    --------
+    >>> orlix.write("ramp.tif", np.arange(6, dtype=np.uint8).reshape(2, 3), pixel_size=(0.5, 0.5), unit="um")
+    >>> image = orlix.read("ramp.tif")
+    >>> image, image.pixel_size
+    (<orlix.Image YX (2, 3) UInt8>, (0.5, 0.5))
+    >>> np.asarray(orlix.read("ramp.tif", region={"X": slice(1, 3)}))
+    array([[1, 2],
+           [4, 5]], dtype=uint8)
     """
     path = os.fspath(path)
     spans: list[tuple[int, int] | None] | None = None
@@ -107,6 +156,9 @@ def read(
         unknown = set(region) - set("XYZCT")
         if unknown:
             raise ValueError(f"region along {', '.join(sorted(unknown))}: axes are named T, C, Z, Y and X")
+        for key, run in region.items():
+            if not isinstance(run, slice) and not (isinstance(run, (tuple, list)) and len(run) == 2):
+                raise TypeError(f"region along {key} is {run!r}: a slice, or a start and a stop are needed")
         shape: dict[str, int] = {}
         if any(isinstance(r, slice) and r.stop is None or not isinstance(r, slice) and r[1] is None for r in region.values()):
             found = info(path)
@@ -162,6 +214,12 @@ def write(
     ------
     FileExistsError, PermissionError, OrlixFileError
         The file may not or can't be written, or the format can't hold the image.
+
+    Examples
+    --------
+    >>> orlix.write("ramp.tif", np.arange(6, dtype=np.uint8).reshape(2, 3), compression="deflate")
+    >>> orlix.info("ramp.tif").compression
+    'AdobeDeflate'
     """
     path = os.fspath(path)
     if not isinstance(image, _core.Image):
@@ -184,10 +242,26 @@ def write(
 def info(path: str | os.PathLike[str]) -> FileInfo:
     """Return what the header of a TIFF or PNG file says, without reading a pixel.
 
+    Parameters
+    ----------
+    path : path-like
+        The file; its content tells the format.
+
+    Returns
+    -------
+    FileInfo
+        Axes, sizes, types, and how the pixels are stored.
+
     Raises
     ------
     FileNotFoundError, PermissionError, OrlixFileError
         As for `read`.
+
+    Examples
+    --------
+    >>> orlix.write("ramp.png", np.arange(6, dtype=np.uint8).reshape(2, 3))
+    >>> orlix.info("ramp.png").shape
+    (2, 3)
     """
     path = os.fspath(path)
     try:

@@ -14,7 +14,18 @@ R = TypeVar("R")
 
 
 class Future(concurrent.futures.Future[R], Generic[R]):
-    """The result of a call that `submit` has started."""
+    """The result of a call that `submit` has started.
+
+    See Also
+    --------
+    submit : Starts a call.
+
+    Examples
+    --------
+    >>> future = orlix.submit(orlix.copy, np.array([1, 2], np.uint8))
+    >>> future.result(), future.done(), future.cancelled()
+    (array([1, 2], dtype=uint8), True, False)
+    """
 
     def __init__(self) -> None:
         super().__init__()
@@ -27,7 +38,13 @@ class Future(concurrent.futures.Future[R], Generic[R]):
         return self._progress
 
     def cancel(self) -> bool:
-        """End the call, also one that runs; False where it has ended by itself."""
+        """End the call, also one that runs.
+
+        Returns
+        -------
+        bool
+            Whether it was ended; False where it has ended by itself.
+        """
         if super().cancel():
             return True
         if self.done():
@@ -37,7 +54,13 @@ class Future(concurrent.futures.Future[R], Generic[R]):
         return self.cancelled()
 
     def cancelled(self) -> bool:
-        """Whether the call was ended by `cancel`, before it began or while it ran."""
+        """Tell whether the call was ended by `cancel`.
+
+        Returns
+        -------
+        bool
+            True where that was before it began or while it ran.
+        """
         return super().cancelled() or (
             self.done() and isinstance(super().exception(), concurrent.futures.CancelledError)
         )
@@ -67,9 +90,18 @@ class Future(concurrent.futures.Future[R], Generic[R]):
         try:
             result = function(*args, progress=progress, **kwargs)
         except BaseException as error:  # whatever it is, it is for the caller who asks for the result
-            self.set_exception(error)
+            self.set_exception(_explained(error, function))
         else:
             self.set_result(result)
+
+
+def _explained(error: BaseException, function: Callable[..., Any]) -> BaseException:
+    """The error, or a clearer one where the function can't be watched."""
+    called = error.__traceback__ is None or error.__traceback__.tb_next is not None
+    if called or not isinstance(error, TypeError) or "'progress'" not in str(error):
+        return error
+    name = getattr(function, "__name__", repr(function))
+    return TypeError(f"{name} takes no progress: submit starts functions of this package that do")
 
 
 def submit(function: Callable[P, R], /, *args: P.args, **kwargs: P.kwargs) -> Future[R]:
@@ -86,6 +118,13 @@ def submit(function: Callable[P, R], /, *args: P.args, **kwargs: P.kwargs) -> Fu
     -------
     Future
         A `concurrent.futures.Future` with `progress`, whose `cancel` ends a running call too, and which can be awaited.
+        It raises what the function raises, and TypeError for a function that takes no `progress`.
+
+    Examples
+    --------
+    >>> future = orlix.submit(orlix.random, (2, 1000), np.uint8, low=3, high=5, rng=1)
+    >>> future.result().shape
+    (2, 1000)
     """
     future: Future[R] = Future()
     threading.Thread(target=future._run, args=(function, args, kwargs), daemon=True).start()

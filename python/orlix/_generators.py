@@ -2,6 +2,7 @@
 
 from __future__ import annotations
 
+import operator
 import os
 from collections.abc import Sequence
 from typing import TYPE_CHECKING
@@ -21,7 +22,12 @@ def seed_of(rng: Rng) -> int:
         return int.from_bytes(os.urandom(8), "little")
     if isinstance(rng, np.random.Generator):
         return int(rng.integers(2**63))
-    seed = int(rng)
+    try:
+        seed = operator.index(rng)
+    except TypeError:
+        raise TypeError(
+            f"rng is of type {type(rng).__name__}: None, an int, which is the seed, or a numpy.random.Generator is needed"
+        ) from None
     if not 0 <= seed < 2**64:
         raise ValueError(f"rng: {seed} is no seed from 0 to 2**64 - 1")
     return seed
@@ -57,11 +63,32 @@ def random(
     Returns
     -------
     ndarray
+        Of `shape` and `dtype`; `out`, where it is given.
+
+    Raises
+    ------
+    OrlixError
+        `low` or `high` lies outside the range of the type.
+    TypeError, ValueError
+        `low` above `high`; else as for `copy`.
+
+    See Also
+    --------
+    normal : Values of a normal law.
+    orlix.dask.random : The same values for arrays that don't fit into memory.
 
     Notes
     -----
     A linear congruential generator in each lane of a register: fast and even, not for cryptography, and not where
     neighbouring pixels have to be independent to the last bit.
+
+    Examples
+    --------
+    >>> noise = orlix.random((2, 1000), np.uint8, low=3, high=5, rng=1)
+    >>> np.unique(noise)
+    array([3, 4, 5], dtype=uint8)
+    >>> np.array_equal(noise, orlix.random((2, 1000), np.uint8, low=3, high=5, rng=1))
+    True
     """
     return _core.random(shape, dtype, low, high, seed_of(rng), out, progress, None)
 
@@ -80,14 +107,39 @@ def normal(
 
     Parameters
     ----------
-    shape, dtype, rng, out, progress
-        As for `random`.
+    shape : sequence of int
+        Up to five axes, the last ones of t, c, z, y, x.
+    dtype : dtype
+        One of the eight.
     mean, deviation : float
         Of the law.
+    rng : None, int or numpy.random.Generator, optional
+        As for `random`.
+    out : ndarray, optional
+        Written and returned.
+    progress : callable or bool, optional
+        As for `copy`.
 
     Returns
     -------
     ndarray
+        Of `shape` and `dtype`; `out`, where it is given.
+
+    Raises
+    ------
+    TypeError, ValueError
+        A deviation below 0; else as for `copy`.
+
+    See Also
+    --------
+    random : Values of a range, each as likely as any other.
+    orlix.dask.normal : The same values for arrays that don't fit into memory.
+
+    Examples
+    --------
+    >>> grain = orlix.normal((100, 100), np.uint8, mean=128, deviation=32, rng=1)
+    >>> round(float(grain.mean())), round(float(grain.std()))
+    (128, 32)
     """
     return _core.normal(shape, dtype, mean, deviation, seed_of(rng), out, progress, None)
 
@@ -122,6 +174,12 @@ def lines(
     Returns
     -------
     ndarray of bool
+        True on the lines, one of which runs through the centre.
+
+    Raises
+    ------
+    ValueError
+        As for `copy`.
 
     Examples
     --------

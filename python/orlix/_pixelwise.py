@@ -14,13 +14,33 @@ if TYPE_CHECKING:
 
 
 class Comparison(NamedTuple):
-    """What `compare` found: how many pixels differ, and the first of them."""
+    """What `compare` found: how many pixels differ, and the first of them.
 
-    identical: bool  #: no pixel differs
-    different: int  #: pixels that differ
-    compared: int  #: pixels in all
-    first: tuple[int, ...] | None  #: index of the first that differs, in the order of memory
-    values: tuple[float, float] | None  #: there
+    Attributes
+    ----------
+    identical : bool
+        No pixel differs.
+    different : int
+        Pixels that differ.
+    compared : int
+        Pixels in all.
+    first : tuple of int, or None
+        Index of the first that differs: the smallest one.
+    values : tuple of float, or None
+        The two values there.
+
+    Examples
+    --------
+    >>> found = orlix.compare(np.array([1, 2, 3], np.uint8), np.array([1, 2, 5], np.uint8))
+    >>> found.different, found.first, found.values
+    (1, (2,), (3.0, 5.0))
+    """
+
+    identical: bool
+    different: int
+    compared: int
+    first: tuple[int, ...] | None
+    values: tuple[float, float] | None
 
 
 def copy(image: A, *, out: A | None = None, progress: Progress | None = None) -> A:
@@ -73,6 +93,11 @@ def erase(image: A, value: float = 0, *, progress: Progress | None = None) -> A:
     -------
     ndarray or Image
         `image` itself.
+
+    Raises
+    ------
+    TypeError, ValueError
+        Elements of another type than the eight; an array that is read only.
 
     Examples
     --------
@@ -143,6 +168,16 @@ def convert(image: A, dtype: DTypeLike, *, out: A | None = None, progress: Progr
     Returns
     -------
     ndarray or Image
+        Of the shape of `image`, and of that type.
+
+    Raises
+    ------
+    TypeError, ValueError
+        As for `copy`.
+
+    See Also
+    --------
+    threshold : Marks any range of values.
 
     Examples
     --------
@@ -171,6 +206,16 @@ def compare(
     Returns
     -------
     Comparison
+        Counts, and the first difference.
+
+    Raises
+    ------
+    TypeError, ValueError
+        Other types or shapes.
+
+    See Also
+    --------
+    orlix.testing.assert_images_equal : For tests, with a picture of the difference.
 
     Examples
     --------

@@ -18,15 +18,39 @@ if TYPE_CHECKING:
 
 
 class Attribute(NamedTuple):
-    """A named input or output of a processor."""
+    """A named input or output of a processor.
 
-    name: str  #: the keyword of a call
-    kind: str  #: what it holds: "image", "number", "one of nearest, linear, cubic"
-    tool_tip: str  #: what it is for
-    optional: bool  #: may be left out
-    output: bool  #: is written by the call
-    required: bool  #: no call without it: outputs are, where the processor makes none itself
-    default: str | None  #: what it holds where it is left out, as a text
+    Attributes
+    ----------
+    name : str
+        The keyword of a call.
+    kind : str
+        What it holds: "image", "number", "one of nearest, linear, cubic".
+    tool_tip : str
+        What it is for.
+    optional : bool
+        It may be left out.
+    output : bool
+        It is written by the call.
+    required : bool
+        No call without it: outputs are, where the processor makes none itself.
+    default : str or None
+        What it holds where it is left out, as a text.
+
+    Examples
+    --------
+    >>> first = orlix.processor("BasicThresholdImgLvl1").attributes[0]
+    >>> first.name, first.kind, first.required
+    ('InImg', 'image', True)
+    """
+
+    name: str
+    kind: str
+    tool_tip: str
+    optional: bool
+    output: bool
+    required: bool
+    default: str | None
 
 
 def _text_of(value: Any, kind: str) -> str:
@@ -87,7 +111,9 @@ def _full_name(name: str) -> str:
         raise ValueError(f"{name} is the name of several processors: {', '.join(meant)}")
     import difflib  # for those who mistype
 
-    near = difflib.get_close_matches(_short(name), map(_short, known))
+    short = [_short(one) for one in known]
+    begin = [one for one in short if one.lower().startswith(_short(name).lower())] if name else []
+    near = begin[:4] or difflib.get_close_matches(_short(name), short)
     hint = f"near it {'is' if len(near) == 1 else 'are'} {', '.join(near)}" if near else "orlix.processors() lists all"
     raise ValueError(f"there is no processor {name}: {hint}")
 
@@ -104,6 +130,15 @@ class Processor:
         One of `processors()`.
     **values
         Attributes that every call has unless it says otherwise.
+
+    See Also
+    --------
+    processor : Makes one.
+
+    Examples
+    --------
+    >>> orlix.Processor("CopyImgLvl1")
+    <orlix.Processor CopyImgLvl1(InImg, OutImg)>
     """
 
     def __init__(self, name: str, /, **values: Any) -> None:
@@ -195,6 +230,11 @@ def processors() -> list[str]:
 
     Those of level 1 take whole images; what ends in Lvl2 or Lvl3 is a part of one, for parts of images.
 
+    Returns
+    -------
+    list of str
+        What `processor` takes.
+
     Examples
     --------
     >>> "CopyImgLvl1" in orlix.processors()
@@ -218,6 +258,7 @@ def processor(name: str, /, **values: Any) -> Processor:
     Returns
     -------
     Processor
+        To be called with its attributes as keywords.
 
     Raises
     ------

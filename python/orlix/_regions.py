@@ -83,11 +83,12 @@ def paste(
     Returns
     -------
     ndarray or Image
+        The image with the region in it.
 
     Raises
     ------
     OrlixError
-        The region reaches beyond the image, or is of another type.
+        The region reaches beyond the image, or is of another type, or of another size on the other axes.
 
     Examples
     --------

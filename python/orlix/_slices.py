@@ -71,8 +71,12 @@ def put_slice(
     ----------
     volume, plane : ndarray or Image
         The plane has the element type and the sizes of the volume without that axis.
-    axis, index, axes
-        As for `get_slice`.
+    axis : {"x", "y", "z"}
+        The axis that the slice lies across.
+    index : int
+        Number of the slice, from the end where it is below 0.
+    axes : str, optional
+        Of an array, as for `crop`.
     out : same as `volume`, optional
         Written and returned. ``out=volume`` writes the slice alone.
     progress : callable or bool, optional
@@ -81,6 +85,14 @@ def put_slice(
     Returns
     -------
     ndarray or Image
+        The volume with the slice in it.
+
+    Raises
+    ------
+    IndexError
+        There is no such slice.
+    OrlixError
+        The plane is of another type or shape.
 
     Examples
     --------
@@ -109,6 +121,14 @@ def append(
     Returns
     -------
     ndarray or Image
+        The steps of `first`, and then those of `second`.
+
+    Raises
+    ------
+    OrlixError
+        Other sizes.
+    TypeError
+        Arrays of other types.
 
     Examples
     --------

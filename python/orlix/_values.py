@@ -44,7 +44,12 @@ def values(
     Returns
     -------
     ndarray of float64
-        One value a point.
+        One value a point; NaN for a point with a coordinate that is NaN or infinite.
+
+    Raises
+    ------
+    ValueError
+        `points` of another shape.
 
     Examples
     --------

@@ -12,11 +12,23 @@ from . import _core
 def to_xarray(image: _core.Image) -> Any:
     """Return the image as an xarray.DataArray that shares its memory.
 
+    Parameters
+    ----------
+    image : Image
+        What the method is called on.
+
     Returns
     -------
     xarray.DataArray
         Its dims are the letters of the axes in lower case; coordinates along z, y and x are the centres of the pixels,
         where the image has a calibration.
+
+    Examples
+    --------
+    >>> image = orlix.Image(np.zeros((2, 4), np.uint8), pixel_size=(0.5, 2), unit="um")
+    >>> array = image.to_xarray()
+    >>> array.dims, array.coords["x"].values.tolist()
+    (('y', 'x'), [1.0, 3.0, 5.0, 7.0])
     """
     import xarray  # wanted by few, and large
 
@@ -57,11 +69,18 @@ def from_xarray(array: Any) -> _core.Image:
     Returns
     -------
     Image
+        With the axes and the size of pixels that the array tells.
 
     Raises
     ------
     ValueError
         Dims of other names, coordinates of uneven steps, several units.
+
+    Examples
+    --------
+    >>> import xarray
+    >>> orlix.Image.from_xarray(xarray.DataArray(np.zeros((3, 2, 4), np.uint8), dims=["t", "y", "x"]))
+    <orlix.Image TYX (3, 2, 4) UInt8>
     """
     if type(array).__name__ != "DataArray" or not type(array).__module__.startswith("xarray"):
         raise TypeError(f"array is of type {type(array).__name__}: an xarray.DataArray is needed")

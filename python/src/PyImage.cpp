@@ -241,6 +241,27 @@ origin : sequence of float, optional
     Position of the corner of the first pixel, in the same order and unit.
 element_type : str or dtype, optional
     Name of an element type for the bytes of `data`, such as "UInt16Like".
+
+Raises
+------
+TypeError
+    Elements of another type than the eight, or an element type that doesn't go with them.
+ValueError
+    Axes that don't fit the data.
+
+See Also
+--------
+read : Reads one from a file.
+
+Examples
+--------
+>>> image = orlix.Image(np.zeros((3, 4, 6), np.uint8), "CYX", pixel_size=(0.5, 0.5), unit="um")
+>>> image
+<orlix.Image CYX (3, 4, 6) UInt8>
+>>> orlix.crop(image, (1, 2), (2, 4)).origin
+(0.5, 1.0)
+>>> np.asarray(image).shape
+(3, 4, 6)
 )")
         .def("__init__", &initImage, nb::arg("data"), nb::arg("axes") = nb::none(), nb::kw_only(),
              nb::arg("pixel_size") = nb::none(), nb::arg("unit") = nb::none(), nb::arg("origin") = nb::none(),

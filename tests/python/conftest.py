@@ -56,5 +56,6 @@ def layouts(array):
         yield "beside its alignment", beside
 
 
-def doctest_of(module):
-    return doctest.testmod(module, extraglobs={"np": np, "orlix": orlix})
+def doctest_of(module, **names):
+    """Runs the examples of a module, which know these names too; some write files where the test stands."""
+    return doctest.testmod(module, extraglobs={"np": np, "orlix": orlix, **names})

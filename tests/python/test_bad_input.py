@@ -108,6 +108,30 @@ def test_workers_on_another_instruction_set():
         orlix.set_instruction_set(None)
 
 
+def test_arguments_of_another_kind(tmp_path):
+    with pytest.raises(TypeError, match="rng is of type str: None, an int"):
+        orlix.random((2, 2), rng="1")
+    with pytest.raises(TypeError, match="rng is of type float"):
+        orlix.normal((2, 2), rng=1.5)
+    with pytest.raises(TypeError, match="'str' object cannot be interpreted as an integer"):
+        orlix.set_threads("2")
+    with pytest.raises(TypeError, match="get_threads takes no progress: submit starts"):
+        orlix.submit(orlix.get_threads).result()
+    path = tmp_path / "image.tif"
+    orlix.write(path, np.zeros((4, 6), np.uint8))
+    for span in (3, (1, 2, 3), "12"):
+        with pytest.raises(TypeError, match="region along Y is .*: a slice, or a start and a stop"):
+            orlix.read(path, region={"Y": span})
+
+
+def test_type_errors_of_submitted_functions_are_theirs():
+    def fails(progress=None):
+        raise TypeError("of 'progress' and its own")
+
+    with pytest.raises(TypeError, match="and its own"):
+        orlix.submit(fails).result()
+
+
 def test_memory_that_is_gone(tmp_path):
     view = memoryview(bytearray(24))
     view.release()

@@ -1,10 +1,12 @@
 """What is said of every public name: texts, examples that run, and pickles."""
 
+import doctest
 import importlib
 import inspect
 import pickle
 import pkgutil
 
+import numpy as np
 import pytest
 from conftest import doctest_of
 
@@ -25,9 +27,24 @@ def test_there_is_something_to_test():
 
 
 @pytest.mark.parametrize("name", MODULES)
-def test_examples_of_every_docstring(name):
-    result = doctest_of(importlib.import_module(name))
-    assert result.failed == 0
+def test_examples_of_every_docstring(name, tmp_path, monkeypatch):
+    if name == "orlix._xarray":
+        pytest.importorskip("xarray")
+    monkeypatch.chdir(tmp_path)
+    assert doctest_of(importlib.import_module(name)).failed == 0
+
+
+def test_examples_of_the_class_of_cpp():
+    example = doctest.DocTestParser().get_doctest(orlix.Image.__doc__, {"np": np, "orlix": orlix}, "Image", None, 0)
+    result = doctest.DocTestRunner().run(example)
+    assert result.attempted > 0 and result.failed == 0
+
+
+@pytest.mark.parametrize("name", ["_generators", "_pixelwise", "_places", "_values"])
+def test_examples_of_dask(name):
+    da = pytest.importorskip("dask.array")
+    result = doctest_of(importlib.import_module(f"orlix.dask.{name}"), da=da, od=importlib.import_module("orlix.dask"))
+    assert result.attempted > 0 and result.failed == 0
 
 
 @pytest.mark.parametrize("name", ["_pixelwise", "_regions", "_slices", "_values"])

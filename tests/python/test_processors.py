@@ -105,6 +105,12 @@ def test_progress_is_told_and_ends_calls():
 
 
 class TestBadInput:
+    def test_beginnings_of_names(self):
+        with pytest.raises(ValueError, match="no processor copy: near it are .*CopyImgLvl1, CopyImgLvl2"):
+            orlix.processor("copy")
+        with pytest.raises(ValueError, match="lists all"):
+            orlix.processor("")
+
     def test_names(self):
         with pytest.raises(ValueError, match="near it .*CopyImgLvl1"):
             orlix.processor("CopyImgLv1")

@@ -12,7 +12,7 @@ ROOT = pathlib.Path(__file__).parents[2]
 
 
 def blocks_of(page):
-    return re.findall(r"```python\n(.*?)```", (ROOT / page).read_text(), re.DOTALL)
+    return re.findall(r"```python[^\n]*\n(.*?)```", (ROOT / page).read_text(), re.DOTALL)
 
 
 BLOCKS = blocks_of("README.md")
@@ -28,6 +28,16 @@ def test_the_page_on_large_arrays(capsys):
     exec(compile(block, "python.md", "exec"), {})
     pixels = orlix.random((2, 2048, 2048), np.uint16, rng=1)
     assert int(capsys.readouterr().out) == int(((pixels >= 1000) & (pixels <= 40000)).sum())
+
+
+def test_the_three_languages_show_one_example():
+    """The gallery's, whose results a test proves to be the same."""
+    page, example = (ROOT / "README.md").read_text(), ROOT / "docs/gallery/slice"
+    table = page[page.index("in three languages:") : page.index("</table>")]
+    for ending in ("cpp", "py"):
+        assert f"file={(example / f'example.{ending}').relative_to(ROOT)}\n" in table
+    commands = re.search(r"```console\n(.*?)```", table, re.DOTALL).group(1).replace("$ ", "")
+    assert commands == "makePhantom head.tif\n" + (example / "example.sh").read_text()
 
 
 @pytest.mark.parametrize("block", BLOCKS)

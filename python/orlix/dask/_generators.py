@@ -71,6 +71,37 @@ def random(
     """Make random values, each of the range as likely as any other, as `orlix.random`.
 
     A task makes whole lines and cuts them, so chunks that hold whole lines, as they do by default, make nothing in vain.
+
+    Parameters
+    ----------
+    shape : sequence of int
+        Up to five axes, the last ones of t, c, z, y, x.
+    dtype : dtype
+        One of the eight.
+    low, high : float, optional
+        Both included. What the type can hold by default.
+    rng : None, int or numpy.random.Generator, optional
+        As for `orlix.random`.
+    chunks : int or tuple, optional
+        As Dask takes them; whole lines, of which none is made in vain, by default.
+
+    Returns
+    -------
+    dask.array.Array
+        The bytes of `orlix.random` with the same arguments.
+
+    Raises
+    ------
+    OrlixError
+        `low` or `high` lies outside the range of the type; at once, not in a task.
+    ValueError
+        `low` above `high`.
+
+    Examples
+    --------
+    >>> lazy = od.random((4, 1000), np.uint8, rng=1, chunks=(2, 1000))
+    >>> np.array_equal(lazy.compute(), orlix.random((4, 1000), np.uint8, rng=1))
+    True
     """
     seed = seed_of(rng)
     _core.random((1,), dtype, low, high, seed, None, None, None)  # what is refused is refused here
@@ -92,7 +123,32 @@ def normal(
     rng: Rng = None,
     chunks: Any = None,
 ) -> da.Array:
-    """Make values of a normal law, as `orlix.normal`; chunks as for `random`."""
+    """Make values of a normal law, as `orlix.normal`.
+
+    Parameters
+    ----------
+    shape : sequence of int
+        Up to five axes, the last ones of t, c, z, y, x.
+    dtype : dtype
+        One of the eight.
+    mean, deviation : float
+        Of the law.
+    rng : None, int or numpy.random.Generator, optional
+        As for `orlix.random`.
+    chunks : int or tuple, optional
+        As Dask takes them; whole lines, of which none is made in vain, by default.
+
+    Returns
+    -------
+    dask.array.Array
+        The bytes of `orlix.normal` with the same arguments.
+
+    Examples
+    --------
+    >>> lazy = od.normal((4, 1000), rng=1, chunks=(2, 1000))
+    >>> np.array_equal(lazy.compute(), orlix.normal((4, 1000), rng=1))
+    True
+    """
     seed = seed_of(rng)
     _core.normal((1,), dtype, mean, deviation, seed, None, None, None)
     return _generated(
@@ -115,6 +171,33 @@ def lines(
     alpha: float | None = None,
     chunks: Any = None,
 ) -> da.Array:
-    """Make parallel lines, one pixel wide, in a plan or in a volume, as `orlix.lines`."""
+    """Make parallel lines, one pixel wide, in a plan or in a volume, as `orlix.lines`.
+
+    Parameters
+    ----------
+    shape : sequence of int
+        (y, x) or (z, y, x).
+    theta : float
+        In radians, as for `orlix.lines`.
+    spacing : float
+        Pixels from line to line.
+    phi, alpha : float, optional
+        In a volume, as for `orlix.lines`.
+    chunks : int or tuple, optional
+        As Dask takes them; whole lines, of which none is made in vain, by default.
+
+    Returns
+    -------
+    dask.array.Array of bool
+        True on the lines.
+
+    Examples
+    --------
+    >>> od.lines((4, 2), spacing=4).compute().astype(int)
+    array([[0, 0],
+           [0, 0],
+           [1, 1],
+           [0, 0]])
+    """
     _core.lines((1,) * len(shape), theta, spacing, phi, alpha, None, None, None)
     return _generated(_drawn_lines, shape, chunks, bool, theta=theta, spacing=spacing, phi=phi, alpha=alpha)

@@ -16,7 +16,28 @@ from ._blocks import bound, each, take
 
 
 def copy(image: da.Array) -> da.Array:
-    """Copy an image, as `orlix.copy`."""
+    """Copy an image, as `orlix.copy`.
+
+    Parameters
+    ----------
+    image : dask.array.Array
+        Any shape and chunks, any of the eight types.
+
+    Returns
+    -------
+    dask.array.Array
+        Of the same shape, type and chunks.
+
+    Raises
+    ------
+    TypeError
+        `image` is no Dask array, or of another type than the eight.
+
+    Examples
+    --------
+    >>> od.copy(da.ones((4, 6), dtype=np.uint8, chunks=2)).compute().sum()
+    np.uint64(24)
+    """
     return each(_pixelwise.copy, image)
 
 
@@ -25,12 +46,61 @@ def _erased(block: np.ndarray, value: float) -> np.ndarray:
 
 
 def erase(image: da.Array, value: float = 0) -> da.Array:
-    """Set every pixel to one value, as `orlix.erase`, in a new array."""
+    """Set every pixel to one value, as `orlix.erase`, in a new array.
+
+    Parameters
+    ----------
+    image : dask.array.Array
+        Any shape and chunks, any of the eight types.
+    value : float
+        As the element type takes it.
+
+    Returns
+    -------
+    dask.array.Array
+        Of the same shape, type and chunks.
+
+    Raises
+    ------
+    TypeError
+        `image` is no Dask array, or of another type than the eight.
+
+    Examples
+    --------
+    >>> od.erase(da.ones((1, 3), dtype=np.uint8), 7).compute()
+    array([[7, 7, 7]], dtype=uint8)
+    """
     return each(_erased, image, value=value)
 
 
 def threshold(image: da.Array, low: float, high: float) -> da.Array:
-    """Mark the pixels whose value lies between two bounds, as `orlix.threshold`."""
+    """Mark the pixels whose value lies between two bounds, as `orlix.threshold`.
+
+    Parameters
+    ----------
+    image : dask.array.Array
+        Any shape and chunks, any of the eight types.
+    low, high : float
+        Bounds, both included.
+
+    Returns
+    -------
+    dask.array.Array of bool
+        Of the same shape and chunks.
+
+    Raises
+    ------
+    TypeError
+        `image` is no Dask array, or of another type than the eight.
+    OrlixError
+        `low` above `high`, or a bound outside the range of the type; at once, not in a task.
+
+    Examples
+    --------
+    >>> od.threshold(da.from_array(np.array([[1, 5], [9, 12]], np.uint8)), 5, 9).compute()
+    array([[False,  True],
+           [ True, False]])
+    """
     _pixelwise.threshold(np.zeros(1, take(image, "image").dtype), low, high)  # bounds are refused here, not by a worker
     return each(_pixelwise.threshold, image, bool, low=low, high=high)
 
@@ -40,7 +110,30 @@ def _converted(block: np.ndarray, target: np.dtype[Any]) -> np.ndarray:
 
 
 def convert(image: da.Array, dtype: DTypeLike) -> da.Array:
-    """Convert the elements to another type, values as they stand, as `orlix.convert`."""
+    """Convert the elements to another type, values as they stand, as `orlix.convert`.
+
+    Parameters
+    ----------
+    image : dask.array.Array
+        Any shape and chunks, any of the eight types.
+    dtype : dtype
+        One of the eight.
+
+    Returns
+    -------
+    dask.array.Array
+        Of that type, and the same shape and chunks.
+
+    Raises
+    ------
+    TypeError
+        `image` is no Dask array, or of another type than the eight.
+
+    Examples
+    --------
+    >>> od.convert(da.from_array(np.array([0.0, 1.9, -1.9], np.float32)), np.int16).compute()
+    array([ 0,  1, -1], dtype=int16)
+    """
     _core.empty((0,), dtype)
     return each(_converted, image, dtype, target=np.dtype(dtype))
 
@@ -67,10 +160,30 @@ def _join(parts: Sequence[Comparison]) -> Comparison:
 def compare(a: da.Array, b: da.Array, *, absolute: float | None = None, relative: float | None = None) -> Any:
     """Count the pixels in which two images differ, as `orlix.compare`.
 
+    Parameters
+    ----------
+    a, b : dask.array.Array
+        The same shape and type; the chunks of `b` are cut as those of `a`.
+    absolute, relative : float, optional
+        Tolerances, as for `orlix.compare`.
+
     Returns
     -------
     dask.delayed.Delayed
         Of a `Comparison`, whose first difference is that of the smallest index.
+
+    Raises
+    ------
+    TypeError, ValueError
+        Other types or shapes; at once, not in a task.
+
+    Examples
+    --------
+    >>> a = da.ones((4, 6), dtype=np.uint8, chunks=2)
+    >>> b = orlix.dask.paste(a, np.full((1, 1), 9, np.uint8), (2, 5))
+    >>> found = od.compare(a, b).compute()
+    >>> found.different, found.first
+    (1, (2, 5))
     """
     a, b = take(a, "a"), take(b, "b")
     if a.dtype != b.dtype:

@@ -30,7 +30,33 @@ def _region(image: da.Array, at: Sequence[int], size: Sequence[int], axes: str) 
 
 
 def crop(image: da.Array, at: Sequence[int], size: Sequence[int], *, axes: str | None = None) -> da.Array:
-    """Cut a region out of every plan, or out of every volume, as `orlix.crop`."""
+    """Cut a region out of every plan, or out of every volume, as `orlix.crop`.
+
+    Parameters
+    ----------
+    image : dask.array.Array
+        Up to five axes.
+    at, size : sequence of int
+        First pixel and pixels of the region, (y, x) or (z, y, x).
+    axes : str, optional
+        Of the array, letters of TCZYX; the last ones by default.
+
+    Returns
+    -------
+    dask.array.Array
+        The region; chunks that it doesn't touch are never computed.
+
+    Raises
+    ------
+    ValueError
+        The region reaches beyond the image.
+
+    Examples
+    --------
+    >>> od.crop(da.from_array(np.arange(12, dtype=np.uint8).reshape(3, 4)), (1, 2), (2, 2)).compute()
+    array([[ 6,  7],
+           [10, 11]], dtype=uint8)
+    """
     image = take(image, "image")
     return image[_region(image, at, size, axes_of(image, axes))]
 
@@ -42,7 +68,35 @@ def _put(image: da.Array, key: tuple[Any, ...], part: da.Array | np.ndarray) -> 
 
 
 def paste(image: da.Array, region: Any, at: Sequence[int], *, axes: str | None = None) -> da.Array:
-    """Put a region into every plan, or into every volume, of a new image, as `orlix.paste`."""
+    """Put a region into every plan, or into every volume, of a new image, as `orlix.paste`.
+
+    Parameters
+    ----------
+    image : dask.array.Array
+        Up to five axes.
+    region : dask.array.Array or ndarray
+        The same type, and sizes on all axes but those of the region.
+    at : sequence of int
+        Where its first pixel goes, (y, x) or (z, y, x).
+    axes : str, optional
+        Of the array, letters of TCZYX; the last ones by default.
+
+    Returns
+    -------
+    dask.array.Array
+        The image with the region in it.
+
+    Raises
+    ------
+    ValueError
+        The region reaches beyond the image, or is of another shape or type.
+
+    Examples
+    --------
+    >>> od.paste(da.zeros((2, 3), dtype=np.uint8), np.ones((1, 2), np.uint8), (1, 0)).compute()
+    array([[0, 0, 0],
+           [1, 1, 0]], dtype=uint8)
+    """
     image = take(image, "image")
     letters = axes_of(image, axes)
     if region.ndim != image.ndim or region.dtype != image.dtype:
@@ -73,7 +127,35 @@ def _slice_key(volume: da.Array, axis: str, index: int, axes: str) -> tuple[Any,
 
 
 def get_slice(volume: da.Array, axis: Literal["x", "y", "z"], index: int, *, axes: str | None = None) -> da.Array:
-    """Cut one slice out of every volume, across x, y or z, as `orlix.get_slice`."""
+    """Cut one slice out of every volume, across x, y or z, as `orlix.get_slice`.
+
+    Parameters
+    ----------
+    volume : dask.array.Array
+        With a Z axis.
+    axis : {"x", "y", "z"}
+        The axis that the slice lies across.
+    index : int
+        Number of the slice, from the end where it is below 0.
+    axes : str, optional
+        Of the array, letters of TCZYX; the last ones by default.
+
+    Returns
+    -------
+    dask.array.Array
+        The axes that remain, in their order.
+
+    Raises
+    ------
+    IndexError
+        There is no such slice.
+
+    Examples
+    --------
+    >>> od.get_slice(da.from_array(np.arange(8, dtype=np.uint8).reshape(2, 2, 2)), "x", 1).compute()
+    array([[1, 3],
+           [5, 7]], dtype=uint8)
+    """
     volume = take(volume, "volume")
     return volume[_slice_key(volume, axis, index, axes_of(volume, axes))]
 
@@ -81,7 +163,38 @@ def get_slice(volume: da.Array, axis: Literal["x", "y", "z"], index: int, *, axe
 def put_slice(
     volume: da.Array, plane: Any, axis: Literal["x", "y", "z"], index: int, *, axes: str | None = None
 ) -> da.Array:
-    """Put a slice into every volume of a new image, as `orlix.put_slice`."""
+    """Put a slice into every volume of a new image, as `orlix.put_slice`.
+
+    Parameters
+    ----------
+    volume : dask.array.Array
+        With a Z axis.
+    plane : dask.array.Array or ndarray
+        The type and the sizes of the volume without that axis.
+    axis : {"x", "y", "z"}
+        The axis that the slice lies across.
+    index : int
+        Number of the slice, from the end where it is below 0.
+    axes : str, optional
+        Of the array, letters of TCZYX; the last ones by default.
+
+    Returns
+    -------
+    dask.array.Array
+        The volume with the slice in it.
+
+    Raises
+    ------
+    IndexError
+        There is no such slice.
+    ValueError
+        The plane is of another shape or type.
+
+    Examples
+    --------
+    >>> od.put_slice(da.zeros((2, 2, 2), dtype=np.uint8), np.ones((2, 2), np.uint8), "z", 0).compute().ravel()
+    array([1, 1, 1, 1, 0, 0, 0, 0], dtype=uint8)
+    """
     volume = take(volume, "volume")
     key = _slice_key(volume, axis, index, axes_of(volume, axes))
     wanted = tuple(n for n, part in zip(volume.shape, key) if isinstance(part, slice))
@@ -94,7 +207,30 @@ def put_slice(
 
 
 def append(first: da.Array, second: da.Array, *, axes: str | None = None) -> da.Array:
-    """Join two sequences, one after the other along t, as `orlix.append`."""
+    """Join two sequences, one after the other along t, as `orlix.append`.
+
+    Parameters
+    ----------
+    first, second : dask.array.Array
+        The same type, and the same sizes but for time.
+    axes : str, optional
+        Of both arrays, letters of TCZYX; the last ones by default.
+
+    Returns
+    -------
+    dask.array.Array
+        The steps of `first`, and then those of `second`.
+
+    Raises
+    ------
+    TypeError, ValueError
+        Other types or sizes.
+
+    Examples
+    --------
+    >>> od.append(da.zeros((2, 3), dtype=np.uint8), da.ones((2, 3), dtype=np.uint8)).shape
+    (2, 2, 3)
+    """
     first, second = take(first, "first"), take(second, "second")
     if first.dtype != second.dtype:
         raise TypeError(

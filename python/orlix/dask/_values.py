@@ -36,11 +36,25 @@ def values(
         A plan or a volume. A chunk is read with the one or two pixels around it that its points need.
     points : array_like of float
         In memory: shape (n, 2), each (y, x), or (n, 3), each (z, y, x).
+    interpolation : {"linear", "nearest", "cubic"}
+        As for `orlix.values`.
+    axes : str, optional
+        Of the array, letters of TCZYX; the last ones by default.
 
     Returns
     -------
     dask.array.Array of float64
         One value a point, in one chunk.
+
+    Raises
+    ------
+    ValueError
+        A point lies outside the image, or `points` are of another shape.
+
+    Examples
+    --------
+    >>> od.values(da.from_array(np.array([[0, 10], [20, 30]], np.uint8)), [(0, 0.5), (0.5, 0.5)]).compute()
+    array([ 5., 15.])
     """
     image = take(image, "image")
     points = np.ascontiguousarray(points, np.float64)
