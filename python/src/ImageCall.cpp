@@ -19,6 +19,15 @@ ImageInput takeInput(nb::handle object, nb::handle axes, const char* what, bool 
     return {held.image, letters, true, held};
 }
 
+bool goesByOwnOrder(nb::handle object, nb::handle axes, const char* what)
+{
+    if (findImage(object) != nullptr) {
+        return false;
+    }
+    const nb::object array = takeArray(object, what);
+    return !hasImageOrder(asArray(array), axesOf(axes, static_cast<std::size_t>(PyArray_NDIM(asArray(array)))));
+}
+
 namespace {
 
 /// Of as many axes as the input it lies like that, else in the order of an image.

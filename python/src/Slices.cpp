@@ -108,6 +108,10 @@ nb::object getSlice(nb::handle volume, const std::string& axis, long index, nb::
 nb::object putSlice(nb::handle volume, nb::handle plane, const std::string& axis, long index, nb::handle axes,
                     nb::handle out, nb::handle progress)
 {
+    if (out.is_none() && goesByOwnOrder(volume, axes, "volume")) {
+        const nb::object made = copyImage(volume, nb::none(), nb::none());
+        return putSlice(made, plane, axis, index, axes, made, progress);
+    }
     const unsigned across = axisNamed(axis);
     const bool bInPlace = out.is(volume);
     const ImageInput input = takeInput(volume, axes, "volume", bInPlace);
