@@ -1,6 +1,7 @@
 // A box of pixels on its way from one strip to another, as the rows in memory that kernels copy.
 #pragma once
 
+#include "ORLIX/ORLIXMath/Simd/ForceInline.h"
 #include "ORLIX/ORLIXMath/Simd/MemoryPlace.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Export.h"
 #include "ORLIXIPL/ORLIXImageProcessing/BaseStripAttributes.h"
@@ -67,7 +68,7 @@ struct PixelBox
                                                     const OutputRows& destination, const PixelPlace& to,
                                                     const PixelBoxSize& size);
     /// Do pixels of a row lie apart on one side?
-    bool isStrided() const { return sourceStride != 1 || destinationStride != 1; }
+    ORLIX_SIMD_INLINE bool isStrided() const { return sourceStride != 1 || destinationStride != 1; }
     /// Copies the box pixel by pixel.
     ORLIXIPLUTILITY_API void copyStrided() const;
 };

@@ -1,6 +1,7 @@
 // A volume and a strip of a slice as kernels of the slice operators take them.
 #pragma once
 
+#include "ORLIX/ORLIXMath/Simd/ForceInline.h"
 #include "ORLIX/ORLIXMath/Simd/MemoryPlace.h"
 #include "ORLIXIPL/ORLIXIPLAttributes/Axis.h"
 
@@ -30,7 +31,7 @@ struct SlicePlans
                 volume.getSizeX(), volume.getSizeY(),  volume.getSizeZ(), layout.place};
     }
     /// Pixel (x, y, z), of elements of `elementBytes`.
-    TByte* at(unsigned long x, unsigned long y, unsigned long z, unsigned long elementBytes) const
+    ORLIX_SIMD_INLINE TByte* at(unsigned long x, unsigned long y, unsigned long z, unsigned long elementBytes) const
     {
         return first + static_cast<long>(z) * planBytes + static_cast<long>(y) * rowBytes +
                static_cast<long>(x * elementBytes) * pixelStride;
