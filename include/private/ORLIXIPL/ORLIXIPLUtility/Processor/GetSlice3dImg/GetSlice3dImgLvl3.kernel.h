@@ -38,12 +38,14 @@ ProcessingResult<bool> GetSlice3dImgLvl3::genericProcessFunction(const processor
             image::copyRun(reinterpret_cast<std::byte*>(block), 1, row, m_in.pixelStride, info.nbElements, sizeof(T));
         }
     } else if (m_strip.axis == eAxis::eX) {
+        const SlicePlans<const std::byte> in = m_in; // for all that the compiler knows, stores could change a member
+        const unsigned long index = m_strip.index;
         unsigned long z = m_strip.firstLine + info.firstElement / m_strip.sizeX;
         unsigned long r = info.firstElement % m_strip.sizeX;
-        for (unsigned long i = 0; i < info.nbElements && z < m_in.sizeZ; ++z, r = 0) {
+        for (unsigned long i = 0; i < info.nbElements && z < in.sizeZ; ++z, r = 0) {
             const unsigned long end = std::min(info.nbElements, i + (m_strip.sizeX - r));
-            const std::byte* element = m_in.at(m_strip.index, r, z, sizeof(T));
-            for (; i < end; ++i, element += m_in.rowBytes) {
+            const std::byte* element = in.at(index, r, z, sizeof(T));
+            for (; i < end; ++i, element += in.rowBytes) {
                 std::memcpy(block + i, element, sizeof(T));
             }
         }

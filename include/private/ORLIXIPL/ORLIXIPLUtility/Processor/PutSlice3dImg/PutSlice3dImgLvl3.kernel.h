@@ -50,13 +50,15 @@ ProcessingResult<bool> PutSlice3dImgLvl3::genericProcessFunction(const processor
             copyRows<T, ISA>(m_out, row, 0, block, 0, info.nbElements, 1);
         }
     } else if (m_strip.axis == eAxis::eX) {
+        const SlicePlans<std::byte> out = m_out; // for all that the compiler knows, stores could change a member
+        const unsigned long index = m_strip.index;
         unsigned long z = m_strip.firstLine + info.firstElement / m_strip.sizeX;
         unsigned long r = info.firstElement % m_strip.sizeX;
-        for (unsigned long i = 0; i < info.nbElements && z < m_out.sizeZ; ++z, r = 0) {
+        for (unsigned long i = 0; i < info.nbElements && z < out.sizeZ; ++z, r = 0) {
             const unsigned long nbLeft = info.nbElements - i;
             const unsigned long end = i + (nbLeft < m_strip.sizeX - r ? nbLeft : m_strip.sizeX - r);
-            std::byte* element = m_out.at(m_strip.index, r, z, sizeof(T));
-            for (; i < end; ++i, element += m_out.rowBytes) {
+            std::byte* element = out.at(index, r, z, sizeof(T));
+            for (; i < end; ++i, element += out.rowBytes) {
                 std::memcpy(element, block + i * sizeof(T), sizeof(T));
             }
         }
