@@ -126,7 +126,8 @@ PixelLayout layoutOf(const BaseImageGeometry& geometry, const void* data, const 
     // An image without elements has no use for its pointer, which may well be that of an empty container.
     alignas(g_planAlignment) static std::byte nothing;
     std::byte* const first = data ? static_cast<std::byte*>(const_cast<void*>(data)) : &nothing;
-    const long lineBytes = static_cast<long>(geometry.getSizeX()) * size;
+    // Unsigned, since sizes are checked below.
+    const auto lineBytes = static_cast<long>(geometry.getSizeX() * static_cast<unsigned long>(size));
     if (!hasElements(geometry)) {
         return {.first = first,
                 .rowBytes = lineBytes,
