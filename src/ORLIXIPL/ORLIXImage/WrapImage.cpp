@@ -112,9 +112,9 @@ bool hasElements(const BaseImageGeometry& geometry)
            geometry.getSizeT() > 0;
 }
 
-/// `bWritten`: every element has a place of its own.
+/// `bWritten`: every element has a place of its own. `bufferBytes`: of what the image is a part of, 0 where it is all.
 PixelLayout layoutOf(const BaseImageGeometry& geometry, const void* data, const ElementStrides& strides,
-                     boost::shared_ptr<void> owner, bool bWritten)
+                     boost::shared_ptr<void> owner, bool bWritten, unsigned long bufferBytes)
 {
     if (!geometry.hasUniformBufferType()) {
         raise<eORLIXImageMessage>(ORLIX_HERE, eORLIXImageMessage::eWrapSeveralTypes, geometry.toString());
@@ -152,7 +152,8 @@ PixelLayout layoutOf(const BaseImageGeometry& geometry, const void* data, const 
             .stepBytes = distance(geometry.getSizeT(), strides.t),
             .steps = {},
             .bDense = pixelStride == 1 && bRowsTouch,
-            .place = findMemoryPlace(geometry.getNbPixels() * static_cast<unsigned long>(size)), // gaps aren't written
+            .place = findMemoryPlace(std::max(geometry.getNbPixels() * static_cast<unsigned long>(size),
+                                              bufferBytes)), // gaps aren't written
             .imageType = eImageType::eWrappedImage,
             .owner = std::move(owner)};
 }
@@ -171,13 +172,13 @@ ElementStrides elementStridesOf(const BufferStrides& strides)
 ImagePtr wrapImage(const BaseImageGeometry& geometry, void* data, const ElementStrides& strides,
                    boost::shared_ptr<void> owner)
 {
-    return boost::make_shared<HostImage>(geometry, layoutOf(geometry, data, strides, std::move(owner), true));
+    return boost::make_shared<HostImage>(geometry, layoutOf(geometry, data, strides, std::move(owner), true, 0));
 }
 
 ImageConstPtr wrapConstImage(const BaseImageGeometry& geometry, const void* data, const ElementStrides& strides,
                              boost::shared_ptr<void> owner)
 {
-    return boost::make_shared<HostImage>(geometry, layoutOf(geometry, data, strides, std::move(owner), false));
+    return boost::make_shared<HostImage>(geometry, layoutOf(geometry, data, strides, std::move(owner), false, 0));
 }
 
 ImagePtr wrapImage(const BaseImageGeometry& geometry, void* data, const BufferStrides& strides,
@@ -186,8 +187,15 @@ ImagePtr wrapImage(const BaseImageGeometry& geometry, void* data, const BufferSt
     return wrapImage(geometry, data, elementStridesOf(strides), std::move(owner));
 }
 
+ImagePtr wrapPart(const BaseImageGeometry& geometry, void* data, const BufferStrides& strides,
+                  unsigned long bufferBytes, boost::shared_ptr<void> owner)
+{
+    return boost::make_shared<HostImage>(
+        geometry, layoutOf(geometry, data, elementStridesOf(strides), std::move(owner), true, bufferBytes));
+}
+
 WrappedImage::WrappedImage(const BaseImageGeometry& geometry, void* data, const BufferStrides& strides)
-    : BaseImage(geometry, layoutOf(geometry, data, elementStridesOf(strides), {}, true))
+    : BaseImage(geometry, layoutOf(geometry, data, elementStridesOf(strides), {}, true, 0))
 {}
 WrappedImage::~WrappedImage() = default;
 
