@@ -6,8 +6,11 @@ from numpy.typing import ArrayLike, DTypeLike, NDArray
 
 _Progress = Callable[[int, int], object] | bool | None
 
-class OrlixError(ValueError): ...
-class OrlixFileError(OSError): ...
+class OrlixError(ValueError):
+    message_number: tuple[str, int] | None
+
+class OrlixFileError(OSError):
+    message_number: tuple[str, int] | None
 
 class Image:
     def __init__(

@@ -73,6 +73,16 @@ ArrayMemory memoryOf(PyArrayObject* array)
             PyArray_ITEMSIZE(array)};
 }
 
+unsigned long bufferBytesOf(PyArrayObject* array)
+{
+    const bool bOnePiece = PyArray_IS_C_CONTIGUOUS(array) || PyArray_IS_F_CONTIGUOUS(array);
+    for (nb::handle base = PyArray_BASE(array); bOnePiece && base.is_valid() && isArray(base);
+         base = PyArray_BASE(array)) {
+        array = asArray(base);
+    }
+    return static_cast<unsigned long>(PyArray_NBYTES(array));
+}
+
 void requireWritable(PyArrayObject* array)
 {
     if (!PyArray_ISWRITEABLE(array)) {

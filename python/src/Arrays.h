@@ -18,6 +18,8 @@ nb::object stealArray(PyObject* array);
 /// Sizes and distances of an array; valid as long as it.
 ArrayMemory memoryOf(PyArrayObject* array);
 std::vector<npy_intp> sizesOf(PyArrayObject* array);
+/// Bytes of the array that this one is a part of, where it is one piece of it; its own elsewhere.
+unsigned long bufferBytesOf(PyArrayObject* array);
 
 /// Raises ValueError where elements can't be written: read only, foreign byte order.
 void requireWritable(PyArrayObject* array);

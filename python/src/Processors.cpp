@@ -207,7 +207,7 @@ nb::dict runNamed(const std::string& name, const nb::dict& images, const nb::dic
     }
     checkForCaller(*processor);
     Watch watch(progress, held.getBytes());
-    watch.run(processor);
+    watch.run([&] { processor::executeSyncRun(processor); });
     nb::dict outputs;
     for (const auto& attribute : processor->getAttributeColl()) {
         if (attribute->isOutput()) {

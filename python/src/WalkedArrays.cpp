@@ -61,7 +61,9 @@ image::BaseImageGeometry WalkedArrays::geometryOf(std::size_t array) const
 
 ImagePtr WalkedArrays::imageOf(std::size_t array) const
 {
-    return wrapMemory(memoryOf(m_arrays[array]).data, geometryOf(array), m_axes.strides[array], {});
+    return image::wrapPart(geometryOf(array), PyArray_DATA(m_arrays[array]),
+                           elementStridesOf(m_axes.strides[array], PyArray_ITEMSIZE(m_arrays[array])),
+                           bufferBytesOf(m_arrays[array]), {});
 }
 
 image::WrappedImage WalkedArrays::wrap(std::size_t array) const

@@ -1,5 +1,7 @@
-// Running processors for Python: without the interpreter's lock, heeding Ctrl-C, telling progress.
+// Runs of processors for Python: without the interpreter's lock, heeding Ctrl-C, telling progress.
 #include "Watch.h"
+
+#include "ORLIX/ORLIXCore/CallWatch.h"
 
 namespace orlix::python {
 
@@ -46,24 +48,23 @@ void Watch::rethrow()
     }
 }
 
-void Watch::run(const boost::shared_ptr<processor::BaseProcessor>& processor)
+void Watch::run(const std::function<void()>& work)
 {
     core::Progress last;
-    processor->setProgressObserver([this, &processor, &last](const core::Progress& progress) {
-        last = progress;
-        if (isDue() && std::this_thread::get_id() == m_thread && !look(progress.done, progress.known)) {
-            processor->requestCancellation();
-        }
-    });
     try {
         const nb::gil_scoped_release release;
-        processor::executeSyncRun(processor);
+        std::optional<core::CallWatch> calls;
+        calls.emplace([this, &calls, &last](const core::Progress& progress) {
+            last = progress;
+            if (isDue() && std::this_thread::get_id() == m_thread && !look(progress.done, progress.known)) {
+                calls->requestCancellation();
+            }
+        });
+        work();
     } catch (...) {
-        processor->clearProgressObserver();
         rethrow(); // what ended the run, instead of the message that it was ended
         throw;
     }
-    processor->clearProgressObserver();
     if (m_progress.is_valid()) {
         look(last.known, last.known);
     }

@@ -1,4 +1,4 @@
-// Running processors for Python: without the interpreter's lock, heeding Ctrl-C, telling progress.
+// Runs of processors for Python: without the interpreter's lock, heeding Ctrl-C, telling progress.
 #pragma once
 
 #include "Numpy.h"
@@ -6,9 +6,8 @@
 #include "ORLIX/ORLIXBaseProcessing/OperatorCall.h"
 #include "ORLIXIPL/ORLIXImage/BaseImage.h"
 
-#include <boost/make_shared.hpp>
-
 #include <chrono>
+#include <functional>
 #include <optional>
 #include <thread>
 
@@ -53,7 +52,8 @@ public:
 
     bool isWatched() const { return m_bWatched; }
     unsigned long getBytes() const { return m_bytes; }
-    void run(const boost::shared_ptr<processor::BaseProcessor>& processor);
+    /// Does `work`, the runs of which it watches, without the lock.
+    void run(const std::function<void()>& work);
     /// Between parts of a run that has no processor of its own: looks where it is time, or all is done, and raises.
     void lookBetween(unsigned long done, unsigned long known);
     /// Looks at once. False: something was raised.
@@ -73,26 +73,12 @@ private:
     std::optional<nb::python_error> m_error;
 };
 
-namespace details {
-
-template <class TProcessor, class... TValues>
-boost::shared_ptr<TProcessor> runWatched(Watch& watch, const TValues&... values)
-{
-    const boost::shared_ptr<TProcessor> processor = boost::make_shared<TProcessor>();
-    static_cast<void>(processor->init(processor::eProcessorRulePolicy::eRulePolicyCheck));
-    (processor->template set<typename TValues::Attribute>(values.value), ...);
-    watch.run(processor);
-    return processor;
-}
-
-} // namespace details
-
 /// Runs the level-1 processor of an operator with the given attributes.
 template <class TProcessor, class... TValues>
 void run(Watch& watch, const TValues&... values)
 {
     if (watch.isWatched()) {
-        details::runWatched<TProcessor>(watch, values...);
+        watch.run([&] { processor::run<TProcessor>(values...); });
         return;
     }
     const LongWork work(watch.getBytes());
@@ -104,7 +90,9 @@ template <class TProcessor, class TOutput, class... TValues>
 typename TOutput::StorageType runForOutput(Watch& watch, const TValues&... values)
 {
     if (watch.isWatched()) {
-        return details::runWatched<TProcessor>(watch, values...)->template getStorage<TOutput>();
+        typename TOutput::StorageType output;
+        watch.run([&] { output = processor::runForOutput<TProcessor, TOutput>(values...); });
+        return output;
     }
     const LongWork work(watch.getBytes());
     return processor::runForOutput<TProcessor, TOutput>(values...);

@@ -51,7 +51,7 @@ private:
     StepResult step(const std::string& name)
     {
         m_calls.push_back(name);
-        return m_failAt == name ? StepResult{eStepStatus::eStepFailed, name + " failed"} : StepResult::success();
+        return m_failAt == name ? StepResult::failed(name + " failed") : StepResult::success();
     }
 };
 

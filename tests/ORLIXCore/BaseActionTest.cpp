@@ -149,7 +149,8 @@ TEST(BaseAction, WaitBlocksUntilTheEndForAnyNumberOfThreads)
         EXPECT_EQ(action->run(g_async).getMessage(), textOf(eORLIXCoreMessage::eAlreadyRunning));
         std::vector<std::future<std::string>> waiting;
         for (int i = 0; i < 3; ++i) {
-            waiting.push_back(std::async(std::launch::async, [&] { return action->wait().getMessage(); }));
+            waiting.push_back(
+                std::async(std::launch::async, [&]() -> std::string { return action->wait().getMessage(); }));
         }
         go.set_value();
         for (std::future<std::string>& each : waiting) {

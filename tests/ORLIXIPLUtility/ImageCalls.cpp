@@ -1,7 +1,6 @@
 #include "ORLIXIPLUtility/ImageCalls.h"
 
 #include "ORLIX/ORLIXBaseProcessing/OperatorCall.h"
-#include "support/SoleOwner.h"
 
 #include <stdexcept>
 
@@ -21,7 +20,6 @@ template <class TProcessor>
 void finish(const boost::shared_ptr<TProcessor>& processor)
 {
     const ProcessingResult<bool> result = processor->wait();
-    testing::waitForSoleOwner(processor);
     if (!result) {
         throw std::runtime_error(result.getMessage());
     }

@@ -14,7 +14,7 @@ std::string valueOf(const std::string& text)
 {
     TAttribute attribute;
     const ProcessingResult<bool> result = attribute.setFromText(text);
-    return result ? attribute.getValueText().value_or("no text") : result.getMessage();
+    return result ? attribute.getValueText().value_or("no text") : std::string(result.getMessage());
 }
 
 TEST(RegionAttributes, TakeTheirAxesByName)

@@ -1,4 +1,5 @@
 // Images over memory of the caller's: strides, refusals, ownership, borders.
+#include "ORLIXIPL/ORLIXImage/FindMemoryPlace.h"
 #include "ORLIXIPL/ORLIXImage/ImageFactory.h"
 #include "ORLIXIPL/ORLIXImage/ORLIXImageException.h"
 #include "ORLIXIPL/ORLIXImage/SubImage.h"
@@ -214,6 +215,19 @@ TEST(WrappedImage, RefusesWhatWrapImageRefuses)
     std::vector<unsigned char> memory(100);
     EXPECT_THROW(WrappedImage(*geometry2d(g_uint8, 5, 2), memory.data(), {4, 0, 0, 0}), ORLIXImageException);
     EXPECT_THROW(WrappedImage(*geometry2d(g_uint8, 5, 2), nullptr, {5, 0, 0, 0}), ORLIXImageException);
+}
+
+TEST(WrapPart, IsWrittenAsTheWholeBufferWouldBe)
+{
+    unsigned char element = 0;
+    const auto placeIn = [&](unsigned long bufferBytes) {
+        return wrapPart(*geometry2d(g_uint8, 1, 1), &element, {1, 1, 1, 1}, bufferBytes, nullptr)
+            ->getPixelLayout()
+            .place;
+    };
+    EXPECT_EQ(placeIn(0), findMemoryPlace(1));
+    EXPECT_EQ(placeIn(1UL << 40), findMemoryPlace(1UL << 40));
+    EXPECT_NE(placeIn(0), placeIn(1UL << 40));
 }
 
 RC_GTEST_PROP(WrapImageProperty, NestedStridesKeepElementsApart, ())

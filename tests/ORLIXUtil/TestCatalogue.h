@@ -17,7 +17,7 @@ public:
 
 struct eTestMessage
 {
-    enum domain { ePlain = 0, eSizes = 7, eUnknown = 99 };
+    enum domain { ePlain = 0, eSizes = 7, eHandedOn = 8, eUnknown = 99 };
     ORLIX_ENUMERATION(eTestMessage, ePlain);
 };
 
@@ -39,7 +39,8 @@ struct MessageCatalogue<test::eTestMessage>
     static const std::vector<MessageText>& texts()
     {
         static const std::vector<MessageText> g_texts = {{test::eTestMessage::ePlain, "Nothing to add"},
-                                                         {test::eTestMessage::eSizes, "%s is %d wide and %f high"}};
+                                                         {test::eTestMessage::eSizes, "%s is %d wide and %f high"},
+                                                         {test::eTestMessage::eHandedOn, "%s"}};
         ++test::g_nbTextsAsked;
         return g_texts;
     }

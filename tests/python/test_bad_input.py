@@ -154,3 +154,23 @@ def test_calls_that_are_cancelled():
     with pytest.raises(concurrent.futures.CancelledError):
         future.result()
     assert any(not plan.any() for plan in out), "the run went on to its end"
+
+
+def test_errors_tell_their_message_and_their_place(out, tmp_path):
+    with pytest.raises(orlix.OrlixError) as caught:
+        orlix.threshold(out, 0, 256)
+    assert caught.value.message_number == ("orlix::imaproc::eImageRuleMessage", 6)
+    assert caught.value.args == (str(caught.value),)
+    notes = getattr(caught.value, "__notes__", [])
+    assert len(notes) == (1 if hasattr(caught.value, "add_note") else 0)
+    assert all("ORLIX/ORLIXBaseProcessing/" in note and ".cpp:" in note for note in notes)
+    again = pickle.loads(pickle.dumps(caught.value))
+    assert (again.message_number, str(again)) == (caught.value.message_number, str(caught.value))
+
+    (tmp_path / "broken.tif").write_bytes(b"no image")
+    with pytest.raises(orlix.OrlixFileError) as caught:
+        orlix.read(tmp_path / "broken.tif")
+    catalogue, number = caught.value.message_number
+    assert catalogue == "orlix::image::io::eORLIXImageIOMessage"
+    assert isinstance(number, int)
+    assert orlix.OrlixError("of a caller's own").message_number is None

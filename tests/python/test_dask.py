@@ -1,5 +1,6 @@
 """orlix.dask: the same bytes as in one piece, however arrays are cut."""
 
+import pickle
 import subprocess
 import sys
 import textwrap
@@ -101,6 +102,54 @@ def test_random_in_parts(chunks, dtype):
         same(od.random(SHAPE, dtype, low=3, high=90, rng=5, chunks=chunks), orlix.random(SHAPE, dtype, low=3, high=90, rng=5))
 
 
+@pytest.mark.parametrize("chunks", CHUNKS)
+def test_chunks_go_straight_into_a_given_array(chunks):
+    array = filled(SHAPE, np.uint16)
+    lazy = cut(array, chunks)
+    cut_alike = {"chunks": chunks}
+    angles = {"theta": 0.3, "spacing": 7.5, "phi": 0.2, "alpha": 0.1}
+    for dtype, wanted, call in (
+        (np.uint16, array, lambda out: od.copy(lazy, out=out)),
+        (np.uint16, np.full_like(array, 7), lambda out: od.erase(lazy, 7, out=out)),
+        (np.bool_, orlix.threshold(array, 9, 30000), lambda out: od.threshold(lazy, 9, 30000, out=out)),
+        (np.float32, orlix.convert(array, np.float32), lambda out: od.convert(lazy, np.float32, out=out)),
+        (np.uint16, orlix.random(SHAPE, np.uint16, rng=3), lambda out: od.random(SHAPE, np.uint16, rng=3, out=out, **cut_alike)),
+        (np.float32, orlix.normal(SHAPE, rng=3), lambda out: od.normal(SHAPE, rng=3, out=out, **cut_alike)),
+        (np.bool_, orlix.lines(SHAPE, **angles), lambda out: od.lines(SHAPE, out=out, **angles, **cut_alike)),
+    ):
+        out = np.ones(SHAPE, dtype)
+        given = call(out)
+        assert np.all(out == 1)  # nothing is done before it is asked for
+        assert given.compute(scheduler="threads") is out
+        assert np.array_equal(out, wanted)
+        assert np.all(call(wanted.copy("F")).compute(scheduler="threads") == wanted)
+
+
+def test_given_arrays_that_do_not_fit():
+    lazy = da.zeros((4, 10), dtype=np.uint8, chunks=4)
+    fixed = np.zeros((4, 10), np.uint8)
+    fixed.flags.writeable = False
+    for error, text, out in (
+        (TypeError, "NumPy array", lazy),
+        (TypeError, "the result is uint8", np.zeros((4, 10), np.int8)),
+        (ValueError, "the result", np.zeros((10, 4), np.uint8)),
+        (ValueError, "read only", fixed),
+    ):
+        with pytest.raises(error, match=text):
+            od.copy(lazy, out=out)
+        with pytest.raises(error, match=text):
+            od.random((4, 10), out=out)
+    with pytest.raises(TypeError, match="memory of this process"):
+        pickle.dumps(od.copy(lazy, out=np.zeros((4, 10), np.uint8)))
+
+
+def test_graphs_have_a_task_a_chunk():
+    lazy = da.zeros((200, 10), dtype=np.uint8, chunks=(1, 10))
+    chunks = len(lazy.__dask_graph__())
+    assert len(od.copy(lazy, out=np.zeros((200, 10), np.uint8)).__dask_graph__()) == chunks + 200 + 1
+    assert len(od.compare(lazy, lazy).__dask_graph__()) == chunks + 200 + 4 + 1  # four of 64 results, and one of four
+
+
 def test_random_in_five_axes():
     shape, chunks = (2, 3, 4, 10, 12), (1, 2, 3, 4, 5)
     same(od.random(shape, rng=1, chunks=chunks), orlix.random(shape, rng=1))
@@ -172,6 +221,16 @@ def test_two_processes(tmp_path):
                         assert np.array_equal(mask, orlix.threshold(eager, 1000, 40000))
                         found = od.compare(lazy, od.convert(od.convert(lazy, np.float32), np.uint16)).compute()
                         assert found.identical and found.compared == eager.size
+                        points = np.random.default_rng(1).uniform(0, 1, (100, 3)) * (4, 300, 400)
+                        assert np.array_equal(od.values(lazy, points).compute(), orlix.values(eager, points))
+                        try:
+                            od.copy(lazy, out=np.empty_like(eager)).compute()
+                        except TypeError as error:
+                            while "memory of this process" not in str(error):
+                                error = error.__cause__
+                                assert error is not None
+                        else:
+                            raise AssertionError("workers wrote to memory that they don't have")
                         if len(orlix.instruction_sets()) > 1:
                             orlix.set_instruction_set("plain")
                             try:

@@ -3,11 +3,14 @@
 from __future__ import annotations
 
 import functools
-from collections.abc import Callable
+import uuid
+from collections.abc import Callable, Iterable, Sequence
 from typing import Any
 
 import dask.array as da
 import numpy as np
+from dask.delayed import Delayed
+from dask.highlevelgraph import HighLevelGraph
 from numpy.typing import DTypeLike
 
 from .. import _core
@@ -41,10 +44,77 @@ def take(array: Any, what: str) -> da.Array:
     return array
 
 
-def each(function: Callable[..., Any], image: Any, dtype: DTypeLike | None = None, **kwargs: Any) -> da.Array:
-    """The function on every chunk by itself."""
+def delayed(name: str, tasks: dict[Any, Any], arrays: Sequence[da.Array]) -> Delayed:
+    """Of task `name`; the tasks may take chunks of the arrays.
+
+    As one layer that is there already: a `dask.delayed` a task takes longer than what most tasks do.
+    """
+    return Delayed(name, HighLevelGraph.from_collections(name, tasks, dependencies=arrays), layer=name)
+
+
+def name_of(what: str) -> str:
+    """A name for a layer that no other has."""
+    return f"{what}-{uuid.uuid4().hex}"
+
+
+class Part:
+    """Part of an array that a task of this process writes."""
+
+    def __init__(self, array: np.ndarray) -> None:
+        self.array = array
+
+    def __reduce__(self) -> Any:
+        raise TypeError("out is memory of this process, where workers of other processes can't write: leave it out")
+
+
+def take_output(out: Any, shape: Sequence[int], dtype: np.dtype[Any]) -> np.ndarray:
+    """An array of that very shape and type that can be written; TypeError and ValueError for anything else."""
+    if not isinstance(out, np.ndarray):
+        raise TypeError(f"out is of type {type(out).__name__}: a NumPy array is needed")
+    if out.dtype != dtype:
+        raise TypeError(f"out is of type {out.dtype}, the result is {dtype}")
+    if out.shape != tuple(shape):
+        raise ValueError(f"out has the shape {out.shape}, the result {tuple(shape)}")
+    if not out.flags.writeable:
+        raise ValueError("the output is read only: give an array that may be written, or no output")
+    return out
+
+
+def _write(function: Callable[..., Any], block: np.ndarray, part: Part) -> None:
+    function(block, out=part.array)
+
+
+def _give(out: Part, written: Iterable[None]) -> np.ndarray:
+    return out.array
+
+
+def written(out: np.ndarray, chunks: Any, task_of: Callable[..., Any], arrays: Sequence[da.Array]) -> Delayed:
+    """`out`, once `task_of(index, place, part)` has written the part of every chunk."""
+    name = name_of("orlix-write")
+    indices = np.ndindex(*map(len, chunks))
+    places = da.core.slices_from_chunks(chunks)
+    tasks = {(name, *index): task_of(index, place, Part(out[place])) for index, place in zip(indices, places)}
+    return delayed(name, {**tasks, name: (_give, Part(out), list(tasks))}, arrays)
+
+
+def each(
+    function: Callable[..., Any],
+    image: Any,
+    dtype: DTypeLike | None = None,
+    out: np.ndarray | None = None,
+    **kwargs: Any,
+) -> Any:
+    """The function on every chunk by itself: a lazy array, or `out`, a Delayed, whose parts the chunks go to."""
     image = take(image, "image")
     dtype = np.dtype(image.dtype if dtype is None else dtype)
+    if out is not None:
+        task = functools.partial(_write, bound(function, **kwargs))
+        return written(
+            take_output(out, image.shape, dtype),
+            image.chunks,
+            lambda index, place, part: (task, (image.name, *index), part),
+            [image],
+        )
     return image.map_blocks(bound(function, **kwargs), dtype=dtype, meta=np.empty((0,) * image.ndim, dtype))
 
 

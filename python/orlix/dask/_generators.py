@@ -9,10 +9,10 @@ import dask.array as da
 import numpy as np
 from numpy.typing import DTypeLike
 
-from .. import _core
+from .. import _core, _pixelwise
 from .._generators import seed_of
 from .._types import Rng
-from ._blocks import check_set
+from ._blocks import Part, check_set, take_output, written
 
 
 def _whole_lines(shape: Sequence[int], chunks: Any, dtype: DTypeLike) -> tuple[tuple[int, ...], Any]:
@@ -31,22 +31,45 @@ class _Blocks:
         self._kwargs = kwargs
         self._instruction_set = _core.instruction_set()
 
-    def __call__(self, block_info: Any = None) -> np.ndarray:
+    def make(self, place: Sequence[tuple[int, int]], out: np.ndarray | None) -> np.ndarray:
+        """The elements from the first to the last of each axis, in `out` where there are whole lines of it."""
         check_set(self._instruction_set)
-        location = block_info[None]["array-location"]
-        first = [start for start, _ in location]
-        shape = [stop - start for start, stop in location]
-        made = self._function([*shape[:-1], self._whole[-1]], [*first[:-1], 0], self._whole, **self._kwargs)
-        return made[..., first[-1] : first[-1] + shape[-1]]
+        first = [start for start, _ in place]
+        shape = [stop - start for start, stop in place]
+        cut = shape[-1] != self._whole[-1]
+        shape[-1] = self._whole[-1]
+        made = self._function(shape, [*first[:-1], 0], self._whole, None if cut else out, **self._kwargs)
+        return made[..., slice(*place[-1])] if cut else made
+
+    def __call__(self, block_info: Any = None) -> np.ndarray:
+        return self.make(block_info[None]["array-location"], None)
+
+    def write(self, place: Sequence[tuple[int, int]], part: Part) -> None:
+        made = self.make(place, part.array)
+        if made is not part.array:
+            _pixelwise.copy(made, out=part.array)
 
 
 def _generated(
-    function: Callable[..., np.ndarray], shape: Sequence[int], chunks: Any, dtype: DTypeLike, **kwargs: Any
-) -> da.Array:
-    """An array whose lines `function(shape, first, whole, **kwargs)` makes."""
+    function: Callable[..., np.ndarray],
+    shape: Sequence[int],
+    chunks: Any,
+    dtype: DTypeLike,
+    out: np.ndarray | None,
+    **kwargs: Any,
+) -> Any:
+    """An array whose lines `function(shape, first, whole, out, **kwargs)` makes, or `out`, a Delayed."""
     shape, chunks = _whole_lines(shape, chunks, dtype)
+    blocks = _Blocks(function, shape, kwargs)
+    if out is not None:
+        return written(
+            take_output(out, shape, np.dtype(dtype)),
+            chunks,
+            lambda index, place, part: (blocks.write, [[s.start, s.stop] for s in place], part),
+            [],
+        )
     meta = np.empty((0,) * len(shape), dtype)
-    return da.map_blocks(_Blocks(function, shape, kwargs), chunks=chunks, dtype=np.dtype(dtype), meta=meta)
+    return da.map_blocks(blocks, chunks=chunks, dtype=np.dtype(dtype), meta=meta)
 
 
 def _place_in_plans(first: Sequence[int]) -> tuple[int, int, int, int]:
@@ -55,8 +78,10 @@ def _place_in_plans(first: Sequence[int]) -> tuple[int, int, int, int]:
     return t, c, z, y
 
 
-def _random_lines(shape: Any, first: Any, whole: Any, *, target: Any, low: Any, high: Any, seed: int) -> np.ndarray:
-    return _core.random(shape, target, low, high, seed, None, None, _place_in_plans(first))
+def _random_lines(
+    shape: Any, first: Any, whole: Any, out: Any, *, target: Any, low: Any, high: Any, seed: int
+) -> np.ndarray:
+    return _core.random(shape, target, low, high, seed, out, None, _place_in_plans(first))
 
 
 def random(
@@ -67,10 +92,12 @@ def random(
     high: float | None = None,
     rng: Rng = None,
     chunks: Any = None,
-) -> da.Array:
+    out: np.ndarray | None = None,
+) -> Any:
     """Make random values, each of the range as likely as any other, as `orlix.random`.
 
-    A task makes whole lines and cuts them, so chunks that hold whole lines, as they do by default, make nothing in vain.
+    A task makes whole lines and cuts them, so chunks that hold whole lines, as they do by default, make nothing in
+    vain.
 
     Parameters
     ----------
@@ -84,10 +111,12 @@ def random(
         As for `orlix.random`.
     chunks : int or tuple, optional
         As Dask takes them; whole lines, of which none is made in vain, by default.
+    out : ndarray, optional
+        Written by the tasks, of the shape and type of the result. Then a Delayed of it is returned.
 
     Returns
     -------
-    dask.array.Array
+    dask.array.Array or Delayed
         The bytes of `orlix.random` with the same arguments.
 
     Raises
@@ -105,13 +134,13 @@ def random(
     """
     seed = seed_of(rng)
     _core.random((1,), dtype, low, high, seed, None, None, None)  # what is refused is refused here
-    return _generated(_random_lines, shape, chunks, dtype, target=np.dtype(dtype), low=low, high=high, seed=seed)
+    return _generated(_random_lines, shape, chunks, dtype, out, target=np.dtype(dtype), low=low, high=high, seed=seed)
 
 
 def _normal_lines(
-    shape: Any, first: Any, whole: Any, *, target: Any, mean: float, deviation: float, seed: int
+    shape: Any, first: Any, whole: Any, out: Any, *, target: Any, mean: float, deviation: float, seed: int
 ) -> np.ndarray:
-    return _core.normal(shape, target, mean, deviation, seed, None, None, _place_in_plans(first))
+    return _core.normal(shape, target, mean, deviation, seed, out, None, _place_in_plans(first))
 
 
 def normal(
@@ -122,7 +151,8 @@ def normal(
     deviation: float = 1.0,
     rng: Rng = None,
     chunks: Any = None,
-) -> da.Array:
+    out: np.ndarray | None = None,
+) -> Any:
     """Make values of a normal law, as `orlix.normal`.
 
     Parameters
@@ -137,10 +167,12 @@ def normal(
         As for `orlix.random`.
     chunks : int or tuple, optional
         As Dask takes them; whole lines, of which none is made in vain, by default.
+    out : ndarray, optional
+        Written by the tasks, of the shape and type of the result. Then a Delayed of it is returned.
 
     Returns
     -------
-    dask.array.Array
+    dask.array.Array or Delayed
         The bytes of `orlix.normal` with the same arguments.
 
     Examples
@@ -152,14 +184,22 @@ def normal(
     seed = seed_of(rng)
     _core.normal((1,), dtype, mean, deviation, seed, None, None, None)
     return _generated(
-        _normal_lines, shape, chunks, dtype, target=np.dtype(dtype), mean=mean, deviation=deviation, seed=seed
+        _normal_lines, shape, chunks, dtype, out, target=np.dtype(dtype), mean=mean, deviation=deviation, seed=seed
     )
 
 
 def _drawn_lines(
-    shape: Any, first: Any, whole: Any, *, theta: float, spacing: float, phi: float | None, alpha: float | None
+    shape: Any,
+    first: Any,
+    whole: Any,
+    out: Any,
+    *,
+    theta: float,
+    spacing: float,
+    phi: float | None,
+    alpha: float | None,
 ) -> np.ndarray:
-    return _core.lines(shape, theta, spacing, phi, alpha, None, None, (whole, first))
+    return _core.lines(shape, theta, spacing, phi, alpha, out, None, (whole, first))
 
 
 def lines(
@@ -170,7 +210,8 @@ def lines(
     phi: float | None = None,
     alpha: float | None = None,
     chunks: Any = None,
-) -> da.Array:
+    out: np.ndarray | None = None,
+) -> Any:
     """Make parallel lines, one pixel wide, in a plan or in a volume, as `orlix.lines`.
 
     Parameters
@@ -185,10 +226,12 @@ def lines(
         In a volume, as for `orlix.lines`.
     chunks : int or tuple, optional
         As Dask takes them; whole lines, of which none is made in vain, by default.
+    out : ndarray, optional
+        Written by the tasks, of the shape and type of the result. Then a Delayed of it is returned.
 
     Returns
     -------
-    dask.array.Array of bool
+    dask.array.Array of bool, or Delayed
         True on the lines.
 
     Examples
@@ -200,4 +243,4 @@ def lines(
            [0, 0]])
     """
     _core.lines((1,) * len(shape), theta, spacing, phi, alpha, None, None, None)
-    return _generated(_drawn_lines, shape, chunks, bool, theta=theta, spacing=spacing, phi=phi, alpha=alpha)
+    return _generated(_drawn_lines, shape, chunks, bool, out, theta=theta, spacing=spacing, phi=phi, alpha=alpha)

@@ -2,23 +2,86 @@
 
 from __future__ import annotations
 
-from typing import Any, Literal
+import functools
+import itertools
+import math
+from collections.abc import Sequence
+from typing import Any, Literal, NamedTuple
 
-import dask
 import dask.array as da
 import numpy as np
+from dask.highlevelgraph import HighLevelGraph
 
-from .. import _values
-from ._blocks import axes_of, bound, take
+from .. import _core, _pixelwise, _values
+from ._blocks import axes_of, bound, name_of, take
 
 #: Pixels below and above that a value may depend on.
 _HALO = {"nearest": (0, 1), "linear": (0, 1), "cubic": (1, 2)}
 
 
-def _values_of_chunk(
-    block: np.ndarray, points: np.ndarray, origin: np.ndarray, interpolation: Literal["nearest", "linear", "cubic"], axes: str
+Slices = tuple[slice, ...]
+
+
+class _Overlap(NamedTuple):
+    """What of a chunk lies in a region."""
+
+    chunk: int  #: number of the chunk
+    of_chunk: slice
+    of_region: slice
+
+
+def _overlaps(sizes: Sequence[int], start: int, stop: int) -> list[_Overlap]:
+    """Of the chunks along an axis with [start, stop)."""
+    found = []
+    for chunk, (end, size) in enumerate(zip(itertools.accumulate(sizes), sizes)):
+        first, last = max(start, end - size), min(stop, end)
+        if first < last:
+            begin = end - size
+            found.append(_Overlap(chunk, slice(first - begin, last - begin), slice(first - start, last - start)))
+    return found
+
+
+def _region(chunks: Sequence[np.ndarray], places: Sequence[tuple[Slices, Slices]], shape: Sequence[int]) -> np.ndarray:
+    """Parts of chunks side by side. `places` tells for each what part of it belongs where."""
+    if len(chunks) == 1:
+        return chunks[0][places[0][0]]
+    region = _core.empty(shape, chunks[0].dtype)
+    for chunk, (part, place) in zip(chunks, places):
+        _pixelwise.copy(chunk[part], out=region[place])
+    return region
+
+
+class _Points:
+    """Some of many points, from an origin. Taken out when they are used, or sent to another process."""
+
+    def __init__(self, points: np.ndarray, rows: np.ndarray | slice, origin: Sequence[float]) -> None:
+        self._points = points
+        self._rows = rows
+        self._origin = origin
+
+    def take(self) -> np.ndarray:
+        return self._points[self._rows] - self._origin
+
+    def __reduce__(self) -> Any:
+        return _Points, (self._points[self._rows], slice(None), self._origin)
+
+
+def _values_in_region(
+    *chunks: np.ndarray,
+    places: Sequence[tuple[Slices, Slices]],
+    shape: Sequence[int],
+    points: _Points,
+    interpolation: Literal["nearest", "linear", "cubic"],
+    axes: str,
 ) -> np.ndarray:
-    return _values.values(block, points - origin, interpolation=interpolation, axes=axes)
+    return _values.values(_region(chunks, places, shape), points.take(), interpolation=interpolation, axes=axes)
+
+
+def _in_order(parts: Sequence[np.ndarray], order: np.ndarray) -> np.ndarray:
+    """Of values of the points in `order`, those of the points as they were given."""
+    values = np.empty(len(order))
+    values[order] = np.concatenate(parts)
+    return values
 
 
 def values(
@@ -67,27 +130,41 @@ def values(
         raise ValueError(f"interpolation '{interpolation}': 'nearest', 'linear' or 'cubic' is needed")
     order = [letters.index(letter) for letter in "ZYX"[3 - image.ndim :]]
     sizes = np.array([image.shape[axis] for axis in order])
-    outside = ~((points >= 0) & (points < sizes)).all(axis=1)
-    if outside.any():
-        row = int(np.flatnonzero(outside)[0])
+    if len(points) > 0 and not ((points.min(axis=0) >= 0) & (points.max(axis=0) < sizes)).all():
+        row = int(np.flatnonzero(~((points >= 0) & (points < sizes)).all(axis=1))[0])
         raise ValueError(f"point {row}, {points[row].tolist()}, lies outside the image of {sizes.tolist()}")
     ends = [np.cumsum(image.chunks[axis]) for axis in order]
-    chunk_of = np.stack([np.searchsorted(e, points[:, i], side="right") for i, e in enumerate(ends)], axis=1)
-    by_chunk = np.lexsort(chunk_of.T[::-1])
-    chunks, firsts = np.unique(chunk_of[by_chunk], axis=0, return_index=True)
+    grid = [len(e) for e in ends]
+    number = np.zeros(len(points), np.min_scalar_type(math.prod(grid)))  # small integers are sorted fastest
+    for i, axis in enumerate(order):
+        if grid[i] > 1:
+            chunk_of_pixel = np.repeat(np.arange(grid[i], dtype=number.dtype), image.chunks[axis])
+            number *= grid[i]
+            number += chunk_of_pixel[points[:, i].astype(np.intp)]
+    by_chunk = np.argsort(number, kind="stable")
+    lasts = np.cumsum(np.bincount(number, minlength=math.prod(grid)))
     below, above = _HALO[interpolation]
-    function = dask.delayed(bound(_values_of_chunk, interpolation=interpolation, axes=letters))
-    found = []
-    for chunk, rows in zip(chunks, np.split(by_chunk, firsts[1:])):
-        stops = np.array([e[c] for e, c in zip(ends, chunk)])
-        starts = np.array([e[c] - image.chunks[axis][c] for e, c, axis in zip(ends, chunk, order)])
-        starts, stops = np.maximum(starts - below, 0), np.minimum(stops + above, sizes)
-        key = [slice(None)] * image.ndim
-        for axis, start, stop in zip(order, starts, stops):
-            key[axis] = slice(int(start), int(stop))
-        block = dask.delayed(image[tuple(key)].rechunk(-1))
-        part = function(block, points[rows], starts.astype(np.float64))
-        found.append(da.from_delayed(part, (len(rows),), np.float64))
-    if not found:
+    name = name_of("orlix-values")
+    tasks: dict[Any, Any] = {}
+    for first, last, chunk in zip([0, *lasts], lasts, np.ndindex(*grid)):
+        if first == last:
+            continue
+        region = [slice(0, n) for n in image.shape]
+        for axis, size, end, index in zip(order, sizes, ends, chunk):
+            start = int(end[index]) - image.chunks[axis][index]
+            region[axis] = slice(max(start - below, 0), min(int(end[index]) + above, int(size)))
+        parts = list(itertools.product(*(_overlaps(c, r.start, r.stop) for c, r in zip(image.chunks, region))))
+        function = bound(
+            _values_in_region,
+            places=[(tuple(p.of_chunk for p in part), tuple(p.of_region for p in part)) for part in parts],
+            shape=[r.stop - r.start for r in region],
+            points=_Points(points, by_chunk[first:last], [float(region[axis].start) for axis in order]),
+            interpolation=interpolation,
+            axes=letters,
+        )
+        tasks[(name, "region", *chunk)] = (function, *((image.name, *(p.chunk for p in part)) for part in parts))
+    if not tasks:
         return da.zeros((0,), np.float64)
-    return da.concatenate(found).rechunk(-1)[np.argsort(by_chunk, kind="stable")]
+    tasks[name, 0] = (functools.partial(_in_order, order=by_chunk), list(tasks))
+    graph = HighLevelGraph.from_collections(name, tasks, dependencies=[image])
+    return da.Array(graph, name, ((len(points),),), dtype=np.float64)

@@ -6,7 +6,7 @@ namespace orlix::processor {
 
 namespace {
 
-ProcessingResult<bool> failure(std::string text)
+ProcessingResult<bool> failure(NumberedText text)
 {
     return ProcessingResult<bool>::failure(std::move(text));
 }

@@ -58,6 +58,7 @@ void BaseProcessor::clearForReuse()
     }
     clearIntermediateData();
     clearProgressObserver();
+    clearFinishObserver();
     forgetRun();
 }
 
@@ -138,7 +139,7 @@ ProcessingResult<bool> BaseSyncProcessor::process()
 void executeSyncRun(const boost::shared_ptr<BaseProcessor>& processor)
 {
     if (const ProcessingResult<bool> result = processor->run(core::eSynchroType::eSynchroSync); !result) {
-        raise<eProcessorMessage>(ORLIX_HERE, eProcessorMessage::eRunFailed, result.getMessage());
+        raiseFailure<eProcessorMessage>(ORLIX_HERE, eProcessorMessage::eRunFailed, result.getMessage());
     }
 }
 

@@ -21,4 +21,11 @@ ProcessingResult<bool> itemTextFailed(const BaseAttribute& attribute, const std:
         formatMessage<eAttributeMessage>(eAttributeMessage::eBadItem, attribute.getObjectName(), flaw));
 }
 
+ProcessingResult<bool> itemClassFailed(const BaseAttribute& attribute, const std::string& required,
+                                       const BaseDataItem& found)
+{
+    return ProcessingResult<bool>::failure(formatMessage<eAttributeMessage>(
+        eAttributeMessage::eOtherItemClass, attribute.getObjectName(), required, found.getClassName()));
+}
+
 } // namespace orlix::processor::details

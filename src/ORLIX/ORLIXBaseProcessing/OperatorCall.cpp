@@ -7,7 +7,7 @@ namespace orlix::processor::details {
 
 void throwRunFailed(const ProcessingResult<bool>& result)
 {
-    raise<eProcessorMessage>(ORLIX_HERE, eProcessorMessage::eRunFailed, result.getMessage());
+    raiseFailure<eProcessorMessage>(ORLIX_HERE, eProcessorMessage::eRunFailed, result.getMessage());
 }
 
 void throwNullProcessor(const std::string& name)

@@ -1,12 +1,16 @@
 #include "ORLIX/ORLIXCore/BaseAction.h"
 
 #include "ORLIX/ORLIXCore/BaseExecutor.h"
+#include "ORLIX/ORLIXCore/CallWatch.h"
 #include "ORLIX/ORLIXCore/ForkCount.h"
 #include "ORLIX/ORLIXCore/Gate.h"
 #include "ORLIX/ORLIXCore/Logger/ORLIXCoreLogMessages.h"
 #include "ORLIX/ORLIXCore/PostedRuns.h"
 #include "ORLIX/ORLIXCore/ProcessEnd.h"
 #include "ORLIX/ORLIXCore/RunContext.h"
+#include "ORLIX/ORLIXUtil/BaseException.h"
+
+#include <boost/make_shared.hpp>
 
 #include <new>
 #include <thread>
@@ -28,6 +32,8 @@ ProcessingResult<bool> describeCurrentException() noexcept
             throw;
         } catch (const std::bad_alloc&) {
             return ProcessingResult<bool>::outOfMemory();
+        } catch (const BaseException& error) {
+            return ProcessingResult<bool>::failure(error.getMessage());
         } catch (const std::exception& error) {
             return ProcessingResult<bool>::failure(error.what());
         } catch (...) {
@@ -55,11 +61,42 @@ bool BaseAction::start(eState next)
     return true;
 }
 
-void BaseAction::finish(ProcessingResult<bool> result) noexcept
+void BaseAction::setFinishObserver(const FinishObserver& observer)
 {
-    m_result = std::move(result);
+    m_finishObserver = observer ? boost::make_shared<const FinishObserver>(observer) : nullptr;
+}
+
+void BaseAction::Ended::tell() const noexcept
+{
+    if (observer) {
+        (*observer)(result);
+    }
+}
+
+BaseAction::Ended BaseAction::finish(ProcessingResult<bool> result) noexcept
+{
+    Ended ended;
+    ended.observer = m_finishObserver; // whoever sees the end may set another one
+    {
+        const Gate gate(m_resultGate);
+        m_result = std::move(result);
+    }
+    if (ended.observer) {
+        ended.result = copyResult();
+    }
     m_state.store(eState::finished, std::memory_order_release);
     m_state.notify_all();
+    return ended;
+}
+
+ProcessingResult<bool> BaseAction::copyResult() const noexcept
+{
+    try {
+        const Gate gate(m_resultGate);
+        return m_result;
+    } catch (const std::bad_alloc&) {
+        return ProcessingResult<bool>::outOfMemory();
+    }
 }
 
 ProcessingResult<bool> BaseAction::run(const eSynchroType& synchro)
@@ -72,11 +109,11 @@ ProcessingResult<bool> BaseAction::run(const eSynchroType& synchro)
         return post();
     }
     try {
-        ProcessingResult<bool> result = runToEnd();
-        finish(result);
+        ProcessingResult<bool> result = runHere();
+        finish(result).tell();
         return result;
     } catch (...) {
-        finish(describeCurrentException());
+        finish(describeCurrentException()).tell();
         throw;
     }
 }
@@ -98,22 +135,46 @@ ProcessingResult<bool> BaseAction::post()
         }
         result = describeCurrentException();
     }
-    finish(result);
+    finish(result).tell();
     return result;
+}
+
+ProcessingResult<bool> BaseAction::runHere()
+{
+    CallWatch* const watch = CallWatch::getInnermost();
+    return watch == nullptr ? runToEnd(m_observer) : runWatched(*watch);
+}
+
+ProcessingResult<bool> BaseAction::runWatched(CallWatch& watch)
+{
+    const CallWatch::Run run(watch, *this);
+    if (watch.isCancelled()) { // asked for before the run could be found
+        return failure(eORLIXCoreMessage::eCancelled);
+    }
+    if (!watch.m_observer) {
+        return runToEnd(m_observer);
+    }
+    if (!m_observer) {
+        return runToEnd(watch.m_observer);
+    }
+    return runToEnd([this, &watch](const Progress& progress) {
+        m_observer(progress);
+        watch.m_observer(progress);
+    });
 }
 
 ProcessingResult<bool> BaseAction::runPosted() noexcept
 {
     try {
-        return runToEnd();
+        return runToEnd(m_observer);
     } catch (...) {
         return describeCurrentException();
     }
 }
 
-ProcessingResult<bool> BaseAction::runToEnd()
+ProcessingResult<bool> BaseAction::runToEnd(const ProgressObserver& observer)
 {
-    RunContext context(core::accessExecutor(), m_bCancelled, m_observer);
+    RunContext context(core::accessExecutor(), m_bCancelled, observer);
     struct OwnContext
     {
         BaseAction& action;
@@ -153,6 +214,7 @@ void BaseAction::forgetRun()
 {
     m_state.store(eState::created, std::memory_order_relaxed);
     m_result = {};
+    m_posted.reset();
     m_priority = {};
 }
 
@@ -170,13 +232,10 @@ ProcessingResult<bool> BaseAction::wait()
             return failure(eORLIXCoreMessage::eNeverRun);
         }
         if (state == eState::finished) {
-            try {
-                return m_result;
-            } catch (const std::bad_alloc&) {
-                return ProcessingResult<bool>::outOfMemory();
+            if (PostedRuns::getInstance().waitForRelease(*this)) {
+                return copyResult();
             }
-        }
-        if (state == eState::posted) {
+        } else if (state == eState::posted) {
             PostedRuns::getInstance().doIfUnclaimed(*this);
             std::this_thread::yield(); // it is being posted, or has just been claimed
         } else if (isLost()) {

@@ -66,9 +66,26 @@ PostedRuns::Taken PostedRuns::take(PostedRun& run) noexcept
     run.state = PostedRun::eState::over;
     unlink(run);
     Taken taken;
-    taken.run = std::move(run.action->m_posted);
+    taken.run = run.action->m_posted;
     taken.action = std::move(run.action);
     return taken;
+}
+
+void PostedRuns::Taken::release() noexcept
+{
+    action.reset();
+    run->bReleased.store(true, std::memory_order_release);
+    run->bReleased.notify_all();
+}
+
+/// From its first line on the action may be run again. The observer comes after the release, since it may wait for the
+/// action, and the library last: the action keeps what is left of the run, and must not take its own code with it.
+void PostedRuns::Taken::finish(ProcessingResult<bool> result) noexcept
+{
+    const BaseAction::Ended ended = action->finish(std::move(result));
+    release();
+    ended.tell();
+    run->library.release();
 }
 
 void PostedRuns::doClaimed(PostedRun& run) noexcept
@@ -81,10 +98,7 @@ void PostedRuns::doClaimed(PostedRun& run) noexcept
             const std::lock_guard<std::mutex> lock(m_mutex);
             taken = take(run);
         }
-        // From here on the action may be run again, and the process may wait for the last of this run.
-        taken.action->finish(std::move(result));
-        taken.action.reset();
-        taken.run->library.release();
+        taken.finish(std::move(result));
     }
     m_nbUnderWay.fetch_sub(1, std::memory_order_release);
     m_nbUnderWay.notify_all();
@@ -122,11 +136,31 @@ void PostedRuns::doIfUnclaimed(BaseAction& action) noexcept
 bool PostedRuns::drop(PostedRun& run) noexcept
 {
     Taken taken;
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    if (run.state != PostedRun::eState::waiting) {
-        return false;
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        if (run.state != PostedRun::eState::waiting) {
+            return false;
+        }
+        taken = take(run);
     }
-    taken = take(run);
+    taken.release();
+    taken.run->library.release();
+    return true;
+}
+
+bool PostedRuns::waitForRelease(const BaseAction& action) noexcept
+{
+    boost::shared_ptr<PostedRun> run;
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        run = action.m_posted;
+    }
+    if (!action.isFinished()) {
+        return false; // the run that was found may be one that waits for its turn
+    }
+    if (run && action.m_process.load(std::memory_order_relaxed) == getForkCount()) {
+        run->bReleased.wait(false, std::memory_order_acquire);
+    }
     return true;
 }
 
@@ -144,7 +178,7 @@ PostedRuns::Taken PostedRuns::takeFirstUnclaimed() noexcept
 void PostedRuns::dropAll() noexcept
 {
     for (Taken taken = takeFirstUnclaimed(); taken.action; taken = takeFirstUnclaimed()) {
-        taken.action->finish(processEnds());
+        taken.finish(processEnds());
     }
 }
 

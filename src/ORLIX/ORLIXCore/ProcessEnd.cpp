@@ -48,9 +48,9 @@ void watchMainThread()
     }
 }
 
-const std::string& accessText()
+const NumberedText& accessText()
 {
-    static Immortal<std::string> g_text(formatMessage<eORLIXCoreMessage>(eORLIXCoreMessage::eProcessEnds));
+    static Immortal<NumberedText> g_text(formatMessage<eORLIXCoreMessage>(eORLIXCoreMessage::eProcessEnds));
     return g_text.access();
 }
 

@@ -7,7 +7,7 @@ namespace orlix {
 
 struct BaseException::Record
 {
-    std::string message;
+    NumberedText message;
     std::string function;
     std::string file;
     int line;
@@ -19,7 +19,8 @@ namespace {
 
 std::string describeCauses(const BaseException& cause)
 {
-    return cause.getCause().empty() ? cause.getMessage() : cause.getMessage() + "\n" + cause.getCause();
+    std::string causes = cause.getMessage();
+    return cause.getCause().empty() ? causes : causes + "\n" + cause.getCause();
 }
 
 std::string describeCauses(const std::exception& cause)
@@ -44,8 +45,8 @@ BaseException::BaseException(const std::string& message, const std::string& func
     : m_record(boost::make_shared<Record>(Record{message, function, file, line, true, describeCauses(cause)}))
 {}
 
-BaseException::BaseException(const std::string& message, const SourcePlace& place)
-    : BaseException(message, place.function, place.file, place.line)
+BaseException::BaseException(const NumberedText& message, const SourcePlace& place)
+    : m_record(boost::make_shared<Record>(Record{message, place.function, place.file, place.line, false, {}}))
 {}
 
 BaseException::~BaseException() = default;
@@ -55,9 +56,14 @@ const char* BaseException::what() const noexcept
     return m_record->message.c_str();
 }
 
-const std::string& BaseException::getMessage() const noexcept
+const NumberedText& BaseException::getMessage() const noexcept
 {
     return m_record->message;
+}
+
+const MessageNumber& BaseException::getMessageNumber() const noexcept
+{
+    return m_record->message.getNumber();
 }
 
 const std::string& BaseException::getFunction() const noexcept

@@ -4,6 +4,10 @@
 #include "ORLIX/ORLIXUtil/LogMessageManager.h"
 #include "ORLIX/ORLIXUtil/Logger/LibraryLog.h"
 
+#include <boost/core/demangle.hpp>
+
+#include <string_view>
+
 namespace orlix::details {
 
 void fillCatalogue(const CatalogueAccess& catalogue)
@@ -23,7 +27,17 @@ void withdrawCatalogue(const CatalogueAccess& catalogue) noexcept
     }
 }
 
-std::string formatMessage(const CatalogueAccess& catalogue, int id, std::initializer_list<MessageArgument> arguments)
+MessageNumber messageNumber(const CatalogueAccess& catalogue, int id)
+{
+    constexpr std::string_view nested = "::domain"; // keys are those of the enumerations inside
+    std::string name = boost::core::demangle(catalogue.key);
+    if (name.ends_with(nested)) {
+        name.resize(name.size() - nested.size());
+    }
+    return {std::move(name), id};
+}
+
+NumberedText formatMessage(const CatalogueAccess& catalogue, int id, std::initializer_list<MessageArgument> arguments)
 {
     LogMessageManager& manager = catalogue.log().getMessageManager();
     if (!manager.hasMessage(catalogue.key, id)) {
@@ -34,7 +48,7 @@ std::string formatMessage(const CatalogueAccess& catalogue, int id, std::initial
     for (const MessageArgument& argument : arguments) {
         argument.append(formatter, argument.value);
     }
-    return formatter.string();
+    return {formatter.string(), messageNumber(catalogue, id)};
 }
 
 } // namespace orlix::details

@@ -23,9 +23,13 @@ void logFailedMessage(const SourcePlace& place) noexcept
 
 /// Formats and logs the message and makes the exception; all that may go wrong goes wrong in here.
 std::exception_ptr prepare(const SourcePlace& place, const CatalogueAccess& catalogue, int id,
-                           ExceptionMaker makeException, std::initializer_list<MessageArgument> arguments)
+                           ExceptionMaker makeException, std::initializer_list<MessageArgument> arguments,
+                           const MessageNumber& cause)
 {
-    const std::string message = formatMessage(catalogue, id, arguments);
+    NumberedText message = formatMessage(catalogue, id, arguments);
+    if (!cause.empty()) {
+        message = NumberedText(std::move(message), cause);
+    }
     logMessage(catalogue.log().getLoggerName(), g_errorLogLevel, message, place.file, place.line);
     return makeException(message, place);
 }
@@ -33,11 +37,11 @@ std::exception_ptr prepare(const SourcePlace& place, const CatalogueAccess& cata
 } // namespace
 
 void raise(const SourcePlace& place, const CatalogueAccess& catalogue, int id, ExceptionMaker makeException,
-           std::initializer_list<MessageArgument> arguments)
+           std::initializer_list<MessageArgument> arguments, const MessageNumber& cause)
 {
     std::exception_ptr exception;
     try {
-        exception = prepare(place, catalogue, id, makeException, arguments);
+        exception = prepare(place, catalogue, id, makeException, arguments, cause);
     } catch (const BaseException& cause) {
         logFailedMessage(place);
         throw BaseException(g_failedMessage, place.function, place.file, place.line, cause);

@@ -5,18 +5,18 @@ namespace orlix {
 
 namespace {
 
-const std::string g_outOfMemory =
+const NumberedText g_outOfMemory =
     "There is not enough memory: end other programs, work on smaller images, or on fewer of them at a time";
 
 } // namespace
 
-const std::string& ResultMessage::emptyText()
+const NumberedText& ResultMessage::emptyText()
 {
-    static const std::string g_empty;
+    static const NumberedText g_empty;
     return g_empty;
 }
 
-const std::string& ResultMessage::outOfMemoryText() noexcept
+const NumberedText& ResultMessage::outOfMemoryText() noexcept
 {
     return g_outOfMemory; // made at load, before memory can run out
 }

@@ -28,7 +28,8 @@ const typename TKind::Tile& InputImageTileColl<TKind>::getTileAt(const Coords& p
         result = ImageTileExtractor::extractInputTile2d(*m_image, place, m_policy, m_tile);
     }
     if (!result) {
-        raise<eORLIXBaseImageToolsMessage>(ORLIX_HERE, eORLIXBaseImageToolsMessage::eTileNotTaken, result.getMessage());
+        raiseFailure<eORLIXBaseImageToolsMessage>(ORLIX_HERE, eORLIXBaseImageToolsMessage::eTileNotTaken,
+                                                  result.getMessage());
     }
     return m_tile;
 }

@@ -112,9 +112,9 @@ bool hasElements(const BaseImageGeometry& geometry)
            geometry.getSizeT() > 0;
 }
 
-/// `bWritten`: every element has a place of its own.
+/// `bWritten`: every element has a place of its own. `bufferBytes`: of what the image is a part of, 0 where it is all.
 PixelLayout layoutOf(const BaseImageGeometry& geometry, const void* data, const ElementStrides& strides,
-                     boost::shared_ptr<void> owner, bool bWritten)
+                     boost::shared_ptr<void> owner, bool bWritten, unsigned long bufferBytes)
 {
     if (!geometry.hasUniformBufferType()) {
         raise<eORLIXImageMessage>(ORLIX_HERE, eORLIXImageMessage::eWrapSeveralTypes, geometry.toString());
@@ -126,7 +126,8 @@ PixelLayout layoutOf(const BaseImageGeometry& geometry, const void* data, const 
     // An image without elements has no use for its pointer, which may well be that of an empty container.
     alignas(g_planAlignment) static std::byte nothing;
     std::byte* const first = data ? static_cast<std::byte*>(const_cast<void*>(data)) : &nothing;
-    const long lineBytes = static_cast<long>(geometry.getSizeX()) * size;
+    // Unsigned, since sizes are checked below.
+    const auto lineBytes = static_cast<long>(geometry.getSizeX() * static_cast<unsigned long>(size));
     if (!hasElements(geometry)) {
         return {.first = first,
                 .rowBytes = lineBytes,
@@ -151,7 +152,8 @@ PixelLayout layoutOf(const BaseImageGeometry& geometry, const void* data, const 
             .stepBytes = distance(geometry.getSizeT(), strides.t),
             .steps = {},
             .bDense = pixelStride == 1 && bRowsTouch,
-            .place = findMemoryPlace(geometry.getNbPixels() * static_cast<unsigned long>(size)), // gaps aren't written
+            .place = findMemoryPlace(std::max(geometry.getNbPixels() * static_cast<unsigned long>(size),
+                                              bufferBytes)), // gaps aren't written
             .imageType = eImageType::eWrappedImage,
             .owner = std::move(owner)};
 }
@@ -170,13 +172,13 @@ ElementStrides elementStridesOf(const BufferStrides& strides)
 ImagePtr wrapImage(const BaseImageGeometry& geometry, void* data, const ElementStrides& strides,
                    boost::shared_ptr<void> owner)
 {
-    return boost::make_shared<HostImage>(geometry, layoutOf(geometry, data, strides, std::move(owner), true));
+    return boost::make_shared<HostImage>(geometry, layoutOf(geometry, data, strides, std::move(owner), true, 0));
 }
 
 ImageConstPtr wrapConstImage(const BaseImageGeometry& geometry, const void* data, const ElementStrides& strides,
                              boost::shared_ptr<void> owner)
 {
-    return boost::make_shared<HostImage>(geometry, layoutOf(geometry, data, strides, std::move(owner), false));
+    return boost::make_shared<HostImage>(geometry, layoutOf(geometry, data, strides, std::move(owner), false, 0));
 }
 
 ImagePtr wrapImage(const BaseImageGeometry& geometry, void* data, const BufferStrides& strides,
@@ -185,8 +187,15 @@ ImagePtr wrapImage(const BaseImageGeometry& geometry, void* data, const BufferSt
     return wrapImage(geometry, data, elementStridesOf(strides), std::move(owner));
 }
 
+ImagePtr wrapPart(const BaseImageGeometry& geometry, void* data, const BufferStrides& strides,
+                  unsigned long bufferBytes, boost::shared_ptr<void> owner)
+{
+    return boost::make_shared<HostImage>(
+        geometry, layoutOf(geometry, data, elementStridesOf(strides), std::move(owner), true, bufferBytes));
+}
+
 WrappedImage::WrappedImage(const BaseImageGeometry& geometry, void* data, const BufferStrides& strides)
-    : BaseImage(geometry, layoutOf(geometry, data, elementStridesOf(strides), {}, true))
+    : BaseImage(geometry, layoutOf(geometry, data, elementStridesOf(strides), {}, true, 0))
 {}
 WrappedImage::~WrappedImage() = default;
 

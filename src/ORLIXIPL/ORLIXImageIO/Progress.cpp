@@ -1,4 +1,4 @@
-// Calling the progress function safely.
+// Calling those who watch safely.
 #include "ORLIXIPL/ORLIXImageIO/Progress.h"
 
 #include "ORLIX/ORLIXUtil/Raise.h"
@@ -8,16 +8,24 @@ namespace orlix::image::io {
 bool Progress::goesOn() noexcept
 {
     m_bytes = 0;
-    if (m_bStopped || !m_function) {
-        return !m_bStopped;
+    if (m_bStopped) {
+        return false;
     }
     try {
-        m_bStopped = !m_function(m_done, m_known);
+        m_bStopped = !ask();
     } catch (...) {
         m_bStopped = true;
         m_exception = std::current_exception();
     }
     return !m_bStopped;
+}
+
+bool Progress::ask()
+{
+    if (m_watch != nullptr && !m_watch->tell({m_done, m_known})) {
+        return false;
+    }
+    return !m_function || m_function(m_done, m_known);
 }
 
 bool Progress::goesOnAfter(unsigned long bytes) noexcept

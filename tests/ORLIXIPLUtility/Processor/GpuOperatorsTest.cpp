@@ -5,7 +5,6 @@
 #include "ORLIXIPLUtility/GpuChecks.h"
 #include "ORLIXIPLUtility/Processor/EraseImg/EraseOracle.h"
 #include "ORLIXIPLUtility/ProcessorChecks.h"
-#include "support/SoleOwner.h"
 #include "support/StepImages.h"
 
 #include <thread>
@@ -192,7 +191,6 @@ TEST_F(GpuOperators, workAsynchronously)
     ASSERT_TRUE(run->wait());
     EXPECT_TRUE(hasLaunched(2));
     EXPECT_TRUE(sameImages(*toHost(*getAsyncProcessorOutput(run)), *host));
-    testing::waitForSoleOwner(run);
 }
 
 TEST_F(GpuOperators, workOnSeveralThreads)

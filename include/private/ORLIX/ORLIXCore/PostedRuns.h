@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ORLIX/ORLIXCore/BaseAction.h"
+#include "ORLIX/ORLIXCore/CallWatch.h"
 #include "ORLIX/ORLIXCore/KeptLibrary.h"
 
 #include <boost/shared_ptr.hpp>
@@ -20,7 +21,8 @@ struct PostedRun
     unsigned long number = 0;             ///< rises from run to run
     KeptLibrary library;                  ///< the one that the class of the action lies in
     eState state = eState::waiting;
-    PostedRun* pNext = nullptr; ///< in the list of those that are not over
+    std::atomic<bool> bReleased{false}; ///< nothing of the run holds the action any more
+    PostedRun* pNext = nullptr;         ///< in the list of those that are not over
     PostedRun* pPrevious = nullptr;
 };
 
@@ -41,6 +43,10 @@ public:
     /// Takes out a run that no executor will ever take up; false where somebody has claimed it.
     bool drop(PostedRun& run) noexcept;
 
+    /// Returns true once the run of a finished action has let go of it; false where it has been started again
+    /// meanwhile.
+    bool waitForRelease(const BaseAction& action) noexcept;
+
     /// Drops what nobody has taken up, cancels what is under way, and returns when it has ended. Called from within a
     /// run it doesn't wait, since it would wait for itself. `bForGood`: nothing is posted any more.
     void endAll(bool bForGood) noexcept;
@@ -55,6 +61,9 @@ private:
     {
         boost::shared_ptr<PostedRun> run;
         boost::shared_ptr<BaseAction> action;
+
+        void release() noexcept;
+        void finish(ProcessingResult<bool> result) noexcept;
     };
 
     bool claim(PostedRun& run) noexcept;
@@ -85,6 +94,7 @@ public:
 
 private:
     static thread_local unsigned t_depth;
+    const CallWatch::Hidden m_hidden; ///< what an element starts isn't a call of the thread's own
 };
 
 } // namespace orlix::core

@@ -11,6 +11,10 @@
 #include <optional>
 #include <string>
 
+namespace orlix {
+class BaseDataItem;
+}
+
 namespace orlix::processor {
 
 struct eAttributeType
@@ -55,6 +59,18 @@ public:
     virtual std::optional<std::string> getValueText() const;
     /// The same for what it holds when it is new.
     virtual std::optional<std::string> getDefaultText() const;
+
+    /// The data item that it holds, for who doesn't know the item's class. Null where nothing is held, where the item
+    /// is one that the caller of a function lends it (`borrow`), where its class isn't derived from BaseDataItem, and
+    /// for an attribute of another kind.
+    virtual boost::shared_ptr<const BaseDataItem> getItem() const;
+    /// Makes an input hold the item, or a null pointer as `init` does. Fails, and leaves the attribute as it was, where
+    /// the item is of another class than the attribute's, and always for an output, for an attribute that holds no data
+    /// item, and for one whose class isn't derived from BaseDataItem; the reason names the attribute, what is required
+    /// and what was found.
+    virtual ProcessingResult<bool> setInputItem(const boost::shared_ptr<const BaseDataItem>& item);
+    /// The same for an output, into whose item a run writes.
+    virtual ProcessingResult<bool> setOutputItem(const boost::shared_ptr<BaseDataItem>& item);
 
 protected:
     /// The failure of `setFromText` for a text that doesn't fit.

@@ -5,7 +5,10 @@
 #include "ORLIX/ORLIXBaseProcessing/BaseAttribute.h"
 #include "ORLIX/ORLIXBaseProcessing/DataItemTable.h"
 
+#include <boost/core/demangle.hpp>
+
 #include <concepts>
+#include <typeinfo>
 #include <utility>
 
 namespace orlix::processor {
@@ -14,6 +17,33 @@ namespace details {
 /// One line for people.
 ORLIXBASEPROCESSING_API std::string printedItem(const BaseDataItem& item);
 ORLIXBASEPROCESSING_API ProcessingResult<bool> itemTextFailed(const BaseAttribute& attribute, const std::string& flaw);
+
+/// The failure of an item of another class than `required`.
+ORLIXBASEPROCESSING_API ProcessingResult<bool> itemClassFailed(const BaseAttribute& attribute,
+                                                               const std::string& required, const BaseDataItem& found);
+
+template <class TNode>
+std::string itemClassName()
+{
+    if constexpr (requires { TNode::getTypeName(); }) {
+        return TNode::getTypeName();
+    } else {
+        return boost::core::demangle(typeid(TNode).name());
+    }
+}
+
+/// What `setInputItem` and `setOutputItem` of `attribute` do for an item that it can take. `TItem` is BaseDataItem,
+/// const for an input.
+template <class TNode, class TAttribute, class TItem>
+ProcessingResult<bool> setItem(TAttribute& attribute, const boost::shared_ptr<TItem>& item)
+{
+    auto node = boost::dynamic_pointer_cast<TNode>(item);
+    if (item && !node) {
+        return itemClassFailed(attribute, itemClassName<std::remove_const_t<TNode>>(), *item);
+    }
+    attribute.init(std::move(node));
+    return true;
+}
 
 /// Hands the one member of `TItem`, if it is a collection whose rows have a text, as a member to `action`.
 template <class TItem, class TAction>
@@ -53,6 +83,23 @@ public:
     /// Null for a borrowed node.
     const StorageType& getStorage() const { return m_owned; }
     const TNode& getDataItemNode() const { return *m_node; }
+
+    boost::shared_ptr<const BaseDataItem> getItem() const override
+    {
+        if constexpr (DataNode<TNode>) {
+            return m_owned;
+        } else {
+            return {};
+        }
+    }
+    ProcessingResult<bool> setInputItem(const boost::shared_ptr<const BaseDataItem>& item) override
+    {
+        if constexpr (DataNode<TNode>) {
+            return details::setItem<const TNode>(*this, item);
+        } else {
+            return BaseAttribute::setInputItem(item);
+        }
+    }
 
     bool takesText() const override { return isRecord() || isTable(); }
     std::string getValueKind() const override
@@ -176,6 +223,23 @@ public:
     /// Null for a borrowed node.
     const StorageType& getStorage() const { return m_owned; }
     TNode& getDataItemNode() const { return *m_node; }
+
+    boost::shared_ptr<const BaseDataItem> getItem() const override
+    {
+        if constexpr (DataNode<TNode>) {
+            return m_owned;
+        } else {
+            return {};
+        }
+    }
+    ProcessingResult<bool> setOutputItem(const boost::shared_ptr<BaseDataItem>& item) override
+    {
+        if constexpr (DataNode<TNode>) {
+            return details::setItem<TNode>(*this, item);
+        } else {
+            return BaseAttribute::setOutputItem(item);
+        }
+    }
 
     std::optional<std::string> getValueText() const override
     {

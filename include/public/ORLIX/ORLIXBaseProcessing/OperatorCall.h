@@ -3,6 +3,7 @@
 
 #include "ORLIX/ORLIXBaseProcessing/AttributeValues.h"
 #include "ORLIX/ORLIXBaseProcessing/ProcessorPool.h"
+#include "ORLIX/ORLIXCore/CallWatch.h"
 
 namespace orlix::processor {
 
@@ -19,13 +20,14 @@ bool isComplete(const OwnAttributes<TAttributes...>*)
 }
 
 /// Does the call without a run of level 1, where that comes to the same: see DispatchLevel. False: nothing is done.
+/// Where the calling thread watches its calls, there has to be a run that can be watched.
 template <class TProcessor, class TCall>
 bool runStraight(const TCall& call)
 {
     if constexpr (requires { TProcessor::isStraight(call); }) {
         using Attributes = typename TProcessor::Attributes;
-        if (isComplete<TCall>(static_cast<const Attributes*>(nullptr)) && TProcessor::isStraight(call) &&
-            TProcessor::Rule::holds(call)) {
+        if (isComplete<TCall>(static_cast<const Attributes*>(nullptr)) && core::CallWatch::getInnermost() == nullptr &&
+            TProcessor::isStraight(call) && TProcessor::Rule::holds(call)) {
             if (const ProcessingResult<bool> result = TProcessor::runStraight(call); !result) {
                 throwRunFailed(result);
             }

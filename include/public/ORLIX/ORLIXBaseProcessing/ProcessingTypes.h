@@ -23,7 +23,10 @@ struct [[nodiscard]] ProviderResult
 
     static ProviderResult ready() { return {eProviderStatus::eProviderReady, {}}; }
     static ProviderResult none() { return {eProviderStatus::eProviderNone, {}}; }
-    static ProviderResult failed(std::string message) { return {eProviderStatus::eProviderFailed, std::move(message)}; }
+    static ProviderResult failed(NumberedText message)
+    {
+        return {eProviderStatus::eProviderFailed, std::move(message)};
+    }
 };
 
 struct eStepStatus
@@ -39,7 +42,7 @@ struct [[nodiscard]] StepResult
     ResultMessage message;
 
     static StepResult success() { return {eStepStatus::eStepSuccess, {}}; }
-    static StepResult failed(std::string message) { return {eStepStatus::eStepFailed, std::move(message)}; }
+    static StepResult failed(NumberedText message) { return {eStepStatus::eStepFailed, std::move(message)}; }
 };
 
 /// Does `BaseProcessor::init` build the rule?

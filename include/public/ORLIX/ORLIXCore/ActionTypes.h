@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ORLIX/ORLIXUtil/Enumeration.h"
+#include "ORLIX/ORLIXUtil/ProcessingResult.h"
 
 #include <boost/function.hpp>
 
@@ -46,5 +47,8 @@ struct Progress
 
 /// Called by one thread at a time, on whichever thread finished an element. Must not throw.
 using ProgressObserver = boost::function<void(const Progress&)>;
+
+/// Called once at the end of a run, with its result. Must not throw.
+using FinishObserver = boost::function<void(const ProcessingResult<bool>&)>;
 
 } // namespace orlix::core

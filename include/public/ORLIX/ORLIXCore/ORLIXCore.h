@@ -6,6 +6,7 @@
 #include "ORLIX/ORLIXCore/BaseActionProvider.h"
 #include "ORLIX/ORLIXCore/BaseComplexAction.h"
 #include "ORLIX/ORLIXCore/BaseExecutor.h"
+#include "ORLIX/ORLIXCore/CallWatch.h"
 #include "ORLIX/ORLIXCore/ComputerInfoPool.h"
 #include "ORLIX/ORLIXCore/Export.h"
 #include "ORLIX/ORLIXCore/GpuSupport.h"

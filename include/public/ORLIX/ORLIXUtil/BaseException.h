@@ -1,7 +1,8 @@
-// Root of every exception of the family: what happened, where, and what caused it.
+// Root of every exception of the family: what happened, which message says so, where, and what caused it.
 #pragma once
 
 #include "ORLIX/ORLIXUtil/Export.h"
+#include "ORLIX/ORLIXUtil/NumberedText.h"
 #include "ORLIX/ORLIXUtil/SourcePlace.h"
 
 #include <boost/shared_ptr.hpp>
@@ -22,7 +23,7 @@ public:
                   const BaseException& cause);
     BaseException(const std::string& message, const std::string& function, const std::string& file, int line,
                   const std::exception& cause);
-    BaseException(const std::string& message, const SourcePlace& place);
+    BaseException(const NumberedText& message, const SourcePlace& place);
     BaseException(const BaseException&) noexcept = default;
     BaseException& operator=(const BaseException&) noexcept = default;
     ~BaseException() override;
@@ -30,7 +31,10 @@ public:
     /// The message alone, without place and cause.
     const char* what() const noexcept override;
 
-    const std::string& getMessage() const noexcept;
+    const NumberedText& getMessage() const noexcept;
+    /// Which message of which catalogue it is; empty where the message came from none. That of a failed run is the
+    /// failed step's own: a rule's, a split's, the run loop's.
+    const MessageNumber& getMessageNumber() const noexcept;
     const std::string& getFunction() const noexcept;
     const std::string& getFile() const noexcept;
     int getLine() const noexcept;

@@ -3,6 +3,7 @@
 
 #include "ORLIX/ORLIXUtil/Export.h"
 #include "ORLIX/ORLIXUtil/LogMessageFormater.h"
+#include "ORLIX/ORLIXUtil/NumberedText.h"
 
 #include <initializer_list>
 #include <memory>
@@ -64,15 +65,25 @@ MessageArgument messageArgument(const T& value)
 
 ORLIXUTIL_API void fillCatalogue(const CatalogueAccess& catalogue);
 ORLIXUTIL_API void withdrawCatalogue(const CatalogueAccess& catalogue) noexcept;
-ORLIXUTIL_API std::string formatMessage(const CatalogueAccess& catalogue, int id,
-                                        std::initializer_list<MessageArgument> arguments);
+ORLIXUTIL_API MessageNumber messageNumber(const CatalogueAccess& catalogue, int id);
+ORLIXUTIL_API NumberedText formatMessage(const CatalogueAccess& catalogue, int id,
+                                         std::initializer_list<MessageArgument> arguments);
 
 } // namespace details
 
-/// The text of message `id` with its arguments. Fills the catalogue first if need be, so it may be called before the
-/// static initialisers of other files ran. Raises ORLIXUtilException if the id or the number of arguments is wrong.
+/// What results and exceptions tell of message `id`: `error.getMessageNumber() ==
+/// messageNumber<eRuleMessage>(eRuleMessage::eExpired)`.
+template <class TEnum>
+MessageNumber messageNumber(typename TEnum::domain id)
+{
+    return details::messageNumber(details::catalogueAccess<TEnum>(), static_cast<int>(id));
+}
+
+/// The text of message `id` with its arguments, and its number. Fills the catalogue first if need be, so it may be
+/// called before the static initialisers of other files ran. Raises ORLIXUtilException if the id or the number of
+/// arguments is wrong.
 template <class TEnum, class... TArgs>
-std::string formatMessage(typename TEnum::domain id, const TArgs&... args)
+NumberedText formatMessage(typename TEnum::domain id, const TArgs&... args)
 {
     return details::formatMessage(details::catalogueAccess<TEnum>(), static_cast<int>(id),
                                   {details::messageArgument(args)...});

@@ -9,21 +9,22 @@
 namespace orlix {
 
 /// What a step gives back. Success carries an empty message; a failure carries T() and the reason, which travels up
-/// the levels unchanged. A result may not be dropped silently.
+/// the levels unchanged, and with it the number of its message where a catalogue made it. A result may not be dropped
+/// silently.
 template <class T>
 class [[nodiscard]] ProcessingResult
 {
 public:
     ProcessingResult() = default;
     ProcessingResult(T value) : m_value(std::move(value)) {} // NOLINT: a plain value is a result
-    ProcessingResult(T value, std::string message) : m_value(std::move(value)), m_message(std::move(message)) {}
+    ProcessingResult(T value, NumberedText message) : m_value(std::move(value)), m_message(std::move(message)) {}
 
     const T& getValue() const { return m_value; }
-    const std::string& getMessage() const { return m_message; }
+    const NumberedText& getMessage() const { return m_message.get(); }
 
 private:
     T m_value{};
-    std::string m_message;
+    ResultMessage m_message;
 };
 
 /// The result of nearly every step: did it work, and if not, why.
@@ -33,14 +34,14 @@ class [[nodiscard]] ProcessingResult<bool>
 public:
     ProcessingResult() = default;
     ProcessingResult(bool value) : m_bValue(value) {} // NOLINT: a plain value is a result
-    ProcessingResult(bool value, std::string message) : m_bValue(value), m_message(std::move(message)) {}
+    ProcessingResult(bool value, NumberedText message) : m_bValue(value), m_message(std::move(message)) {}
 
     bool getValue() const { return m_bValue; }
-    const std::string& getMessage() const { return m_message.get(); }
+    const NumberedText& getMessage() const { return m_message.get(); }
     explicit operator bool() const { return m_bValue; }
 
     [[nodiscard]] static ProcessingResult success() { return {true}; }
-    [[nodiscard]] static ProcessingResult failure(std::string message) { return {false, std::move(message)}; }
+    [[nodiscard]] static ProcessingResult failure(NumberedText message) { return {false, std::move(message)}; }
     /// A failure whose text needs no memory.
     [[nodiscard]] static ProcessingResult outOfMemory() noexcept
     {

@@ -12,16 +12,17 @@ namespace orlix {
 
 namespace details {
 
-using ExceptionMaker = std::exception_ptr (*)(const std::string& message, const SourcePlace& place);
+using ExceptionMaker = std::exception_ptr (*)(const NumberedText& message, const SourcePlace& place);
 
 template <class TException>
-std::exception_ptr makeException(const std::string& message, const SourcePlace& place)
+std::exception_ptr makeException(const NumberedText& message, const SourcePlace& place)
 {
     return std::make_exception_ptr(TException(message, place));
 }
 
 [[noreturn]] ORLIXUTIL_API void raise(const SourcePlace& place, const CatalogueAccess& catalogue, int id,
-                                      ExceptionMaker makeException, std::initializer_list<MessageArgument> arguments);
+                                      ExceptionMaker makeException, std::initializer_list<MessageArgument> arguments,
+                                      const MessageNumber& cause = {});
 
 } // namespace details
 
@@ -35,6 +36,16 @@ template <class TEnum, class... TArgs>
     using Exception = typename MessageCatalogue<TEnum>::Exception;
     details::raise(place, details::catalogueAccess<TEnum>(), static_cast<int>(id), &details::makeException<Exception>,
                    {details::messageArgument(args)...});
+}
+
+/// The same for a message that hands on the text of a failure, its one argument: the exception tells the number of the
+/// failure's own message, and that of message `id` only where the failure has none.
+template <class TEnum>
+[[noreturn]] void raiseFailure(const SourcePlace& place, typename TEnum::domain id, const NumberedText& failure)
+{
+    using Exception = typename MessageCatalogue<TEnum>::Exception;
+    details::raise(place, details::catalogueAccess<TEnum>(), static_cast<int>(id), &details::makeException<Exception>,
+                   {details::messageArgument(failure)}, failure.getNumber());
 }
 
 } // namespace orlix

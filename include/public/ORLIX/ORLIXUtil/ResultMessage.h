@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ORLIX/ORLIXUtil/Export.h"
+#include "ORLIX/ORLIXUtil/NumberedText.h"
 
 #include <memory>
 #include <ostream>
@@ -10,17 +11,17 @@
 
 namespace orlix {
 
-/// A string that is nearly always empty and costs no more than a null pointer then: results are made at every step of
+/// A text that is nearly always empty and costs no more than a null pointer then: results are made at every step of
 /// every call.
 class ResultMessage
 {
 public:
     ResultMessage() = default;
-    ResultMessage(std::string text) // NOLINT: a text is a message
-        : m_text(text.empty() ? nullptr : std::make_unique<const std::string>(std::move(text)).release())
+    ResultMessage(NumberedText text) // NOLINT: a text is a message
+        : m_text(text.empty() ? nullptr : std::make_unique<const NumberedText>(std::move(text)).release())
     {}
     ResultMessage(const ResultMessage& other)
-        : m_text(other.isOwned() ? std::make_unique<const std::string>(*other.m_text).release() : other.m_text.get())
+        : m_text(other.isOwned() ? std::make_unique<const NumberedText>(*other.m_text).release() : other.m_text.get())
     {}
     ResultMessage(ResultMessage&&) noexcept = default;
     ResultMessage& operator=(const ResultMessage& other) { return *this = ResultMessage(other); }
@@ -34,8 +35,8 @@ public:
         return message;
     }
 
-    const std::string& get() const { return m_text ? *m_text : emptyText(); }
-    operator const std::string&() const { return get(); } // NOLINT: a message is a text
+    const NumberedText& get() const { return m_text ? *m_text : emptyText(); }
+    operator const NumberedText&() const { return get(); } // NOLINT: a message is a text
     bool empty() const { return !m_text; }
 
     friend bool operator==(const ResultMessage& message, const std::string& text) { return message.get() == text; }
@@ -47,19 +48,19 @@ public:
 private:
     struct Release
     {
-        void operator()(const std::string* text) const noexcept
+        void operator()(const NumberedText* text) const noexcept
         {
             if (text != &outOfMemoryText()) {
-                std::default_delete<const std::string>()(text);
+                std::default_delete<const NumberedText>()(text);
             }
         }
     };
 
-    ORLIXUTIL_API static const std::string& emptyText();
-    ORLIXUTIL_API static const std::string& outOfMemoryText() noexcept;
+    ORLIXUTIL_API static const NumberedText& emptyText();
+    ORLIXUTIL_API static const NumberedText& outOfMemoryText() noexcept;
     bool isOwned() const { return m_text && m_text.get() != &outOfMemoryText(); }
 
-    std::unique_ptr<const std::string, Release> m_text;
+    std::unique_ptr<const NumberedText, Release> m_text;
 };
 
 } // namespace orlix

@@ -1,4 +1,4 @@
-// An image over memory of the caller's, as a value.
+// Images over memory of the caller's: as a value, and over part of a buffer.
 #pragma once
 
 #include "ORLIXIPL/ORLIXImage/BaseImage.h"
@@ -18,5 +18,10 @@ public:
     /// A pointer that neither owns nor counts.
     ImagePtr lend() { return {ImagePtr(), this}; }
 };
+
+/// What `wrapImage` makes, over part of a buffer of `bufferBytes`. An image that is written part by part is written
+/// past the caches where the whole of it would be.
+ORLIXIMAGE_API ImagePtr wrapPart(const BaseImageGeometry& geometry, void* data, const BufferStrides& strides,
+                                 unsigned long bufferBytes, boost::shared_ptr<void> owner);
 
 } // namespace orlix::image

@@ -25,7 +25,8 @@ image::BaseImageGeometry AppendSeqOutputInitializer::getJoinedGeometry() const
     requireImage(imageHeldBy(m_second));
     boost::shared_ptr<image::BaseImageGeometry> geometry;
     if (const ProcessingResult<bool> result = join(geometry); !result) {
-        raise<eORLIXBaseImageToolsMessage>(ORLIX_HERE, eORLIXBaseImageToolsMessage::eNotJoined, result.getMessage());
+        raiseFailure<eORLIXBaseImageToolsMessage>(ORLIX_HERE, eORLIXBaseImageToolsMessage::eNotJoined,
+                                                  result.getMessage());
     }
     return *geometry;
 }

@@ -1,6 +1,8 @@
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/LinePart.h"
 
 #include "ORLIX/ORLIXCore/BaseExecutor.h"
+#include "ORLIX/ORLIXCore/CallWatch.h"
+#include "ORLIX/ORLIXCore/Logger/ORLIXCoreLogMessages.h"
 #include "ORLIX/ORLIXUtil/Raise.h"
 #include "ORLIXIPL/ORLIXIPLUtility/Logger/ORLIXIPLUtilityLogMessages.h"
 #include "ORLIXIPL/ORLIXImage/SubImage.h"
@@ -22,6 +24,49 @@ bool reachesBeyond(unsigned long size, unsigned long first, unsigned long whole)
     return first > whole || size > whole - first;
 }
 
+/// What the caller's watch sees of the pieces: they are the elements of one call, whose own runs are not the caller's.
+class WatchedPieces
+{
+public:
+    explicit WatchedPieces(unsigned long nbPieces) : m_watch(core::CallWatch::getInnermost()), m_progress{0, nbPieces}
+    {
+        if (m_watch != nullptr) {
+            throwIfCancelled();
+            static_cast<void>(m_watch->tell(m_progress));
+        }
+    }
+
+    template <class TDraw>
+    void draw(const TDraw& drawPiece)
+    {
+        if (m_watch == nullptr) {
+            drawPiece();
+            return;
+        }
+        throwIfCancelled();
+        {
+            const core::CallWatch ofThePiece;
+            drawPiece();
+        }
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        ++m_progress.done;
+        static_cast<void>(m_watch->tell(m_progress));
+    }
+
+private:
+    void throwIfCancelled() const
+    {
+        if (m_watch->isCancelled()) {
+            processor::details::throwRunFailed(ProcessingResult<bool>::failure(
+                formatMessage<core::eORLIXCoreMessage>(core::eORLIXCoreMessage::eCancelled)));
+        }
+    }
+
+    core::CallWatch* m_watch; ///< null where nobody watches
+    std::mutex m_mutex;
+    core::Progress m_progress;
+};
+
 /// Calls `draw` for all pieces below `nbPieces`.
 template <class TDraw>
 void forEachPiece(unsigned long nbPieces, unsigned long nbPixels, const TDraw& draw)
@@ -29,9 +74,10 @@ void forEachPiece(unsigned long nbPieces, unsigned long nbPixels, const TDraw& d
     std::mutex mutex;
     std::exception_ptr failure;
     unsigned long firstFailed = std::numeric_limits<unsigned long>::max();
+    WatchedPieces pieces(nbPieces);
     auto drawOrNote = [&](unsigned long piece) {
         try {
-            draw(piece);
+            pieces.draw([&] { draw(piece); });
         } catch (...) {
             const std::lock_guard<std::mutex> lock(mutex);
             if (piece < firstFailed) {

@@ -91,8 +91,8 @@ image::VolumeGeometry volumeOf(unsigned long sizeZ)
 }
 
 template <class... TAxes, class TOffset, class TSize>
-std::string misfit(const BaseImageAttribute& checked, const boost::weak_ptr<TOffset>& offset,
-                   const boost::weak_ptr<TSize>& size, const SourcePlace& place)
+NumberedText misfit(const BaseImageAttribute& checked, const boost::weak_ptr<TOffset>& offset,
+                    const boost::weak_ptr<TSize>& size, const SourcePlace& place)
 {
     return describeRegionMisfit(checked, {RegionAxis{TAxes::g_name, TAxes::of(checked.getImage()),
                                                      read<TAxes>(offset, place), read<TAxes>(size, place)}...});
@@ -113,7 +113,7 @@ public:
             return ProcessingResult<bool>::failure(
                 formatMessage<eImageRuleMessage>(eImageRuleMessage::ePropertyWithoutInput));
         }
-        const std::string text = m_property->describeMisfit(*image);
+        const NumberedText text = m_property->describeMisfit(*image);
         return text.empty() ? ProcessingResult<bool>(true) : ProcessingResult<bool>::failure(text);
     }
 
@@ -156,7 +156,7 @@ unsigned long GetRoi2dMinInputImageSize::getSizeY() const
     return minSize<AxisY>(getInputImage(), m_offset, m_size, ORLIX_HERE);
 }
 
-std::string GetRoi2dMinInputImageSize::describeMisfit(const BaseImageAttribute& checked) const
+NumberedText GetRoi2dMinInputImageSize::describeMisfit(const BaseImageAttribute& checked) const
 {
     return misfit<AxisX, AxisY>(checked, m_offset, m_size, ORLIX_HERE);
 }
@@ -179,7 +179,7 @@ unsigned long PutRoi2dMinInputImageSize::getSizeY() const
     return minSize<AxisY>(getInputImage(), m_offset, m_roi, ORLIX_HERE);
 }
 
-std::string PutRoi2dMinInputImageSize::describeMisfit(const BaseImageAttribute& checked) const
+NumberedText PutRoi2dMinInputImageSize::describeMisfit(const BaseImageAttribute& checked) const
 {
     return misfit<AxisX, AxisY>(checked, m_offset, m_roi, ORLIX_HERE);
 }
@@ -207,7 +207,7 @@ image::VolumeGeometry GetRoi3dMinInputImageSize::getVolumeGeometry() const
     return volumeOf(minSize<AxisZ>(getInputImage(), m_offset, m_size, ORLIX_HERE));
 }
 
-std::string GetRoi3dMinInputImageSize::describeMisfit(const BaseImageAttribute& checked) const
+NumberedText GetRoi3dMinInputImageSize::describeMisfit(const BaseImageAttribute& checked) const
 {
     return misfit<AxisX, AxisY, AxisZ>(checked, m_offset, m_size, ORLIX_HERE);
 }
@@ -235,7 +235,7 @@ image::VolumeGeometry PutRoi3dMinInputImageSize::getVolumeGeometry() const
     return volumeOf(minSize<AxisZ>(getInputImage(), m_offset, m_roi, ORLIX_HERE));
 }
 
-std::string PutRoi3dMinInputImageSize::describeMisfit(const BaseImageAttribute& checked) const
+NumberedText PutRoi3dMinInputImageSize::describeMisfit(const BaseImageAttribute& checked) const
 {
     return misfit<AxisX, AxisY, AxisZ>(checked, m_offset, m_roi, ORLIX_HERE);
 }

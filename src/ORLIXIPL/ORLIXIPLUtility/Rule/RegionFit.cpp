@@ -33,7 +33,7 @@ std::string sumText(unsigned long a, unsigned long b)
 
 } // namespace
 
-std::string describeRegionMisfit(const BaseImageAttribute& image, const RegionAxes& axes)
+NumberedText describeRegionMisfit(const BaseImageAttribute& image, const RegionAxes& axes)
 {
     const std::string sizes = joined(axes, &RegionAxis::size, "x");
     const std::string offsets = joined(axes, &RegionAxis::offset, ", ");
@@ -52,7 +52,7 @@ std::string describeRegionMisfit(const BaseImageAttribute& image, const RegionAx
         }
     }
     return axes.size() < 3 || bVolume
-               ? std::string()
+               ? NumberedText()
                : formatMessage<eImageRuleMessage>(eImageRuleMessage::eRegionNeedsVolume, image.getObjectName(),
                                                   imageSizes, sizes, offsets);
 }

@@ -96,7 +96,7 @@ public:
 private:
     ProcessingResult<bool> fail(const BaseImageAttribute& attribute, const std::string& differences) const
     {
-        if (const std::string own = m_property->describeMisfit(attribute); !own.empty()) {
+        if (const NumberedText own = m_property->describeMisfit(attribute); !own.empty()) {
             return ProcessingResult<bool>::failure(own);
         }
         const std::string& name = attribute.getObjectName();
@@ -158,7 +158,7 @@ image::TemporalGeometry BaseCustomCheckedImageProperty::getTemporalGeometry() co
     return getInputGeometry(image).getTemporalGeometry();
 }
 
-std::string BaseCustomCheckedImageProperty::describeMisfit(const BaseImageAttribute&) const
+NumberedText BaseCustomCheckedImageProperty::describeMisfit(const BaseImageAttribute&) const
 {
     return {};
 }

@@ -21,6 +21,6 @@ using RegionAxes = std::initializer_list<RegionAxis>;
 /// "InImg is 512x512, the region 100x100 at (450, 0) ends at x = 550": the first axis on which the region ends outside,
 /// counted exactly, also beyond 64 bits. Of a region of three axes that fits, that a single plan is no volume. Else
 /// empty.
-std::string describeRegionMisfit(const BaseImageAttribute& image, const RegionAxes& axes);
+NumberedText describeRegionMisfit(const BaseImageAttribute& image, const RegionAxes& axes);
 
 } // namespace orlix::imaproc::util

@@ -11,9 +11,13 @@ namespace orlix::processor {
 struct eAttributeMessage
 {
     enum domain {
-        eTakesNoText = 0, ///< attribute, kind of its value
-        eBadText = 1,     ///< attribute, kind of its value, text
-        eBadItem = 2      ///< attribute, what is wrong
+        eTakesNoText = 0,    ///< attribute, kind of its value
+        eBadText = 1,        ///< attribute, kind of its value, text
+        eBadItem = 2,        ///< attribute, what is wrong
+        eHoldsNoItem = 3,    ///< attribute, kind of its value
+        eOtherDirection = 4, ///< attribute, what it is, function to use
+        eNoItemClass = 5,    ///< attribute
+        eOtherItemClass = 6  ///< attribute, class required, class found
     };
     ORLIX_ENUMERATION(eAttributeMessage, eTakesNoText);
 };

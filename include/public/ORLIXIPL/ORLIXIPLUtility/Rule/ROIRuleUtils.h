@@ -24,7 +24,7 @@ public:
                               const boost::weak_ptr<const attr::InOutputImg2dSize>& size);
     unsigned long getSizeX() const override;
     unsigned long getSizeY() const override;
-    std::string describeMisfit(const BaseImageAttribute& checked) const override;
+    NumberedText describeMisfit(const BaseImageAttribute& checked) const override;
 
 private:
     boost::weak_ptr<const attr::InInputImg2dOffset> m_offset;
@@ -40,7 +40,7 @@ public:
                               const boost::weak_ptr<const BaseImageAttribute>& roi);
     unsigned long getSizeX() const override;
     unsigned long getSizeY() const override;
-    std::string describeMisfit(const BaseImageAttribute& checked) const override;
+    NumberedText describeMisfit(const BaseImageAttribute& checked) const override;
 
 private:
     boost::weak_ptr<const attr::InInputImg2dOffset> m_offset;
@@ -57,7 +57,7 @@ public:
     unsigned long getSizeX() const override;
     unsigned long getSizeY() const override;
     image::VolumeGeometry getVolumeGeometry() const override;
-    std::string describeMisfit(const BaseImageAttribute& checked) const override;
+    NumberedText describeMisfit(const BaseImageAttribute& checked) const override;
 
 private:
     boost::weak_ptr<const attr::InInputImg3dOffset> m_offset;
@@ -72,7 +72,7 @@ public:
     unsigned long getSizeX() const override;
     unsigned long getSizeY() const override;
     image::VolumeGeometry getVolumeGeometry() const override;
-    std::string describeMisfit(const BaseImageAttribute& checked) const override;
+    NumberedText describeMisfit(const BaseImageAttribute& checked) const override;
 
 private:
     boost::weak_ptr<const attr::InInputImg3dOffset> m_offset;

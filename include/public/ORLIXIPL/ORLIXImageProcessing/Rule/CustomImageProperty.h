@@ -48,7 +48,7 @@ public:
     virtual image::TemporalGeometry getTemporalGeometry() const; ///< compared by size alone
     /// Why the image of `checked`, which differs, does not fit, in words that stand for the whole text of the failure.
     /// Empty: the rule's words do.
-    virtual std::string describeMisfit(const BaseImageAttribute& checked) const;
+    virtual NumberedText describeMisfit(const BaseImageAttribute& checked) const;
     /// Closes the rule's words: what the image has to fit. Empty for nothing to add.
     virtual std::string getReason() const;
 

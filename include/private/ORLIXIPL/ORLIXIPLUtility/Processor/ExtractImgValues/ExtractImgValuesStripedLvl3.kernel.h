@@ -39,12 +39,12 @@ inline const void* accessRun(BaseLineZStrip3dWithKernelParser<BaseInputZStrip3dW
     return parser.accessRun(line, plan, first, count);
 }
 
-inline std::string blockedText(const std::array<double, 2>& place, const image::BaseImageYStrip2d& strip)
+inline NumberedText blockedText(const std::array<double, 2>& place, const image::BaseImageYStrip2d& strip)
 {
     return formatMessage<eProcessorMessage>(eProcessorMessage::eInvalidPoint2d, place[0], place[1], strip.getSizeX(),
                                             strip.getStripStartOffsetY(), strip.getStripSizeY());
 }
-inline std::string blockedText(const std::array<double, 3>& place, const image::BaseImageZStrip3d& strip)
+inline NumberedText blockedText(const std::array<double, 3>& place, const image::BaseImageZStrip3d& strip)
 {
     return formatMessage<eProcessorMessage>(eProcessorMessage::eInvalidPoint3d, place[0], place[1], place[2],
                                             strip.getSizeX(), strip.getSizeY(), strip.getStripStartOffsetZ(),
