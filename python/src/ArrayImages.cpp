@@ -1,6 +1,7 @@
 // Arrays as images whose axes have names, and images as arrays.
 #include "ArrayImages.h"
 
+#include "Arguments.h"
 #include "StridedCopy.h"
 
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/CopyImg/CopyImg.h"
@@ -35,7 +36,7 @@ std::string axesOf(nb::handle axes, std::size_t nbAxes)
         }
         return std::string("TCZYX").substr(5 - nbAxes);
     }
-    const std::string letters = nb::cast<std::string>(axes);
+    const std::string letters = textOf(axes, "axes");
     std::string seen;
     for (const char letter : letters) {
         if (letter == '\0' || std::strchr(g_imageAxes, letter) == nullptr || seen.find(letter) != std::string::npos) {

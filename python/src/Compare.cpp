@@ -134,8 +134,8 @@ nb::object compare(nb::handle one, nb::handle other, nb::handle absolute, nb::ha
 
 void bindCompare(nb::module_& module)
 {
-    module.def("compare", &compare, nb::arg("a"), nb::arg("b"), nb::arg("absolute").none(), nb::arg("relative").none(),
-               nb::arg("progress").none());
+    module.def("compare", &compare, nb::arg("a").none(), nb::arg("b").none(), nb::arg("absolute").none(),
+               nb::arg("relative").none(), nb::arg("progress").none());
 }
 
 } // namespace orlix::python

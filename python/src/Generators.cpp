@@ -1,4 +1,5 @@
 // New pixels: random, normal, lines.
+#include "Arguments.h"
 #include "ImageCall.h"
 #include "Operators.h"
 #include "Watch.h"
@@ -24,10 +25,9 @@ using processor::with;
 
 std::vector<npy_intp> sizesOfShape(nb::handle shape)
 {
-    std::vector<npy_intp> sizes;
-    for (const nb::handle size : shape) {
-        sizes.push_back(nb::cast<npy_intp>(nb::object(nb::borrow(size).attr("__index__")())));
-        if (sizes.back() < 0) {
+    const std::vector<npy_intp> sizes = integersOf(shape, "shape");
+    for (const npy_intp size : sizes) {
+        if (size < 0) {
             throw nb::value_error("a shape has no sizes below 0");
         }
     }
@@ -160,11 +160,13 @@ nb::object lines(nb::handle shape, float theta, float spacing, nb::handle phi, n
 
 void bindGenerators(nb::module_& module)
 {
-    module.def("random", &random, nb::arg("shape"), nb::arg("dtype"), nb::arg("low").none(), nb::arg("high").none(),
-               nb::arg("seed"), nb::arg("out").none(), nb::arg("progress").none(), nb::arg("first").none());
-    module.def("normal", &normal, nb::arg("shape"), nb::arg("dtype"), nb::arg("mean"), nb::arg("deviation"),
-               nb::arg("seed"), nb::arg("out").none(), nb::arg("progress").none(), nb::arg("first").none());
-    module.def("lines", &lines, nb::arg("shape"), nb::arg("theta"), nb::arg("spacing"), nb::arg("phi").none(),
+    module.def("random", &random, nb::arg("shape").none(), nb::arg("dtype").none(), nb::arg("low").none(),
+               nb::arg("high").none(), nb::arg("seed"), nb::arg("out").none(), nb::arg("progress").none(),
+               nb::arg("first").none());
+    module.def("normal", &normal, nb::arg("shape").none(), nb::arg("dtype").none(), nb::arg("mean"),
+               nb::arg("deviation"), nb::arg("seed"), nb::arg("out").none(), nb::arg("progress").none(),
+               nb::arg("first").none());
+    module.def("lines", &lines, nb::arg("shape").none(), nb::arg("theta"), nb::arg("spacing"), nb::arg("phi").none(),
                nb::arg("alpha").none(), nb::arg("out").none(), nb::arg("progress").none(), nb::arg("part").none());
 }
 

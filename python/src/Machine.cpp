@@ -1,4 +1,5 @@
 // What the libraries use of the machine: threads, instruction sets, memory.
+#include "Arguments.h"
 #include "ArrayImages.h"
 #include "Operators.h"
 
@@ -75,13 +76,12 @@ void bindMachine(nb::module_& module)
     module.def(
         "axes_of", [](nb::handle axes, unsigned long nbAxes) { return axesOf(axes, nbAxes); }, nb::arg("axes").none(),
         nb::arg("ndim"));
-    module.def("empty", [](nb::handle shape, nb::handle dtype) {
-        std::vector<npy_intp> sizes;
-        for (const nb::handle size : shape) {
-            sizes.push_back(nb::cast<npy_intp>(nb::object(nb::borrow(size).attr("__index__")())));
-        }
-        return newArray(sizes, elementTypeNamed(dtype));
-    });
+    module.def(
+        "empty",
+        [](nb::handle shape, nb::handle dtype) {
+            return newArray(integersOf(shape, "shape"), elementTypeNamed(dtype));
+        },
+        nb::arg("shape").none(), nb::arg("dtype").none());
 }
 
 } // namespace orlix::python

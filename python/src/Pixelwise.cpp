@@ -80,11 +80,11 @@ nb::object copyImage(nb::handle array, nb::handle out, nb::handle progress)
 
 void bindPixelwise(nb::module_& module)
 {
-    module.def("copy", &copyImage, nb::arg("image"), nb::arg("out").none(), nb::arg("progress").none());
-    module.def("erase", &erase, nb::arg("image"), nb::arg("value"), nb::arg("progress").none());
-    module.def("threshold", &threshold, nb::arg("image"), nb::arg("low"), nb::arg("high"), nb::arg("out").none(),
+    module.def("copy", &copyImage, nb::arg("image").none(), nb::arg("out").none(), nb::arg("progress").none());
+    module.def("erase", &erase, nb::arg("image").none(), nb::arg("value"), nb::arg("progress").none());
+    module.def("threshold", &threshold, nb::arg("image").none(), nb::arg("low"), nb::arg("high"), nb::arg("out").none(),
                nb::arg("progress").none());
-    module.def("convert", &convert, nb::arg("image"), nb::arg("dtype").none(), nb::arg("out").none(),
+    module.def("convert", &convert, nb::arg("image").none(), nb::arg("dtype").none(), nb::arg("out").none(),
                nb::arg("progress").none());
 }
 

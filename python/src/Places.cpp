@@ -1,17 +1,18 @@
 // Places and sizes as Python gives them: in the order of an array's axes.
 #include "Places.h"
 
+#include "Arguments.h"
+
 #include <vector>
 
 namespace orlix::python {
 
 Place placeOf(nb::handle numbers, const char* what)
 {
-    std::vector<long> values;
-    for (const nb::handle number : numbers) {
-        values.push_back(nb::cast<long>(nb::object(nb::borrow(number).attr("__index__")())));
-        if (values.back() < 0) {
-            const std::string text = std::string(what) + ": " + std::to_string(values.back()) + " is below 0";
+    const std::vector<npy_intp> values = integersOf(numbers, what);
+    for (const npy_intp value : values) {
+        if (value < 0) {
+            const std::string text = std::string(what) + ": " + std::to_string(value) + " is below 0";
             throw nb::value_error(text.c_str());
         }
     }

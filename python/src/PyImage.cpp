@@ -1,6 +1,8 @@
 // orlix.Image: an image of the libraries with the names of its axes.
 #include "PyImage.h"
 
+#include "Arguments.h"
+
 #include <nanobind/stl/string.h>
 
 #include <boost/make_shared.hpp>
@@ -49,12 +51,9 @@ nb::tuple shapeOf(const PyImage& self)
     return nb::tuple(sizes);
 }
 
-std::vector<float> floatsOf(nb::handle values, std::size_t nbWanted, const char* name)
+std::vector<float> floatsAlongAxes(nb::handle values, std::size_t nbWanted, const char* name)
 {
-    std::vector<float> floats;
-    for (const nb::handle value : values) {
-        floats.push_back(nb::cast<float>(value));
-    }
+    std::vector<float> floats = floatsOf(values, name);
     if (floats.size() != nbWanted) {
         const std::string text = std::string(name) + " has " + std::to_string(floats.size()) + " numbers, " +
                                  std::to_string(nbWanted) + " are needed: " + (nbWanted == 3 ? "z, y, x" : "y, x");
@@ -69,10 +68,10 @@ void calibrate(PyImage& self, nb::handle pixelSize, nb::handle unit, nb::handle 
         return;
     }
     const std::size_t nbAxes = self.axes.find('Z') == std::string::npos ? 2 : 3;
-    const std::vector<float> size = floatsOf(pixelSize, nbAxes, "pixel_size");
+    const std::vector<float> size = floatsAlongAxes(pixelSize, nbAxes, "pixel_size");
     const std::vector<float> first =
-        origin.is_none() ? std::vector<float>(nbAxes, 0.F) : floatsOf(origin, nbAxes, "origin");
-    const std::string name = unit.is_none() ? "px" : nb::cast<std::string>(unit);
+        origin.is_none() ? std::vector<float>(nbAxes, 0.F) : floatsAlongAxes(origin, nbAxes, "origin");
+    const std::string name = unit.is_none() ? "px" : textOf(unit, "unit");
     const auto calibration = boost::make_shared<GeometricCalibration>();
     if (nbAxes == 2) {
         calibration->init2d(name, size[1], size[0], first[1], first[0]);
@@ -263,7 +262,7 @@ Examples
 >>> np.asarray(image).shape
 (3, 4, 6)
 )")
-        .def("__init__", &initImage, nb::arg("data"), nb::arg("axes") = nb::none(), nb::kw_only(),
+        .def("__init__", &initImage, nb::arg("data").none(), nb::arg("axes") = nb::none(), nb::kw_only(),
              nb::arg("pixel_size") = nb::none(), nb::arg("unit") = nb::none(), nb::arg("origin") = nb::none(),
              nb::arg("element_type") = nb::none())
         .def_prop_ro(

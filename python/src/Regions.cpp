@@ -151,10 +151,10 @@ nb::object paste(nb::handle image, nb::handle region, nb::handle at, nb::handle 
 
 void bindRegions(nb::module_& module)
 {
-    module.def("crop", &crop, nb::arg("image"), nb::arg("at"), nb::arg("size"), nb::arg("axes").none(),
-               nb::arg("out").none(), nb::arg("progress").none());
-    module.def("paste", &paste, nb::arg("image"), nb::arg("region"), nb::arg("at"), nb::arg("axes").none(),
-               nb::arg("out").none(), nb::arg("progress").none());
+    module.def("crop", &crop, nb::arg("image").none(), nb::arg("at").none(), nb::arg("size").none(),
+               nb::arg("axes").none(), nb::arg("out").none(), nb::arg("progress").none());
+    module.def("paste", &paste, nb::arg("image").none(), nb::arg("region").none(), nb::arg("at").none(),
+               nb::arg("axes").none(), nb::arg("out").none(), nb::arg("progress").none());
 }
 
 } // namespace orlix::python

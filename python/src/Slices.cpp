@@ -202,12 +202,12 @@ nb::object append(nb::handle first, nb::handle second, nb::handle axes, nb::hand
 
 void bindSlices(nb::module_& module)
 {
-    module.def("get_slice", &getSlice, nb::arg("volume"), nb::arg("axis"), nb::arg("index"), nb::arg("axes").none(),
-               nb::arg("out").none(), nb::arg("progress").none());
-    module.def("put_slice", &putSlice, nb::arg("volume"), nb::arg("plane"), nb::arg("axis"), nb::arg("index"),
+    module.def("get_slice", &getSlice, nb::arg("volume").none(), nb::arg("axis"), nb::arg("index"),
                nb::arg("axes").none(), nb::arg("out").none(), nb::arg("progress").none());
-    module.def("append", &append, nb::arg("first"), nb::arg("second"), nb::arg("axes").none(), nb::arg("out").none(),
-               nb::arg("progress").none());
+    module.def("put_slice", &putSlice, nb::arg("volume").none(), nb::arg("plane").none(), nb::arg("axis"),
+               nb::arg("index"), nb::arg("axes").none(), nb::arg("out").none(), nb::arg("progress").none());
+    module.def("append", &append, nb::arg("first").none(), nb::arg("second").none(), nb::arg("axes").none(),
+               nb::arg("out").none(), nb::arg("progress").none());
 }
 
 } // namespace orlix::python

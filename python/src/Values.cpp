@@ -107,8 +107,8 @@ nb::object values(nb::handle image, nb::handle points, const std::string& interp
 
 void bindValues(nb::module_& module)
 {
-    module.def("values", &values, nb::arg("image"), nb::arg("points"), nb::arg("interpolation"), nb::arg("method"),
-               nb::arg("axes").none(), nb::arg("progress").none());
+    module.def("values", &values, nb::arg("image").none(), nb::arg("points").none(), nb::arg("interpolation"),
+               nb::arg("method"), nb::arg("axes").none(), nb::arg("progress").none());
 }
 
 } // namespace orlix::python

@@ -124,6 +124,32 @@ def test_arguments_of_another_kind(tmp_path):
             orlix.read(path, region={"Y": span})
 
 
+@pytest.mark.parametrize(
+    "kind, reason, call",
+    [
+        (TypeError, "image is of type NoneType: an orlix.Image", lambda a: orlix.copy(None)),
+        (TypeError, "b is of type NoneType: an orlix.Image", lambda a: orlix.compare(a, None)),
+        (TypeError, "region is of type NoneType: an orlix.Image", lambda a: orlix.paste(a, None, (0, 0))),
+        (TypeError, "data is of type NoneType: an orlix.Image", lambda a: orlix.Image(None)),
+        (TypeError, "at is of type int: a sequence of ints", lambda a: orlix.crop(a, 0, (1, 1))),
+        (TypeError, "size is of type str: a sequence of ints", lambda a: orlix.crop(a, (0, 0), "11")),
+        (TypeError, r"at: 1\.5 is no int", lambda a: orlix.crop(a, (1.5, 0), (1, 1))),
+        (ValueError, "at: 1180591620717411303424 is beyond", lambda a: orlix.crop(a, (2**70, 0), (1, 1))),
+        (TypeError, "shape is of type int: a sequence of ints", lambda a: orlix.random(5)),
+        (TypeError, "shape is of type NoneType: a sequence of ints", lambda a: orlix.normal(None)),
+        (TypeError, r"shape: 2\.5 is no int", lambda a: orlix.lines((2.5, 3), spacing=2)),
+        (TypeError, "shape is of type int: a sequence of ints", lambda a: orlix.empty(5, np.uint8)),
+        (TypeError, "axes is of type int: a str", lambda a: orlix.crop(a, (0, 0), (1, 1), axes=3)),
+        (TypeError, "pixel_size is of type int: a sequence of numbers", lambda a: orlix.Image(a, pixel_size=2)),
+        (TypeError, "pixel_size: 'a' is no number", lambda a: orlix.Image(a, pixel_size=("a", 2))),
+        (TypeError, "unit is of type int: a str", lambda a: orlix.Image(a, pixel_size=(2, 2), unit=1)),
+    ],
+)
+def test_arguments_are_named(kind, reason, call):
+    with pytest.raises(kind, match=reason):
+        call(np.zeros((4, 6), np.uint8))
+
+
 def test_type_errors_of_submitted_functions_are_theirs():
     def fails(progress=None):
         raise TypeError("of 'progress' and its own")
