@@ -54,6 +54,13 @@ TEST_F(FailureNumbers, areThoseOfPropertiesWithWordsOfTheirOwn)
               messageNumber<eImageRuleMessage>(eImageRuleMessage::eRegionOutside));
 }
 
+TEST_F(FailureNumbers, areThoseOfRegionsWhoseEndComesRoundToASmallNumber)
+{
+    EXPECT_EQ(numberOf([&] { getROI2dImg(m_small, ~0UL, 1, 2, 2); },
+                       [&] { return getROI2dImg_async(m_small, ~0UL, 1, 2, 2); }),
+              messageNumber<eImageRuleMessage>(eImageRuleMessage::eRegionOutside));
+}
+
 TEST_F(FailureNumbers, areThoseOfAttributes)
 {
     EXPECT_EQ(numberOf([&] { copyImg(nullptr, m_large); }, [&] { return copyImg_async(nullptr, m_large); }),

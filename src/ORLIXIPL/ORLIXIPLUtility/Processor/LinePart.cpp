@@ -24,7 +24,8 @@ bool reachesBeyond(unsigned long size, unsigned long first, unsigned long whole)
     return first > whole || size > whole - first;
 }
 
-/// What the caller's watch sees of the pieces: they are the elements of one call, whose own runs are not the caller's.
+/// What the caller's watch sees of the pieces: they are the elements of one call. The run of a piece has none of its
+/// own, so it tells nothing.
 class WatchedPieces
 {
 public:
@@ -44,10 +45,7 @@ public:
             return;
         }
         throwIfCancelled();
-        {
-            const core::CallWatch ofThePiece;
-            drawPiece();
-        }
+        drawPiece();
         const std::lock_guard<std::mutex> lock(m_mutex);
         ++m_progress.done;
         static_cast<void>(m_watch->tell(m_progress));
