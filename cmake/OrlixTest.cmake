@@ -38,7 +38,8 @@ function(orlix_add_tests library)
     endif()
     if(ARG_OPERATORS)
         list(APPEND sources "${PROJECT_SOURCE_DIR}/tests/support/PixelwiseImagesTest.cpp"
-            "${PROJECT_SOURCE_DIR}/tests/support/PixelwiseRunsTest.cpp")
+            "${PROJECT_SOURCE_DIR}/tests/support/PixelwiseRunsTest.cpp"
+            "${PROJECT_SOURCE_DIR}/tests/support/PixelwiseStridesTest.cpp")
     endif()
     add_executable(${program} ${sources})
     orlix_use_precompiled(${program} orlix_precompiled_tests)

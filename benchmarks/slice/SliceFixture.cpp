@@ -104,7 +104,8 @@ void SliceFixture::move(bool bRows, unsigned long index, unsigned long firstLine
 {
     const unsigned long pixelBytes = image::elementSize(m_case.type);
     const unsigned long nbElements = m_slice->getSizeX();
-    const unsigned long distance = m_case.axis == eAxis::eX ? m_volume->getPixelLayout().rowBytes : pixelBytes;
+    const unsigned long rowBytes = m_volume->getPixelLayout().rowBytes;
+    const unsigned long distance = m_case.axis == eAxis::eX ? rowBytes : pixelBytes;
     for (unsigned long v = firstLine; v < endLine; ++v) {
         std::byte* const slice = m_slice->accessRow(v, 0, 0, 0);
         std::byte* const volume = m_case.axis == eAxis::eX   ? m_volume->accessRow(0, v, 0, 0) + index * pixelBytes

@@ -86,37 +86,33 @@ image::BaseImageGeometry geometryOf(const std::vector<npy_intp>& sizes, const st
 
 namespace {
 
-/// Byte distances along the axes of an image; of an axis that the array lacks, as far as the array reaches.
+/// Byte distances along the axes of an image; those of axes that the array lacks say nothing, since they have one
+/// element.
 std::array<std::ptrdiff_t, 5> stridesOf(PyArrayObject* array, const std::string& axes)
 {
-    std::ptrdiff_t reach = PyArray_ITEMSIZE(array);
-    std::array<std::ptrdiff_t, 5> strides = {};
+    std::array<std::ptrdiff_t, 5> strides = {PyArray_ITEMSIZE(array)};
     for (std::size_t axis = 0; axis < axes.size(); ++axis) {
         strides[imageAxisOf(axes[axis])] = PyArray_STRIDE(array, static_cast<int>(axis));
-        reach =
-            std::max(reach, PyArray_STRIDE(array, static_cast<int>(axis)) * PyArray_DIM(array, static_cast<int>(axis)));
-    }
-    for (std::size_t axis = 0; axis < strides.size(); ++axis) {
-        if (axes.find(g_imageAxes[axis]) == std::string::npos) {
-            strides[axis] = axis == 0 ? PyArray_ITEMSIZE(array) : reach;
-        }
     }
     return strides;
 }
 
-ImagePtr wrapArray(PyArrayObject* array, const std::string& axes)
+/// Of an array whose elements are as the machine takes them, and of which each has its own place where `bWritten`.
+ImagePtr wrapArray(PyArrayObject* array, const std::string& axes, bool bWritten)
 {
     const image::BaseImageGeometry geometry = geometryOf(sizesOf(array), axes, elementTypeOf(array));
     if (geometry.getNbPixels() == 0) {
         return image::createImage(geometry);
     }
-    const std::array<unsigned long, 5> sizes = {geometry.getSizeX(), geometry.getSizeY(), geometry.getSizeZ(),
-                                                geometry.getSizeC(), geometry.getSizeT()};
-    const std::array<std::ptrdiff_t, 5> strides = stridesOf(array, axes);
-    if (!isWrappable(sizes, strides, PyArray_ITEMSIZE(array))) {
-        return {};
+    const std::array<std::ptrdiff_t, 5> bytes = stridesOf(array, axes);
+    const std::ptrdiff_t size = PyArray_ITEMSIZE(array);
+    const image::ElementStrides strides(bytes[0] / size, bytes[1] / size, bytes[2] / size, bytes[3] / size,
+                                        bytes[4] / size);
+    if (bWritten) {
+        return image::wrapImage(geometry, PyArray_DATA(array), strides, {});
     }
-    return wrapMemory(static_cast<std::byte*>(PyArray_DATA(array)), geometry, strides, {});
+    return boost::const_pointer_cast<image::BaseImage>(
+        image::wrapConstImage(geometry, PyArray_DATA(array), strides, {}));
 }
 
 } // namespace
@@ -163,7 +159,7 @@ void ArrayImage::bringBack() const
 ArrayImage newImageArray(const std::vector<npy_intp>& sizes, const std::string& axes, const eImageBufferType& type)
 {
     const nb::object array = newArray(sizes, axesInImageOrder(axes), type);
-    return {array, array, wrapArray(asArray(array), axes), axes};
+    return {array, array, wrapArray(asArray(array), axes, true), axes};
 }
 
 ArrayImage imageOf(nb::handle array, const std::string& axes, bool bWritten)
@@ -172,14 +168,10 @@ ArrayImage imageOf(nb::handle array, const std::string& axes, bool bWritten)
     const eImageBufferType type = elementTypeOf(asArray(array));
     if (bWritten) {
         requireWritable(asArray(array));
+        requireDistinct(asArray(array));
     }
     if (PyArray_ISBEHAVED_RO(asArray(array))) {
-        if (const ImagePtr image = wrapArray(asArray(array), axes)) {
-            return {whole, whole, image, axes};
-        }
-    }
-    if (bWritten) {
-        requireDistinct(asArray(array));
+        return {whole, whole, wrapArray(asArray(array), axes, bWritten), axes};
     }
     countCopy();
     ArrayImage copy = newImageArray(sizesOf(asArray(array)), axes, type);
@@ -189,9 +181,14 @@ ArrayImage imageOf(nb::handle array, const std::string& axes, bool bWritten)
     return copy;
 }
 
-bool isImage(PyArrayObject* array, const std::string& axes)
+bool hasImageOrder(PyArrayObject* array, const std::string& axes)
 {
-    return PyArray_ISBEHAVED_RO(array) && wrapArray(array, axes) != nullptr;
+    std::array<unsigned long, 5> sizes = {1, 1, 1, 1, 1};
+    for (std::size_t axis = 0; axis < axes.size(); ++axis) {
+        sizes[imageAxisOf(axes[axis])] = static_cast<unsigned long>(PyArray_DIM(array, static_cast<int>(axis)));
+    }
+    return PyArray_ISBEHAVED_RO(array) &&
+           (PyArray_SIZE(array) == 0 || isWrappable(sizes, stridesOf(array, axes), PyArray_ITEMSIZE(array)));
 }
 
 nb::object arrayOf(const ImagePtr& image, const std::string& axes)
@@ -205,11 +202,12 @@ nb::object arrayOf(const ImagePtr& image, const std::string& axes)
         return arrayOf(imaproc::util::copyImg(image), axes);
     }
     const image::PixelLayout& layout = image->getPixelLayout();
-    const std::array<unsigned long, 5> strides = {image::elementSize(image->getBufferType()), layout.rowBytes,
-                                                  layout.planBytes, layout.channelBytes, layout.stepBytes};
+    const auto elementBytes = static_cast<long>(image::elementSize(image->getBufferType()));
+    const std::array<long, 5> strides = {layout.pixelStride * elementBytes, layout.rowBytes, layout.planBytes,
+                                         layout.channelBytes, layout.stepBytes};
     std::vector<npy_intp> ofArray;
     for (const char letter : axes) {
-        ofArray.push_back(static_cast<npy_intp>(strides[imageAxisOf(letter)]));
+        ofArray.push_back(strides[imageAxisOf(letter)]);
     }
     return arrayOver(layout.first, sizesOf(image->getGeometry(), axes), ofArray, image->getBufferType(), image);
 }

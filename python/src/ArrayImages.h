@@ -12,8 +12,9 @@ namespace orlix::python {
 std::string axesOf(nb::handle axes, std::size_t nbAxes);
 std::size_t imageAxisOf(char letter); ///< 0 for X to 4 for T
 
-/// An array as an image whose axes `axes` names: wrapped, or a copy of it where it can't be, or, where the caller
-/// writes to it, a new image that `bring` copies back.
+/// An array as an image whose axes `axes` names, laid over it whatever its strides. Where its elements are in foreign
+/// byte order or beside their alignment, a copy of it, or, where the caller writes to it, a new image that `bringBack`
+/// copies back.
 struct ArrayImage
 {
     nb::object array;  ///< the caller's
@@ -25,8 +26,8 @@ struct ArrayImage
     void bringBack() const;
 };
 ArrayImage imageOf(nb::handle array, const std::string& axes, bool bWritten);
-/// Can an image be laid over the array?
-bool isImage(PyArrayObject* array, const std::string& axes);
+/// Do the array's elements lie as those of images mostly do: side by side along x, and forwards along all other axes?
+bool hasImageOrder(PyArrayObject* array, const std::string& axes);
 
 /// The geometry of an array of such sizes and axes: a volume where there is a Z, a sequence where there is a T.
 image::BaseImageGeometry geometryOf(const std::vector<npy_intp>& sizes, const std::string& axes,

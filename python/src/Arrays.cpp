@@ -93,7 +93,7 @@ void requireWritable(PyArrayObject* array)
     }
 }
 
-void requireDistinct(PyArrayObject* array)
+bool isDistinct(PyArrayObject* array)
 {
     const ArrayMemory memory = memoryOf(array);
     std::vector<std::size_t> order(memory.sizes.size());
@@ -107,9 +107,17 @@ void requireDistinct(PyArrayObject* array)
             continue;
         }
         if (std::abs(memory.strides[axis]) < reach) {
-            throw nb::value_error("elements of the output lie on one another: give an array that has each of its own");
+            return false;
         }
         reach += std::abs(memory.strides[axis]) * (memory.sizes[axis] - 1);
+    }
+    return true;
+}
+
+void requireDistinct(PyArrayObject* array)
+{
+    if (!isDistinct(array)) {
+        throw nb::value_error("elements of the output lie on one another: give an array that has each of its own");
     }
 }
 

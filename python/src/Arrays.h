@@ -24,7 +24,9 @@ unsigned long bufferBytesOf(PyArrayObject* array);
 /// Raises ValueError where elements can't be written: read only, foreign byte order.
 void requireWritable(PyArrayObject* array);
 
-/// Raises ValueError where elements share memory: broadcast arrays, windows that overlap.
+/// Has every element memory of its own? Broadcast arrays and windows that overlap share it.
+bool isDistinct(PyArrayObject* array);
+/// Raises ValueError where they don't.
 void requireDistinct(PyArrayObject* array);
 
 /// Copies made of arrays that could not be used where they lie, since the program started.

@@ -11,13 +11,37 @@ ImageInput takeInput(nb::handle object, nb::handle axes, const char* what, bool 
         if (!axes.is_none()) {
             throw nb::type_error("axes are for arrays: an orlix.Image knows its own");
         }
-        return {given->image, given->axes, false, {}};
+        return {bWritten ? imageToWrite(*given) : given->image, given->axes, false, {}};
     }
     const nb::object array = takeArray(object, what);
     const std::string letters = axesOf(axes, static_cast<std::size_t>(PyArray_NDIM(asArray(array))));
     ArrayImage held = imageOf(array, letters, bWritten);
     return {held.image, letters, true, held};
 }
+
+bool goesByOwnOrder(nb::handle object, nb::handle axes, const char* what)
+{
+    if (findImage(object) != nullptr) {
+        return false;
+    }
+    const nb::object array = takeArray(object, what);
+    return !hasImageOrder(asArray(array), axesOf(axes, static_cast<std::size_t>(PyArray_NDIM(asArray(array)))));
+}
+
+namespace {
+
+/// Of as many axes as the input it lies like that, else in the order of an image.
+ArrayImage newOutput(const ImageInput& input, const std::vector<npy_intp>& sizes, const std::string& axes,
+                     const image::eImageBufferType& type)
+{
+    PyArrayObject* const array = asArray(input.held.array);
+    if (static_cast<std::size_t>(PyArray_NDIM(array)) != sizes.size()) {
+        return newImageArray(sizes, axes, type);
+    }
+    return imageOf(newArray(sizes, axesInMemoryOrder(array), type), axes, true);
+}
+
+} // namespace
 
 ImageOutput::ImageOutput(const ImageInput& input, nb::handle out, const std::vector<npy_intp>& sizes,
                          const std::string& imageAxes)
@@ -30,13 +54,13 @@ ImageOutput::ImageOutput(const ImageInput& input, nb::handle out, const std::vec
                 throw nb::type_error("the input is an orlix.Image, so out has to be one too");
             }
             m_given = nb::borrow(out);
-            m_image = given->image;
+            m_image = imageToWrite(*given);
         }
         return;
     }
     const image::eImageBufferType type = input.image->getBufferType();
     if (out.is_none()) {
-        m_held = newImageArray(sizes, imageAxes, type);
+        m_held = newOutput(input, sizes, imageAxes, type);
     } else {
         const nb::object array = takeArray(out, "out");
         if (elementTypeOf(asArray(array)) != type || sizesOf(asArray(array)) != sizes) {

@@ -16,6 +16,10 @@ struct ImageInput
 /// `axes` has to be None for an Image. `bWritten`: the function writes to it.
 ImageInput takeInput(nb::handle object, nb::handle axes, const char* what, bool bWritten = false);
 
+/// Is `object` an array that a copy is made of faster in the order of its memory than in that of an image's axes? Then
+/// a function that changes a part of a copy copies the array first, and changes that.
+bool goesByOwnOrder(nb::handle object, nb::handle axes, const char* what);
+
 /// An output of the same kind as the input: a given one, or a new one. `sizes` and `axes` are those of an array, and
 /// `imageAxes` what the operator calls them.
 class ImageOutput

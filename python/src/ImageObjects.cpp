@@ -28,6 +28,15 @@ nb::object toPython(const ImagePtr& image, const std::string& axes)
     return nb::cast(PyImage{image, axes});
 }
 
+const ImagePtr& imageToWrite(const PyImage& output)
+{
+    if (output.bReadOnly) {
+        throw nb::value_error("the output is an orlix.Image over an array that is read only or whose elements lie on "
+                              "one another: give one that may be written, or no output");
+    }
+    return output.image;
+}
+
 const PyImage* findImage(nb::handle object)
 {
     return nb::isinstance<PyImage>(object) ? nb::inst_ptr<PyImage>(object) : nullptr;

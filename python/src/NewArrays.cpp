@@ -89,16 +89,20 @@ nb::object newArrayLike(PyArrayObject* array, const eImageBufferType& type)
                                                PyArray_NDIM(array), PyArray_DIMS(array), nullptr, nullptr, bFortran,
                                                nullptr));
     }
-    const npy_intp* const strides = PyArray_STRIDES(array);
-    if (std::find(strides, strides + PyArray_NDIM(array), 0) != strides + PyArray_NDIM(array)) {
-        return newArray(sizesOf(array), type); // one element seen several times says nothing of an order
-    }
+    return newArray(sizesOf(array), axesInMemoryOrder(array), type);
+}
+
+std::vector<std::size_t> axesInMemoryOrder(PyArrayObject* array)
+{
     std::vector<std::size_t> order(static_cast<std::size_t>(PyArray_NDIM(array)));
     std::iota(order.begin(), order.end(), 0);
-    std::stable_sort(order.begin(), order.end(), [&](std::size_t one, std::size_t other) {
-        return std::abs(strides[one]) > std::abs(strides[other]);
-    });
-    return newArray(sizesOf(array), order, type);
+    const npy_intp* const strides = PyArray_STRIDES(array);
+    if (std::find(strides, strides + PyArray_NDIM(array), 0) == strides + PyArray_NDIM(array)) {
+        std::stable_sort(order.begin(), order.end(), [&](std::size_t one, std::size_t other) {
+            return std::abs(strides[one]) > std::abs(strides[other]);
+        });
+    }
+    return order;
 }
 
 } // namespace orlix::python

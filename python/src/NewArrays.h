@@ -11,6 +11,9 @@ nb::object newArray(const std::vector<npy_intp>& sizes, const std::vector<std::s
                     const image::eImageBufferType& type);
 /// In C order.
 nb::object newArray(const std::vector<npy_intp>& sizes, const image::eImageBufferType& type);
+/// Numbers of the array's axes, from the largest distance to the smallest; in C order where elements are seen several
+/// times, which says nothing of an order.
+std::vector<std::size_t> axesInMemoryOrder(PyArrayObject* array);
 /// With the sizes of `array`, its axes in the same order in memory.
 nb::object newArrayLike(PyArrayObject* array, const image::eImageBufferType& type);
 

@@ -59,7 +59,7 @@ nb::object erase(nb::handle image, double value, nb::handle progress)
 {
     if (const PyImage* const given = isArray(image) ? nullptr : findImage(image)) {
         Watch watch(progress, bytesOf(*given->image));
-        run<util::EraseImgLvl1>(watch, with<attr::InOptEraseValue>(value), with<attr::OutImg>(given->image));
+        run<util::EraseImgLvl1>(watch, with<attr::InOptEraseValue>(value), with<attr::OutImg>(imageToWrite(*given)));
         return nb::borrow(image);
     }
     const nb::object array = takeArray(image, "image");

@@ -53,7 +53,7 @@ ImagePtr imageOutput(nb::handle out)
     if (given == nullptr) {
         throw nb::type_error("the input is an orlix.Image, so out has to be one too");
     }
-    return given->image;
+    return imageToWrite(*given);
 }
 
 } // namespace orlix::python

@@ -23,6 +23,17 @@ nb::tuple shapeOf(const PyImage& self)
     return nb::tuple(sizes);
 }
 
+/// Another image over the same pixels, told by a geometry of the same sizes, that keeps `owner`.
+ImagePtr wrapAnew(const ImagePtr& image, const image::BaseImageGeometry& geometry, const boost::shared_ptr<void>& owner)
+{
+    if (geometry.getNbPixels() == 0) {
+        return image::createImage(geometry);
+    }
+    // Whether pixels lie on one another was settled when the first image was laid over the array.
+    return boost::const_pointer_cast<image::BaseImage>(
+        image::wrapConstImage(geometry, image->getPixelLayout().first, image::elementStrides(*image), owner));
+}
+
 /// The same memory with another element type of the same bytes: what NumPy has no type for.
 ImagePtr withType(const ImagePtr& image, const eImageBufferType& type)
 {
@@ -35,14 +46,9 @@ ImagePtr withType(const ImagePtr& image, const eImageBufferType& type)
         throw nb::type_error(text.c_str());
     }
     const image::BaseImageGeometry& geometry = image->getGeometry();
-    const image::PixelLayout& layout = image->getPixelLayout();
-    const unsigned long bytes = image::elementSize(type);
     const image::BaseImageGeometry typed(type, geometry.getSizeX(), geometry.getSizeY(), geometry.getVolumeGeometry(),
                                          geometry.getColorGeometry(), geometry.getTemporalGeometry());
-    return image::wrapImage(
-        typed, layout.first,
-        {layout.rowBytes / bytes, layout.planBytes / bytes, layout.channelBytes / bytes, layout.stepBytes / bytes},
-        image);
+    return wrapAnew(image, typed, image);
 }
 
 /// Keeps an array for as long as an image lies over its elements, and lets it go under the interpreter's lock.
@@ -61,28 +67,32 @@ void initImage(PyImage* self, nb::handle data, nb::handle axes, nb::handle pixel
     std::string letters = axesOf(axes, static_cast<std::size_t>(PyArray_NDIM(asArray(array))));
     const ArrayImage whole = imageOf(array, letters, false);
     const ImagePtr wrapped = whole.image;
-    const image::PixelLayout& layout = wrapped->getPixelLayout();
-    const unsigned long bytes = image::elementSize(wrapped->getBufferType());
-    const ImagePtr owning = wrapped->getGeometry().getNbPixels() == 0
-                                ? wrapped
-                                : image::wrapImage(wrapped->getGeometry(), layout.first,
-                                                   {layout.rowBytes / bytes, layout.planBytes / bytes,
-                                                    layout.channelBytes / bytes, layout.stepBytes / bytes},
-                                                   keep(whole.memory));
+    const ImagePtr owning = wrapAnew(wrapped, wrapped->getGeometry(), keep(whole.memory));
     std::string ordered;
     for (const char letter : std::string("TCZYX")) {
         if (letters.find(letter) != std::string::npos || letter == 'Y' || letter == 'X') {
             ordered += letter;
         }
     }
-    PyImage made{elementType.is_none() ? owning : withType(owning, elementTypeNamed(elementType)), ordered};
+    const bool bReadOnly = !PyArray_ISWRITEABLE(asArray(whole.memory)) || !isDistinct(asArray(whole.memory));
+    PyImage made{elementType.is_none() ? owning : withType(owning, elementTypeNamed(elementType)), ordered, bReadOnly};
     calibrate(made, pixelSize, unit, origin);
     std::construct_at(self, std::move(made));
 }
 
-nb::object arrayOfImage(const PyImage& self, nb::handle dtype, nb::handle copy)
+/// A view of the pixels, read only where they are.
+nb::object pixelsOf(const PyImage& self)
 {
     nb::object array = arrayOf(self.image, self.axes);
+    if (self.bReadOnly) {
+        PyArray_CLEARFLAGS(asArray(array), NPY_ARRAY_WRITEABLE);
+    }
+    return array;
+}
+
+nb::object arrayOfImage(const PyImage& self, nb::handle dtype, nb::handle copy)
+{
+    nb::object array = pixelsOf(self);
     if (!dtype.is_none()) {
         array = array.attr("astype")(dtype, nb::arg("copy") = false);
     }
@@ -113,7 +123,8 @@ an array: the names of its axes, the size of its pixels, and element types that 
 Parameters
 ----------
 data : array_like
-    The pixels. Memory is shared where it can be; a copy is made where elements along x don't touch.
+    The pixels. Memory is shared, whatever the strides; a copy is made of elements in foreign byte order or beside
+    their alignment. An image over an array that is read only, or whose elements lie on one another, is read only too.
 axes : str, optional
     The axes of `data`, letters of TCZYX. The last ones of TCZYX by default.
 pixel_size : sequence of float, optional
@@ -169,13 +180,11 @@ Examples
         .def_prop_ro("unit", &unitOf, "Unit of `pixel_size` and `origin`; None where nothing is known.")
         .def("__array__", &arrayOfImage, nb::arg("dtype") = nb::none(), nb::kw_only(), nb::arg("copy") = nb::none(),
              "The pixels as an array that shares their memory.")
-        .def("__dlpack__",
-             [](const PyImage& self, const nb::kwargs& options) {
-                 return arrayOf(self.image, self.axes).attr("__dlpack__")(**options);
-             })
+        .def("__dlpack__", [](const PyImage& self,
+                              const nb::kwargs& options) { return pixelsOf(self).attr("__dlpack__")(**options); })
         .def("__dlpack_device__", [](const PyImage&) { return nb::make_tuple(1, 0); })
         .def_prop_ro("__array_interface__",
-                     [](const PyImage& self) { return arrayOf(self.image, self.axes).attr("__array_interface__"); })
+                     [](const PyImage& self) { return pixelsOf(self).attr("__array_interface__"); })
         .def("__reduce__",
              [](nb::handle_t<PyImage> self) {
                  const PyImage& image = *nb::inst_ptr<PyImage>(self);

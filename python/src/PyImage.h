@@ -13,7 +13,10 @@ struct PyImage
 {
     ImagePtr image;
     std::string axes;
+    bool bReadOnly = false; ///< over an array that is, or whose elements lie on one another
 };
+/// The image of an output; ValueError where it is read only.
+const ImagePtr& imageToWrite(const PyImage& output);
 
 /// The axes of an image: Y and X always, T of a sequence, Z of a volume, C of several channels.
 std::string axesOf(const image::BaseImageGeometry& geometry);

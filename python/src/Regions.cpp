@@ -79,7 +79,7 @@ nb::object crop(nb::handle image, nb::handle at, nb::handle size, nb::handle axe
         const nb::object array = takeArray(image, "image");
         const std::string letters = axesOf(axes, static_cast<std::size_t>(PyArray_NDIM(asArray(array))));
         requireInside(geometryOf(sizesOf(asArray(array)), letters, elementTypeOf(asArray(array))), place, sizes);
-        if (!isImage(asArray(array), letters)) { // the region alone is gathered
+        if (!hasImageOrder(asArray(array), letters)) { // the region alone is gathered
             return copyImage(viewOf(array, letters, place, sizes), out, progress);
         }
     }
@@ -114,6 +114,10 @@ nb::object crop(nb::handle image, nb::handle at, nb::handle size, nb::handle axe
 nb::object paste(nb::handle image, nb::handle region, nb::handle at, nb::handle axes, nb::handle out,
                  nb::handle progress)
 {
+    if (out.is_none() && goesByOwnOrder(image, axes, "image")) {
+        const nb::object made = copyImage(image, nb::none(), nb::none());
+        return paste(made, region, at, axes, made, progress);
+    }
     const Place place = placeOf(at, "at");
     const bool bInPlace = out.is(image);
     const ImageInput input = takeInput(image, axes, "image", bInPlace);

@@ -69,7 +69,7 @@ nb::object viewOf(nb::handle volume, unsigned across, long index, nb::handle axe
     const std::string letters = axesOf(axes, static_cast<std::size_t>(PyArray_NDIM(asArray(array))));
     const std::size_t place = letters.find(static_cast<char>('X' + across));
     if (letters.find('Z') == std::string::npos || place == std::string::npos || letters.size() < 2 ||
-        isImage(asArray(array), letters)) {
+        hasImageOrder(asArray(array), letters)) {
         return {};
     }
     const auto size = static_cast<unsigned long>(PyArray_DIM(asArray(array), static_cast<int>(place)));
@@ -107,6 +107,10 @@ nb::object getSlice(nb::handle volume, const std::string& axis, long index, nb::
 nb::object putSlice(nb::handle volume, nb::handle plane, const std::string& axis, long index, nb::handle axes,
                     nb::handle out, nb::handle progress)
 {
+    if (out.is_none() && goesByOwnOrder(volume, axes, "volume")) {
+        const nb::object made = copyImage(volume, nb::none(), nb::none());
+        return putSlice(made, plane, axis, index, axes, made, progress);
+    }
     const unsigned across = axisNamed(axis);
     const bool bInPlace = out.is(volume);
     const ImageInput input = takeInput(volume, axes, "volume", bInPlace);

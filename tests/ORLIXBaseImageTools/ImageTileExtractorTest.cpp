@@ -5,6 +5,7 @@
 #include "ORLIXIPL/ORLIXBaseImageTools/ORLIXBaseImageToolsException.h"
 #include "ORLIXIPL/ORLIXImage/ImageFactory.h"
 #include "support/Images.h"
+#include "support/StridedImages.h"
 
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
@@ -134,6 +135,29 @@ TEST(ImageTileExtractor, ReadsNothingOutsideTheImage)
     ASSERT_EQ(failureOf(ImageTileExtractor::extractInputTile2d(*wrapped.get(), coords, mirorBorder2d(), tile)),
               "no failure");
     EXPECT_TRUE(isTileOf(*wrapped.get(), coords, tile));
+}
+
+/// Inside the image, across each border and far beyond it.
+TEST(ImageTileExtractor, PixelsMayLieInAnyOrder)
+{
+    for (const eImageBufferType type : {eImageBufferType::UInt8, eImageBufferType::Int16, eImageBufferType::Real32}) {
+        for (const orlix::testing::StridedForm& form : orlix::testing::allStridedForms()) {
+            SCOPED_TRACE(form.name);
+            orlix::testing::StridedImage image(*geometry3d(type, 9, 8, 5), form);
+            image.fillRandom(3);
+            const ImagePtr dense = image.makeDense();
+            for (const Tile3dCoords& coords : {Tile3dCoords{2, 1, 1, 5, 4, 3},
+                                               {0, 0, 0, 9, 8, 5},
+                                               {6, 6, 3, 5, 4, 4},
+                                               {~0UL - 1, ~0UL, 0, 4, 3, 2},
+                                               {~0UL - 20, 3, ~0UL - 9, 50, 1, 20}}) {
+                InputImageTile3d tile;
+                ASSERT_TRUE(ImageTileExtractor::extractInputTile3d(*image.getConst(), coords, mirorBorder3d(), tile));
+                EXPECT_TRUE(isTileOf(*dense, coords, tile));
+            }
+            EXPECT_TRUE(image.isOutsideIntact());
+        }
+    }
 }
 
 TEST(ImageTileExtractor, OtherPoliciesAreAskedToo)

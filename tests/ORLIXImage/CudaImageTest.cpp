@@ -115,7 +115,7 @@ TEST_F(CudaImageTest, stepsOfOtherTypesHavePlansOfOtherSizes)
     EXPECT_EQ(plan->getBufferType(), g_real32);
     EXPECT_EQ(plan->getPlanAddress(0, 0, 0), image->getPlanAddress(0, 1, 1));
     EXPECT_EQ(rowPitch(*plan), 100U);
-    EXPECT_EQ(plan->getPixelLayout().rowBytes, 400U);
+    EXPECT_EQ(plan->getPixelLayout().rowBytes, 400);
 }
 
 TEST_F(CudaImageTest, viewsOfViewsFindTheirPlans)

@@ -5,6 +5,7 @@
 #include "ORLIXIPL/ORLIXImage/SubImage.h"
 #include "support/SoftwareGpuLayer.h"
 #include "support/StepImages.h"
+#include "support/StridedImages.h"
 #include "support/ThrownText.h"
 
 #include <boost/make_shared.hpp>
@@ -111,6 +112,25 @@ TEST_F(DeviceTransfer, takesRowsAndPlansWhereverTheyLie)
     expectRoundTrip(*joined(crossed, other));
     expectRoundTrip(*joined(other, crossed));
     expectRoundTrip(*makeGrown(withTypes(*geometry2d(g_uint8, 9, 7), {g_uint8, g_uint16, g_real32})));
+}
+
+TEST_F(DeviceTransfer, takesPixelsInAnyOrder)
+{
+    for (const StridedForm& form : allStridedForms()) {
+        SCOPED_TRACE(form.name);
+        for (const eImageBufferType type : {g_uint8, g_uint16, g_real32}) {
+            StridedImage image(*geometry5d(type, 37, 5, 2, 3, 2), form);
+            image.fillRandom(7);
+            EXPECT_EQ(fetch(*toDevice(*image.getConst())), bytesOf(*image.makeDense()));
+            EXPECT_EQ(bytesOf(*toHost(*image.getConst())), bytesOf(*image.makeDense()));
+            expectRoundTrip(*image.getConst());
+            EXPECT_TRUE(image.isOutsideIntact());
+        }
+    }
+    const StridedImage backwards(*geometry5d(g_uint16, 5, 4, 2, 3, 1), {.name = "", .steps = {-2, 1, -1, 1, 1}});
+    const ImagePtr other = makeRandom(*geometry5d(g_real32, 5, 4, 2, 3, 2));
+    expectRoundTrip(*joined(backwards.get(), other));
+    expectRoundTrip(*joined(other, backwards.get()));
 }
 
 TEST_F(DeviceTransfer, movesViewsAlone)

@@ -79,7 +79,7 @@ TEST(GrowingImage, GrowsAgainAndByOtherTypes)
     EXPECT_EQ(image->getGeometry().toString(), "5x4x3x2x5 UInt8/Real32/UInt16/UInt8");
     for (unsigned long t = 0; t < 5; ++t) {
         const SubImage plan(*image, planGeometry(*image, t), 2, 1, t);
-        EXPECT_EQ(plan.getPixelLayout().rowBytes, 5 * elementSize(image->getBufferType(t)));
+        EXPECT_EQ(plan.getPixelLayout().rowBytes, static_cast<long>(5 * elementSize(image->getBufferType(t))));
         EXPECT_TRUE(plan.getPixelLayout().bRoomBehindPlans);
         EXPECT_EQ(plan.accessRow(3, 0, 0, 0), image->accessRow(3, 2, 1, t));
         EXPECT_EQ(reinterpret_cast<std::uintptr_t>(plan.accessRow(0, 0, 0, 0)) % 64, 0u);

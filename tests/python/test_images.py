@@ -5,7 +5,7 @@ import pickle
 
 import numpy as np
 import pytest
-from conftest import TYPES, filled
+from conftest import TYPES, filled, layouts
 
 import orlix
 
@@ -20,6 +20,46 @@ def test_an_image_shares_the_memory_of_its_array():
     assert np.array_equal(np.asarray(image), array)
     assert np.array_equal(np.from_dlpack(image), array)
     assert "ZYX (3, 4, 5) UInt16" in repr(image)
+
+
+def test_images_lie_over_arrays_of_every_layout(tmp_path):
+    array = filled((3, 40, 33), np.uint16)
+    copied = ("foreign byte order", "beside its alignment")
+    for name, view in layouts(array):
+        before = orlix.copies_made()
+        image = orlix.Image(view, element_type="UInt16Like")
+        assert np.shares_memory(np.asarray(image), view) == (name not in copied), name
+        assert np.array_equal(np.asarray(image), array), name
+        assert np.asarray(image).flags.writeable == (name != "read only"), name
+        assert np.array_equal(np.asarray(orlix.copy(image)), array), name
+        assert np.array_equal(pickle.loads(pickle.dumps(image)), array), name
+        orlix.write(tmp_path / "image.tif", view, axes="CYX")
+        assert np.array_equal(np.asarray(orlix.read(tmp_path / "image.tif")), array), name
+        assert orlix.copies_made() - before == 2 * (name in copied), name
+
+
+def test_images_over_what_may_not_be_written_are_read_only():
+    still = filled((4, 5), np.uint8)
+    still.flags.writeable = False
+    windows = np.lib.stride_tricks.as_strided(np.zeros(8, np.uint8), (4, 5), (1, 1))
+    for array in (still, np.broadcast_to(still[:1], (4, 5)), windows):
+        image, other = orlix.Image(array), orlix.Image(np.ones((4, 5), np.uint8))
+        assert np.array_equal(np.asarray(orlix.copy(image)), array)
+        assert orlix.compare(image, orlix.copy(image)).identical
+        before = array.copy()
+        for write in (
+            lambda: orlix.erase(image, 3),
+            lambda: orlix.copy(other, out=image),
+            lambda: orlix.convert(other, np.uint8, out=image),
+            lambda: orlix.paste(image, orlix.Image(np.ones((2, 2), np.uint8)), (0, 0), out=image),
+            lambda: orlix.crop(other, (0, 0), (4, 5), out=image),
+            lambda: orlix.processor("CopyImgLvl1")(InImg=other, OutImg=image),
+        ):
+            with pytest.raises(ValueError, match="read only"):
+                write()
+        assert np.array_equal(array, before)
+        with pytest.raises(ValueError, match="read-only"):
+            np.asarray(image)[0, 0] = 1
 
 
 def test_memory_lives_as_long_as_whoever_sees_it():

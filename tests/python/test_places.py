@@ -8,6 +8,9 @@ from hypothesis import strategies as st
 
 import orlix
 
+# Layouts of which functions with axes take a copy.
+COPIED = ("foreign byte order", "beside its alignment")
+
 
 @pytest.mark.parametrize("dtype", TYPES)
 @pytest.mark.parametrize("shape", [(9, 11), (4, 9, 11), (2, 4, 9, 11), (3, 2, 4, 9, 11)])
@@ -44,6 +47,7 @@ def test_paste_and_slices_into_every_layout():
     array = filled((3, 8, 9), np.uint16)
     region, plane = filled((3, 2, 4), np.uint16, seed=2), filled((3, 9), np.uint16, seed=3)
     for name, view in list(layouts(array.copy())):
+        before = orlix.copies_made()
         pasted, put = array.copy(), array.copy()
         pasted[:, 1:3, 2:6], put[:, 4] = region, plane
         assert np.array_equal(orlix.paste(view, region, (1, 2)), pasted), name
@@ -54,6 +58,66 @@ def test_paste_and_slices_into_every_layout():
         if view.flags.writeable and view.dtype.isnative:
             assert orlix.paste(view, region, (1, 2), out=view) is view
             assert np.array_equal(view, pasted), name
+        assert (orlix.copies_made() > before) == (name in COPIED), name
+
+
+def test_arrays_that_share_elements_are_inputs():
+    row = filled((1, 1, 9), np.int16)
+    windows = np.lib.stride_tricks.sliding_window_view(filled(40, np.int16), (7, 9), axis=(0, 0))
+    for array in (np.broadcast_to(row, (3, 8, 9)), np.broadcast_to(row[..., :1], (3, 8, 9)), windows[:3]):
+        region, plane = array[:, 1:3, 2:6], array[:, 2]
+        before, plain = orlix.copies_made(), array.copy()
+        other = filled(array.shape, np.int16, seed=4)
+        expected = other.copy()
+        expected[:, 1:3, 2:6] = region
+        assert np.array_equal(orlix.paste(other, region, (1, 2)), expected)
+        expected = other.copy()
+        expected[:, 4] = plane
+        assert np.array_equal(orlix.put_slice(other, plane, "y", 4), expected)
+        assert np.array_equal(orlix.paste(array, region, (1, 2)), orlix.paste(plain, region, (1, 2)))
+        assert np.array_equal(orlix.append(array, other), np.stack([array, other]))
+        assert np.array_equal(orlix.get_slice(array, "x", 3), array[..., 3])
+        for method in ("tiled", "striped"):
+            points = [(0.5, 3.25, 4.5), (2, 6, 8)]
+            assert np.array_equal(
+                orlix.values(array, points, method=method), orlix.values(plain, points, method=method)
+            )
+        assert orlix.copies_made() == before
+    with pytest.raises(ValueError, match="lie on one another"):
+        orlix.paste(other, region, (1, 2), out=np.lib.stride_tricks.as_strided(np.zeros(99, np.int16), other.shape, (2, 2, 2)))
+
+
+@pytest.mark.parametrize("dtype", TYPES)
+def test_outputs_of_every_layout(dtype):
+    array = filled((3, 8, 9), dtype)
+    region, plane = filled((3, 2, 4), dtype, seed=2), filled((3, 9), dtype, seed=3)
+    pasted, put = array.copy(), array.copy()
+    pasted[:, 1:3, 2:6], put[:, 4] = region, plane
+    calls = {
+        "paste": (lambda out: orlix.paste(array, region, (1, 2), out=out), pasted),
+        "put_slice": (lambda out: orlix.put_slice(array, plane, "y", 4, out=out), put),
+        "append": (lambda out: orlix.append(array[:1], array[1:], axes="TYX", out=out), array),
+        "crop": (lambda out: orlix.crop(np.pad(array, 1), (1, 1, 1), array.shape, out=out), array),
+        "random": (lambda out: orlix.random(array.shape, dtype, rng=5, out=out), orlix.random(array.shape, dtype, rng=5)),
+    }
+    for call, (run, expected) in calls.items():
+        for name, out in layouts(np.zeros_like(array)):
+            if not out.flags.writeable or not out.dtype.isnative:
+                continue
+            before = orlix.copies_made()
+            assert run(out) is out
+            assert np.array_equal(out, expected), (call, name)
+            assert (orlix.copies_made() > before) == (name in COPIED), (call, name)
+
+
+def test_new_outputs_lie_like_the_input():
+    colours = filled((40, 50, 3), np.uint8)
+    pasted = orlix.paste(colours, colours[:4, :5], (1, 2), axes="YXC")
+    assert pasted.flags.c_contiguous
+    volume = np.asfortranarray(filled((5, 6, 7), np.uint16))
+    assert orlix.paste(volume, volume[:2, :3], (1, 2, 0)).flags.f_contiguous
+    assert orlix.put_slice(volume, volume[0], "z", 2).flags.f_contiguous
+    assert orlix.append(volume, volume, axes="TYX").flags.f_contiguous
 
 
 def test_colours_beside_one_another():
@@ -65,7 +129,8 @@ def test_colours_beside_one_another():
     assert np.array_equal(out, colours[3:23, 4:34])
     assert orlix.copies_made() == before
     image = orlix.Image(colours, "YXC")
-    assert orlix.copies_made() == before + 1
+    assert orlix.copies_made() == before
+    assert np.shares_memory(np.asarray(image), colours)
     assert (image.axes, image.shape) == ("CYX", (3, 40, 50))
     assert np.array_equal(np.asarray(image), np.moveaxis(colours, -1, 0))
 

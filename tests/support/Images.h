@@ -33,7 +33,14 @@ inline std::vector<std::byte> bytesOf(const image::BaseImage& image)
 {
     std::vector<std::byte> bytes;
     forEachRow(image, [&](unsigned long t, std::byte* row) {
-        bytes.insert(bytes.end(), row, row + image.getSizeX() * image::elementSize(image.getBufferType(t)));
+        const unsigned long elementBytes = image::elementSize(image.getBufferType(t));
+        const long stride = image.getPixelStride(t);
+        const unsigned long nbRuns = stride == 1 ? 1 : image.getSizeX();
+        const unsigned long runBytes = image.getSizeX() / nbRuns * elementBytes;
+        for (unsigned long run = 0; run < nbRuns; ++run) {
+            const std::byte* const first = row + static_cast<long>(run * elementBytes) * stride;
+            bytes.insert(bytes.end(), first, first + runBytes);
+        }
     });
     return bytes;
 }

@@ -3,8 +3,8 @@
 //
 //     INSTANTIATE_TEST_SUITE_P(CopyImg, PixelwiseTest, ::testing::Values(copyOperator()));
 //
-// and have left to show what its values are and what its rules refuse. The checks are in PixelwiseImagesTest.cpp and
-// PixelwiseRunsTest.cpp.
+// and have left to show what its values are and what its rules refuse. The checks are in PixelwiseImagesTest.cpp,
+// PixelwiseRunsTest.cpp and PixelwiseStridesTest.cpp.
 #pragma once
 
 #include "ORLIX/ORLIXBaseProcessing/BaseProcessor.h"

@@ -1,6 +1,7 @@
 #include "ORLIXIPL/ORLIXBaseImageTools/ImageTileExtractor.h"
 
 #include "ORLIXIPL/ORLIXBaseImageTools/Logger/ORLIXBaseImageToolsLogMessages.h"
+#include "ORLIXIPL/ORLIXImage/PixelRun.h"
 
 #include <cstring>
 
@@ -26,11 +27,13 @@ bool canExist(const Tile3dCoords& coords, const eImageBufferType& type)
 
 /// Copies a line of the tile pixel by pixel: part of it lies beyond the border.
 template <class TWord>
-void copyLine(const std::byte* row, unsigned long sizeX, const Tile3dCoords& coords, BorderFunction border,
+void copyLine(const std::byte* row, long stride, unsigned long sizeX, const Tile3dCoords& coords, BorderFunction border,
               std::byte* to)
 {
+    const auto pixelBytes = stride * static_cast<long>(sizeof(TWord));
     for (unsigned long i = 0; i < coords.sizeX; ++i) {
-        std::memcpy(to + i * sizeof(TWord), row + border(coords.originX + i, sizeX) * sizeof(TWord), sizeof(TWord));
+        std::memcpy(to + i * sizeof(TWord), row + static_cast<long>(border(coords.originX + i, sizeX)) * pixelBytes,
+                    sizeof(TWord));
     }
 }
 
@@ -51,7 +54,9 @@ ProcessingResult<bool> extract(const BaseImage& image, const Tile3dCoords& coord
         return failure(eORLIXBaseImageToolsMessage::eTileTooLarge, coords.sizeX, coords.sizeY, coords.sizeZ);
     }
     const unsigned long size = elementSize(type);
-    const bool bWholeLines = coords.originX < sizeX && coords.sizeX <= sizeX - coords.originX;
+    const long stride = image.getPixelStride(0);
+    const bool bWithinLines = coords.originX < sizeX && coords.sizeX <= sizeX - coords.originX;
+    const bool bWholeLines = bWithinLines && stride == 1;
     tile.resize(type, coords.sizeX, coords.sizeY, coords.sizeZ);
     std::byte* copy = bWholeLines ? nullptr : tile.accessCopy();
     for (unsigned long plan = 0; plan < coords.sizeZ; ++plan) {
@@ -63,10 +68,14 @@ ProcessingResult<bool> extract(const BaseImage& image, const Tile3dCoords& coord
                 tile.setLine(index, row + coords.originX * size);
                 continue;
             }
-            switch (size) {
-            case 1: copyLine<std::uint8_t>(row, sizeX, coords, policy.x, copy); break;
-            case 2: copyLine<std::uint16_t>(row, sizeX, coords, policy.x, copy); break;
-            default: copyLine<std::uint32_t>(row, sizeX, coords, policy.x, copy); break;
+            if (bWithinLines) {
+                copyRun(copy, 1, row + static_cast<long>(coords.originX * size) * stride, stride, coords.sizeX, size);
+            } else if (size == 1) {
+                copyLine<std::uint8_t>(row, stride, sizeX, coords, policy.x, copy);
+            } else if (size == 2) {
+                copyLine<std::uint16_t>(row, stride, sizeX, coords, policy.x, copy);
+            } else {
+                copyLine<std::uint32_t>(row, stride, sizeX, coords, policy.x, copy);
             }
             tile.setLine(index, copy);
             copy += coords.sizeX * size;

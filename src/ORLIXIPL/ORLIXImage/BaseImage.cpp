@@ -16,10 +16,11 @@ namespace {
 template <class TLayout>
 bool isSameStep(const TLayout& a, const TLayout& b, const BaseImageGeometry& geometry)
 {
-    const auto sameDistance = [](unsigned long size, unsigned long distanceA, unsigned long distanceB) {
+    const auto sameDistance = [](unsigned long size, long distanceA, long distanceB) {
         return size <= 1 || distanceA == distanceB;
     };
-    return a.first == b.first && sameDistance(geometry.getSizeY(), a.rowBytes, b.rowBytes) &&
+    return a.first == b.first && a.pixelStride == b.pixelStride &&
+           sameDistance(geometry.getSizeY(), a.rowBytes, b.rowBytes) &&
            sameDistance(geometry.getSizeZ(), a.planBytes, b.planBytes) &&
            sameDistance(geometry.getSizeC(), a.channelBytes, b.channelBytes);
 }
@@ -69,6 +70,11 @@ BaseImage::BaseImage(const std::vector<const BaseImage*>& parts, BaseImageGeomet
 }
 
 BaseImage::~BaseImage() = default;
+
+long BaseImage::pixelStrideOfStep(unsigned long t) const
+{
+    return (*m_layout.steps)[t].pixelStride;
+}
 
 std::byte* BaseImage::accessRowOfStep(unsigned long y, unsigned long z, unsigned long c, unsigned long t) const
 {

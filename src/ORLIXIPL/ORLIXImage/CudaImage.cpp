@@ -19,9 +19,9 @@ const boost::shared_ptr<const StepTable>& noHostSteps()
     return g_steps;
 }
 
-unsigned long rowBytesOf(const BaseImageGeometry& geometry)
+long rowBytesOf(const BaseImageGeometry& geometry)
 {
-    return geometry.getSizeX() * elementSize(geometry.getBufferType());
+    return static_cast<long>(geometry.getSizeX() * elementSize(geometry.getBufferType()));
 }
 
 PixelLayout layoutOf(const BaseImageGeometry& geometry, const boost::shared_ptr<DeviceMemory>& memory)

@@ -54,7 +54,7 @@ DenseLayout makeEmptyLayout(const BaseImageGeometry& geometry)
     }
     const unsigned long size = elementSize(geometry.getBufferType());
     DenseLayout result;
-    result.layout.rowBytes = geometry.getSizeX() * size;
+    result.layout.rowBytes = static_cast<long>(geometry.getSizeX() * size);
     result.layout.bRoomBehindPlans = true;
     result.bytes = g_roomElements * sizeof(float);
     return result;
@@ -65,10 +65,10 @@ DenseLayout makeEmptyLayout(const BaseImageGeometry& geometry)
 StepTable stepsOfTypes(const BaseImageGeometry& geometry, const DenseLayout& dense)
 {
     const StepLayout first = stepOf(dense.layout, 0);
-    const unsigned long firstSize = elementSize(geometry.getBufferType());
+    const auto firstSize = static_cast<long>(elementSize(geometry.getBufferType()));
     StepTable table(dense.stepOffsets.size(), first);
     for (unsigned long t = 0; t < table.size(); ++t) {
-        const unsigned long size = elementSize(geometry.getBufferType(t));
+        const auto size = static_cast<long>(elementSize(geometry.getBufferType(t)));
         table[t].first += dense.stepOffsets[t];
         table[t].rowBytes = first.rowBytes / firstSize * size;
         table[t].planBytes = first.planBytes / firstSize * size;
@@ -105,10 +105,10 @@ DenseLayout makeDenseLayout(const BaseImageGeometry& geometry)
     result.bytes = checkedBytes(bytes, geometry);
     // Behind the last plan nothing is rounded, so that tools which watch the block's end see the first byte too many.
     result.bytes -= (distance.getValue() - planElements.getValue() - g_roomElements) * lastSize;
-    result.layout.rowBytes = geometry.getSizeX() * firstSize;
-    result.layout.planBytes = distance.getValue() * firstSize;
-    result.layout.channelBytes = channel.getValue() * firstSize;
-    result.layout.stepBytes = step.getValue() * firstSize;
+    result.layout.rowBytes = static_cast<long>(geometry.getSizeX() * firstSize);
+    result.layout.planBytes = static_cast<long>(distance.getValue() * firstSize);
+    result.layout.channelBytes = static_cast<long>(channel.getValue() * firstSize);
+    result.layout.stepBytes = static_cast<long>(step.getValue() * firstSize);
     result.layout.bRoomBehindPlans = true;
     result.layout.place = findMemoryPlace(result.bytes);
     return result;

@@ -4,12 +4,11 @@
 #include "ORLIXIPL/ORLIXImage/DeviceMemory.h"
 #include "ORLIXIPL/ORLIXImage/ImageFactory.h"
 #include "ORLIXIPL/ORLIXImage/Logger/ORLIXImageLogMessages.h"
+#include "ORLIXIPL/ORLIXImage/PixelBlock.h"
 #include "ORLIXIPL/ORLIXImage/StepTable.h"
 #include "ORLIXIPL/ORLIXImage/SubImage.h"
 
 #include <boost/make_shared.hpp>
-
-#include <cstring>
 
 namespace orlix::image {
 
@@ -53,16 +52,17 @@ void checkMoved(const gpu::CudaResult& result, const BaseImage& image, eORLIXIma
 /// The rows of a plan of the host, one behind the other.
 void gatherRows(const BaseImage& image, unsigned long z, unsigned long c, unsigned long t, std::byte* rows)
 {
-    const unsigned long rowBytes = rowBytesOf(image, t);
-    for (unsigned long y = 0; y < image.getSizeY(); ++y) {
-        std::memcpy(rows + y * rowBytes, image.accessRow(y, z, c, t), rowBytes);
-    }
+    const unsigned long elementBytes = elementSize(image.getBufferType(t));
+    const StepLayout step = stepOf(image.getPixelLayout(), t);
+    copyBlock(rows, {static_cast<long>(elementBytes), static_cast<long>(rowBytesOf(image, t)), 0},
+              image.accessRow(0, z, c, t), {step.pixelStride * static_cast<long>(elementBytes), step.rowBytes, 0},
+              {image.getSizeX(), image.getSizeY(), 1}, elementBytes);
 }
 
 void upload(const BaseImage& from, const CudaImage& to, hard::GpuLayer& layer)
 {
     checkHostPixels(from);
-    ImagePtr gathered; // a plan, where rows have gaps
+    ImagePtr gathered; // a plan, where pixels or rows have gaps
     forEachPlan(from, [&](unsigned long z, unsigned long c, unsigned long t) {
         const std::byte* rows = from.accessRow(0, z, c, t);
         if (!stepOf(from.getPixelLayout(), t).bDense) {

@@ -11,7 +11,8 @@ StepLayout stepOf(const PixelLayout& layout, unsigned long t)
     if (layout.steps) {
         return (*layout.steps)[t];
     }
-    return {layout.first + t * layout.stepBytes,
+    return {layout.first + static_cast<long>(t) * layout.stepBytes,
+            layout.pixelStride,
             layout.rowBytes,
             layout.planBytes,
             layout.channelBytes,
@@ -34,6 +35,7 @@ void setSteps(PixelLayout& layout, StepTable&& table)
     }
     const StepLayout& step = table.front();
     layout.first = step.first;
+    layout.pixelStride = step.pixelStride;
     layout.rowBytes = step.rowBytes;
     layout.planBytes = step.planBytes;
     layout.channelBytes = step.channelBytes;

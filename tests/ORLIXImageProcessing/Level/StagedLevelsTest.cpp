@@ -132,10 +132,8 @@ TEST(TwoStageLevel, WhereOnlyTheSecondIsWantedItIsDoneOnce)
     gpu() = {};
     gpu().answer = processor::ProviderResult::failed("asked");
     const ImagePtr image = makeImage();
-    const ImagePtr same = image::wrapImage(image->getGeometry(), image->accessRow(0, 0, 0, 0),
-                                           {image->getPixelLayout().rowBytes, image->getPixelLayout().planBytes,
-                                            image->getPixelLayout().channelBytes, image->getPixelLayout().stepBytes},
-                                           image);
+    const ImagePtr same =
+        image::wrapImage(image->getGeometry(), image->accessRow(0, 0, 0, 0), image::elementStrides(*image), image);
     const auto level = makeStaged(image, same);
     EXPECT_EQ(failureOf(level->run(core::eSynchroType::eSynchroSync)), "no failure");
     EXPECT_EQ(PlanRecorder::takeSeen().size(), 0u)

@@ -11,16 +11,18 @@ namespace orlix::image {
 struct StepLayout
 {
     std::byte* first = nullptr;
-    unsigned long rowBytes = 0;
-    unsigned long planBytes = 0;
-    unsigned long channelBytes = 0;
+    long pixelStride = 1;
+    long rowBytes = 0;
+    long planBytes = 0;
+    long channelBytes = 0;
     bool bDense = true;
     bool bRoomBehindPlans = false;
     boost::shared_ptr<void> owner;
 
     std::byte* accessRow(unsigned long y, unsigned long z, unsigned long c) const
     {
-        return first + y * rowBytes + z * planBytes + c * channelBytes;
+        return first + static_cast<long>(y) * rowBytes + static_cast<long>(z) * planBytes +
+               static_cast<long>(c) * channelBytes;
     }
 };
 

@@ -25,6 +25,9 @@ struct eSamplePacking
     ORLIX_ENUMERATION(eSamplePacking, eAsTheyAre);
 };
 
+/// Do rows of time step t touch, and their pixels?
+bool hasDensePlans(const BaseImage& image, unsigned long t);
+
 /// Are samples the very bytes of the elements?
 bool isCopied(const eImageBufferType& type, const eSamplePacking& packing);
 

@@ -22,21 +22,33 @@ struct BufferStrides
     unsigned long y, z, c, t;
 };
 
+/// Distances in elements from a pixel to the next one along each axis. Negative where that lies before it in memory.
+struct ElementStrides
+{
+    long x, y, z, c, t;
+
+    /// All five are given: four of them would be BufferStrides.
+    constexpr ElementStrides(long alongX, long alongY, long alongZ, long alongC, long alongT)
+        : x(alongX), y(alongY), z(alongZ), c(alongC), t(alongT)
+    {}
+};
+
 /// Where one time step lies.
 struct StepLayout;
 
 /// What an image knows of the memory under it. Plans are addressed by byte distances. Where time steps don't follow one
 /// pattern, since they differ in type or lie in different memory, a table tells where each of them lies; the distances
-/// are then those of step 0.
+/// are then those of step 0. Any distance may be negative or, where pixels are only read, 0.
 struct PixelLayout
 {
-    std::byte* first = nullptr;     ///< element (0, 0, 0, 0, 0); null for an image without host pixels
-    unsigned long rowBytes = 0;     ///< from a row to the next
-    unsigned long planBytes = 0;    ///< from a plan to the next
-    unsigned long channelBytes = 0; ///< from a channel to the next
-    unsigned long stepBytes = 0;    ///< from a time step to the next; meaningless where there is a table
+    std::byte* first = nullptr; ///< element (0, 0, 0, 0, 0); null for an image without host pixels
+    long pixelStride = 1;       ///< in elements, from a pixel of a row to the next; 1 where rows have one pixel or none
+    long rowBytes = 0;          ///< from a row to the next
+    long planBytes = 0;         ///< from a plan to the next
+    long channelBytes = 0;      ///< from a channel to the next
+    long stepBytes = 0;         ///< from a time step to the next; meaningless where there is a table
     boost::shared_ptr<const std::vector<StepLayout>> steps; ///< the table, null where one pattern says all
-    bool bDense = true;                                     ///< rows touch
+    bool bDense = true;                                     ///< rows touch, and so do their pixels
     bool bRoomBehindPlans = false;                          ///< 64 elements behind each plan may be read and written
     simd::eMemoryPlace place = simd::eMemoryPlace::secondLevelCache; ///< of the whole buffer, as far as its size tells
     eImageType imageType;                                            ///< whose memory it is
@@ -79,15 +91,18 @@ public:
     virtual bool needsUnlocalizedInput() const { return false; }
 
     const PixelLayout& getPixelLayout() const { return m_layout; }
-    /// First element of row y of plan (z, c, t). No bounds are checked. Null for an image without host pixels.
+    /// First element of row y of plan (z, c, t), whose others follow by `getPixelStride(t)`. No bounds are checked.
+    /// Null for an image without host pixels.
     std::byte* accessRow(unsigned long y, unsigned long z, unsigned long c, unsigned long t) const
     {
         if (m_layout.steps) {
             return accessRowOfStep(y, z, c, t);
         }
-        return m_layout.first + y * m_layout.rowBytes + z * m_layout.planBytes + c * m_layout.channelBytes +
-               t * m_layout.stepBytes;
+        return m_layout.first + static_cast<long>(y) * m_layout.rowBytes + static_cast<long>(z) * m_layout.planBytes +
+               static_cast<long>(c) * m_layout.channelBytes + static_cast<long>(t) * m_layout.stepBytes;
     }
+    /// Elements from a pixel of a row of time step t to the next; anything but 1 says that they don't lie side by side.
+    long getPixelStride(unsigned long t) const { return m_layout.steps ? pixelStrideOfStep(t) : m_layout.pixelStride; }
     /// True where both are views of exactly the same pixels: same first element, same distances along axes longer than
     /// 1, same sizes and types. Two sub-image objects over one plan are.
     bool sharesPixelsWith(const BaseImage& other) const;
@@ -115,6 +130,7 @@ protected:
     }
 
 private:
+    long pixelStrideOfStep(unsigned long t) const;
     std::byte* accessRowOfStep(unsigned long y, unsigned long z, unsigned long c, unsigned long t) const;
 
     BaseImageGeometry m_geometry;

@@ -23,7 +23,9 @@ public:
     const BaseImage& getBaseImage() const { return *m_image; }
     const void* accessBuffer() const { return m_first; } ///< first element of the strip
 
-    unsigned long getLineBytes() const { return m_image->getPixelLayout().rowBytes; } ///< from a line to the next
+    long getLineBytes() const { return m_image->getPixelLayout().rowBytes; } ///< from a line to the next
+    /// In elements, from a pixel of a line to the next; anything but 1 says that they don't lie side by side.
+    long getPixelStride() const { return m_image->getPixelLayout().pixelStride; }
     bool isDense() const { return m_image->getPixelLayout().bDense; }
     /// May up to 64 elements behind the strip's last be read and, by a writer, overwritten with anything? True where
     /// they are padding of the plan or lines of a later strip of it that the cutter keeps out of reach.

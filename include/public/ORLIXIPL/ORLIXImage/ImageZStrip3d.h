@@ -25,8 +25,10 @@ public:
     /// First element of plan `plan` of the strip.
     const void* accessBuffer(unsigned long plan) const { return getPlan(plan); }
 
-    unsigned long getLineBytes() const { return m_image->getPixelLayout().rowBytes; } ///< from a line to the next
-    bool isDense() const { return m_image->getPixelLayout().bDense; }                 ///< do lines of a plan touch?
+    long getLineBytes() const { return m_image->getPixelLayout().rowBytes; } ///< from a line to the next
+    /// In elements, from a pixel of a line to the next; anything but 1 says that they don't lie side by side.
+    long getPixelStride() const { return m_image->getPixelLayout().pixelStride; }
+    bool isDense() const { return m_image->getPixelLayout().bDense; } ///< do lines of a plan touch?
     /// May up to 64 elements behind each plan be read and, by a writer, overwritten with anything?
     bool hasRoomBehind() const { return m_image->getPixelLayout().bRoomBehindPlans; }
     /// Where the image that is written lies.

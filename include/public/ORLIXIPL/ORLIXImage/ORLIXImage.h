@@ -18,6 +18,8 @@
 #include "ORLIXIPL/ORLIXImage/Logger/ORLIXImageLogMessages.h"
 #include "ORLIXIPL/ORLIXImage/Margin.h"
 #include "ORLIXIPL/ORLIXImage/ORLIXImageException.h"
+#include "ORLIXIPL/ORLIXImage/PixelBlock.h"
 #include "ORLIXIPL/ORLIXImage/PixelMemoryPool.h"
+#include "ORLIXIPL/ORLIXImage/PixelRun.h"
 #include "ORLIXIPL/ORLIXImage/SubImage.h"
 #include "ORLIXIPL/ORLIXImage/WrappedImage.h"

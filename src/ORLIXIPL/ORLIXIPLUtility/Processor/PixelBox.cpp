@@ -1,6 +1,7 @@
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/PixelBox.h"
 
 #include "ORLIX/ORLIXUtil/NumberText.h"
+#include "ORLIXIPL/ORLIXImage/PixelBlock.h"
 #include "ORLIXIPL/ORLIXImageProcessing/Logger/ORLIXImageProcessingLogMessages.h"
 
 namespace orlix::imaproc::util {
@@ -15,6 +16,7 @@ TRows rowsOfLines(const BaseStripAttribute& attribute, TStrip& strip)
     const PixelBoxSize size{strip.getSizeX(), strip.getStripSizeY(), 1};
     return {attribute,
             static_cast<decltype(TRows::first)>(strip.accessBuffer()),
+            strip.getPixelStride(),
             strip.getLineBytes(),
             0,
             size,
@@ -26,10 +28,18 @@ TRows rowsOfPlans(const BaseStripAttribute& attribute, TStrip& strip)
     const PixelBoxSize size{strip.getSizeX(), strip.getSizeY(), strip.getStripSizeZ()};
     return {attribute,
             static_cast<decltype(TRows::first)>(strip.accessBuffer(0)),
+            strip.getPixelStride(),
             strip.getLineBytes(),
             strip.getBaseImage().getPixelLayout().planBytes,
             size,
             strip.getMemoryPlace()};
+}
+
+/// Bytes from the first element to that of a place.
+template <class TRows>
+long distanceTo(const PixelPlace& place, const TRows& rows, unsigned long elementBytes)
+{
+    return static_cast<long>(place.y) * rows.rowBytes + static_cast<long>(place.x * elementBytes) * rows.pixelStride;
 }
 
 bool isWithin(unsigned long start, unsigned long size, unsigned long whole)
@@ -94,9 +104,9 @@ ProcessingResult<bool> PixelBox::init(const InputRows& from, const PixelPlace& f
     if (ProcessingResult<bool> result = checkWithin(to, toPlace, size); !result) {
         return result;
     }
-    const unsigned long elementBytes = image::elementSize(type);
-    source = from.first + fromPlace.y * from.rowBytes + fromPlace.x * elementBytes;
-    destination = to.first + toPlace.y * to.rowBytes + toPlace.x * elementBytes;
+    elementBytes = image::elementSize(type);
+    source = from.first + distanceTo(fromPlace, from, elementBytes);
+    destination = to.first + distanceTo(toPlace, to, elementBytes);
     rowBytes = size.x * elementBytes;
     nbRows = rowBytes == 0 ? 0 : size.y;
     nbPlans = nbRows == 0 ? 0 : size.z;
@@ -105,11 +115,23 @@ ProcessingResult<bool> PixelBox::init(const InputRows& from, const PixelPlace& f
     sourcePlan = from.planBytes;
     destinationPlan = to.planBytes;
     place = to.place;
-    if (rowBytes == sourceRow && rowBytes == destinationRow) {
+    sourceStride = from.pixelStride;
+    destinationStride = to.pixelStride;
+    const auto dense = static_cast<long>(rowBytes);
+    if (dense == sourceRow && dense == destinationRow && !isStrided()) {
         rowBytes *= nbRows;
         nbRows = nbPlans == 0 ? 0 : 1;
     }
     return true;
+}
+
+void PixelBox::copyStrided() const
+{
+    const auto element = static_cast<long>(elementBytes);
+    image::copyBlock(reinterpret_cast<std::byte*>(destination),
+                     {destinationStride * element, destinationRow, destinationPlan},
+                     reinterpret_cast<const std::byte*>(source), {sourceStride * element, sourceRow, sourcePlan},
+                     {rowBytes / elementBytes, nbRows, nbPlans}, elementBytes);
 }
 
 } // namespace orlix::imaproc::util

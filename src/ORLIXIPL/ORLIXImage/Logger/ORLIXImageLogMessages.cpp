@@ -54,7 +54,10 @@ const std::vector<MessageText>& MessageCatalogue<eORLIXImageMessage>::texts()
         {eORLIXImageMessage::eNoPlanTable,
          "The places of the plans of an image of %s could not be written down on GPU %d: %s"},
         {eORLIXImageMessage::eCannotGrowOnGpu,
-         "An image of %s is on a GPU, where none can grow in place: bring it to the host with toHost first"}};
+         "An image of %s is on a GPU, where none can grow in place: bring it to the host with toHost first"},
+        {eORLIXImageMessage::eNotForwards,
+         "Pixels or rows of an image of %s don't follow one another forwards in memory: use stridedPlanData and "
+         "elementStrides"}};
     return g_texts;
 }
 

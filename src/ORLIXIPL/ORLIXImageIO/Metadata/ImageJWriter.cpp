@@ -2,6 +2,7 @@
 #include "ORLIXIPL/ORLIXImageIO/Metadata/ImageJWriter.h"
 
 #include "ORLIX/ORLIXUtil/NumberText.h"
+#include "ORLIXIPL/ORLIXImage/PixelRun.h"
 #include "ORLIXIPL/ORLIXImageIO/Metadata/LengthUnit.h"
 
 #include <algorithm>
@@ -77,12 +78,13 @@ Range rangeOf(const BaseImage& image)
 {
     Range range;
     bool bAny = false;
+    RowReader reader;
     for (unsigned long t = 0; t < image.getSizeT(); ++t) {
         for (unsigned long c = 0; c < image.getSizeC(); ++c) {
             for (unsigned long z = 0; z < image.getSizeZ(); ++z) {
                 for (unsigned long y = 0; y < image.getSizeY(); ++y) {
                     visitStorageType(image.getBufferType(), [&]<class T>() {
-                        widen<T>(range, bAny, image.accessRow(y, z, c, t), image.getSizeX());
+                        widen<T>(range, bAny, reader.read(image, y, z, c, t), image.getSizeX());
                     });
                 }
             }

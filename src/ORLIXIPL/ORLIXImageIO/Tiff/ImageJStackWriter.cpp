@@ -2,7 +2,6 @@
 #include "ORLIXIPL/ORLIXImageIO/Tiff/ImageJStackWriter.h"
 
 #include "ORLIX/ORLIXUtil/Raise.h"
-#include "ORLIXIPL/ORLIXImage/ImageFactory.h"
 #include "ORLIXIPL/ORLIXImageIO/Logger/ORLIXImageIOLogMessages.h"
 #include "ORLIXIPL/ORLIXImageIO/Metadata/ImageJWriter.h"
 #include "ORLIXIPL/ORLIXImageIO/Tiff/ByteSwap.h"
@@ -102,8 +101,8 @@ void ImageJStackWriter::writePage(unsigned long offset, unsigned long z, unsigne
 {
     const eImageBufferType& type = m_image.getBufferType();
     const bool bSwapped = m_layout.bForeignOrder && m_layout.bits > 8;
-    const bool bStraight = m_layout.samples == 1 && !bSwapped && isCopied(type, m_layout.packing) &&
-                           rowPitch(m_image, t) == m_image.getSizeX();
+    const bool bStraight =
+        m_layout.samples == 1 && !bSwapped && isCopied(type, m_layout.packing) && hasDensePlans(m_image, t);
     const unsigned long pieceRows = std::clamp(g_pieceBytes / m_rowBytes, 1ul, m_image.getSizeY());
     for (unsigned long y = 0; y < m_image.getSizeY(); y += pieceRows) {
         const unsigned long rows = std::min(pieceRows, m_image.getSizeY() - y);

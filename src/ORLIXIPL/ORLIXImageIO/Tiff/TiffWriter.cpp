@@ -2,7 +2,6 @@
 #include "ORLIXIPL/ORLIXImageIO/Tiff/TiffWriter.h"
 
 #include "ORLIX/ORLIXUtil/Raise.h"
-#include "ORLIXIPL/ORLIXImage/ImageFactory.h"
 #include "ORLIXIPL/ORLIXImageIO/Metadata/ImageJWriter.h"
 #include "ORLIXIPL/ORLIXImageIO/Metadata/LengthUnit.h"
 #include "ORLIXIPL/ORLIXImageIO/Metadata/OmeWriter.h"
@@ -148,8 +147,7 @@ void TiffWriter::writeBlock(const PageBlock& block)
 bool TiffWriter::goesStraight(unsigned long t) const
 {
     return !m_layout.bTiled && m_layout.samples == 1 && isCopied(m_image.getBufferType(), m_layout.packing) &&
-           !m_layout.bForeignOrder && m_layout.predictor == PREDICTOR_NONE &&
-           rowPitch(m_image, t) == m_image.getSizeX();
+           !m_layout.bForeignOrder && m_layout.predictor == PREDICTOR_NONE && hasDensePlans(m_image, t);
 }
 
 void TiffWriter::check(bool bDone)

@@ -1,5 +1,7 @@
 #include "ORLIXIPL/ORLIXImageProcessing/Parser/MarginLines.h"
 
+#include "ORLIXIPL/ORLIXImage/PixelRun.h"
+
 #include <algorithm>
 #include <cstring>
 #include <new>
@@ -15,10 +17,11 @@ unsigned long nbPlacesOf(const image::Margin& across)
     return nbPlaces + 1;
 }
 
-void MarginLines::init(unsigned long nbPlaces, unsigned long sizeX, const image::Margin& margin,
+void MarginLines::init(unsigned long nbPlaces, unsigned long sizeX, long pixelStride, const image::Margin& margin,
                        unsigned long elementSize)
 {
     m_sizeX = sizeX;
+    m_pixelStride = pixelStride;
     m_margin = margin;
     m_elementSize = elementSize;
     unsigned long bytes = 0;
@@ -42,13 +45,15 @@ void MarginLines::forget()
 void MarginLines::make(unsigned long place, const std::byte* row, image::BorderFunction border)
 {
     std::byte* const line = m_lines.data() + place * m_lineBytes;
+    const auto pixelBytes = m_pixelStride * static_cast<long>(m_elementSize);
     const auto copyElement = [&](unsigned long to, unsigned long position) {
-        std::memcpy(line + to * m_elementSize, row + border(position, m_sizeX) * m_elementSize, m_elementSize);
+        std::memcpy(line + to * m_elementSize, row + static_cast<long>(border(position, m_sizeX)) * pixelBytes,
+                    m_elementSize);
     };
     for (unsigned long i = 0; i < m_margin.start; ++i) {
         copyElement(i, i - m_margin.start); // wraps below 0, as border functions expect
     }
-    std::memcpy(line + m_margin.start * m_elementSize, row, m_sizeX * m_elementSize);
+    image::copyRun(line + m_margin.start * m_elementSize, 1, row, m_pixelStride, m_sizeX, m_elementSize);
     for (unsigned long i = 0; i < m_margin.end; ++i) {
         copyElement(m_margin.start + m_sizeX + i, m_sizeX + i);
     }

@@ -4,10 +4,10 @@ namespace orlix::imaproc {
 
 namespace {
 
-BlockRows rowsOf(const image::BaseImageYStrip2d& strip)
+BlockRows rowsOf(const image::BaseImageYStrip2d& strip, unsigned long nbRows)
 {
-    const unsigned long rowBytes = strip.getSizeX() * image::elementSize(strip.getImageBufferType());
-    return {strip.getStripSizeY(), rowBytes, strip.getLineBytes()};
+    return {strip.getSizeX(),     nbRows, 1, image::elementSize(strip.getImageBufferType()), strip.getPixelStride(),
+            strip.getLineBytes(), 0};
 }
 
 } // namespace
@@ -31,8 +31,8 @@ void BaseRawYStrip2dParser<TAttribute>::startBlock(unsigned long, processor::Pro
 {
     const image::BaseImageYStrip2d& strip = *this->m_strip;
     std::byte* const first = this->toBlock(strip.accessBuffer());
-    m_bScratch = needsScratch();
-    this->m_block = m_bScratch ? m_scratch.fill(first, rowsOf(strip)) : first;
+    this->m_bCopied = needsScratch();
+    this->m_block = this->m_bCopied ? m_scratch.fill(first, rowsOf(strip, strip.getStripSizeY())) : first;
     info = {strip.getSizeX() * strip.getStripSizeY(), 1, 0, 0};
 }
 
@@ -40,8 +40,8 @@ template <class TAttribute>
 void BaseRawYStrip2dParser<TAttribute>::endBlock()
 {
     if constexpr (TAttribute::g_bOutput) {
-        if (m_bScratch) {
-            m_scratch.writeBack(this->toBlock(this->m_strip->accessBuffer()), rowsOf(*this->m_strip));
+        if (this->m_bCopied) {
+            m_scratch.writeBack();
         }
     }
 }
@@ -57,9 +57,22 @@ template <class TAttribute>
 void BaseLineYStrip2dParser<TAttribute>::startBlock(unsigned long block, processor::ProcessingInfo& info)
 {
     const image::BaseImageYStrip2d& strip = *this->m_strip;
-    this->m_block = this->toBlock(strip.accessBuffer()) + block * strip.getLineBytes();
+    std::byte* const first = this->toBlock(strip.accessBuffer()) + static_cast<long>(block) * strip.getLineBytes();
+    this->m_bCopied = strip.getPixelStride() != 1;
+    this->m_block =
+        this->m_bCopied ? m_scratch.fill(first, rowsOf(strip, m_bJoined ? strip.getStripSizeY() : 1)) : first;
     info = m_bJoined ? processor::ProcessingInfo{strip.getSizeX() * strip.getStripSizeY(), 1, 0, 0}
                      : processor::ProcessingInfo{strip.getSizeX(), strip.getStripSizeY(), block, 0};
+}
+
+template <class TAttribute>
+void BaseLineYStrip2dParser<TAttribute>::endBlock()
+{
+    if constexpr (TAttribute::g_bOutput) {
+        if (this->m_bCopied) {
+            m_scratch.writeBack();
+        }
+    }
 }
 
 template class BaseRawYStrip2dParser<BaseInputYStrip2dAttribute>;

@@ -10,9 +10,10 @@ template <class TAttribute>
 void BaseLineYStrip2dWithKernelParser<TAttribute>::init(typename Base::StripType& strip)
 {
     Base::init(strip);
+    m_bSideBySide = strip.getPixelStride() == 1;
     m_nbNeighbours = nbPlacesOf({getStartingKernelSizeY(), getEndingKernelSizeY()});
-    m_lines.init(m_nbNeighbours, strip.getSizeX(), {getStartingKernelSizeX(), getEndingKernelSizeX()},
-                 image::elementSize(strip.getImageBufferType()));
+    m_lines.init(m_nbNeighbours, strip.getSizeX(), strip.getPixelStride(),
+                 {getStartingKernelSizeX(), getEndingKernelSizeX()}, image::elementSize(strip.getImageBufferType()));
 }
 
 template <class TAttribute>
@@ -34,7 +35,8 @@ void BaseLineYStrip2dWithKernelParser<TAttribute>::startBlock(unsigned long bloc
     const auto& strip = *this->m_strip;
     m_y = strip.getStripStartOffsetY() + block;
     m_place = m_y % m_nbNeighbours;
-    this->m_block = this->toBlock(strip.accessImageLine(m_y));
+    this->m_block = this->toBlock(m_bSideBySide ? strip.accessImageLine(m_y)
+                                                : accessRun(getStartingKernelSizeY(), getStartingKernelSizeX(), 0));
     info = {strip.getSizeX(), strip.getStripSizeY(), block, 0};
 }
 
@@ -50,7 +52,8 @@ const void* BaseLineYStrip2dWithKernelParser<TAttribute>::accessRun(unsigned lon
     const auto* const row =
         static_cast<const std::byte*>(strip.accessImageLine(m_border.y(position, strip.getImageSizeY())));
     const bool bNoMargin = start == 0 && getEndingKernelSizeX() == 0;
-    if (bNoMargin || (first >= start && first - start <= sizeX && count <= sizeX - (first - start))) {
+    const bool bWithin = bNoMargin || (first >= start && first - start <= sizeX && count <= sizeX - (first - start));
+    if (bWithin && m_bSideBySide) {
         return row + (first - start) * size;
     }
     const unsigned long place = m_place + line < m_nbNeighbours ? m_place + line : m_place + line - m_nbNeighbours;

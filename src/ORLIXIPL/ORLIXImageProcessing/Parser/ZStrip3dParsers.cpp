@@ -14,22 +14,31 @@ unsigned long nbElementsOf(const image::BaseImageZStrip3d& strip)
     return strip.getSizeX() * strip.getSizeY() * strip.getStripSizeZ();
 }
 
-} // namespace
-
-template <class TAttribute>
-BlockRows BaseRawZStrip3dParser<TAttribute>::getRows() const
+BlockRows rowsOf(const image::BaseImageZStrip3d& strip, unsigned long nbRows, unsigned long nbPlans)
 {
-    const image::BaseImageZStrip3d& strip = *this->m_strip;
-    return {strip.getSizeY(), strip.getSizeX() * image::elementSize(strip.getImageBufferType()), strip.getLineBytes(),
-            strip.getStripSizeZ(), strip.getBaseImage().getPixelLayout().planBytes};
+    return {strip.getSizeX(),
+            nbRows,
+            nbPlans,
+            image::elementSize(strip.getImageBufferType()),
+            strip.getPixelStride(),
+            strip.getLineBytes(),
+            strip.getBaseImage().getPixelLayout().planBytes};
 }
+
+BlockRows rowsOf(const image::BaseImageZStrip3d& strip)
+{
+    return rowsOf(strip, strip.getSizeY(), strip.getStripSizeZ());
+}
+
+} // namespace
 
 template <class TAttribute>
 bool BaseRawZStrip3dParser<TAttribute>::needsScratch() const
 {
     const image::BaseImageZStrip3d& strip = *this->m_strip;
-    const BlockRows rows = getRows();
-    const bool bPlansTouch = rows.nbPlans == 1 || rows.planPitch == rows.nbRows * rows.rowBytes;
+    const BlockRows rows = rowsOf(strip);
+    const bool bPlansTouch =
+        rows.nbPlans == 1 || rows.planPitch == static_cast<long>(rows.nbRows * rows.nbPixels * rows.elementBytes);
     const bool bWholeBlocks = nbElementsOf(strip) % g_kernelOverrun == 0;
     return !strip.isDense() || !bPlansTouch || (!strip.hasRoomBehind() && !bWholeBlocks);
 }
@@ -44,8 +53,8 @@ template <class TAttribute>
 void BaseRawZStrip3dParser<TAttribute>::startBlock(unsigned long, processor::ProcessingInfo& info)
 {
     std::byte* const first = this->toBlock(this->m_strip->accessBuffer(0));
-    m_bScratch = needsScratch();
-    this->m_block = m_bScratch ? m_scratch.fill(first, getRows()) : first;
+    this->m_bCopied = needsScratch();
+    this->m_block = this->m_bCopied ? m_scratch.fill(first, rowsOf(*this->m_strip)) : first;
     info = {nbElementsOf(*this->m_strip), 1, 0, 0};
 }
 
@@ -53,8 +62,8 @@ template <class TAttribute>
 void BaseRawZStrip3dParser<TAttribute>::endBlock()
 {
     if constexpr (TAttribute::g_bOutput) {
-        if (m_bScratch) {
-            m_scratch.writeBack(this->toBlock(this->m_strip->accessBuffer(0)), getRows());
+        if (this->m_bCopied) {
+            m_scratch.writeBack();
         }
     }
 }
@@ -72,8 +81,21 @@ void BaseLineZStrip3dParser<TAttribute>::startBlock(unsigned long block, process
     const image::BaseImageZStrip3d& strip = *this->m_strip;
     const unsigned long nbLines = m_bJoined ? 1 : strip.getSizeY(); // of a plan, as they are handed out
     const unsigned long nbElements = m_bJoined ? strip.getSizeX() * strip.getSizeY() : strip.getSizeX();
-    this->m_block = this->toBlock(strip.accessBuffer(block / nbLines)) + block % nbLines * strip.getLineBytes();
+    std::byte* const first =
+        this->toBlock(strip.accessBuffer(block / nbLines)) + static_cast<long>(block % nbLines) * strip.getLineBytes();
+    this->m_bCopied = strip.getPixelStride() != 1;
+    this->m_block = this->m_bCopied ? m_scratch.fill(first, rowsOf(strip, m_bJoined ? strip.getSizeY() : 1, 1)) : first;
     info = {nbElements, strip.getStripSizeZ() * nbLines, m_bJoined ? block * strip.getSizeY() : block, 0};
+}
+
+template <class TAttribute>
+void BaseLineZStrip3dParser<TAttribute>::endBlock()
+{
+    if constexpr (TAttribute::g_bOutput) {
+        if (this->m_bCopied) {
+            m_scratch.writeBack();
+        }
+    }
 }
 
 template class BaseRawZStrip3dParser<BaseInputZStrip3dAttribute>;

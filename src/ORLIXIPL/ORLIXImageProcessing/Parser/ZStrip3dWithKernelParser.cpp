@@ -12,13 +12,14 @@ template <class TAttribute>
 void BaseLineZStrip3dWithKernelParser<TAttribute>::init(typename Base::StripType& strip)
 {
     Base::init(strip);
+    m_bSideBySide = strip.getPixelStride() == 1;
     m_nbLines = nbPlacesOf({getStartingKernelSizeY(), getEndingKernelSizeY()});
     const unsigned long nbPlans = nbPlacesOf({getStartingKernelSizeZ(), getEndingKernelSizeZ()});
     unsigned long nbPlaces = 0;
     if (__builtin_mul_overflow(m_nbLines, nbPlans, &nbPlaces)) {
         throw std::bad_alloc();
     }
-    m_lines.init(nbPlaces, strip.getSizeX(), {getStartingKernelSizeX(), getEndingKernelSizeX()},
+    m_lines.init(nbPlaces, strip.getSizeX(), strip.getPixelStride(), {getStartingKernelSizeX(), getEndingKernelSizeX()},
                  image::elementSize(strip.getImageBufferType()));
 }
 
@@ -47,7 +48,9 @@ void BaseLineZStrip3dWithKernelParser<TAttribute>::startBlock(unsigned long bloc
     }
     m_y = block % sizeY;
     m_linePlace = m_y % m_nbLines;
-    this->m_block = this->toBlock(strip.accessImageLine(m_y, m_z));
+    this->m_block = this->toBlock(
+        m_bSideBySide ? strip.accessImageLine(m_y, m_z)
+                      : accessRun(getStartingKernelSizeY(), getStartingKernelSizeZ(), getStartingKernelSizeX(), 0));
     info = {strip.getSizeX(), strip.getStripSizeZ() * sizeY, block, 0};
 }
 
@@ -64,7 +67,8 @@ const void* BaseLineZStrip3dWithKernelParser<TAttribute>::accessRun(unsigned lon
     const unsigned long z = m_border.z(m_z + plan - getStartingKernelSizeZ(), strip.getImageSizeZ());
     const auto* const row = static_cast<const std::byte*>(strip.accessImageLine(y, z));
     const bool bNoMargin = start == 0 && getEndingKernelSizeX() == 0;
-    if (bNoMargin || (first >= start && first - start <= sizeX && count <= sizeX - (first - start))) {
+    const bool bWithin = bNoMargin || (first >= start && first - start <= sizeX && count <= sizeX - (first - start));
+    if (bWithin && m_bSideBySide) {
         return row + (first - start) * size;
     }
     const unsigned long linePlace =

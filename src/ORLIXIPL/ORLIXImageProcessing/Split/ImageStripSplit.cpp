@@ -1,5 +1,6 @@
 #include "ORLIXIPL/ORLIXImageProcessing/Split/ImageStripSplit.h"
 
+#include "ORLIXIPL/ORLIXImageProcessing/Level/StraightImages.h"
 #include "ORLIXIPL/ORLIXImageProcessing/Logger/ORLIXImageProcessingLogMessages.h"
 #include "ORLIXIPL/ORLIXImageProcessing/Parser/ScratchBlock.h"
 
@@ -50,11 +51,6 @@ ProcessingResult<bool> checkVolume(const image::BaseImage* image, const processo
 bool isWithin(unsigned long start, unsigned long size, unsigned long whole)
 {
     return start <= whole && size <= whole - start;
-}
-
-unsigned long lineBytesOf(const image::BaseImage& image)
-{
-    return image.getSizeX() * image::elementSize(image.getBufferType());
 }
 
 } // namespace
@@ -109,7 +105,7 @@ ProcessingResult<bool> BaseImageStripSplit<TImage>::initSubVolume(const boost::s
     }
     m_image = image;
     m_first = start;
-    m_demand = {true, size, std::min(planBytes, lineBytesOf(*image) * image->getSizeY()), 1};
+    m_demand = {true, size, std::min(planBytes, planBytesOf(*image)), 1};
     return true;
 }
 

@@ -16,14 +16,15 @@ namespace details {
 template <bool bFetch>
 struct Ahead
 {
-    unsigned long distance; ///< bytes; a multiple of the way from row to row, unless rows are long
+    long distance; ///< bytes; a multiple of the way from row to row, unless rows are long
 
     static ORLIX_SIMD_INLINE Ahead of(const PixelBox& box)
     {
         constexpr unsigned long longRow = 8192;
         constexpr unsigned long rowsAhead = 1024; // as many bytes of them, at least
-        constexpr unsigned long withinRow = 512;
-        return {box.rowBytes >= longRow ? withinRow : (1 + rowsAhead / box.rowBytes) * box.destinationRow};
+        constexpr long withinRow = 512;
+        return {box.rowBytes >= longRow ? withinRow
+                                        : static_cast<long>(1 + rowsAhead / box.rowBytes) * box.destinationRow};
     }
     /// Of `nbBytes` that are written from `to` on.
     ORLIX_SIMD_INLINE void fetch(const unsigned char* to, unsigned long nbBytes) const
@@ -45,11 +46,11 @@ ORLIX_SIMD_INLINE void forEachBoxRow(const PixelBox& box, const TCopyRow& copyRo
     // Kept aside: for all that the compiler knows, the bytes that are stored could be those of the box.
     const unsigned long nbPlans = box.nbPlans;
     const unsigned long nbRows = box.nbRows;
-    const unsigned long sourceRow = box.sourceRow;
-    const unsigned long destinationRow = box.destinationRow;
+    const long sourceRow = box.sourceRow;
+    const long destinationRow = box.destinationRow;
     for (unsigned long plan = 0; plan < nbPlans; ++plan) {
-        const unsigned char* from = box.source + plan * box.sourcePlan;
-        unsigned char* to = box.destination + plan * box.destinationPlan;
+        const unsigned char* from = box.source + static_cast<long>(plan) * box.sourcePlan;
+        unsigned char* to = box.destination + static_cast<long>(plan) * box.destinationPlan;
         for (unsigned long row = 0; row < nbRows; ++row, from += sourceRow, to += destinationRow) {
             copyRow(from, to);
         }
@@ -192,6 +193,10 @@ ORLIX_SIMD_INLINE void copyRows(const PixelBox& box, Ahead<bFetch> ahead)
 template <eInstructionSet::domain ISA>
 void copyBox(const PixelBox& box)
 {
+    if (box.isStrided()) {
+        box.copyStrided();
+        return;
+    }
     if constexpr (ISA == eInstructionSet::eNone) {
         const unsigned long nbBytes = box.rowBytes;
         details::forEachBoxRow(box, [nbBytes](const unsigned char* from, unsigned char* to)

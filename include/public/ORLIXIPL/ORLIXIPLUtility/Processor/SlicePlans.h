@@ -1,6 +1,7 @@
 // A volume and a strip of a slice as kernels of the slice operators take them.
 #pragma once
 
+#include "ORLIX/ORLIXMath/Simd/ForceInline.h"
 #include "ORLIX/ORLIXMath/Simd/MemoryPlace.h"
 #include "ORLIXIPL/ORLIXIPLAttributes/Axis.h"
 
@@ -12,9 +13,10 @@ namespace orlix::imaproc::util {
 template <class TByte>
 struct SlicePlans
 {
-    TByte* first;            ///< element (0, 0, 0)
-    unsigned long rowBytes;  ///< from a row to the next
-    unsigned long planBytes; ///< from a plan to the next
+    TByte* first;     ///< element (0, 0, 0)
+    long pixelStride; ///< in elements, from a pixel of a row to the next
+    long rowBytes;    ///< from a row to the next
+    long planBytes;   ///< from a plan to the next
     unsigned long sizeX;
     unsigned long sizeY;
     unsigned long sizeZ;
@@ -25,8 +27,14 @@ struct SlicePlans
     static SlicePlans of(const TImage& volume)
     {
         const auto& layout = volume.getPixelLayout();
-        return {layout.first,      layout.rowBytes,   layout.planBytes, volume.getSizeX(),
-                volume.getSizeY(), volume.getSizeZ(), layout.place};
+        return {layout.first,      layout.pixelStride, layout.rowBytes,   layout.planBytes,
+                volume.getSizeX(), volume.getSizeY(),  volume.getSizeZ(), layout.place};
+    }
+    /// Pixel (x, y, z), of elements of `elementBytes`.
+    ORLIX_SIMD_INLINE TByte* at(unsigned long x, unsigned long y, unsigned long z, unsigned long elementBytes) const
+    {
+        return first + static_cast<long>(z) * planBytes + static_cast<long>(y) * rowBytes +
+               static_cast<long>(x * elementBytes) * pixelStride;
     }
 };
 

@@ -31,7 +31,8 @@ struct eORLIXImageMessage
         eNotMovedToGpu = 17,   ///< geometry, device, text of the layer
         eNotMovedFromGpu = 18, ///< geometry, device, text of the layer
         eNoPlanTable = 19,     ///< geometry, device, text of the layer
-        eCannotGrowOnGpu = 20  ///< geometry
+        eCannotGrowOnGpu = 20, ///< geometry
+        eNotForwards = 21      ///< geometry
     };
     ORLIX_ENUMERATION(eORLIXImageMessage, eUnknownBufferType);
 };

@@ -161,6 +161,9 @@ private:
         if constexpr (TRow::g_bParsed) {
             if (auto* parser = heldParser<TRow>()) {
                 setBlock<TRow>(const_cast<void*>(static_cast<const void*>(parser->accessBuffer())));
+                if constexpr (TRow::Attribute::g_bOutput) {
+                    m_place = parser->isCopied() ? simd::eMemoryPlace::secondLevelCache : m_place;
+                }
             }
         }
     }

@@ -154,7 +154,7 @@ struct ByZStrip : details::ImageRow<TAttribute, TLowerAttribute>
     {
         const auto* const volume = processor::pointerTo(values.template get<TAttribute>());
         return isOneHostVolume(volume) &&
-               isOneStrip({0, volume->getSizeZ()}, volume->getSizeZ(), volume->getPixelLayout().planBytes, stripBytes);
+               isOneStrip({0, volume->getSizeZ()}, volume->getSizeZ(), planBytesOf(*volume), stripBytes);
     }
 };
 
@@ -179,8 +179,7 @@ struct ByYSubStrip
     static bool isStraight(const TValues& values, unsigned long stripBytes)
     {
         const auto* const plan = processor::pointerTo(values.template get<TAttribute>());
-        return isOneHostPlan(plan) &&
-               isOneStrip(TRange::of(values), plan->getSizeY(), plan->getPixelLayout().rowBytes, stripBytes);
+        return isOneHostPlan(plan) && isOneStrip(TRange::of(values), plan->getSizeY(), lineBytesOf(*plan), stripBytes);
     }
     template <class TValues>
     static auto take(const TValues& values)
@@ -203,7 +202,7 @@ struct ByZSubStrip : ByYSubStrip<TAttribute, TLowerAttribute, TRange>
     {
         const auto* const volume = processor::pointerTo(values.template get<TAttribute>());
         return isOneHostVolume(volume) &&
-               isOneStrip(TRange::of(values), volume->getSizeZ(), volume->getPixelLayout().planBytes, stripBytes);
+               isOneStrip(TRange::of(values), volume->getSizeZ(), planBytesOf(*volume), stripBytes);
     }
 };
 

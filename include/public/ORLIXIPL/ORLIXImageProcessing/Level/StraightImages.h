@@ -22,6 +22,17 @@ inline bool isOneHostVolume(const image::BaseImage* image)
            image->getSizeT() == 1;
 }
 
+/// Bytes of the pixels of a line, however they lie.
+inline unsigned long lineBytesOf(const image::BaseImage& image)
+{
+    return image.getSizeX() * image::elementSize(image.getBufferType());
+}
+/// The same of a plan.
+inline unsigned long planBytesOf(const image::BaseImage& image)
+{
+    return lineBytesOf(image) * image.getSizeY();
+}
+
 /// Lines of a plan, or plans of a volume: [start, start + size).
 struct StripRange
 {
@@ -55,7 +66,8 @@ inline bool isOneStrip(const image::BaseImage& plan, unsigned long stripBytes)
 {
     const image::PixelLayout& layout = plan.getPixelLayout();
     const unsigned long nbLines = plan.getSizeY();
-    return layout.bDense && layout.rowBytes - 1 < stripBytes && nbLines - 1 < stripBytes / layout.rowBytes &&
+    const auto rowBytes = static_cast<unsigned long>(layout.rowBytes); // of its pixels where rows touch
+    return layout.bDense && rowBytes - 1 < stripBytes && nbLines - 1 < stripBytes / rowBytes &&
            (layout.bRoomBehindPlans || plan.getSizeX() * nbLines % g_kernelOverrun == 0);
 }
 

@@ -22,10 +22,13 @@ public:
     /// First element of the kernel's current block.
     BufferType accessBuffer() const { return m_block; }
     const StripType& getStrip() const { return *m_strip; }
+    /// Is the current block a copy, which is read again once the kernel has written it?
+    bool isCopied() const { return m_bCopied; }
 
 protected:
     StripType* m_strip = nullptr;
     std::byte* m_block = nullptr;
+    bool m_bCopied = false;
 
     /// Blocks of an input are const for kernels alone: one place holds both kinds.
     static std::byte* toBlock(const void* first) { return static_cast<std::byte*>(const_cast<void*>(first)); }

@@ -18,8 +18,10 @@ ORLIXIMAGEPROCESSING_API unsigned long nbPlacesOf(const image::Margin& across);
 class ORLIXIMAGEPROCESSING_API MarginLines
 {
 public:
-    /// Forgets all lines, and makes `nbPlaces` places for lines of `sizeX` elements, at least 1. Throws std::bad_alloc.
-    void init(unsigned long nbPlaces, unsigned long sizeX, const image::Margin& margin, unsigned long elementSize);
+    /// Forgets all lines, and makes `nbPlaces` places for lines of `sizeX` elements, at least 1, of rows whose elements
+    /// follow one another by `pixelStride` elements. Throws std::bad_alloc.
+    void init(unsigned long nbPlaces, unsigned long sizeX, long pixelStride, const image::Margin& margin,
+              unsigned long elementSize);
     void forget();
 
     /// The line at a place, made there from `row` unless `key`, which is not ~0UL, says that it is there already. Its
@@ -37,6 +39,7 @@ private:
     void make(unsigned long place, const std::byte* row, image::BorderFunction border);
 
     unsigned long m_sizeX = 0;
+    long m_pixelStride = 1;
     image::Margin m_margin;
     unsigned long m_elementSize = 0;
     unsigned long m_lineBytes = 0;

@@ -7,7 +7,8 @@
 namespace orlix::imaproc {
 
 /// The whole strip is one block of elements that follow one another, with room behind for a kernel without a tail. In
-/// an image whose rows do not touch, or that has no room, the block is a scratch copy, written back after the kernel.
+/// an image whose pixels or rows do not touch, or that has no room, the block is a scratch copy, written back after the
+/// kernel.
 template <class TAttribute>
 class ORLIXIMAGEPROCESSING_API BaseRawYStrip2dParser : public BaseStripParser<TAttribute>
 {
@@ -20,25 +21,26 @@ private:
     bool needsScratch() const;
 
     ScratchBlock m_scratch;
-    bool m_bScratch = false;
 };
 
-/// Each line is one block, or the whole strip is, as one long line. Kernels of this mode stay within their block.
+/// Each line is one block, or the whole strip is, as one long line. Kernels of this mode stay within their block. Where
+/// pixels don't lie side by side, it is a scratch copy, written back after the kernel.
 template <class TAttribute>
 class ORLIXIMAGEPROCESSING_API BaseLineYStrip2dParser : public BaseStripParser<TAttribute>
 {
 public:
-    /// Does every line start where the one before ends?
-    bool doLinesTouch() const { return this->m_strip->isDense(); }
+    /// Does every line start where the one before ends? They do in the copy of pixels that don't lie side by side.
+    bool doLinesTouch() const { return this->m_strip->isDense() || this->m_strip->getPixelStride() != 1; }
     /// Whether to hand out the strip as one line; only for lines that touch. Holds until the next call.
     void joinLines(bool bJoined) { m_bJoined = bJoined; }
 
     unsigned long getNbBlocks() const override;
     void startBlock(unsigned long block, processor::ProcessingInfo& info) override;
-    void endBlock() override {}
+    void endBlock() override;
 
 private:
     bool m_bJoined = false;
+    ScratchBlock m_scratch;
 };
 
 extern template class BaseRawYStrip2dParser<BaseInputYStrip2dAttribute>;

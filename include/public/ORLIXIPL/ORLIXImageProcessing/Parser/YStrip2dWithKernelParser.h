@@ -30,11 +30,11 @@ public:
     unsigned long getEndingKernelSizeY() const { return this->m_strip->getEndingKernelSizeY(); }
 
     using Base::accessBuffer;
-    /// First element of neighbouring line `line`: the image's own where there is no margin along it, else a copy.
-    /// Valid until the next block.
+    /// First element of neighbouring line `line`: the image's own where there is no margin along it and its pixels lie
+    /// side by side, else a copy. Valid until the next block.
     const void* accessBuffer(unsigned long line) { return accessRun(line, 0, ~0UL); }
     /// The same line, of which the kernel reads no more than elements [first, first + count): the image's own where
-    /// these lie within it, else a copy. Gives element `first`.
+    /// these lie within it, side by side, else a copy. Gives element `first`.
     const void* accessRun(unsigned long line, unsigned long first, unsigned long count);
 
     /// Lines with margins are handed out one by one.
@@ -48,6 +48,7 @@ public:
 private:
     image::Border2dPolicy m_border;
     MarginLines m_lines;
+    bool m_bSideBySide = true;        ///< do pixels of a line lie one behind the other?
     unsigned long m_nbNeighbours = 1; ///< lines of the neighbourhood
     unsigned long m_y = 0;            ///< the current line in the plan
     unsigned long m_place = 0;        ///< of neighbouring line 0 in `m_lines`

@@ -20,29 +20,30 @@ public:
 
 private:
     bool needsScratch() const;
-    BlockRows getRows() const;
 
     ScratchBlock m_scratch;
-    bool m_bScratch = false;
 };
 
 /// Each line is one block, counted through the whole strip: line `y` of its plan `z` is the current line
-/// `z * getSizeY() + y`. Joined, each plan is one long line. Kernels of this mode stay within their block.
+/// `z * getSizeY() + y`. Joined, each plan is one long line. Kernels of this mode stay within their block. Where pixels
+/// don't lie side by side, it is a scratch copy, written back after the kernel.
 template <class TAttribute>
 class ORLIXIMAGEPROCESSING_API BaseLineZStrip3dParser : public BaseStripParser<TAttribute>
 {
 public:
-    /// Does every line of a plan start where the one before ends?
-    bool doLinesTouch() const { return this->m_strip->isDense(); }
+    /// Does every line of a plan start where the one before ends? They do in the copy of pixels that don't lie side by
+    /// side.
+    bool doLinesTouch() const { return this->m_strip->isDense() || this->m_strip->getPixelStride() != 1; }
     /// Whether to hand out each plan as one line; only for lines that touch. Holds until the next call.
     void joinLines(bool bJoined) { m_bJoined = bJoined; }
 
     unsigned long getNbBlocks() const override;
     void startBlock(unsigned long block, processor::ProcessingInfo& info) override;
-    void endBlock() override {}
+    void endBlock() override;
 
 private:
     bool m_bJoined = false;
+    ScratchBlock m_scratch;
 };
 
 extern template class BaseRawZStrip3dParser<BaseInputZStrip3dAttribute>;

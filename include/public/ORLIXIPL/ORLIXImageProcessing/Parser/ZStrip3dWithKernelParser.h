@@ -34,11 +34,11 @@ public:
     unsigned long getEndingKernelSizeZ() const { return this->m_strip->getEndingKernelSizeZ(); }
 
     using Base::accessBuffer;
-    /// First element of line `line` of neighbouring plan `plan`: the image's own where there is no margin along it,
-    /// else a copy. Valid until the next block.
+    /// First element of line `line` of neighbouring plan `plan`: the image's own where there is no margin along it
+    /// and its pixels lie side by side, else a copy. Valid until the next block.
     const void* accessBuffer(unsigned long line, unsigned long plan) { return accessRun(line, plan, 0, ~0UL); }
     /// The same line, of which the kernel reads no more than elements [first, first + count): the image's own where
-    /// these lie within it, else a copy. Gives element `first`.
+    /// these lie within it, side by side, else a copy. Gives element `first`.
     const void* accessRun(unsigned long line, unsigned long plan, unsigned long first, unsigned long count);
 
     /// Lines with margins are handed out one by one.
@@ -52,6 +52,7 @@ public:
 private:
     image::Border3dPolicy m_border;
     MarginLines m_lines;
+    bool m_bSideBySide = true;     ///< do pixels of a line lie one behind the other?
     unsigned long m_nbLines = 1;   ///< of a plan of the neighbourhood
     unsigned long m_y = 0;         ///< the current line in its plan
     unsigned long m_z = 0;         ///< the current plan in the volume

@@ -7,7 +7,8 @@
 
 namespace orlix::imaproc::util {
 
-/// Of an image of one channel and one time step. Refers to its pixels.
+/// Of an image of one channel and one time step. Refers to its pixels. There is no box in an image whose pixels don't
+/// lie side by side: a tile of it is a copy.
 class ImageRows
 {
 public:
@@ -15,11 +16,16 @@ public:
         : m_sizes{image.getSizeX(), image.getSizeY(), image.getSizeZ()},
           m_elementSize(image::elementSize(image.getBufferType()))
     {
-        if (image.getGeometry().getNbPixels() > 0) {
-            m_first = image.accessRow(0, 0, 0, 0);
-            m_linePitch = image.accessRow(1, 0, 0, 0) - m_first;
-            m_planPitch = image.accessRow(0, 1, 0, 0) - m_first;
+        if (image.getGeometry().getNbPixels() == 0) {
+            return;
         }
+        if (image.getPixelStride(0) != 1) {
+            m_sizes = {};
+            return;
+        }
+        m_first = image.accessRow(0, 0, 0, 0);
+        m_linePitch = image.accessRow(1, 0, 0, 0) - m_first;
+        m_planPitch = image.accessRow(0, 1, 0, 0) - m_first;
     }
 
     /// The first element of a box of `side` pixels on each axis; null where it is not all within the image.
