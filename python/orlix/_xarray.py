@@ -12,11 +12,6 @@ from . import _core
 def to_xarray(self: _core.Image) -> Any:
     """Return the image as an xarray.DataArray that shares its memory.
 
-    Parameters
-    ----------
-    image : Image
-        What the method is called on.
-
     Returns
     -------
     xarray.DataArray
