@@ -9,13 +9,8 @@ import numpy as np
 from . import _core
 
 
-def to_xarray(image: _core.Image) -> Any:
+def to_xarray(self: _core.Image) -> Any:
     """Return the image as an xarray.DataArray that shares its memory.
-
-    Parameters
-    ----------
-    image : Image
-        What the method is called on.
 
     Returns
     -------
@@ -33,12 +28,12 @@ def to_xarray(image: _core.Image) -> Any:
     import xarray  # wanted by few, and large
 
     coords = {}
-    if image.pixel_size is not None and image.origin is not None:
-        for letter, size, origin in zip("zyx"[3 - len(image.pixel_size) :], image.pixel_size, image.origin):
-            centres = origin + (np.arange(image.shape[image.axes.index(letter.upper())]) + 0.5) * size
-            coords[letter] = (letter, centres, {"units": image.unit})
+    if self.pixel_size is not None and self.origin is not None:
+        for letter, size, origin in zip("zyx"[3 - len(self.pixel_size) :], self.pixel_size, self.origin):
+            centres = origin + (np.arange(self.shape[self.axes.index(letter.upper())]) + 0.5) * size
+            coords[letter] = (letter, centres, {"units": self.unit})
     return xarray.DataArray(
-        np.asarray(image), dims=list(image.axes.lower()), coords=coords, attrs={"element_type": image.element_type}
+        np.asarray(self), dims=list(self.axes.lower()), coords=coords, attrs={"element_type": self.element_type}
     )
 
 

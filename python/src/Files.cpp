@@ -1,6 +1,6 @@
 // Image files: read, write, info.
+#include "ImageCalibration.h"
 #include "Operators.h"
-#include "PyImage.h"
 #include "Watch.h"
 
 #include "ORLIXIPL/ORLIXImageIO/ORLIXImageIO.h"

@@ -26,6 +26,7 @@ NB_MODULE(_core, module)
     bindCompare(module);
     bindRegions(module);
     bindSlices(module);
+    bindSequences(module);
     bindGenerators(module);
     bindValues(module);
     bindFiles(module);

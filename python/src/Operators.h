@@ -11,7 +11,8 @@ nb::object copyImage(nb::handle array, nb::handle out, nb::handle progress);
 
 void bindCompare(nb::module_& module);    ///< compare
 void bindRegions(nb::module_& module);    ///< crop, paste
-void bindSlices(nb::module_& module);     ///< get_slice, put_slice, append
+void bindSlices(nb::module_& module);     ///< get_slice, put_slice
+void bindSequences(nb::module_& module);  ///< append
 void bindGenerators(nb::module_& module); ///< random, normal, lines
 void bindValues(nb::module_& module);     ///< values
 void bindFiles(nb::module_& module);      ///< read, write, info

@@ -1,6 +1,6 @@
 // Processors by name.
+#include "CallImages.h"
 #include "Comparisons.h"
-#include "ImageCall.h"
 #include "Operators.h"
 #include "Watch.h"
 
@@ -8,19 +8,16 @@
 #include "ORLIX/ORLIXBaseProcessing/ProcessorFactory.h"
 #include "ORLIXIPL/ORLIXIPLAttributes/ComparisonAttributes.h"
 #include "ORLIXIPL/ORLIXIPLAttributes/DataItem/Doubles.h"
-#include "ORLIXIPL/ORLIXImageProcessing/BaseImageAttributes.h"
 
 #include <nanobind/stl/string.h>
 #include <nanobind/stl/vector.h>
 
 #include <algorithm>
-#include <map>
 
 namespace orlix::python {
 
 namespace {
 
-using imaproc::BaseInputImageAttribute;
 using imaproc::BaseOutputImageAttribute;
 using processor::BaseAttribute;
 using processor::BaseProcessor;
@@ -55,90 +52,6 @@ nb::tuple describe(const std::string& name)
     }
     return nb::make_tuple(info.toolTip, attributes);
 }
-
-/// The images of a call: where they came from, and what becomes of those that the call makes.
-class CallImages
-{
-public:
-    void give(BaseAttribute& attribute, nb::handle object)
-    {
-        const std::string& name = attribute.getObjectName();
-        const ImageInput input = takeInput(object, nb::none(), name.c_str(), attribute.isOutput());
-        if (auto* const output = dynamic_cast<BaseOutputImageAttribute*>(&attribute)) {
-            output->init(input.image);
-            m_outputs[name] = {nb::borrow(object), input};
-        } else {
-            dynamic_cast<BaseInputImageAttribute&>(attribute).init(ImageConstPtr(input.image));
-            m_bImages = m_bImages || !input.bArray;
-            m_inputs.push_back(input);
-        }
-        m_bytes += bytesOf(*input.image);
-    }
-
-    unsigned long getBytes() const { return m_bytes; }
-    /// Of the first input; all of an image where there is none.
-    std::string getAxes() const { return m_inputs.empty() ? "TCZYX" : m_inputs.front().axes; }
-
-    /// An output is an input itself, or shares no memory with any.
-    void requireApart() const
-    {
-        for (const auto& [name, output] : m_outputs) {
-            for (const ImageInput& input : m_inputs) {
-                const nb::object& one = output.input.held.array;
-                const nb::object& other = input.held.array;
-                if (output.input.bArray && input.bArray && !one.is(other) &&
-                    mayOverlap(memoryOf(asArray(one)), memoryOf(asArray(other)))) {
-                    const std::string text = name + " overlaps an input: give the same array, or one that shares no "
-                                                    "memory with it";
-                    throw nb::value_error(text.c_str());
-                }
-            }
-        }
-    }
-
-    nb::object take(const BaseOutputImageAttribute& attribute) const
-    {
-        const auto given = m_outputs.find(attribute.getObjectName());
-        if (given != m_outputs.end()) {
-            if (given->second.input.bArray) {
-                given->second.input.held.bringBack();
-            }
-            return given->second.object;
-        }
-        const ImagePtr& image = attribute.getStorage();
-        const std::string axes = axesOfOutput(image->getGeometry());
-        return m_bImages ? toPython(image, axes) : arrayOf(image, axes);
-    }
-
-private:
-    struct Given
-    {
-        nb::object object;
-        ImageInput input;
-    };
-
-    /// The axes that the image says it has, and channels and lines as the first input has them.
-    std::string axesOfOutput(const image::BaseImageGeometry& geometry) const
-    {
-        std::string axes = axesOf(geometry);
-        if (m_inputs.empty()) {
-            return axes;
-        }
-        const std::string& ofInput = m_inputs.front().axes;
-        if (ofInput.find('C') != std::string::npos && axes.find('C') == std::string::npos) {
-            axes.insert(axes.find('T') == std::string::npos ? 0 : 1, "C");
-        }
-        if (ofInput == "X" && geometry.getSizeY() == 1) {
-            axes.erase(axes.find('Y'), 1);
-        }
-        return axes;
-    }
-
-    std::vector<ImageInput> m_inputs;
-    std::map<std::string, Given> m_outputs;
-    unsigned long m_bytes = 0;
-    bool m_bImages = false; ///< is an input an orlix.Image?
-};
 
 /// Of the points of every plan, in the order of plans.
 nb::object arrayOf(const imaproc::attr::PlanIndexedDoubles& values)

@@ -2,10 +2,9 @@
 #include "PyImage.h"
 
 #include "Arguments.h"
+#include "ImageCalibration.h"
 
 #include <nanobind/stl/string.h>
-
-#include <boost/make_shared.hpp>
 
 #include <optional>
 
@@ -14,33 +13,6 @@ namespace orlix::python {
 namespace {
 
 using image::eImageBufferType;
-using image::GeometricCalibration;
-
-/// Numbers of a calibration in the order of the array's axes.
-nb::object alongAxes(const std::string& axes, float x, float y, float z)
-{
-    return axes.find('Z') == std::string::npos ? nb::make_tuple(y, x) : nb::make_tuple(z, y, x);
-}
-
-nb::object pixelSize(const PyImage& self)
-{
-    return pixelSizeOf(self.image->getGeometricCalibration().get(), self.axes);
-}
-
-nb::object originOf(const PyImage& self)
-{
-    const auto& calibration = self.image->getGeometricCalibration();
-    if (!calibration) {
-        return nb::none();
-    }
-    return alongAxes(self.axes, calibration->getOriginX(), calibration->getOriginY(), calibration->getOriginZ());
-}
-
-nb::object unitOf(const PyImage& self)
-{
-    const auto& calibration = self.image->getGeometricCalibration();
-    return calibration ? nb::object(nb::str(calibration->getUnit().c_str())) : nb::none();
-}
 
 nb::tuple shapeOf(const PyImage& self)
 {
@@ -49,36 +21,6 @@ nb::tuple shapeOf(const PyImage& self)
         sizes.append(size);
     }
     return nb::tuple(sizes);
-}
-
-std::vector<float> floatsAlongAxes(nb::handle values, std::size_t nbWanted, const char* name)
-{
-    std::vector<float> floats = floatsOf(values, name);
-    if (floats.size() != nbWanted) {
-        const std::string text = std::string(name) + " has " + std::to_string(floats.size()) + " numbers, " +
-                                 std::to_string(nbWanted) + " are needed: " + (nbWanted == 3 ? "z, y, x" : "y, x");
-        throw nb::value_error(text.c_str());
-    }
-    return floats;
-}
-
-void calibrate(PyImage& self, nb::handle pixelSize, nb::handle unit, nb::handle origin)
-{
-    if (pixelSize.is_none()) {
-        return;
-    }
-    const std::size_t nbAxes = self.axes.find('Z') == std::string::npos ? 2 : 3;
-    const std::vector<float> size = floatsAlongAxes(pixelSize, nbAxes, "pixel_size");
-    const std::vector<float> first =
-        origin.is_none() ? std::vector<float>(nbAxes, 0.F) : floatsAlongAxes(origin, nbAxes, "origin");
-    const std::string name = unit.is_none() ? "px" : textOf(unit, "unit");
-    const auto calibration = boost::make_shared<GeometricCalibration>();
-    if (nbAxes == 2) {
-        calibration->init2d(name, size[1], size[0], first[1], first[0]);
-    } else {
-        calibration->init3d(name, size[2], size[1], size[0], first[2], first[1], first[0]);
-    }
-    self.image->setGeometricCalibration(calibration);
 }
 
 /// Another image over the same pixels, told by a geometry of the same sizes, that keeps `owner`.
@@ -170,53 +112,6 @@ std::string describe(const PyImage& self)
 
 } // namespace
 
-nb::object pixelSizeOf(const GeometricCalibration* calibration, const std::string& axes)
-{
-    if (calibration == nullptr) {
-        return nb::none();
-    }
-    return alongAxes(axes, calibration->getPixelSizeX(), calibration->getPixelSizeY(), calibration->getPixelSizeZ());
-}
-
-std::string axesOf(const image::BaseImageGeometry& geometry)
-{
-    std::string axes;
-    if (geometry.getTemporalGeometry().isSequence()) {
-        axes += 'T';
-    }
-    if (geometry.getSizeC() != 1) {
-        axes += 'C';
-    }
-    if (geometry.getVolumeGeometry().is3d()) {
-        axes += 'Z';
-    }
-    return axes + "YX";
-}
-
-nb::object toPython(const ImagePtr& image)
-{
-    return toPython(image, axesOf(image->getGeometry()));
-}
-
-nb::object toPython(const ImagePtr& image, const std::string& axes)
-{
-    return nb::cast(PyImage{image, axes});
-}
-
-const ImagePtr& imageToWrite(const PyImage& output)
-{
-    if (output.bReadOnly) {
-        throw nb::value_error("the output is an orlix.Image over an array that is read only or whose elements lie on "
-                              "one another: give one that may be written, or no output");
-    }
-    return output.image;
-}
-
-const PyImage* findImage(nb::handle object)
-{
-    return nb::isinstance<PyImage>(object) ? nb::inst_ptr<PyImage>(object) : nullptr;
-}
-
 void bindImage(nb::module_& module)
 {
     nb::class_<PyImage>(module, "Image",
@@ -279,7 +174,7 @@ Examples
             "element_type",
             [](const PyImage& self) { return std::string(image::getBufferTypeName(self.image->getBufferType())); },
             "Name of the element type, also of those that NumPy lacks.")
-        .def_prop_ro("pixel_size", &pixelSize,
+        .def_prop_ro("pixel_size", nb::overload_cast<const PyImage&>(&pixelSizeOf),
                      "Size of a pixel along (y, x) or (z, y, x); None where nothing is known.")
         .def_prop_ro("origin", &originOf, "Position of the corner of the first pixel, as `pixel_size`.")
         .def_prop_ro("unit", &unitOf, "Unit of `pixel_size` and `origin`; None where nothing is known.")
@@ -294,7 +189,7 @@ Examples
              [](nb::handle_t<PyImage> self) {
                  const PyImage& image = *nb::inst_ptr<PyImage>(self);
                  return nb::make_tuple(nb::module_::import_("orlix._image").attr("restore"),
-                                       nb::make_tuple(arrayOf(image.image, image.axes), image.axes, pixelSize(image),
+                                       nb::make_tuple(arrayOf(image.image, image.axes), image.axes, pixelSizeOf(image),
                                                       unitOf(image), originOf(image),
                                                       image::getBufferTypeName(image.image->getBufferType())));
              })

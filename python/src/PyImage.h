@@ -20,8 +20,6 @@ const ImagePtr& imageToWrite(const PyImage& output);
 
 /// The axes of an image: Y and X always, T of a sequence, Z of a volume, C of several channels.
 std::string axesOf(const image::BaseImageGeometry& geometry);
-/// Pixel sizes along (y, x), or (z, y, x) where there is a Z among the axes; None without a calibration.
-nb::object pixelSizeOf(const image::GeometricCalibration* calibration, const std::string& axes);
 nb::object toPython(const ImagePtr& image);
 nb::object toPython(const ImagePtr& image, const std::string& axes);
 /// Null where `object` is no Image.

@@ -44,12 +44,14 @@ def take(array: Any, what: str) -> da.Array:
     return array
 
 
-def delayed(name: str, tasks: dict[Any, Any], arrays: Sequence[da.Array]) -> Delayed:
-    """Of task `name`; the tasks may take chunks of the arrays.
+def graph_of(name: str, tasks: dict[Any, Any], arrays: Sequence[Any]) -> HighLevelGraph:
+    """The tasks as one layer, which may take chunks of the arrays."""
+    return HighLevelGraph.from_collections(name, tasks, dependencies=arrays)
 
-    As one layer that is there already: a `dask.delayed` a task takes longer than what most tasks do.
-    """
-    return Delayed(name, HighLevelGraph.from_collections(name, tasks, dependencies=arrays), layer=name)
+
+def delayed(name: str, tasks: dict[Any, Any], arrays: Sequence[da.Array]) -> Delayed:
+    """Of task `name` of one layer: a `dask.delayed` a task takes longer than what most tasks do."""
+    return Delayed(name, graph_of(name, tasks, arrays), layer=name)
 
 
 def name_of(what: str) -> str:

@@ -10,10 +10,9 @@ from typing import Any, Literal, NamedTuple
 
 import dask.array as da
 import numpy as np
-from dask.highlevelgraph import HighLevelGraph
 
 from .. import _core, _pixelwise, _values
-from ._blocks import axes_of, bound, name_of, take
+from ._blocks import axes_of, bound, graph_of, name_of, take
 
 #: Pixels below and above that a value may depend on.
 _HALO = {"nearest": (0, 1), "linear": (0, 1), "cubic": (1, 2)}
@@ -166,5 +165,4 @@ def values(
     if not tasks:
         return da.zeros((0,), np.float64)
     tasks[name, 0] = (functools.partial(_in_order, order=by_chunk), list(tasks))
-    graph = HighLevelGraph.from_collections(name, tasks, dependencies=[image])
-    return da.Array(graph, name, ((len(points),),), dtype=np.float64)
+    return da.Array(graph_of(name, tasks, [image]), name, ((len(points),),), dtype=np.float64)
