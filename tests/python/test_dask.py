@@ -4,6 +4,8 @@ import pickle
 import subprocess
 import sys
 import textwrap
+import warnings
+from pathlib import Path
 
 import numpy as np
 import pytest
@@ -13,6 +15,8 @@ import orlix
 
 da = pytest.importorskip("dask.array")
 import orlix.dask as od  # noqa: E402 - only where Dask is
+
+pytestmark = pytest.mark.filterwarnings("ignore:chunks of")
 
 SHAPE = (3, 40, 57)
 CHUNKS = [(3, 40, 57), (1, 7, 13), (2, (1, 38, 1), (30, 27)), (1, 40, 57)]
@@ -203,6 +207,18 @@ def test_bad_input_is_told_at_once():
         od.compare(lazy, lazy[:2])
 
 
+def test_small_chunks_are_warned_of():
+    large = da.zeros((2, 4_000_000), dtype=np.uint8, chunks=(1, -1))
+    small = da.zeros((2, 4_000_000), dtype=np.uint8, chunks=(1, 2_000_000))
+    with warnings.catch_warnings():
+        warnings.simplefilter("error")
+        od.copy(large)
+        od.copy(large[:, :1000].rechunk(-1))
+    with pytest.warns(da.PerformanceWarning, match="chunks of 2000000 bytes") as warned:
+        od.threshold(small, 1, 2)
+    assert [Path(warning.filename) for warning in warned] == [Path(__file__)]
+
+
 def test_two_processes(tmp_path):
     pytest.importorskip("distributed")
     program = tmp_path / "cluster.py"
@@ -211,10 +227,13 @@ def test_two_processes(tmp_path):
             """
             import numpy as np, orlix, orlix.dask as od
             from distributed import Client, LocalCluster
+            from orlix.dask.workers import WorkerThreads
 
             if __name__ == "__main__":
                 with LocalCluster(n_workers=2, threads_per_worker=1, dashboard_address=None) as cluster:
-                    with Client(cluster):
+                    with Client(cluster) as client:
+                        client.register_plugin(WorkerThreads())
+                        assert set(client.run(orlix.get_threads).values()) == {1}
                         lazy = od.random((4, 300, 400), np.uint16, rng=3, chunks=(1, 100, -1))
                         mask = od.threshold(lazy, 1000, 40000).compute()
                         eager = orlix.random((4, 300, 400), np.uint16, rng=3)

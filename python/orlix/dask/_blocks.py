@@ -3,7 +3,9 @@
 from __future__ import annotations
 
 import functools
+import sys
 import uuid
+import warnings
 from collections.abc import Callable, Iterable, Sequence
 from typing import Any
 
@@ -36,11 +38,33 @@ def bound(function: Callable[..., Any], **kwargs: Any) -> Callable[..., Any]:
     return functools.partial(_task, function, _core.instruction_set(), **kwargs)
 
 
-def take(array: Any, what: str) -> da.Array:
+#: Bytes of a chunk below which a task costs about as much as its work.
+_SMALL_CHUNK = 4_000_000
+
+
+def _warn_of_small_chunks(array: da.Array) -> None:
+    if array.npartitions > 1 and array.nbytes < _SMALL_CHUNK * array.npartitions:
+        level, frame = 1, sys._getframe()
+        while frame.f_back is not None and frame.f_globals["__name__"].startswith(__package__):
+            level, frame = level + 1, frame.f_back
+        warnings.warn(
+            f"chunks of {array.nbytes // array.npartitions} bytes cost more in tasks than in work: rechunk to 8 MB",
+            da.PerformanceWarning,
+            stacklevel=level,
+        )
+
+
+def checked(array: Any, what: str) -> da.Array:
     """A Dask array of one of the eight types; TypeError for anything else."""
     if not isinstance(array, da.Array):
         raise TypeError(f"{what} is of type {type(array).__name__}: orlix.dask takes Dask arrays, orlix the others")
     _core.empty((0,), array.dtype)  # a type that is not supported is told here, not by a worker
+    return array
+
+
+def take(array: Any, what: str) -> da.Array:
+    """The same for what becomes tasks; the caller is warned of small chunks."""
+    _warn_of_small_chunks(checked(array, what))
     return array
 
 

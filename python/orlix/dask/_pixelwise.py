@@ -12,7 +12,7 @@ from numpy.typing import DTypeLike
 
 from .. import _core, _pixelwise
 from .._pixelwise import Comparison
-from ._blocks import bound, delayed, each, name_of, take
+from ._blocks import bound, checked, delayed, each, name_of, take
 
 
 @overload
@@ -122,7 +122,7 @@ def threshold(image: da.Array, low: float, high: float, *, out: np.ndarray | Non
     array([[False,  True],
            [ True, False]])
     """
-    _pixelwise.threshold(np.zeros(1, take(image, "image").dtype), low, high)  # bounds are refused here, not by a worker
+    _pixelwise.threshold(np.zeros(1, checked(image, "image").dtype), low, high)  # bounds are refused here, not by a worker
     return each(_pixelwise.threshold, image, bool, out, low=low, high=high)
 
 
