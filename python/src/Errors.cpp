@@ -61,11 +61,16 @@ void bindErrors(nb::module_& module)
     // Those that are registered last are asked first.
     bindError<BaseException>(module, "OrlixError", PyExc_ValueError,
                              "A rule of an operator is broken; the text says which, what was found, and what to do.\n\n"
-                             "`message_number` is the catalogue and the number of the libraries' message, or None: "
-                             "it stays where a text is mended.");
+                             "Attributes\n"
+                             "----------\n"
+                             "message_number : tuple of (str, int), or None\n"
+                             "    Catalogue and number of the libraries' message; they stay where a text is mended.\n");
     bindError<image::io::ORLIXImageIOException>(module, "OrlixFileError", PyExc_OSError,
                                                 "An image file can't be read or written; the text says why.\n\n"
-                                                "`message_number` as that of `OrlixError`.");
+                                                "Attributes\n"
+                                                "----------\n"
+                                                "message_number : tuple of (str, int), or None\n"
+                                                "    As that of `OrlixError`.\n");
 }
 
 } // namespace orlix::python

@@ -27,7 +27,9 @@ def members():
     for name in orlix.__all__:
         thing = getattr(orlix, name)
         if inspect.isclass(thing) and not is_tuple(name) and name != "ElementType":
-            yield from (f"orlix.{name}.{member}" for member in vars(thing) if not member.startswith("_"))
+            for member, value in vars(thing).items():
+                if not member.startswith("_") and value is not None:  # what is None at first is told by the class
+                    yield f"orlix.{name}.{member}"
     yield "orlix.ElementType.dtype"
 
 
