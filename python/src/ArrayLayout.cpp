@@ -9,8 +9,26 @@ namespace orlix::python {
 
 namespace {
 
-/// Lines of more elements than this are not made longer.
+/// Lines of more elements than this are not made longer, and none is made longer than the second: lines are what
+/// threads are given.
 constexpr unsigned long g_longLine = 4096;
+constexpr unsigned long g_longestLine = 65536;
+
+bool isLongEnough(unsigned long size, unsigned long times)
+{
+    return size >= g_longLine || size * times > g_longestLine;
+}
+
+/// Lines that a line of so many elements is cut into, each as long as the others.
+unsigned long nbLinesIn(unsigned long size)
+{
+    unsigned long nbLines = 1;
+    while (size > g_longestLine && size % 2 == 0) {
+        size /= 2;
+        nbLines *= 2;
+    }
+    return nbLines;
+}
 
 /// NumPy's arrays have no more axes.
 constexpr std::size_t g_mostAxes = 64;
@@ -99,7 +117,7 @@ ImageAxes mergeAxes(std::span<const ArrayMemory> arrays)
     for (std::size_t place = 0; place < order.nbAxes; ++place) {
         const std::size_t axis = order.axes[place];
         const auto size = static_cast<unsigned long>(arrays[0].sizes[axis]);
-        const bool bLong = nbAxes == 1 && merged.sizes[0] >= g_longLine;
+        const bool bLong = nbAxes == 1 && isLongEnough(merged.sizes[0], size);
         if (nbAxes > 0 && !bLong && touches(arrays, axis, merged.sizes[nbAxes - 1], last)) {
             merged.sizes[nbAxes - 1] *= size;
             continue;
@@ -112,6 +130,12 @@ ImageAxes mergeAxes(std::span<const ArrayMemory> arrays)
         }
         merged.sizes[nbAxes++] = size;
     }
+    if (const unsigned long nbLines = nbAxes == 1 ? nbLinesIn(merged.sizes[0]) : 1; nbLines > 1) {
+        merged.sizes = {merged.sizes[0] / nbLines, nbLines, 1, 1, 1};
+        for (std::size_t array = 0; array < arrays.size(); ++array) {
+            merged.strides[array][1] = merged.strides[array][0] * static_cast<std::ptrdiff_t>(merged.sizes[0]);
+        }
+    }
     for (std::size_t array = 0; array < arrays.size(); ++array) {
         merged.fits[array] = isWrappable(merged.sizes, merged.strides[array], arrays[array].elementBytes);
     }
@@ -123,10 +147,11 @@ ImageAxes axesOfContiguous(std::span<const std::ptrdiff_t> sizes,
 {
     unsigned long sizeX = 1;
     std::size_t axis = sizes.size();
-    while (axis > 0 && sizeX < g_longLine) {
+    while (axis > 0 && (sizeX == 1 || !isLongEnough(sizeX, static_cast<unsigned long>(sizes[axis - 1])))) {
         sizeX *= static_cast<unsigned long>(sizes[--axis]);
     }
-    unsigned long sizeY = 1;
+    unsigned long sizeY = nbLinesIn(sizeX);
+    sizeX /= sizeY;
     while (axis > 0) {
         sizeY *= static_cast<unsigned long>(sizes[--axis]);
     }

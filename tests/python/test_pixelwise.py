@@ -202,6 +202,15 @@ def test_lines_of_thousands_of_pixels(shape, order, rng):
     assert same(orlix.erase(a, 5), np.full_like(a, 5))
 
 
+@pytest.mark.parametrize("order", "CF")
+@pytest.mark.parametrize("shape", [(2048, 2048), (2, 1000, 1200), (1500, 1000, 3), (70000, 33), (2**21 + 2**15,)])
+def test_large_arrays_are_work_for_several_threads(shape, order):
+    array = np.zeros(shape, np.uint16, order=order)
+    known = []
+    orlix.copy(array, out=np.empty_like(array), progress=lambda done, of: known.append(of))
+    assert known[-1] >= 8
+
+
 def test_compare_with_tolerances():
     a = np.array([100, 200, 50], np.uint8)
     b = np.array([101, 210, 50], np.uint8)
