@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
+#include <utility>
 
 namespace orlix::image {
 
@@ -31,9 +32,14 @@ BlockAxes orderedAxes(const ByteSteps& to, const ByteSteps& from, const BlockSiz
     std::array<BlockAxis, 3> axes = {{{size.x, to.x, from.x}, {size.y, to.y, from.y}, {size.z, to.z, from.z}}};
     const auto isLong = [](const BlockAxis& axis) { return axis.size > 1; };
     // Stores cost more than loads, so the destination has the inner axis; one of a single pixel says nothing.
-    std::ranges::stable_sort(axes, [&](const BlockAxis& one, const BlockAxis& other) {
+    const auto isBefore = [&](const BlockAxis& one, const BlockAxis& other) {
         return isLong(one) != isLong(other) ? isLong(one) : std::abs(one.toStep) < std::abs(other.toStep);
-    });
+    };
+    for (const unsigned place : {0, 1, 0}) {
+        if (isBefore(axes[place + 1], axes[place])) {
+            std::swap(axes[place], axes[place + 1]);
+        }
+    }
     if (isLong(axes[1]) && axes[1].toStep == static_cast<long>(axes[0].size) * axes[0].toStep &&
         axes[1].fromStep == static_cast<long>(axes[0].size) * axes[0].fromStep) {
         axes[0].size *= axes[1].size;
