@@ -217,6 +217,8 @@ def test_small_chunks_are_warned_of():
     with pytest.warns(da.PerformanceWarning, match="chunks of 2000000 bytes") as warned:
         od.threshold(small, 1, 2)
     assert [Path(warning.filename) for warning in warned] == [Path(__file__)]
+    with pytest.warns(da.PerformanceWarning):
+        exec("od.copy(small)", {"od": od, "small": small})  # code that has no module's name
 
 
 def test_two_processes(tmp_path):

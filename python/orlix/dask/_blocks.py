@@ -45,7 +45,7 @@ _SMALL_CHUNK = 4_000_000
 def _warn_of_small_chunks(array: da.Array) -> None:
     if array.npartitions > 1 and array.nbytes < _SMALL_CHUNK * array.npartitions:
         level, frame = 1, sys._getframe()
-        while frame.f_back is not None and frame.f_globals["__name__"].startswith(__package__):
+        while frame.f_back is not None and frame.f_globals.get("__name__", "").startswith(__package__):
             level, frame = level + 1, frame.f_back
         warnings.warn(
             f"chunks of {array.nbytes // array.npartitions} bytes cost more in tasks than in work: rechunk to 8 MB",
