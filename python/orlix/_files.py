@@ -150,9 +150,11 @@ def read(
     array([[1, 2],
            [4, 5]], dtype=uint8)
     """
-    path = os.fspath(path)
+    path = os.fsdecode(path)
     spans: list[tuple[int, int] | None] | None = None
     if region is not None:
+        if not isinstance(region, Mapping):
+            raise TypeError(f"region is of type {type(region).__name__}: a mapping of axes to slices is needed")
         unknown = set(region) - set("XYZCT")
         if unknown:
             raise ValueError(f"region along {', '.join(sorted(unknown))}: axes are named T, C, Z, Y and X")
@@ -221,7 +223,7 @@ def write(
     >>> orlix.info("ramp.tif").compression
     'AdobeDeflate'
     """
-    path = os.fspath(path)
+    path = os.fsdecode(path)
     if not isinstance(image, _core.Image):
         image = _core.Image(image, axes, pixel_size=pixel_size, unit=unit)
     elif axes is not None or pixel_size is not None or unit is not None:
@@ -263,7 +265,7 @@ def info(path: str | os.PathLike[str]) -> FileInfo:
     >>> orlix.info("ramp.png").shape
     (2, 3)
     """
-    path = os.fspath(path)
+    path = os.fsdecode(path)
     try:
         return FileInfo(**_core.info(path))
     except _core.OrlixFileError as error:

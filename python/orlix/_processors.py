@@ -103,6 +103,8 @@ def _short(name: str) -> str:
 
 def _full_name(name: str) -> str:
     """The one name in the libraries that is `name`, or ends in it."""
+    if not isinstance(name, str):
+        raise TypeError(f"name is of type {type(name).__name__}: a str is needed")
     known = _core.processors()
     meant = [name] if name in known else [one for one in known if _short(one) == name]
     if len(meant) == 1:

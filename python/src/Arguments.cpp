@@ -12,11 +12,6 @@ std::string typeOf(nb::handle value)
     return nb::cast<std::string>(nb::getattr(value.type(), "__name__"));
 }
 
-[[noreturn]] void refuseType(nb::handle value, const char* what, const char* needed)
-{
-    throw nb::type_error((std::string(what) + " is of type " + typeOf(value) + ": " + needed + " is needed").c_str());
-}
-
 void requireSequence(nb::handle numbers, const char* what, const char* needed)
 {
     if (PySequence_Check(numbers.ptr()) == 0 || nb::isinstance<nb::str>(numbers)) {
@@ -29,7 +24,18 @@ std::string started(nb::handle value, const char* what)
     return std::string(what) + ": " + nb::cast<std::string>(nb::repr(value));
 }
 
+[[noreturn]] void refuseInteger(nb::handle value, const char* what)
+{
+    PyErr_Clear();
+    throw nb::type_error((started(value, what) + " is no int").c_str());
+}
+
 } // namespace
+
+void refuseType(nb::handle value, const char* what, const char* needed)
+{
+    throw nb::type_error((std::string(what) + " is of type " + typeOf(value) + ": " + needed + " is needed").c_str());
+}
 
 std::vector<npy_intp> integersOf(nb::handle numbers, const char* what)
 {
@@ -38,8 +44,7 @@ std::vector<npy_intp> integersOf(nb::handle numbers, const char* what)
     for (const nb::handle number : numbers) {
         const nb::object index = nb::steal(PyNumber_Index(number.ptr()));
         if (!index.is_valid()) {
-            PyErr_Clear();
-            throw nb::type_error((started(number, what) + " is no int").c_str());
+            refuseInteger(number, what);
         }
         integers.push_back(PyLong_AsSsize_t(index.ptr()));
         if (PyErr_Occurred() != nullptr) {
@@ -50,17 +55,41 @@ std::vector<npy_intp> integersOf(nb::handle numbers, const char* what)
     return integers;
 }
 
+double numberOf(nb::handle number, const char* what)
+{
+    const double value = PyFloat_AsDouble(number.ptr());
+    if (PyErr_Occurred() == nullptr) {
+        return value;
+    }
+    if (PyErr_ExceptionMatches(PyExc_TypeError) != 0) {
+        PyErr_Clear();
+        throw nb::type_error((started(number, what) + " is no number").c_str());
+    }
+    if (PyErr_ExceptionMatches(PyExc_OverflowError) != 0) {
+        PyErr_Clear();
+        PyErr_Format(PyExc_OverflowError, "%s is an int beyond what a float can hold", what);
+    }
+    throw nb::python_error();
+}
+
+long indexOf(nb::handle number, const char* what)
+{
+    if (PyIndex_Check(number.ptr()) == 0) {
+        refuseInteger(number, what);
+    }
+    const long place = PyNumber_AsSsize_t(number.ptr(), nullptr);
+    if (PyErr_Occurred() != nullptr) {
+        throw nb::python_error();
+    }
+    return place;
+}
+
 std::vector<float> floatsOf(nb::handle numbers, const char* what)
 {
     requireSequence(numbers, what, "a sequence of numbers");
     std::vector<float> floats;
     for (const nb::handle number : numbers) {
-        const double value = PyFloat_AsDouble(number.ptr());
-        if (PyErr_Occurred() != nullptr) {
-            PyErr_Clear();
-            throw nb::type_error((started(number, what) + " is no number").c_str());
-        }
-        floats.push_back(static_cast<float>(value));
+        floats.push_back(static_cast<float>(numberOf(number, what)));
     }
     return floats;
 }

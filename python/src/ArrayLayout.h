@@ -34,8 +34,8 @@ struct ImageAxes
 /// Axes along which all arrays, which have the same sizes, can be walked together element by element: axes of one
 /// element dropped, the others in the order of the first array's memory, merged where they touch in every array. Lines
 /// of several thousand elements stay lines, and a single long one is cut where it can be, so that there is something to
-/// give to threads. An array doesn't fit that has no axis of touching elements first, one that steps backwards or on the
-/// spot, overlapping elements, or more axes than an image; a contiguous array always fits by itself.
+/// give to threads. An array doesn't fit that has no axis of touching elements first, one that steps backwards or on
+/// the spot, overlapping elements, or more axes than an image; a contiguous array always fits by itself.
 ImageAxes mergeAxes(std::span<const ArrayMemory> arrays);
 
 /// The same for arrays without gaps that all run fastest along the last of the sizes.

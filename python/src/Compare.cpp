@@ -1,6 +1,7 @@
 // compare: two images, or two arrays of any shape.
 #include "Operators.h"
 
+#include "Arguments.h"
 #include "Comparisons.h"
 #include "PixelwiseCall.h"
 
@@ -19,13 +20,14 @@ using TolerancePtr = boost::shared_ptr<const attr::ImgComparisonTolerance>;
 
 TolerancePtr toleranceOf(nb::handle absolute, nb::handle relative)
 {
+    const auto number = [](nb::handle given, const char* what) { return static_cast<float>(numberOf(given, what)); };
     TolerancePtr tolerance;
     if (!absolute.is_none() && !relative.is_none()) {
-        tolerance = attr::createImgComparisonTolerance(nb::cast<float>(absolute), nb::cast<float>(relative));
+        tolerance = attr::createImgComparisonTolerance(number(absolute, "absolute"), number(relative, "relative"));
     } else if (!absolute.is_none()) {
-        tolerance = attr::createImgComparisonAbsoluteTolerance(nb::cast<float>(absolute));
+        tolerance = attr::createImgComparisonAbsoluteTolerance(number(absolute, "absolute"));
     } else if (!relative.is_none()) {
-        tolerance = attr::createImgComparisonRelativeTolerance(nb::cast<float>(relative));
+        tolerance = attr::createImgComparisonRelativeTolerance(number(relative, "relative"));
     } else {
         return attr::createImgComparisonNoTolerance();
     }

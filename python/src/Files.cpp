@@ -1,4 +1,5 @@
 // Image files: read, write, info.
+#include "Arguments.h"
 #include "ImageCalibration.h"
 #include "Operators.h"
 #include "Watch.h"
@@ -75,12 +76,11 @@ eTiffCompression compressionNamed(const std::string& name)
     throw nb::value_error(text.c_str());
 }
 
-void write(const std::string& path, const PyImage& image, const std::string& compression, bool bTiled,
-           nb::handle progress)
+void write(const std::string& path, const PyImage& image, nb::handle compression, bool bTiled, nb::handle progress)
 {
     Watch watch(progress, 0);
     WriteOptions options;
-    options.compression = compressionNamed(compression);
+    options.compression = compressionNamed(textOf(compression, "compression"));
     options.bTiled = bTiled;
     options.progress = watchWith(watch);
     withoutLock(watch, [&] {
@@ -126,7 +126,7 @@ nb::dict info(const std::string& path)
 void bindFiles(nb::module_& module)
 {
     module.def("read", &read, nb::arg("path"), nb::arg("region").none(), nb::arg("progress").none());
-    module.def("write", &write, nb::arg("path"), nb::arg("image"), nb::arg("compression"), nb::arg("tiled"),
+    module.def("write", &write, nb::arg("path"), nb::arg("image"), nb::arg("compression").none(), nb::arg("tiled"),
                nb::arg("progress").none());
     module.def("info", &info);
 }

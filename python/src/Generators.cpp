@@ -77,8 +77,8 @@ nb::object random(nb::handle shape, nb::handle dtype, nb::handle low, nb::handle
     if (low.is_none() && high.is_none()) {
         run<util::RandomImgLvl1>(watch, with<attr::OutImg>(target.image));
     } else {
-        const auto range = attr::createRange(low.is_none() ? image::getMinValue(type) : nb::cast<double>(low),
-                                             high.is_none() ? image::getMaxValue(type) : nb::cast<double>(high));
+        const auto range = attr::createRange(low.is_none() ? image::getMinValue(type) : numberOf(low, "low"),
+                                             high.is_none() ? image::getMaxValue(type) : numberOf(high, "high"));
         if (const std::string flaw = range->findFlaw(); !flaw.empty()) {
             throw nb::value_error(flaw.c_str());
         }
@@ -88,11 +88,11 @@ nb::object random(nb::handle shape, nb::handle dtype, nb::handle low, nb::handle
     return target.array;
 }
 
-nb::object normal(nb::handle shape, nb::handle dtype, double mean, double deviation, unsigned long seed, nb::handle out,
-                  nb::handle progress, nb::handle first)
+nb::object normal(nb::handle shape, nb::handle dtype, nb::handle mean, nb::handle deviation, unsigned long seed,
+                  nb::handle out, nb::handle progress, nb::handle first)
 {
     const ArrayImage target = targetOf(shape, elementTypeNamed(dtype), out);
-    const auto parameter = attr::createGaussianParameter(mean, deviation);
+    const auto parameter = attr::createGaussianParameter(numberOf(mean, "mean"), numberOf(deviation, "deviation"));
     if (const std::string flaw = parameter->findFlaw(); !flaw.empty()) {
         throw nb::value_error(flaw.c_str());
     }
@@ -121,20 +121,24 @@ void drawPart(const ImagePtr& image, const std::vector<npy_intp>& whole, const s
 }
 
 /// `part` is None, or the whole's shape and the place of the first pixel in it.
-nb::object lines(nb::handle shape, float theta, float spacing, nb::handle phi, nb::handle alpha, nb::handle out,
-                 nb::handle progress, nb::handle part)
+nb::object lines(nb::handle shape, nb::handle theta, nb::handle spacing, nb::handle phi, nb::handle alpha,
+                 nb::handle out, nb::handle progress, nb::handle part)
 {
     const std::vector<npy_intp> sizes = sizesOfShape(shape);
     if (sizes.size() != 2 && sizes.size() != 3) {
         throw nb::value_error("lines are drawn in a plan, of shape (y, x), or in a volume, (z, y, x)");
     }
-    const auto angle = [](nb::handle given) { return given.is_none() ? 0.F : nb::cast<float>(given); };
+    const auto number = [](nb::handle given, const char* what) { return static_cast<float>(numberOf(given, what)); };
     if (sizes.size() == 2 && !(phi.is_none() && alpha.is_none())) {
         throw nb::value_error("phi and alpha are for volumes");
     }
+    const float lean = number(theta, "theta");
+    const float turn = phi.is_none() ? 0.F : number(phi, "phi");
+    const float latticeTurn = alpha.is_none() ? 0.F : number(alpha, "alpha");
+    const float distance = number(spacing, "spacing");
     const ArrayImage target = targetOf(shape, eImageBufferType::eBufferBinary, out);
     if (!part.is_none()) {
-        drawPart(target.image, sizesOfShape(part[0]), sizesOfShape(part[1]), theta, angle(phi), angle(alpha), spacing);
+        drawPart(target.image, sizesOfShape(part[0]), sizesOfShape(part[1]), lean, turn, latticeTurn, distance);
         target.bringBack();
         return target.array;
     }
@@ -143,14 +147,14 @@ nb::object lines(nb::handle shape, float theta, float spacing, nb::handle phi, n
         run<util::BuildLines2dImgLvl1>(
             watch,
             with<attr::InOutputImg2dSize>(attr::createImg2dSize(target.image->getSizeX(), target.image->getSizeY())),
-            with<attr::InTheta>(theta), with<attr::InOffset>(spacing), with<attr::OutBinImg>(target.image));
+            with<attr::InTheta>(lean), with<attr::InOffset>(distance), with<attr::OutBinImg>(target.image));
     } else {
         run<util::BuildLines3dImgLvl1>(
             watch,
             with<attr::InOutputImg3dSize>(
                 attr::createImg3dSize(target.image->getSizeX(), target.image->getSizeY(), target.image->getSizeZ())),
-            with<attr::InTheta>(theta), with<attr::InPhi>(angle(phi)), with<attr::InAlpha>(angle(alpha)),
-            with<attr::InOffset>(spacing), with<attr::OutBinImg3d>(target.image));
+            with<attr::InTheta>(lean), with<attr::InPhi>(turn), with<attr::InAlpha>(latticeTurn),
+            with<attr::InOffset>(distance), with<attr::OutBinImg3d>(target.image));
     }
     target.bringBack();
     return target.array;
@@ -163,11 +167,12 @@ void bindGenerators(nb::module_& module)
     module.def("random", &random, nb::arg("shape").none(), nb::arg("dtype").none(), nb::arg("low").none(),
                nb::arg("high").none(), nb::arg("seed"), nb::arg("out").none(), nb::arg("progress").none(),
                nb::arg("first").none());
-    module.def("normal", &normal, nb::arg("shape").none(), nb::arg("dtype").none(), nb::arg("mean"),
-               nb::arg("deviation"), nb::arg("seed"), nb::arg("out").none(), nb::arg("progress").none(),
+    module.def("normal", &normal, nb::arg("shape").none(), nb::arg("dtype").none(), nb::arg("mean").none(),
+               nb::arg("deviation").none(), nb::arg("seed"), nb::arg("out").none(), nb::arg("progress").none(),
                nb::arg("first").none());
-    module.def("lines", &lines, nb::arg("shape").none(), nb::arg("theta"), nb::arg("spacing"), nb::arg("phi").none(),
-               nb::arg("alpha").none(), nb::arg("out").none(), nb::arg("progress").none(), nb::arg("part").none());
+    module.def("lines", &lines, nb::arg("shape").none(), nb::arg("theta").none(), nb::arg("spacing").none(),
+               nb::arg("phi").none(), nb::arg("alpha").none(), nb::arg("out").none(), nb::arg("progress").none(),
+               nb::arg("part").none());
 }
 
 } // namespace orlix::python

@@ -37,7 +37,7 @@ void setInstructionSet(nb::handle name)
     processor::InstructionSetsIdentifier sets;
     eInstructionSet chosen = core::getAvailableInstructionSets().back();
     if (!name.is_none()) {
-        const std::string wanted = nb::cast<std::string>(name);
+        const std::string wanted = textOf(name, "name");
         const std::optional<eInstructionSet> set = core::findInstructionSet(wanted);
         if (!set || !core::isAvailable(*set)) {
             std::string text = "instruction set '" + wanted + "': this processor has";
@@ -53,8 +53,9 @@ void setInstructionSet(nb::handle name)
     accessForcedSet() = chosen;
 }
 
-void setThreads(long nbThreads)
+void setThreads(nb::handle number)
 {
+    const long nbThreads = indexOf(number, "n");
     if (nbThreads < 0) {
         throw nb::value_error("the number of threads is 1 or more, or 0 for all that are usable");
     }
@@ -66,13 +67,16 @@ void setThreads(long nbThreads)
 void bindMachine(nb::module_& module)
 {
     module.def("version", [] { return ORLIX_VERSION; });
-    module.def("set_threads", &setThreads);
+    module.def("set_threads", &setThreads, nb::arg("n").none());
     module.def("get_threads", [] { return core::accessExecutor().getNbThreads(); });
     module.def("instruction_set", [] { return std::string(core::getInstructionSetName(accessForcedSet())); });
     module.def("instruction_sets", &instructionSets);
     module.def("set_instruction_set", &setInstructionSet, nb::arg("name").none());
     module.def("copies_made", &getCopiesMade);
     module.def("release_memory", &image::releasePooledMemory);
+    module.def(
+        "integers_of", [](nb::handle numbers, const char* what) { return integersOf(numbers, what); },
+        nb::arg("numbers").none(), nb::arg("what"));
     module.def(
         "axes_of", [](nb::handle axes, unsigned long nbAxes) { return axesOf(axes, nbAxes); }, nb::arg("axes").none(),
         nb::arg("ndim"));

@@ -1,6 +1,7 @@
 // copy, erase, threshold, convert: on images, and on arrays of any shape.
 #include "Operators.h"
 
+#include "Arguments.h"
 #include "PixelwiseCall.h"
 
 #include "ORLIXIPL/ORLIXIPLUtility/Processor/BasicThresholdImg/BasicThresholdImgLvl1.h"
@@ -29,11 +30,11 @@ nb::object convert(nb::handle image, nb::handle dtype, nb::handle out, nb::handl
                                                                            with<attr::InConvertImageBufferType>(type));
 }
 
-nb::object threshold(nb::handle image, double low, double high, nb::handle out, nb::handle progress)
+nb::object threshold(nb::handle image, nb::handle low, nb::handle high, nb::handle out, nb::handle progress)
 {
     return applyPixelwise<util::BasicThresholdImgLvl1, attr::InImg, attr::OutBinImg>(
-        image, out, eImageBufferType::eBufferBinary, progress, with<attr::InThresholdMin>(low),
-        with<attr::InThresholdMax>(high));
+        image, out, eImageBufferType::eBufferBinary, progress, with<attr::InThresholdMin>(numberOf(low, "low")),
+        with<attr::InThresholdMax>(numberOf(high, "high")));
 }
 
 void eraseArray(const nb::object& array, double value, nb::handle progress)
@@ -55,18 +56,19 @@ void eraseArray(const nb::object& array, double value, nb::handle progress)
     }
 }
 
-nb::object erase(nb::handle image, double value, nb::handle progress)
+nb::object erase(nb::handle image, nb::handle value, nb::handle progress)
 {
+    const double number = numberOf(value, "value");
     if (const PyImage* const given = isArray(image) ? nullptr : findImage(image)) {
         Watch watch(progress, bytesOf(*given->image));
-        run<util::EraseImgLvl1>(watch, with<attr::InOptEraseValue>(value), with<attr::OutImg>(imageToWrite(*given)));
+        run<util::EraseImgLvl1>(watch, with<attr::InOptEraseValue>(number), with<attr::OutImg>(imageToWrite(*given)));
         return nb::borrow(image);
     }
     const nb::object array = takeArray(image, "image");
     elementTypeOf(asArray(array));
     requireWritable(asArray(array));
     if (PyArray_SIZE(asArray(array)) != 0) {
-        eraseArray(array, value, progress);
+        eraseArray(array, number, progress);
     }
     return nb::borrow(image);
 }
@@ -81,9 +83,9 @@ nb::object copyImage(nb::handle array, nb::handle out, nb::handle progress)
 void bindPixelwise(nb::module_& module)
 {
     module.def("copy", &copyImage, nb::arg("image").none(), nb::arg("out").none(), nb::arg("progress").none());
-    module.def("erase", &erase, nb::arg("image").none(), nb::arg("value"), nb::arg("progress").none());
-    module.def("threshold", &threshold, nb::arg("image").none(), nb::arg("low"), nb::arg("high"), nb::arg("out").none(),
-               nb::arg("progress").none());
+    module.def("erase", &erase, nb::arg("image").none(), nb::arg("value").none(), nb::arg("progress").none());
+    module.def("threshold", &threshold, nb::arg("image").none(), nb::arg("low").none(), nb::arg("high").none(),
+               nb::arg("out").none(), nb::arg("progress").none());
     module.def("convert", &convert, nb::arg("image").none(), nb::arg("dtype").none(), nb::arg("out").none(),
                nb::arg("progress").none());
 }

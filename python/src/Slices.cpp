@@ -1,4 +1,5 @@
 // Slices of volumes: get_slice, put_slice.
+#include "Arguments.h"
 #include "ImageCall.h"
 #include "Operators.h"
 #include "Places.h"
@@ -81,16 +82,17 @@ nb::object viewOf(nb::handle volume, unsigned across, long index, nb::handle axe
     return array[nb::tuple(key)];
 }
 
-nb::object getSlice(nb::handle volume, const std::string& axis, long index, nb::handle axes, nb::handle out,
+nb::object getSlice(nb::handle volume, nb::handle axis, nb::handle index, nb::handle axes, nb::handle out,
                     nb::handle progress)
 {
-    const unsigned across = axisNamed(axis);
-    if (const nb::object view = viewOf(volume, across, index, axes); view.is_valid()) { // the slice alone is gathered
+    const unsigned across = axisNamed(textOf(axis, "axis"));
+    const long place = indexOf(index, "index");
+    if (const nb::object view = viewOf(volume, across, place, axes); view.is_valid()) { // the slice alone is gathered
         return copyImage(view, out, progress);
     }
     const ImageInput input = takeInput(volume, axes, "volume");
     requireVolume(input);
-    const unsigned long number = indexWithin(index, sizeAlong(*input.image, across), "slice");
+    const unsigned long number = indexWithin(place, sizeAlong(*input.image, across), "slice");
     const SliceAxes slice = sliceAxes(input.axes, across);
     const ImageOutput output(input, out, sizesOf(input.image->getGeometry(), slice.ofArray), slice.ofImage);
     const eAxis which = static_cast<eAxis::domain>(across);
@@ -104,18 +106,19 @@ nb::object getSlice(nb::handle volume, const std::string& axis, long index, nb::
     return output.finish(output.getImage());
 }
 
-nb::object putSlice(nb::handle volume, nb::handle plane, const std::string& axis, long index, nb::handle axes,
+nb::object putSlice(nb::handle volume, nb::handle plane, nb::handle axis, nb::handle index, nb::handle axes,
                     nb::handle out, nb::handle progress)
 {
     if (out.is_none() && goesByOwnOrder(volume, axes, "volume")) {
         const nb::object made = copyImage(volume, nb::none(), nb::none());
         return putSlice(made, plane, axis, index, axes, made, progress);
     }
-    const unsigned across = axisNamed(axis);
+    const unsigned across = axisNamed(textOf(axis, "axis"));
+    const long place = indexOf(index, "index");
     const bool bInPlace = out.is(volume);
     const ImageInput input = takeInput(volume, axes, "volume", bInPlace);
     requireVolume(input);
-    const unsigned long number = indexWithin(index, sizeAlong(*input.image, across), "slice");
+    const unsigned long number = indexWithin(place, sizeAlong(*input.image, across), "slice");
     const nb::object planeAxes =
         input.bArray ? nb::object(nb::str(sliceAxes(input.axes, across).ofImage.c_str())) : nb::object(nb::none());
     const ImageInput slice = takeInput(plane, planeAxes, "plane");
@@ -152,10 +155,10 @@ nb::object putSlice(nb::handle volume, nb::handle plane, const std::string& axis
 
 void bindSlices(nb::module_& module)
 {
-    module.def("get_slice", &getSlice, nb::arg("volume").none(), nb::arg("axis"), nb::arg("index"),
+    module.def("get_slice", &getSlice, nb::arg("volume").none(), nb::arg("axis").none(), nb::arg("index").none(),
                nb::arg("axes").none(), nb::arg("out").none(), nb::arg("progress").none());
-    module.def("put_slice", &putSlice, nb::arg("volume").none(), nb::arg("plane").none(), nb::arg("axis"),
-               nb::arg("index"), nb::arg("axes").none(), nb::arg("out").none(), nb::arg("progress").none());
+    module.def("put_slice", &putSlice, nb::arg("volume").none(), nb::arg("plane").none(), nb::arg("axis").none(),
+               nb::arg("index").none(), nb::arg("axes").none(), nb::arg("out").none(), nb::arg("progress").none());
 }
 
 } // namespace orlix::python

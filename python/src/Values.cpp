@@ -1,4 +1,5 @@
 // Values of an image at points between its pixels.
+#include "Arguments.h"
 #include "ImageCall.h"
 #include "Operators.h"
 #include "Watch.h"
@@ -77,10 +78,11 @@ nb::object extract(const ImageInput& input, const boost::shared_ptr<TColl>& coor
     return asArrayOfDoubles(values, nbPoints);
 }
 
-nb::object values(nb::handle image, nb::handle points, const std::string& interpolation, const std::string& method,
-                  nb::handle axes, nb::handle progress)
+nb::object values(nb::handle image, nb::handle points, nb::handle interpolation, nb::handle method, nb::handle axes,
+                  nb::handle progress)
 {
-    const attr::eInterpolationPolicy policy = policyNamed(interpolation);
+    const attr::eInterpolationPolicy policy = policyNamed(textOf(interpolation, "interpolation"));
+    const std::string way = textOf(method, "method");
     const ImageInput input = takeInput(image, axes, "image");
     const nb::object table = nb::steal(
         PyArray_FROM_OTF(points.ptr(), NPY_DOUBLE, NPY_ARRAY_C_CONTIGUOUS | NPY_ARRAY_ALIGNED | NPY_ARRAY_NOTSWAPPED));
@@ -97,18 +99,18 @@ nb::object values(nb::handle image, nb::handle points, const std::string& interp
     const std::vector<double> coordinates = turnedRound(array, static_cast<unsigned>(nbAxes));
     if (nbAxes == 2) {
         return extract<util::ExtractImg2dValuesLvl1, attr::InImg, attr::InPICoords2dColl>(
-            input, attr::createCoords2dColl(coordinates), PyArray_DIM(array, 0), policy, method, progress);
+            input, attr::createCoords2dColl(coordinates), PyArray_DIM(array, 0), policy, way, progress);
     }
     return extract<util::ExtractImg3dValuesLvl1, attr::InImg3d, attr::InPICoords3dColl>(
-        input, attr::createCoords3dColl(coordinates), PyArray_DIM(array, 0), policy, method, progress);
+        input, attr::createCoords3dColl(coordinates), PyArray_DIM(array, 0), policy, way, progress);
 }
 
 } // namespace
 
 void bindValues(nb::module_& module)
 {
-    module.def("values", &values, nb::arg("image").none(), nb::arg("points").none(), nb::arg("interpolation"),
-               nb::arg("method"), nb::arg("axes").none(), nb::arg("progress").none());
+    module.def("values", &values, nb::arg("image").none(), nb::arg("points").none(), nb::arg("interpolation").none(),
+               nb::arg("method").none(), nb::arg("axes").none(), nb::arg("progress").none());
 }
 
 } // namespace orlix::python

@@ -1,6 +1,8 @@
 // Runs of processors for Python: without the interpreter's lock, heeding Ctrl-C, telling progress.
 #include "Watch.h"
 
+#include "Arguments.h"
+
 #include "ORLIX/ORLIXCore/CallWatch.h"
 
 namespace orlix::python {
@@ -15,7 +17,13 @@ nb::object Watch::observerOf(nb::handle progress)
     if (progress.is(nb::handle(Py_True))) {
         return nb::module_::import_("orlix._progress").attr("bar")();
     }
-    return progress.is(nb::handle(Py_False)) ? nb::object() : nb::borrow(progress);
+    if (progress.is(nb::handle(Py_False))) {
+        return {};
+    }
+    if (PyCallable_Check(progress.ptr()) == 0) {
+        refuseType(progress, "progress", "a callable, True, False or None");
+    }
+    return nb::borrow(progress);
 }
 
 bool Watch::look(unsigned long done, unsigned long known)

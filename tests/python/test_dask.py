@@ -187,6 +187,20 @@ def test_bad_input_is_told_at_once():
         od.copy(lazy.astype(np.float64))
     with pytest.raises(orlix.OrlixError):
         od.threshold(lazy, 0, 256)
+    with pytest.raises(TypeError, match="value: 'x' is no number"):
+        od.erase(lazy, "x")
+    with pytest.raises(TypeError, match=r"shape: 2\.5 is no int"):
+        od.random((2.5, 4))
+    with pytest.raises(TypeError, match=r"at: 1\.5 is no int"):
+        od.crop(lazy, (0, 1.5), (1, 3))
+    with pytest.raises(TypeError, match="at is of type int"):
+        od.paste(lazy, np.zeros((4, 2, 2), np.uint8), 3)
+    with pytest.raises(TypeError, match="region is of type list"):
+        od.paste(lazy, [[1]], (0, 0))
+    with pytest.raises(TypeError, match="plane is of type list"):
+        od.put_slice(lazy, [[1]], "z", 0)
+    with pytest.raises(TypeError, match="index: 'x' is no int"):
+        od.get_slice(lazy, "z", "x")
     with pytest.raises(ValueError, match="along x"):
         od.crop(lazy, (0, 10), (1, 3))
     with pytest.raises(ValueError):

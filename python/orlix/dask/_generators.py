@@ -16,7 +16,7 @@ from ._blocks import Part, check_set, take_output, written
 
 
 def _whole_lines(shape: Sequence[int], chunks: Any, dtype: DTypeLike) -> tuple[tuple[int, ...], Any]:
-    shape = tuple(int(n) for n in shape)
+    shape = tuple(_core.integers_of(shape, "shape"))
     if chunks is None:
         chunks = ("auto",) * (len(shape) - 1) + (-1,)
     return shape, da.core.normalize_chunks(chunks, shape, dtype=np.dtype(dtype))

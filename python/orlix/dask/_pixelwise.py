@@ -84,6 +84,7 @@ def erase(image: da.Array, value: float = 0, *, out: np.ndarray | None = None) -
     >>> od.erase(da.ones((1, 3), dtype=np.uint8), 7).compute()
     array([[7, 7, 7]], dtype=uint8)
     """
+    _pixelwise.erase(np.zeros(1, checked(image, "image").dtype), value)  # a value is refused here, not by a worker
     return each(_erased, image, out=out, value=value)
 
 

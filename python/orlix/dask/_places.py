@@ -8,10 +8,12 @@ from typing import Any, Literal
 import dask.array as da
 import numpy as np
 
+from .. import _core
 from ._blocks import axes_of, take
 
 
 def _region(image: da.Array, at: Sequence[int], size: Sequence[int], axes: str) -> tuple[slice, ...]:
+    at, size = _core.integers_of(at, "at"), _core.integers_of(size, "size")
     if len(at) != len(size) or len(at) not in (2, 3):
         raise ValueError("at and size are (y, x), or (z, y, x) for a volume")
     place = dict(zip("ZYX"[3 - len(at) :], zip(at, size)))
@@ -61,6 +63,12 @@ def crop(image: da.Array, at: Sequence[int], size: Sequence[int], *, axes: str |
     return image[_region(image, at, size, axes_of(image, axes))]
 
 
+def _part(array: Any, what: str) -> da.Array | np.ndarray:
+    if not isinstance(array, (da.Array, np.ndarray)):
+        raise TypeError(f"{what} is of type {type(array).__name__}: a Dask or a NumPy array is needed")
+    return array
+
+
 def _put(image: da.Array, key: tuple[Any, ...], part: da.Array | np.ndarray) -> da.Array:
     changed = image.copy()
     changed[key] = part
@@ -97,12 +105,13 @@ def paste(image: da.Array, region: Any, at: Sequence[int], *, axes: str | None =
     array([[0, 0, 0],
            [1, 1, 0]], dtype=uint8)
     """
-    image = take(image, "image")
+    image, region = take(image, "image"), _part(region, "region")
     letters = axes_of(image, axes)
     if region.ndim != image.ndim or region.dtype != image.dtype:
         raise ValueError(
             f"the region has {region.ndim} axes of {region.dtype}, the image {image.ndim} of {image.dtype}"
         )
+    at = _core.integers_of(at, "at")
     spatial = "ZYX"[3 - len(at) :]
     size = [region.shape[letters.index(letter)] for letter in spatial if letter in letters]
     key = _region(image, at, size, letters)
@@ -113,6 +122,7 @@ def paste(image: da.Array, region: Any, at: Sequence[int], *, axes: str | None =
 
 
 def _slice_key(volume: da.Array, axis: str, index: int, axes: str) -> tuple[Any, ...]:
+    (index,) = _core.integers_of((index,), "index")
     if axis not in ("x", "y", "z"):
         raise ValueError(f"axis '{axis}': 'x', 'y' or 'z' is needed")
     if "Z" not in axes:
@@ -195,7 +205,7 @@ def put_slice(
     >>> od.put_slice(da.zeros((2, 2, 2), dtype=np.uint8), np.ones((2, 2), np.uint8), "z", 0).compute().ravel()
     array([1, 1, 1, 1, 0, 0, 0, 0], dtype=uint8)
     """
-    volume = take(volume, "volume")
+    volume, plane = take(volume, "volume"), _part(plane, "plane")
     key = _slice_key(volume, axis, index, axes_of(volume, axes))
     wanted = tuple(n for n, part in zip(volume.shape, key) if isinstance(part, slice))
     if plane.shape != wanted or plane.dtype != volume.dtype:
