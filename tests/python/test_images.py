@@ -147,6 +147,14 @@ def test_files_give_back_what_they_were_given(tmp_path, dtype, compression):
     assert info.file_bytes == path.stat().st_size
 
 
+def test_paths_of_every_kind(tmp_path):
+    array = filled((4, 5), np.uint8)
+    for path in (tmp_path / "image.tif", str(tmp_path / "image.tif"), os.fsencode(tmp_path / "image.tif")):
+        orlix.write(path, array)
+        assert np.array_equal(np.asarray(orlix.read(path)), array)
+        assert orlix.info(path).shape == (4, 5)
+
+
 def test_regions_of_files(tmp_path):
     array = filled((2, 4, 50, 60), np.uint16)
     path = str(tmp_path / "image.tif")
