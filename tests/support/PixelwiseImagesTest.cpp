@@ -2,6 +2,7 @@
 #include "ORLIX/ORLIXCore/BaseExecutor.h"
 #include "ORLIX/ORLIXUtil/BaseException.h"
 #include "support/Executors.h"
+#include "support/FewUnderThreads.h"
 #include "support/PixelwiseTest.h"
 #include "support/SameImages.h"
 #include "support/StepImages.h"
@@ -124,7 +125,7 @@ TEST_P(PixelwiseTest, stripsOfAnyHeight)
 
 TEST_P(PixelwiseTest, wrappedMemoryIsTouchedNowhereElse)
 {
-    for (const ElementTypes& types : GetParam().types) {
+    for (const ElementTypes& types : fewUnderThreadSanitizer(GetParam().types)) {
         SCOPED_TRACE(nameOf(types));
         for (const unsigned long x : {1UL, 16UL, 61UL, 64UL, 130UL}) {
             for (const WrapForm& inForm : g_forms) {

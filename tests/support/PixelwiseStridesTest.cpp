@@ -49,8 +49,8 @@ std::vector<std::pair<StridedForm, StridedForm>> pairsOfForms(bool bInput)
 TEST_P(PixelwiseTest, pixelsAtAnyDistance)
 {
     GuardEdge edge = GuardEdge::eEnd;
-    for (const ElementTypes& types : GetParam().types) {
-        for (const unsigned long x : {1UL, 63UL, 64UL, 65UL, 200UL}) {
+    for (const ElementTypes& types : fewUnderThreadSanitizer(GetParam().types)) {
+        for (const unsigned long x : fewUnderThreadSanitizer(std::array{1UL, 63UL, 64UL, 65UL, 200UL})) {
             for (const auto& [inForm, outForm] : pairsOfForms(!GetParam().input.empty())) {
                 SCOPED_TRACE(std::string(image::getBufferTypeName(types.in)) + " to " +
                              image::getBufferTypeName(types.out) + ", " + std::to_string(x) + " pixels per line, " +
@@ -105,7 +105,7 @@ TEST_P(PixelwiseTest, pixelsAtAnyDistanceMakeADenseOutput)
     if (!GetParam().make) {
         return; // there is no such form
     }
-    for (const ElementTypes& types : GetParam().types) {
+    for (const ElementTypes& types : fewUnderThreadSanitizer(GetParam().types)) {
         for (const StridedForm& form : allStridedForms()) {
             SCOPED_TRACE(form.name);
             StridedImage in(*geometry5d(types.in, 37, 9, 3, 2, 2), form);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ORLIXIPL/ORLIXImage/ImageFactory.h"
+#include "support/FewUnderThreads.h"
 #include "support/GuardedMemory.h"
 
 #include <array>

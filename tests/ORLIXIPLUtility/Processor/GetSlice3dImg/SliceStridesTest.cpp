@@ -49,7 +49,7 @@ void expectSlices(const eImageBufferType& type, const Sizes& sizes, const Stride
 TEST(SliceStridesTest, everyFormToEveryForm)
 {
     for (const StridedForm& in : testing::allStridedForms()) {
-        for (const StridedForm& out : testing::g_stridedForms) {
+        for (const StridedForm& out : testing::fewUnderThreadSanitizer(testing::g_stridedForms)) {
             expectSlices(eImageBufferType::UInt16, {9, 6, 5, 2, 2}, in, out);
         }
     }
@@ -59,7 +59,7 @@ TEST(SliceStridesTest, everyTypeAndShape)
 {
     const std::vector<StridedForm> forms = testing::allStridedForms();
     unsigned long turn = 0;
-    for (const eImageBufferType type : image::g_allBufferTypes) {
+    for (const eImageBufferType type : testing::fewUnderThreadSanitizer(image::g_allBufferTypes)) {
         for (const Sizes& sizes : g_volumes) {
             for (unsigned long i = 0; i < 5; ++i) {
                 const StridedForm& out = testing::g_stridedForms[++turn % testing::g_stridedForms.size()];

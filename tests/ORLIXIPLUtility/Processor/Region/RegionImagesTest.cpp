@@ -1,6 +1,7 @@
 // Regions of images of every type, size and place in memory, beside plain loops.
 #include "ORLIXIPLUtility/Processor/Region/RegionTest.h"
 #include "support/Executors.h"
+#include "support/FewUnderThreads.h"
 #include "support/PlacedImage.h"
 #include "support/SameImages.h"
 
@@ -24,7 +25,7 @@ INSTANTIATE_TEST_SUITE_P(Region, RegionTest, ::testing::Values(false, true),
 
 TEST_P(RegionTest, everyTypeAndWidth)
 {
-    for (const eImageBufferType type : image::g_allBufferTypes) {
+    for (const eImageBufferType type : testing::fewUnderThreadSanitizer(image::g_allBufferTypes)) {
         const ImagePtr in = makeRandom(geometry(type, 300, 9, 5, 2, 2));
         for (unsigned long width = 0; width <= 200; width += width < 70 ? 1 : 13) {
             const Region region = over(*in, {width % 7 + 3, 2, 1, width, 6, 3});

@@ -51,7 +51,7 @@ INSTANTIATE_TEST_SUITE_P(Region, RegionStridesTest, ::testing::Values(false, tru
 TEST_P(RegionStridesTest, everyFormToEveryForm)
 {
     for (const StridedForm& in : testing::allStridedForms()) {
-        for (const StridedForm& out : testing::g_stridedForms) {
+        for (const StridedForm& out : testing::fewUnderThreadSanitizer(testing::g_stridedForms)) {
             expectRegions(geometry(eImageBufferType::UInt16, 40, 7, 3, 2, 2), {3, 1, 1, 33, 5, 2}, in, out);
         }
     }
@@ -61,8 +61,9 @@ TEST_P(RegionStridesTest, everyTypeAndWidth)
 {
     const std::vector<StridedForm> forms = testing::allStridedForms();
     unsigned long turn = 0;
-    for (const eImageBufferType type : image::g_allBufferTypes) {
-        for (const unsigned long width : {0UL, 1UL, 2UL, 63UL, 64UL, 65UL, 199UL, 200UL}) {
+    for (const eImageBufferType type : testing::fewUnderThreadSanitizer(image::g_allBufferTypes)) {
+        for (const unsigned long width :
+             testing::fewUnderThreadSanitizer(std::array{0UL, 1UL, 2UL, 63UL, 64UL, 65UL, 199UL, 200UL})) {
             for (const StridedForm& in : forms) {
                 const StridedForm& out = testing::g_stridedForms[++turn % testing::g_stridedForms.size()];
                 const Region region = {width % 5, 1, 0, width, 4, 2};
