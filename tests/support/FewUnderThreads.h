@@ -9,7 +9,7 @@
 namespace orlix::testing {
 
 /// All of the values; under ThreadSanitizer the first and the last, for what threads share alike whatever the value:
-/// element types, widths, kinds of memory. It makes every turn ten times as slow.
+/// element types, sizes, kinds of memory. It makes every turn ten times as slow.
 template <class TRange>
 auto fewUnderThreadSanitizer(const TRange& values)
 {

@@ -114,7 +114,9 @@ TEST_P(PixelwiseTest, emptyAxes)
 TEST_P(PixelwiseTest, stripsOfAnyHeight)
 {
     for (const ElementTypes& types : {GetParam().types.front(), GetParam().types.back()}) {
-        for (const auto& [x, y] : {std::pair{400001UL, 3UL}, {70001UL, 23UL}, {1UL, 500003UL}, {3UL, 170001UL}}) {
+        for (const auto& [x, y] :
+             fewUnderThreadSanitizer(std::array{std::pair{400001UL, 3UL}, std::pair{70001UL, 23UL},
+                                                std::pair{1UL, 500003UL}, std::pair{3UL, 170001UL}})) {
             SCOPED_TRACE(nameOf(types) + ", " + std::to_string(x) + "x" + std::to_string(y));
             const auto [in, out] = makePair(types, x, y);
             expectRight(in, out);
