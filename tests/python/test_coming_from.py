@@ -51,3 +51,13 @@ def test_functions_of_cpp_are_those_of_the_same_operator():
             assert function in operators[verb], row.cpp
         else:
             assert function == f"image::io::{verb}Image"
+
+
+def test_cpp_interpolates_as_python_does():
+    policies = {"nearest": "eIP_NearestNeighbour", "linear": None, "cubic": "eIP_Cubic"}
+    rows = [row for row in rows_of("opencv.md") if "orlix.values(" in row.ours]
+    assert len(rows) == 3
+    for row in rows:
+        named = re.search(r'interpolation="(\w+)"', row.ours)
+        told = re.search(r"eIP_\w+", row.cpp)
+        assert (told and told.group()) == policies[named.group(1) if named else "linear"], row.cpp
